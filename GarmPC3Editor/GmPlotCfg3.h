@@ -1,0 +1,71 @@
+#pragma once
+
+#include "GarmPC3Editor/GmCustomNode.h"
+#include "GarmPC3Editor/GmIoNode.h"
+#include "GarmPC3Editor/GmMediaNode.h"
+#include "GarmPC3Editor/GmMetaNode.h"
+#include "GarmPC3Editor/GmResColorMemNode.h"
+#include "kernel/OdArray.h"
+
+class CPBlock;
+class CPIAParser;
+
+// How a configuration that was read is bound to an installed printer.
+enum ResolvePrinterResult
+{
+    eNoPrinter = 0,    // no installed printer uses the stored driver
+    eSamePrinter = 1,  // the stored printer exists and uses it
+    eOtherPrinter = 2, // another one does; its name was stored
+};
+
+// One plotter configuration in memory. Failure is a false result, a null pointer or an empty array; nothing here throws
+// (running out of memory included) and nothing shows a message.
+//
+// Copies share the custom data, the destination and the optional flags.
+class GARM_PC3EDITOR_API GmPlotCfg3
+{
+public:
+    GmPlotCfg3() = default;
+    GmPlotCfg3(const GmPlotCfg3&) = default;
+    GmPlotCfg3& operator=(const GmPlotCfg3&) = default;
+    virtual ~GmPlotCfg3() = default;
+
+    // Null on any failure. modified is untouched when the file or a node fails or the configuration names no driver;
+    // otherwise it is true exactly when the configuration was bound to another printer than the stored one.
+    static OdSharedPtr<GmPlotCfg3> read(const OdString& path, bool& modified);
+
+    // A new configuration for an installed printer, or null. It is not written anywhere.
+    static OdSharedPtr<GmPlotCfg3> create(const OdString& printerName);
+
+    // False for an empty path (the disk is untouched) and when the file cannot be written.
+    bool write(const OdString& path) const;
+
+    // Takes the driver's defaults over. Answers "something changed", not "succeeded".
+    bool setToDefault();
+
+    // The DEVMODEW bytes, dmSize + dmDriverExtra long; empty when none can be built.
+    OdArray<unsigned char> toDevMode() const;
+
+    // Takes a device mode over. False when it does not fit this configuration or a step fails; what was changed before
+    // stays changed. modified becomes whether anything changed.
+    // dm must be followed by its private bytes: dmSize + dmDriverExtra bytes in all.
+    bool updateFromDevMode(const DEVMODEW& dm, const OdString& printerName, bool& modified);
+
+    GmMetaNode m_meta;
+    GmMediaNode m_media;
+    GmIoNode m_io;
+    GmResColorMemNode m_res_color_mem;
+    OdSharedPtr<GmCustomNode> m_custom; // null when the file has none
+
+    // Known only since the last takeover of a device mode; deliberately in no file.
+    std::uint32_t m_devModeFields = 0; // its dmFields
+    std::uint32_t m_ditherType = 1;    // its dmDitherType
+    std::uint16_t m_duplex = 1;        // its dmDuplex
+
+protected:
+    bool init(CPIAParser& parser, bool& modified);
+    bool writeToBlock(CPBlock& root) const;
+    ResolvePrinterResult resolvePrinterByDriver();
+    // insert: the configuration is being created, so custom items are added and the printer's ports are read.
+    bool fromDevMode(const DEVMODEW& dm, const OdString& printerName, bool insert, bool& modified);
+};

@@ -1,0 +1,25 @@
+# One interface target carries what every target of ours is compiled with.
+add_library(garm_options INTERFACE)
+target_compile_features(garm_options INTERFACE cxx_std_20)
+target_compile_options(garm_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Werror)
+target_include_directories(garm_options INTERFACE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/platform)
+target_compile_definitions(garm_options INTERFACE $<$<CONFIG:Release>:NDEBUG>)
+
+if(WIN32)
+    # Windows 7 is the oldest system the host runs on; wide API by default. The last three make the GDI, spooler and
+    # user functions plain external names instead of imports, so that a test program can define them and the tested
+    # objects are the shipped ones.
+    target_compile_definitions(garm_options INTERFACE
+        _WIN32_WINNT=0x0601 WINVER=0x0601 UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _GDI32_ _SPOOL32_ _USER32_)
+    target_include_directories(garm_options INTERFACE ${PROJECT_SOURCE_DIR}/platform/win32/windows)
+    # One C++ runtime in host and module: errors are thrown from one to the other.
+    target_link_options(garm_options INTERFACE -shared-libgcc)
+else()
+    target_include_directories(garm_options INTERFACE ${PROJECT_SOURCE_DIR}/platform/win32/native)
+endif()
+
+if(GARM_SANITIZERS)
+    set(sanitize -fsanitize=${GARM_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_compile_options(garm_options INTERFACE ${sanitize})
+    target_link_options(garm_options INTERFACE ${sanitize})
+endif()

@@ -1,0 +1,34 @@
+# Targets of ours, all with the same options.
+
+# garm_host_part(NAME sources...): a part of what the host brings. Natively a static library; on Windows its objects
+# become part of GarmHost.dll, which host and module both import, so that one process has one command stack, one
+# named-value service and one error type.
+function(garm_host_part name)
+    add_library(${name}_objects OBJECT ${ARGN})
+    target_link_libraries(${name}_objects PUBLIC garm_options)
+    if(WIN32)
+        add_library(${name} INTERFACE)
+        target_link_libraries(${name} INTERFACE GarmHost garm_options)
+        set_property(GLOBAL APPEND PROPERTY GARM_HOST_PARTS ${name}_objects)
+    else()
+        add_library(${name} STATIC $<TARGET_OBJECTS:${name}_objects>)
+        target_link_libraries(${name} PUBLIC garm_options)
+    endif()
+endfunction()
+
+# garm_add_test(NAME sources... [LIBS libraries...]): one GoogleTest program, and a line in test-programs.txt, from
+# which the runner takes what it runs.
+function(garm_add_test name)
+    cmake_parse_arguments(arg "" "" "LIBS" ${ARGN})
+    add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
+    target_link_libraries(${name} PRIVATE ${arg_LIBS} GTest::gmock GTest::gtest_main garm_options)
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+    set_property(GLOBAL APPEND PROPERTY GARM_TEST_PROGRAMS $<TARGET_FILE:${name}>)
+    add_test(NAME ${name} COMMAND ${name})
+endfunction()
+
+function(garm_write_test_list)
+    get_property(programs GLOBAL PROPERTY GARM_TEST_PROGRAMS)
+    list(JOIN programs "\n" text)
+    file(GENERATE OUTPUT ${PROJECT_BINARY_DIR}/test-programs.txt CONTENT "${text}\n")
+endfunction()

@@ -1,0 +1,14 @@
+# GoogleTest from Debian's sources, in both worlds: a packaged binary exists for neither Windows nor the sanitizers.
+set(INSTALL_GTEST OFF)
+set(gtest_force_shared_crt ON)
+add_subdirectory(/usr/src/googletest ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
+foreach(target gtest gtest_main gmock gmock_main)
+    # Somebody else's code, built with its own warnings but with our sanitizers.
+    if(GARM_SANITIZERS)
+        target_compile_options(${target} PRIVATE -fsanitize=${GARM_SANITIZERS})
+    endif()
+    target_compile_features(${target} PUBLIC cxx_std_20)
+    if(NOT TARGET GTest::${target})
+        add_library(GTest::${target} ALIAS ${target})
+    endif()
+endforeach()

@@ -1,0 +1,31 @@
+#include "kernel/OdAssert.h"
+
+#include <atomic>
+#include <cstdio>
+
+namespace
+{
+void writeToStandardError(const char* text, const char* file, int line)
+{
+    std::fprintf(stderr, "Assertion failed: %s (%s:%d)\n", text, file, line);
+}
+
+std::atomic<OdAssertHandler> currentHandler{&writeToStandardError};
+} // namespace
+
+OdAssertHandler odSetAssertHandler(OdAssertHandler handler) noexcept
+{
+    return currentHandler.exchange(handler ? handler : &writeToStandardError);
+}
+
+void odReportAssert(const char* text, const char* file, int line) noexcept
+{
+    try
+    {
+        currentHandler.load()(text, file, line);
+    }
+    catch (...)
+    {
+        // A handler is somebody else's code; a report must not change how the program goes on.
+    }
+}
