@@ -49,7 +49,7 @@ constexpr std::size_t wholeFields(std::size_t size) noexcept
     return std::min(size / sizeof(DWORD) * sizeof(DWORD), sizeof(DEVMODEW));
 }
 
-static_assert(sizeof(DEVMODEW) == 220 && smallestDevMode == 76);
+static_assert(smallestDevMode == 76);
 static_assert(wholeFields(77) == 76 && wholeFields(165) == 102 && wholeFields(167) == 166 && wholeFields(171) == 168);
 
 // Room that is always there behind a block, so that a driver which writes or reads too far stays in our memory.
