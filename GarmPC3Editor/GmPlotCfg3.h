@@ -9,6 +9,7 @@
 
 class CPBlock;
 class CPIAParser;
+class DevModeView;
 
 // How a configuration that was read is bound to an installed printer.
 enum ResolvePrinterResult
@@ -48,7 +49,8 @@ public:
 
     // Takes a device mode over. False when it does not fit this configuration or a step fails; what was changed before
     // stays changed. modified becomes whether anything changed.
-    // dm must be followed by its private bytes: dmSize + dmDriverExtra bytes in all.
+    bool updateFromDevMode(const DevModeView& dm, const OdString& printerName, bool& modified);
+    // For callers that have no length: dm must be followed by its private bytes, dmSize + dmDriverExtra bytes in all.
     bool updateFromDevMode(const DEVMODEW& dm, const OdString& printerName, bool& modified);
 
     GmMetaNode m_meta;
@@ -67,5 +69,6 @@ protected:
     bool writeToBlock(CPBlock& root) const;
     ResolvePrinterResult resolvePrinterByDriver();
     // insert: the configuration is being created, so custom items are added and the printer's ports are read.
+    bool fromDevMode(const DevModeView& dm, const OdString& printerName, bool insert, bool& modified);
     bool fromDevMode(const DEVMODEW& dm, const OdString& printerName, bool insert, bool& modified);
 };
