@@ -1,0 +1,103 @@
+#include "GarmPC3Editor/DecimalText.h"
+#include "GarmPC3Editor/NodeTables.h"
+#include "GarmPC3Editor/WrappedNumber.h"
+
+#include <utility>
+
+namespace
+{
+struct PrintQuality
+{
+    std::int16_t value; // DMRES_*
+    OdStringView name;
+};
+
+// In the order in which names are tested.
+constexpr PrintQuality printQualities[] = {
+    {-4, OD_T("DMRES_HIGH")},
+    {-3, OD_T("DMRES_MEDIUM")},
+    {-2, OD_T("DMRES_LOW")},
+    {-1, OD_T("DMRES_DRAFT")},
+};
+
+// Null for everything that is a number of dots per inch, 0 and -5 included.
+const PrintQuality* qualityOf(std::int16_t value)
+{
+    for (const auto& quality : printQualities)
+        if (quality.value == value)
+            return &quality;
+    return nullptr;
+}
+
+// What a new name takes over from the old one: everything from its last "_". The quality names hold a "_" themselves,
+// so "DMRES_HIGH" passes "_HIGH" on and grows; files have such names.
+OdString suffixOf(const OdString& name)
+{
+    const int at = name.reverseFind('_');
+    if (at >= 0)
+        return name.mid(at);
+    return name.isEmpty() ? OdString(OD_T("_None")) : OdString();
+}
+
+OdString sizeName(double x, double y)
+{
+    return decimalFromNumber(static_cast<std::int32_t>(x)) + OD_T("x") +
+           decimalFromNumber(static_cast<std::int32_t>(y));
+}
+} // namespace
+
+bool GmResolutionNode::init(const CPBlock& block)
+{
+    return nodes::resolution.read(*this, block);
+}
+
+bool GmResolutionNode::write(CPBlock& block) const
+{
+    return nodes::resolution.write(*this, block);
+}
+
+bool GmResolutionNode::set(const DEVMODEW& dm, HDC dc)
+{
+    const auto* quality = qualityOf(dm.dmPrintQuality);
+    if (quality && !dc)
+        return false;
+
+    bool changed = false;
+    const auto assign = [&changed](double value, double& phys, double& addr, double& effective)
+    {
+        changed |= phys != value || addr != value || effective != value;
+        phys = addr = effective = value;
+    };
+    const double x = quality ? GetDeviceCaps(dc, LOGPIXELSX) : dm.dmPrintQuality;
+    assign(x, m_phys_resolution_x, m_addr_resolution_x, m_effective_resolution_x);
+    // For a quality name too, whatever the driver left there.
+    assign(dm.dmYResolution, m_phys_resolution_y, m_addr_resolution_y, m_effective_resolution_y);
+
+    OdString name =
+        (quality ? OdString(quality->name) : sizeName(m_phys_resolution_x, m_phys_resolution_y)) + suffixOf(m_name);
+    changed |= name != m_name;
+    m_name = std::move(name);
+    return changed;
+}
+
+void GmResolutionNode::get(DEVMODEW& dm) const
+{
+    for (const auto& quality : printQualities)
+    {
+        if (!odStartsWithNoCase(m_name, quality.name))
+            continue;
+        dm.dmPrintQuality = quality.value;
+        dm.dmFields |= DM_PRINTQUALITY;
+        return;
+    }
+    if (m_phys_resolution_x != 0.0)
+    {
+        dm.dmPrintQuality = wrapToInt16(m_phys_resolution_x);
+        dm.dmFields |= DM_PRINTQUALITY;
+    }
+    if (m_phys_resolution_y != 0.0)
+    {
+        dm.dmYResolution = wrapToInt16(m_phys_resolution_y);
+        dm.dmFields |= DM_YRESOLUTION;
+    }
+}
