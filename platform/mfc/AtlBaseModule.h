@@ -1,0 +1,26 @@
+#pragma once
+
+#include "win32/Win32.h"
+
+namespace ATL
+{
+// Where the ATL part of the libraries takes the resources of this module from.
+class CAtlBaseModule
+{
+public:
+    HINSTANCE GetModuleInstance() const noexcept { return m_hInst; }
+    HINSTANCE GetResourceInstance() const noexcept;
+
+    // Makes the instance current in one atomic step and returns the one before, so that a reader on another thread sees
+    // the old library or the new one and the caller knows which one it may free.
+    HINSTANCE SetResourceInstance(HINSTANCE hInst) noexcept;
+
+    HINSTANCE m_hInst = nullptr;
+    HINSTANCE m_hInstResource = nullptr;
+};
+
+// One per module.
+extern CAtlBaseModule _AtlBaseModule; // NOLINT(bugprone-reserved-identifier): the name users of ATL know
+} // namespace ATL
+
+using ATL::_AtlBaseModule;
