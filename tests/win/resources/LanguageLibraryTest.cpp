@@ -1,0 +1,97 @@
+#include "resources/Resource.h"
+
+#include "win32/Win32.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace
+{
+std::filesystem::path programFolder()
+{
+    wchar_t path[MAX_PATH] = {};
+    ::GetModuleFileNameW(nullptr, path, MAX_PATH);
+    return std::filesystem::path(path).parent_path();
+}
+
+std::filesystem::path libraryPath(const wchar_t* tag)
+{
+    return programFolder() / tag / L"GarmPC3EditorRes.dll";
+}
+
+struct FreeLibraryDeleter
+{
+    void operator()(HMODULE library) const { ::FreeLibrary(library); }
+};
+using Library = std::unique_ptr<std::remove_pointer_t<HMODULE>, FreeLibraryDeleter>;
+
+Library load(const wchar_t* tag)
+{
+    return Library(::LoadLibraryW(libraryPath(tag).c_str()));
+}
+
+std::wstring stringOf(HMODULE library, UINT id)
+{
+    const wchar_t* text = nullptr;
+    const int length = ::LoadStringW(library, id, reinterpret_cast<wchar_t*>(&text), 0);
+    return length > 0 ? std::wstring(text, static_cast<std::size_t>(length)) : std::wstring();
+}
+
+class LanguageLibrary : public ::testing::TestWithParam<const wchar_t*>
+{
+};
+
+INSTANTIATE_TEST_SUITE_P(Languages, LanguageLibrary, ::testing::Values(L"de", L"en"));
+
+TEST_P(LanguageLibrary, HoldsEveryString)
+{
+    const Library library = load(GetParam());
+    ASSERT_TRUE(library) << "error " << ::GetLastError();
+    EXPECT_EQ(stringOf(library.get(), IDS_COMMAND_PC3EDIT), L"PC3EDIT");
+    EXPECT_EQ(stringOf(library.get(), IDS_COMMAND_PC3GETDEVMODE), L"PC3GETDEVMODE");
+    EXPECT_FALSE(stringOf(library.get(), IDS_SAVE_FAILED).empty());
+}
+
+TEST_P(LanguageLibrary, IsGoneWhenFreed)
+{
+    const std::wstring path = libraryPath(GetParam());
+    {
+        const Library library = load(GetParam());
+        EXPECT_NE(::GetModuleHandleW(path.c_str()), nullptr);
+    }
+    EXPECT_EQ(::GetModuleHandleW(path.c_str()), nullptr);
+}
+
+TEST_P(LanguageLibrary, SaysWhatItIs)
+{
+    const std::wstring path = libraryPath(GetParam());
+    DWORD ignored = 0;
+    std::vector<BYTE> block(::GetFileVersionInfoSizeW(path.c_str(), &ignored));
+    ASSERT_FALSE(block.empty());
+    ASSERT_TRUE(::GetFileVersionInfoW(path.c_str(), 0, static_cast<DWORD>(block.size()), block.data()));
+
+    void* value = nullptr;
+    UINT size = 0;
+    ASSERT_TRUE(::VerQueryValueW(block.data(), L"\\VarFileInfo\\Translation", &value, &size));
+    ASSERT_EQ(size, 4U);
+    const WORD language = static_cast<const WORD*>(value)[0];
+    EXPECT_EQ(language, GetParam() == std::wstring_view(L"de") ? 0x0407 : 0x0409);
+
+    // The block of texts must be the one that the translation names, or nothing finds them.
+    wchar_t name[64] = {};
+    ::swprintf(name, 64, L"\\StringFileInfo\\%04x%04x\\OriginalFilename", language, static_cast<const WORD*>(value)[1]);
+    ASSERT_TRUE(::VerQueryValueW(block.data(), name, &value, &size));
+    EXPECT_STREQ(static_cast<const wchar_t*>(value), L"GarmPC3EditorRes.dll");
+}
+
+TEST(LanguageLibraryTexts, LettersBeyondAsciiArriveWhole)
+{
+    const Library german = load(L"de");
+    ASSERT_TRUE(german);
+    EXPECT_NE(stringOf(german.get(), IDS_SAVE_FAILED).find(L"Pr\u00FCfen"), std::wstring::npos);
+}
+} // namespace
