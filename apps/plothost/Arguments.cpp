@@ -1,0 +1,276 @@
+#include "plothost/Arguments.h"
+
+#include "plothost/CloseName.h"
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+
+#include <algorithm>
+#include <utility>
+
+namespace plothost
+{
+namespace
+{
+// Every option with a value, as it is typed; used where the parsing library's own words would not help.
+constexpr const char* optionsWithValue[] = {"--search-path", "--language", "--module", "--out"};
+
+constexpr const char* footer =
+    "Files are looked for relative to the current folder, then on the search path: the folders of --search-path,\n"
+    "else of the environment variable PLOTHOST_SEARCH_PATH, else the current folder. ';' stands between folders.\n"
+    "A name that begins with a dash goes behind '--'.\n"
+    "\n"
+    "Exit status: 0 done, or the answer is yes; 1 the answer is no, and standard error says why; 2 wrong usage;\n"
+    "3 the module could not be loaded.\n";
+
+struct CommandText
+{
+    Verb verb;
+    const char* name;
+    const char* summary;
+    const char* details;
+};
+
+constexpr CommandText commandTexts[] = {
+    {Verb::list, "list", "List the printers and the configurations on the search path", ""},
+    {Verb::devmode, "devmode", "Ask the module which printer and DEVMODE stand behind a device name",
+     "NAME ends in .pc3 for a configuration; everything else is the name of a Windows printer, which has no DEVMODE\n"
+     "of its own here.\n"},
+    {Verb::create, "create", "Make a configuration for an installed printer", ""},
+    {Verb::show, "show", "Show a configuration as the module reads it", ""},
+    {Verb::commands, "commands", "List the commands that the module registered", ""},
+};
+
+std::string quoted(const std::string& text)
+{
+    return "'" + text + "'";
+}
+
+// The library's own parser, set up for this program. The request is filled while it parses.
+class Parser
+{
+public:
+    Parser() : m_app("Reference host of the plotter configuration module.", "plothost")
+    {
+        m_app.get_formatter()->column_width(28);
+        m_app.get_formatter()->label("SUBCOMMAND", "COMMAND");
+        m_app.get_formatter()->label("Positionals", "Arguments");
+        // A name or path may begin with a slash.
+        m_app.allow_windows_style_options(false);
+        m_app.require_subcommand(0, 1);
+        // Options of the program may stand behind the command too.
+        m_app.fallthrough();
+        m_app.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+        m_app.set_help_flag("--help,-h", "Print this help, or that of the command");
+        m_app.set_version_flag("--version", "plothost " GARM_VERSION, "Print the version");
+        addText(m_app, "--search-path", m_searchPath, "Folders to look for configurations in", "DIRS");
+        addText(m_app, "--language", m_language, "Language of the module's texts; English when there is none", "TAG");
+        addText(m_app, "--module", m_module, "The module; by default GarmPC3Editor.grx beside this program", "FILE");
+        m_app.footer(footer);
+
+        for (const CommandText& text : commandTexts)
+        {
+            CLI::App* command = m_app.add_subcommand(text.name, text.summary);
+            command->group("Commands");
+            command->fallthrough();
+            command->footer(text.details);
+            m_commands.emplace_back(text.verb, command);
+        }
+        command(Verb::list)->add_flag("--json", m_json, "Answer in JSON");
+        command(Verb::devmode)->add_flag("--json", m_json, "Answer in JSON");
+        command(Verb::show)->add_flag("--json", m_json, "Answer in JSON");
+
+        addText(*command(Verb::devmode), "NAME", m_name, "Configuration or printer", "")->required();
+        addText(*command(Verb::devmode), "--out", m_out, "Write the DEVMODE's bytes", "FILE");
+        command(Verb::devmode)
+            ->add_flag("--background", m_background, "Check in the background, wait for the message (60 s at most)");
+        addText(*command(Verb::create), "PRINTER", m_name, "Name of the printer", "")->required();
+        addText(*command(Verb::create), "FILE", m_file, "File to write, ending in .pc3", "")->required();
+        addText(*command(Verb::show), "FILE", m_file, "Configuration to read", "")->required();
+    }
+
+    ParsedArguments parse(std::vector<std::string> arguments)
+    {
+        if (const std::string empty = emptyValue(arguments); !empty.empty())
+            return wrongUsage(empty + " needs a value");
+        const bool none = arguments.empty();
+        const std::string last = none ? std::string() : arguments.back();
+        std::reverse(arguments.begin(), arguments.end()); // as the library wants it
+        try
+        {
+            m_app.parse(std::move(arguments));
+        }
+        catch (const CLI::CallForVersion& version)
+        {
+            return {{}, exitYes, std::string(version.what()) + "\n", {}};
+        }
+        catch (const CLI::CallForHelp&)
+        {
+            return {{}, exitYes, m_app.help(), {}};
+        }
+        catch (const CLI::ArgumentMismatch& mismatch)
+        {
+            const bool noValue =
+                std::find(std::begin(optionsWithValue), std::end(optionsWithValue), last) != std::end(optionsWithValue);
+            return wrongUsage(noValue ? last + " needs a value" : mismatch.what());
+        }
+        catch (const CLI::ParseError& error)
+        {
+            // What does not belong there explains a missing name better than the missing name does.
+            const std::vector<std::string> extra = leftOver();
+            return extra.empty() ? wrongUsage(error.what()) : unexpected(extra);
+        }
+        const auto chosen = std::find_if(m_commands.begin(), m_commands.end(),
+                                         [](const auto& entry) { return entry.second->parsed(); });
+        if (chosen == m_commands.end())
+            return {{}, exitYes, m_app.help(), {}};
+        return request(chosen->first);
+    }
+
+private:
+    static CLI::Option* addText(CLI::App& app, const char* name, std::string& value, const char* text, const char* type)
+    {
+        return app.add_option(name, value, text)->type_name(type);
+    }
+
+    CLI::App* command(Verb verb) const
+    {
+        for (const auto& [candidate, app] : m_commands)
+            if (candidate == verb)
+                return app;
+        return nullptr;
+    }
+
+    const CLI::App* chosenCommand() const
+    {
+        const std::vector<CLI::App*> chosen = m_app.get_subcommands();
+        return chosen.empty() ? nullptr : chosen.front();
+    }
+
+    // "--out=" would take the next argument as its value.
+    static std::string emptyValue(const std::vector<std::string>& arguments)
+    {
+        for (const std::string& argument : arguments)
+        {
+            if (argument == "--")
+                break;
+            for (const char* option : optionsWithValue)
+                if (argument == std::string(option) + "=")
+                    return option;
+        }
+        return {};
+    }
+
+    std::vector<std::string> leftOver() const
+    {
+        std::vector<std::string> result = m_app.remaining(true);
+        std::erase(result, "--");
+        // An unknown option comes first: it may have pushed a name out of its place.
+        std::stable_partition(result.begin(), result.end(),
+                              [](const std::string& text) { return text.starts_with('-'); });
+        return result;
+    }
+
+    ParsedArguments unexpected(const std::vector<std::string>& extra) const
+    {
+        const std::string& word = extra.front();
+        const CLI::App* chosen = chosenCommand();
+        if (word.starts_with('-') && word.size() > 1)
+        {
+            const std::string option = word.substr(0, word.find('='));
+            std::vector<std::string> known = optionNames(m_app);
+            std::string message = "unknown option " + quoted(option);
+            if (chosen)
+            {
+                message = quoted(chosen->get_name()) + " has no option " + quoted(option);
+                const std::vector<std::string> own = optionNames(*chosen);
+                known.insert(known.end(), own.begin(), own.end());
+            }
+            message += hint(closestName(option, known));
+            return wrongUsage(message, "A name that begins with a dash goes behind '--'.");
+        }
+        if (chosen)
+            return wrongUsage("unexpected argument " + quoted(word),
+                              "A name with blanks needs quotation marks around it.");
+        std::vector<std::string> names;
+        for (const CommandText& text : commandTexts)
+            names.emplace_back(text.name);
+        return wrongUsage("unknown command " + quoted(word) + hint(closestName(word, names)));
+    }
+
+    static std::string hint(const std::string& meant)
+    {
+        return meant.empty() ? "" : "; did you mean " + quoted(meant) + "?";
+    }
+
+    static std::vector<std::string> optionNames(const CLI::App& app)
+    {
+        std::vector<std::string> names;
+        for (const CLI::Option* option : app.get_options())
+            for (const std::string& name : option->get_lnames())
+                names.push_back("--" + name);
+        return names;
+    }
+
+    ParsedArguments wrongUsage(const std::string& message, const std::string& advice = {}) const
+    {
+        const CLI::App* chosen = chosenCommand();
+        std::string error = "plothost: " + message + "\n";
+        if (!advice.empty())
+            error += advice + "\n";
+        error += std::string("Try 'plothost ") + (chosen ? chosen->get_name() + " " : "") + "--help'.\n";
+        return {{}, exitUsage, {}, error};
+    }
+
+    ParsedArguments request(Verb verb) const
+    {
+        for (const CLI::Option* option : command(verb)->get_options())
+            if (option->get_positional() && option->count() > 0 && option->results().front().empty())
+                return wrongUsage(option->get_name(true) + " is empty");
+        if (verb == Verb::devmode && m_background && command(verb)->count("--out") > 0)
+            return wrongUsage("--background gives no DEVMODE that --out could write");
+        if (verb == Verb::create && !odEndsWithNoCase(odFromUtf8(m_file), OD_T(".pc3")))
+            return wrongUsage("FILE must end in .pc3: " + quoted(m_file));
+
+        Request result;
+        result.verb = verb;
+        result.name = OdString(odFromUtf8(m_name));
+        result.file = OdString(odFromUtf8(m_file));
+        result.json = m_json;
+        result.background = m_background;
+        result.out = value(*command(Verb::devmode), "--out", m_out);
+        result.searchPath = value(m_app, "--search-path", m_searchPath);
+        result.language = value(m_app, "--language", m_language);
+        result.module = value(m_app, "--module", m_module);
+        return {std::move(result), exitYes, {}, {}};
+    }
+
+    static std::optional<OdString> value(const CLI::App& app, const char* option, const std::string& text)
+    {
+        if (app.count(option) == 0)
+            return std::nullopt;
+        return OdString(odFromUtf8(text));
+    }
+
+    CLI::App m_app;
+    std::vector<std::pair<Verb, CLI::App*>> m_commands;
+    std::string m_name;
+    std::string m_file;
+    std::string m_out;
+    std::string m_searchPath;
+    std::string m_language;
+    std::string m_module;
+    bool m_json = false;
+    bool m_background = false;
+};
+} // namespace
+
+ParsedArguments parseArguments(const std::vector<OdString>& arguments)
+{
+    std::vector<std::string> texts;
+    for (const OdString& argument : arguments)
+        texts.push_back(odToUtf8(argument.view()));
+    return Parser().parse(std::move(texts));
+}
+} // namespace plothost

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "kernel/OdString.h"
+
+#include <optional>
+
+namespace plothost
+{
+// What the program answers to its caller.
+enum ExitStatus
+{
+    exitYes = 0,      // done, or the answer is yes
+    exitNo = 1,       // the answer is no; one line on standard error says why
+    exitUsage = 2,    // the command line cannot be understood
+    exitNoModule = 3, // the module could not be loaded
+};
+
+enum class Verb
+{
+    list,
+    devmode,
+    create,
+    show,
+    commands,
+};
+
+// One understood command line. Texts are as they were typed: paths are not made absolute yet.
+struct Request
+{
+    Verb verb = Verb::list;
+    OdString name; // devmode: device; create: printer
+    OdString file; // create, show
+    bool json = false;
+    bool background = false;
+    std::optional<OdString> out;
+    std::optional<OdString> searchPath;
+    std::optional<OdString> language;
+    std::optional<OdString> module;
+};
+} // namespace plothost
