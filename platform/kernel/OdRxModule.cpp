@@ -1,0 +1,3 @@
+#include "kernel/OdRxModule.h"
+
+OdRxModule::~OdRxModule() = default;

@@ -1,0 +1,3 @@
+#include "kernel/OdRxObject.h"
+
+OdRxObject::~OdRxObject() = default;
