@@ -1,0 +1,61 @@
+#pragma once
+
+#include "win32/Win32.h"
+
+#include <cstdint>
+#include <utility>
+
+// Owns one handle of the system and closes it exactly once. Drivers have been seen to report success with a handle of
+// -1, so that and null both count as none: they are not kept and not closed.
+template <class Handle, auto close>
+class UniqueHandle
+{
+public:
+    UniqueHandle() noexcept = default;
+    explicit UniqueHandle(Handle handle) noexcept : m_handle(isUsable(handle) ? handle : nullptr) {}
+    UniqueHandle(UniqueHandle&& other) noexcept : m_handle(std::exchange(other.m_handle, nullptr)) {}
+    ~UniqueHandle() { reset(); }
+
+    UniqueHandle& operator=(UniqueHandle&& other) noexcept
+    {
+        if (this != &other)
+        {
+            reset();
+            m_handle = std::exchange(other.m_handle, nullptr);
+        }
+        return *this;
+    }
+
+    Handle get() const noexcept { return m_handle; }
+    explicit operator bool() const noexcept { return m_handle != nullptr; }
+
+    void reset() noexcept
+    {
+        const Handle handle = std::exchange(m_handle, nullptr);
+        if (!handle)
+            return;
+        try
+        {
+            close(handle);
+        }
+        catch (...)
+        {
+            // A port monitor may throw while it closes. The handle is gone for us either way.
+        }
+    }
+
+private:
+    static bool isUsable(Handle handle) noexcept { return handle && reinterpret_cast<std::intptr_t>(handle) != -1; }
+
+    Handle m_handle = nullptr;
+};
+
+using PrinterHandle = UniqueHandle<HANDLE, &::ClosePrinter>;
+using DeviceContext = UniqueHandle<HDC, &::DeleteDC>;
+
+// An open printer, or none. A null name is passed on as "": for null the system would open the print server instead.
+PrinterHandle openPrinter(const WCHAR* name);
+
+// The device context of a printer, or none. The texts are passed on as they are; devMode may be null, otherwise it is
+// followed by its private bytes.
+DeviceContext createDeviceContext(const WCHAR* driver, const WCHAR* printer, const DEVMODEW* devMode);
