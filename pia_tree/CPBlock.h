@@ -3,6 +3,7 @@
 #include "pia_tree/CPItem.h"
 
 #include <cstdint>
+#include <vector>
 
 // An item that holds items in insertion order. The root of a file is a block named "".
 //
@@ -29,5 +30,7 @@ public:
     OdSharedPtr<CPItem> data(unsigned index) const;
 
 private:
-    // representation
+    const CPItem* first(OdStringView name, EType kind) const noexcept;
+
+    std::vector<OdSharedPtr<CPItem>> m_items;
 };

@@ -1,0 +1,163 @@
+#include "pia_tree/NumberText.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cmath>
+#include <limits>
+#include <random>
+
+namespace
+{
+using Limits = std::numeric_limits<double>;
+
+std::string narrow(const OdString& text)
+{
+    return odToUtf8(text);
+}
+
+constexpr std::int32_t poisonInt = -77;
+constexpr double poisonDouble = -7.75;
+
+bool isInt(std::string_view text, std::int32_t expected)
+{
+    std::int32_t value = poisonInt;
+    return pia::readNumber(text, value) && value == expected;
+}
+
+bool isDouble(std::string_view text, double expected)
+{
+    double value = poisonDouble;
+    return pia::readNumber(text, value) && value == expected && std::signbit(value) == std::signbit(expected);
+}
+
+bool isNoInt(std::string_view text)
+{
+    std::int32_t value = poisonInt;
+    return !pia::readNumber(text, value) && value == poisonInt;
+}
+
+bool isNoDouble(std::string_view text)
+{
+    double value = poisonDouble;
+    return !pia::readNumber(text, value) && value == poisonDouble;
+}
+} // namespace
+
+TEST(NumberText, integersAreWrittenInBaseTen)
+{
+    EXPECT_EQ(pia::numberText(0), OD_T("0"));
+    EXPECT_EQ(pia::numberText(INT32_MIN), OD_T("-2147483648"));
+    EXPECT_EQ(pia::numberText(INT32_MAX), OD_T("2147483647"));
+}
+
+TEST(NumberText, precisionOneWritesOneDigitAfterThePoint)
+{
+    EXPECT_EQ(pia::numberText(600.0, 1), OD_T("600.0"));
+    EXPECT_EQ(pia::numberText(-0.26, 1), OD_T("-0.3"));
+    EXPECT_EQ(pia::numberText(1e21, 1), OD_T("1000000000000000000000.0"));
+    EXPECT_EQ(pia::numberText(Limits::max(), 1).getLength(), 311);
+    EXPECT_EQ(pia::numberText(-Limits::max(), 1).getLength(), 312);
+}
+
+TEST(NumberText, anyPrecisionIsServed)
+{
+    EXPECT_EQ(pia::numberText(2.5, 0), OD_T("2"));
+    EXPECT_EQ(pia::numberText(0.125, 3), OD_T("0.125"));
+    EXPECT_EQ(pia::numberText(-Limits::max(), std::numeric_limits<int>::max()).getLength(), 1 + 309 + 1 + 1074);
+    EXPECT_EQ(pia::numberText(0.1, std::numeric_limits<int>::min()), OD_T("0.1"));
+}
+
+TEST(NumberText, theDefaultFormHasAPointOrAnExponent)
+{
+    EXPECT_EQ(pia::numberText(600.0, -1), OD_T("600.0"));
+    EXPECT_EQ(pia::numberText(-0.0, -1), OD_T("-0.0"));
+    EXPECT_EQ(pia::numberText(0.1, -1), OD_T("0.1"));
+    EXPECT_EQ(pia::numberText(1e300, -1), OD_T("1e+300"));
+    EXPECT_EQ(pia::numberText(215.9, -1), OD_T("215.9"));
+}
+
+TEST(NumberText, whatIsNoFiniteNumberIsAWord)
+{
+    for (const int precision : {-1, 1})
+    {
+        EXPECT_EQ(pia::numberText(Limits::quiet_NaN(), precision), OD_T("nan"));
+        EXPECT_EQ(pia::numberText(-Limits::quiet_NaN(), precision), OD_T("nan"));
+        EXPECT_EQ(pia::numberText(Limits::infinity(), precision), OD_T("inf"));
+        EXPECT_EQ(pia::numberText(-Limits::infinity(), precision), OD_T("-inf"));
+    }
+}
+
+TEST(NumberText, theDefaultFormReadsBackAsTheSameDouble)
+{
+    std::mt19937_64 random(20240601);
+    for (int i = 0; i < 20000; ++i)
+    {
+        const auto value = std::bit_cast<double>(random());
+        if (std::isnan(value))
+            continue;
+        const std::string text = narrow(pia::numberText(value, -1));
+        ASSERT_TRUE(isDouble(text, value)) << text;
+    }
+    for (const double value : {Limits::max(), Limits::min(), Limits::denorm_min(), Limits::epsilon()})
+        EXPECT_TRUE(isDouble(narrow(pia::numberText(value, -1)), value)) << value;
+}
+
+TEST(NumberText, readsIntegers)
+{
+    EXPECT_TRUE(isInt("600", 600));
+    EXPECT_TRUE(isInt("  +600  ", 600));
+    EXPECT_TRUE(isInt("-2147483648", INT32_MIN));
+    EXPECT_TRUE(isInt("2147483647", INT32_MAX));
+    EXPECT_TRUE(isInt("000000000000000000000000000012", 12));
+    EXPECT_TRUE(isInt("-0", 0));
+}
+
+TEST(NumberText, refusesWhatIsNoInteger)
+{
+    for (const char* text : {"",
+                             " ",
+                             "+",
+                             "-",
+                             "+-5",
+                             "--5",
+                             "- 5",
+                             "5 5",
+                             "1e5",
+                             "600.0",
+                             "0x10",
+                             "5,",
+                             "nan",
+                             "inf",
+                             "2147483648",
+                             "-2147483649",
+                             "99999999999999999999999",
+                             "\t5",
+                             "5\n",
+                             "five"})
+        EXPECT_TRUE(isNoInt(text)) << '"' << text << '"';
+    EXPECT_TRUE(isNoInt(std::string_view("5\0", 2)));
+}
+
+TEST(NumberText, readsDoubles)
+{
+    EXPECT_TRUE(isDouble("600", 600.0));
+    EXPECT_TRUE(isDouble("  +600.0 ", 600.0));
+    EXPECT_TRUE(isDouble("-.5", -0.5));
+    EXPECT_TRUE(isDouble("1E5", 1e5));
+    EXPECT_TRUE(isDouble("-0", -0.0));
+    EXPECT_TRUE(isDouble("0e-999", 0.0));
+    EXPECT_TRUE(isDouble("iNf", Limits::infinity()));
+    EXPECT_TRUE(isDouble("-INF", -Limits::infinity()));
+    double value = poisonDouble;
+    EXPECT_TRUE(pia::readNumber(std::string_view(" NaN "), value));
+    EXPECT_TRUE(std::isnan(value));
+}
+
+TEST(NumberText, refusesWhatIsNoDouble)
+{
+    for (const char* text :
+         {"",         " ",      "+",    "-",  "+-5.0", ".",      "e5",     "1e",      "1.5.2", "0x1p3", "1,5",
+          "infinity", "nan(1)", "nano", "in", "1e999", "-1e999", "1e-999", "-1e-999", "\t5",   "5 mm"})
+        EXPECT_TRUE(isNoDouble(text)) << '"' << text << '"';
+}
