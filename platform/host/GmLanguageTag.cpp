@@ -1,0 +1,79 @@
+#include "host/GmLanguageTag.h"
+
+#include "host/CGarmPath.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+namespace
+{
+constexpr bool isLetter(OdChar c) noexcept
+{
+    return odFoldCase(c) >= 'a' && odFoldCase(c) <= 'z';
+}
+
+constexpr bool isLetterOrDigit(OdChar c) noexcept
+{
+    return isLetter(c) || (c >= '0' && c <= '9');
+}
+
+bool isRegularFile(const OdString& path)
+{
+    try
+    {
+        std::error_code error;
+        return std::filesystem::is_regular_file(std::filesystem::path(path.view()), error);
+    }
+    catch (const std::system_error&)
+    {
+        return false; // a path that this system cannot express
+    }
+}
+} // namespace
+
+bool isLanguageTag(OdStringView tag) noexcept
+{
+    constexpr std::size_t longest = 35;
+    if (tag.size() > longest)
+        return false;
+    for (std::size_t start = 0; start <= tag.size();)
+    {
+        const OdStringView part = tag.substr(start, tag.find('-', start) - start);
+        if (part.empty() || part.size() > 8 || !std::ranges::all_of(part, isLetterOrDigit))
+            return false;
+        if (start == 0 && (part.size() < 2 || !std::ranges::all_of(part, isLetter)))
+            return false;
+        start += part.size() + 1;
+    }
+    return true;
+}
+
+std::vector<OdString> languageFallbacks(OdStringView tag)
+{
+    std::vector<OdString> result;
+    if (!isLanguageTag(tag))
+        return result;
+    while (!tag.empty())
+    {
+        result.emplace_back(tag);
+        const auto last = tag.rfind('-');
+        tag = last == tag.npos ? OdStringView() : tag.substr(0, last);
+        if (tag.size() >= 2 && tag[tag.size() - 2] == '-')
+            tag.remove_suffix(2);
+    }
+    return result;
+}
+
+OdString findLanguageLibrary(const OdString& moduleFile, OdStringView tag)
+{
+    const CGarmPath module(moduleFile);
+    const OdString libraryName = module.name() + OD_T("Res.dll");
+    for (const OdString& candidate : languageFallbacks(tag))
+    {
+        const OdString library = CGarmPath::join(module.fullFolder() + candidate, libraryName);
+        if (isRegularFile(library))
+            return library;
+    }
+    return OdString();
+}

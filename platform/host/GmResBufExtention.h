@@ -1,0 +1,14 @@
+#pragma once
+
+#include "kernel/OdResBuf.h"
+
+// Result values that hold an address of this process, such as a window handle.
+namespace GmResBufExtention
+{
+// The address; null for null. Throws OdError when the buffer holds a value of another kind.
+void* getVoid(const OdResBuf* buffer);
+void* getVoid(const OdResBufPtr& buffer);
+
+// A new buffer with the address.
+OdResBufPtr newVoid(void* value);
+} // namespace GmResBufExtention

@@ -1,0 +1,78 @@
+#include "host/LocalSearch.h"
+
+#include "host/CGarmPath.h"
+#include "host/FilePath.h"
+#include "host/GarmInterfaces.h"
+
+#include <filesystem>
+#include <optional>
+#include <system_error>
+
+namespace
+{
+namespace fs = std::filesystem;
+
+std::optional<OdString> regularFile(const OdString& path)
+{
+    const fs::path file(path.view());
+    std::error_code error;
+    if (!fs::is_regular_file(file, error))
+        return std::nullopt;
+    const fs::path full = fs::absolute(file, error);
+    if (error)
+        return std::nullopt;
+    return OdString(full.lexically_normal().make_preferred().string<OdChar>());
+}
+
+// As given, then with the extension: a configuration may be called "A0.pc3.pc3", and "A0.pc3" is found first.
+std::optional<OdString> fileOrConfiguration(const OdString& path)
+{
+    auto found = regularFile(path);
+    return found ? found : regularFile(path + OD_T(".pc3"));
+}
+
+std::optional<OdString> search(const OdString& name, const OdString& searchPath)
+{
+    // The system would stop reading at a NUL and find a file of another name.
+    if (name.isEmpty() || name.find(OdChar()) >= 0 || searchPath.find(OdChar()) >= 0)
+        return std::nullopt;
+
+    const CGarmPath parts(name);
+    if (parts.hasFolder())
+        if (auto found = fileOrConfiguration(name))
+            return found;
+
+    const bool joinable = fs::path(name.view()).is_relative() && parts.drive().isEmpty();
+    const OdString inFolder = joinable ? name : parts.fileName();
+    if (inFolder.isEmpty())
+        return std::nullopt;
+    for (const OdString& folder : FilePath::GetPaths(searchPath))
+        if (auto found = fileOrConfiguration(CGarmPath::join(folder, inFolder)))
+            return found;
+    return std::nullopt;
+}
+} // namespace
+
+bool LocalSearch::SearchPC3File(const OdString& name, OdString& fullPath) noexcept
+try
+{
+    return SearchPC3File(name, getMainInternalInterface()->plotCfgSearchPath(), fullPath);
+}
+catch (...)
+{
+    return false;
+}
+
+bool LocalSearch::SearchPC3File(const OdString& name, const OdString& searchPath, OdString& fullPath) noexcept
+try
+{
+    auto found = search(name, searchPath);
+    if (!found)
+        return false;
+    fullPath = std::move(*found);
+    return true;
+}
+catch (...)
+{
+    return false;
+}
