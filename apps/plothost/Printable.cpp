@@ -1,0 +1,69 @@
+#include "plothost/Printable.h"
+
+#include <algorithm>
+#include <array>
+
+namespace plothost
+{
+namespace
+{
+bool isControl(OdChar c)
+{
+    const bool classic = c < 0x20 || (c >= 0x7F && c <= 0x9F);
+    const bool separator = c == 0x2028 || c == 0x2029;
+    const bool direction = c == 0x200E || c == 0x200F || (c >= 0x202A && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
+    return classic || separator || direction;
+}
+} // namespace
+
+std::string printable(OdStringView text)
+{
+    constexpr std::array<char, 16> digits = {'0', '1', '2', '3', '4', '5', '6', '7',
+                                             '8', '9', 'A', 'B', 'C', 'D', 'E', 'F'};
+    std::basic_string<OdChar> shown;
+    shown.reserve(text.size());
+    for (const OdChar c : text)
+    {
+        if (!isControl(c))
+        {
+            shown.push_back(c);
+            continue;
+        }
+        shown.push_back('\\');
+        shown.push_back('u');
+        for (const int shift : {12, 8, 4, 0})
+            shown.push_back(static_cast<OdChar>(digits[static_cast<std::size_t>(c >> shift) & 0xF]));
+    }
+    return odToUtf8(shown);
+}
+
+std::size_t displayWidth(std::string_view utf8) noexcept
+{
+    return static_cast<std::size_t>(
+        std::count_if(utf8.begin(), utf8.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+}
+
+std::string columns(const std::vector<std::vector<std::string>>& lines, std::size_t indent)
+{
+    std::vector<std::size_t> widths;
+    for (const auto& line : lines)
+    {
+        widths.resize(std::max(widths.size(), line.size()));
+        for (std::size_t i = 0; i < line.size(); ++i)
+            widths[i] = std::max(widths[i], displayWidth(line[i]));
+    }
+    std::string text;
+    for (const auto& line : lines)
+    {
+        std::string row(indent, ' ');
+        for (std::size_t i = 0; i < line.size(); ++i)
+        {
+            row += line[i];
+            row.append(widths[i] - displayWidth(line[i]) + 2, ' ');
+        }
+        row.erase(row.find_last_not_of(' ') + 1);
+        text += row + "\n";
+    }
+    return text;
+}
+} // namespace plothost

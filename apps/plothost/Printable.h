@@ -1,0 +1,21 @@
+#pragma once
+
+#include "kernel/OdText.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace plothost
+{
+// A text from a driver or a file as UTF-8 that a terminal shows and does not obey: what would move the cursor, change
+// colours or turn the direction of writing comes out as "\u001B".
+std::string printable(OdStringView text);
+
+// Lines of cells, every column as wide as its widest cell, two blanks apart, no blanks at the ends.
+std::string columns(const std::vector<std::vector<std::string>>& lines, std::size_t indent);
+
+// How many characters of a terminal a UTF-8 text takes, counting one for each code point.
+std::size_t displayWidth(std::string_view utf8) noexcept;
+} // namespace plothost

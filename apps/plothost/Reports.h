@@ -1,0 +1,75 @@
+#pragma once
+
+#include "plothost/DevModeFields.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace plothost
+{
+// What "list" prints.
+struct ListReport
+{
+    struct Printer
+    {
+        OdString name;
+        OdString driver;
+        OdString port;
+        bool isDefault = false;
+    };
+    struct Configuration
+    {
+        OdString name; // without folder
+        OdString path; // with it
+    };
+
+    std::vector<Printer> printers;
+    std::vector<OdString> folders; // the search path
+    std::vector<Configuration> configurations;
+};
+
+// What "devmode" prints: the answers of the command.
+struct DevModeReport
+{
+    OdString deviceName; // as it was asked for
+    bool result = false;
+    OdString printerName;
+    OdString paperName;
+    std::int16_t driverType = 0;
+    OdString canonicalModelName;
+    std::vector<BYTE> devMode; // empty when there is none
+};
+
+// What "devmode --background" prints.
+struct BackgroundReport
+{
+    OdString deviceName;
+    bool flag = false; // the message's first parameter
+};
+
+// What "commands" prints.
+struct CommandsReport
+{
+    struct Command
+    {
+        OdString group;
+        OdString globalName;
+        OdString localName;
+    };
+    std::vector<Command> commands;
+};
+
+// For people: lines of UTF-8. For programs: one JSON object and a line end.
+std::string textOf(const ListReport& report);
+std::string jsonOf(const ListReport& report);
+std::string textOf(const DevModeReport& report);
+std::string jsonOf(const DevModeReport& report);
+std::string textOf(const BackgroundReport& report);
+std::string jsonOf(const BackgroundReport& report);
+std::string textOf(const CommandsReport& report);
+
+// "1 (Windows system printer)"; the bare number where it has no meaning of its own.
+std::string driverTypeText(std::int16_t driverType);
+} // namespace plothost
