@@ -1,0 +1,118 @@
+#pragma once
+
+#include "pia_tree/CPBlock.h"
+#include "pia_tree/CPValue.h"
+
+#include <string>
+#include <vector>
+
+// Short ways to make block trees and to look at them.
+namespace blocks
+{
+using Item = OdSharedPtr<CPItem>;
+
+inline Item str(OdStringView name, OdStringView value)
+{
+    return new CPStr(name, value);
+}
+inline Item num(OdStringView name, OdStringView text)
+{
+    return new CPNum(name, text);
+}
+inline Item bin(OdStringView name, OdStringView text)
+{
+    return new CPBin(name, text);
+}
+inline Item flag(OdStringView name, bool value)
+{
+    return new CPBool(name, value);
+}
+
+inline OdSharedPtr<CPBlock> make(OdStringView name, const std::vector<Item>& items = {})
+{
+    OdSharedPtr<CPBlock> block(new CPBlock(name));
+    for (const auto& item : items)
+        block->add(item);
+    return block;
+}
+
+inline const CPBlock& asBlock(const CPItem& item)
+{
+    return static_cast<const CPBlock&>(item);
+}
+
+inline std::vector<Item> itemsOf(const CPBlock& block)
+{
+    std::vector<Item> items;
+    for (unsigned i = 0; i < block.size(); ++i)
+        items.push_back(block.data(i));
+    return items;
+}
+
+// The block with its first child of that name replaced, or left out when there is no other item.
+inline OdSharedPtr<CPBlock> with(const CPBlock& block, OdStringView name, const Item& other)
+{
+    OdSharedPtr<CPBlock> changed(new CPBlock(block.name()));
+    bool done = false;
+    for (const auto& item : itemsOf(block))
+    {
+        const bool here = !done && item->name() == name;
+        done = done || here;
+        if (!here)
+            changed->add(item);
+        else if (other)
+            changed->add(other);
+    }
+    return changed;
+}
+
+inline OdSharedPtr<CPBlock> without(const CPBlock& block, OdStringView name)
+{
+    return with(block, name, nullptr);
+}
+
+// One line per item, "name=kind text" with the children of a block indented below it.
+inline void describe(const CPBlock& block, const std::string& indent, std::vector<std::string>& lines)
+{
+    for (const auto& item : itemsOf(block))
+    {
+        const std::string start = indent + odToUtf8(item->name());
+        switch (item->type())
+        {
+        case CPItem::eBlock:
+            lines.push_back(start + "{");
+            describe(asBlock(*item), indent + " ", lines);
+            break;
+        case CPItem::eBool:
+            lines.push_back(start + (static_cast<const CPBool&>(*item).value() ? "=true" : "=false"));
+            break;
+        case CPItem::eStr:
+            lines.push_back(start + "=str " + odToUtf8(static_cast<const CPText&>(*item).text()));
+            break;
+        case CPItem::eNum:
+            lines.push_back(start + "=num " + odToUtf8(static_cast<const CPText&>(*item).text()));
+            break;
+        case CPItem::eBin:
+            lines.push_back(start + "=bin " + odToUtf8(static_cast<const CPText&>(*item).text()));
+            break;
+        }
+    }
+}
+
+inline std::vector<std::string> linesOf(const CPBlock& block)
+{
+    std::vector<std::string> lines;
+    describe(block, "", lines);
+    return lines;
+}
+
+// What a node writes.
+template <class Node>
+std::vector<std::string> written(const Node& node)
+{
+    CPBlock block(OD_T("node"));
+    if (!node.write(block))
+        return {"write failed"};
+    return linesOf(block);
+}
+} // namespace blocks
