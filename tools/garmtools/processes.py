@@ -1,0 +1,89 @@
+"""Processes that never outlive us and never make us wait for a person."""
+
+import functools
+import os
+import shutil
+import signal
+import subprocess
+import sys
+import time
+
+TIMED_OUT = 124
+
+
+class Interrupted(SystemExit):
+    """A signal asked us to stop; unwinding ends what we started."""
+
+
+def end_on_signals():
+    """Turns SIGINT, SIGTERM and SIGHUP into an exception, so that every finally clause runs once."""
+
+    def stop(number, _frame):
+        for later in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
+            signal.signal(later, signal.SIG_IGN)
+        raise Interrupted(128 + number)
+
+    for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
+        signal.signal(number, stop)
+
+
+def allowed_cpus():
+    """The CPUs this process may run on, in order."""
+    return sorted(os.sched_getaffinity(0))
+
+
+@functools.lru_cache(maxsize=None)
+def steady_addresses():
+    """The words that switch off address randomisation, or none where that is refused (some containers do).
+
+    With it one Wine start in a few thousand dies at once, and so do programs under the sanitizers.
+    """
+    words = ("setarch", "-R")
+    if shutil.which("setarch") is None:
+        return ()
+    probe = subprocess.run([*words, "true"], stdin=subprocess.DEVNULL, capture_output=True, check=False)
+    return words if probe.returncode == 0 else ()
+
+
+def start_server(command, log, env=None):
+    """Starts a foreground server in a session of its own, so that Ctrl-C reaches only us and we end it in order.
+
+    setpriv makes the kernel end it as well should we be killed outright. Call it from the main thread: that signal
+    follows the thread that started the server.
+    """
+    guard = ["setpriv", "--pdeathsig", "TERM"] if shutil.which("setpriv") else []
+    with open(log, "ab") as sink:
+        return subprocess.Popen([*guard, *command], stdin=subprocess.DEVNULL, stdout=sink, stderr=sink, env=env,
+                                start_new_session=True)
+
+
+def end_server(server, patience=5.0):
+    """Ends a server of ours: politely, then for sure."""
+    if server is None or server.poll() is not None:
+        return
+    server.terminate()
+    try:
+        server.wait(patience)
+    except subprocess.TimeoutExpired:
+        server.kill()
+        server.wait()
+
+
+def limited(seconds, command):
+    """The command under a time limit: exit status 124, or 137 when it had to be killed."""
+    return ["timeout", "-k", "5", str(seconds), *command]
+
+
+def wait_until(condition, seconds, pause=0.005):
+    """Polls the condition; whether it came true in time."""
+    end = time.monotonic() + seconds
+    while not condition():
+        if time.monotonic() > end:
+            return False
+        time.sleep(pause)
+    return True
+
+
+def say(text):
+    """One short line of progress."""
+    print(text, file=sys.stderr, flush=True)
