@@ -1,0 +1,44 @@
+#include "GarmPC3Editor/Commands/CommandGroup.h"
+
+#include "GarmPC3Editor/Commands/PC3EditCommand.h"
+#include "GarmPC3Editor/Commands/PC3GetDevModeCommand.h"
+#include "GarmPC3Editor/ResourceInstance.h"
+#include "kernel/OdEdCommandStack.h"
+#include "kernel/OdRxObjectImpl.h"
+
+namespace
+{
+template <class Routine>
+OdRoutineResult runRoutine(Routine routine) noexcept
+{
+    try
+    {
+        routine();
+        return eRoutineNormal;
+    }
+    catch (...)
+    {
+        return eRoutineError;
+    }
+}
+} // namespace
+
+OdRoutineResult registerCommands() noexcept
+{
+    return runRoutine(
+        []
+        {
+            const OdEdCommandStackPtr stack = odedRegCmds();
+            const OdSmartPtr<PC3EditCommand> edit = OdRxObjectImpl<PC3EditCommand>::createObject();
+            edit->setResourceInstance(garmPC3EditorResourceInstance());
+            stack->addCommand(edit.get());
+            // Only now: when this one cannot be made, the first one stays in use.
+            const OdSmartPtr<PC3GetDevModeCommand> getDevMode = OdRxObjectImpl<PC3GetDevModeCommand>::createObject();
+            stack->addCommand(getDevMode.get());
+        });
+}
+
+OdRoutineResult unregisterCommands() noexcept
+{
+    return runRoutine([] { odedRegCmds()->removeGroup(PC3EditorCommand::cGroupName); });
+}

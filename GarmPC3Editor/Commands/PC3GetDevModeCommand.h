@@ -1,0 +1,29 @@
+#pragma once
+
+#include "GarmPC3Editor/Commands/PC3EditorCommand.h"
+
+// "_PC3GETDEVMODE": tells the host which Windows printer stands behind a plot device, and what its configuration
+// implies. Arguments and results are named values:
+//
+//   in   "deviceName"         string, required: a configuration's file name (ends in ".pc3") or a Windows printer
+//        "printerName"        string, required, its value is ignored
+//        "hwndPost"           pointer: a window to notify; the check then runs in the background, posts
+//                             printerCheckedMessage and writes nothing
+//        "paperName"          string, without effect
+//   out  "printerName"        string, empty when no printer could be determined
+//        "devMode"            binary chunk: a DEVMODEW with its private bytes, empty when there is none
+//        "result"             bool: whether a printer was determined
+//        "paperName"          string
+//        "driverType"         16-bit integer
+//        "canonicalModelName" string
+//
+// All results are written whenever both required values are there, in this order. A value that is no OdResBuf throws
+// OdError_NotThatKindOfClass. No user interface.
+class PC3GetDevModeCommand : public PC3EditorCommand
+{
+public:
+    // Throws OdError (eInvalidInput) when there is no local name.
+    PC3GetDevModeCommand();
+
+    void execute(OdEdCommandContext* context) override;
+};

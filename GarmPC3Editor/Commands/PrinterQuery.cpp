@@ -1,0 +1,73 @@
+#include "GarmPC3Editor/Commands/PrinterQuery.h"
+
+#include "GarmPC3Editor/AnswerOnThrow.h"
+#include "GarmPC3Editor/GmPlotCfg3.h"
+#include "host/LocalSearch.h"
+#include "win32/Handles.h"
+
+namespace
+{
+// Driver types of configurations that belong to no Windows printer: they plot under their model's name.
+bool plotsWithoutWindowsPrinter(std::int32_t driverType)
+{
+    return driverType == 0 || driverType == 3;
+}
+
+bool namesConfiguration(const OdString& deviceName)
+{
+    constexpr OdStringView ending = OD_T(".pc3");
+    if (deviceName.view().size() < ending.size())
+        return false;
+    // The invariant locale: how a file name ends is no matter of the user's language.
+    const OdString last = deviceName.right(static_cast<int>(ending.size()));
+    return ::CompareStringW(LOCALE_INVARIANT, NORM_IGNORECASE, last.c_str(), last.getLength(), ending.data(),
+                            static_cast<int>(ending.size())) == CSTR_EQUAL;
+}
+
+OdSharedPtr<GmPlotCfg3> findConfiguration(const OdString& name)
+{
+    OdString path;
+    if (!LocalSearch::SearchPC3File(name, path))
+        return nullptr;
+    // Whether it had to be bound to another printer does not matter here: the answer names the printer that is used.
+    bool modified = false;
+    return GmPlotCfg3::read(path, modified);
+}
+
+PrinterAnswer answerOf(const GmPlotCfg3& cfg)
+{
+    PrinterAnswer answer;
+    answer.devMode = cfg.toDevMode();
+    if (!answer.devMode.isEmpty())
+        answer.printerName = cfg.m_meta.m_win_device_name;
+    else if (plotsWithoutWindowsPrinter(cfg.m_meta.m_driver_type))
+        answer.printerName = cfg.m_meta.m_localized_model_name;
+    answer.paperName = cfg.m_media.m_size.m_name;
+    // The named value has 16 bits; a type that does not fit loses its upper ones.
+    answer.driverType = static_cast<std::int16_t>(cfg.m_meta.m_driver_type);
+    answer.canonicalModelName = cfg.m_meta.m_canonical_model_name;
+    return answer;
+}
+
+PrinterAnswer determine(const OdString& deviceName)
+{
+    if (deviceName.isEmpty())
+        return {};
+    if (namesConfiguration(deviceName))
+    {
+        const OdSharedPtr<GmPlotCfg3> cfg = findConfiguration(deviceName);
+        return cfg ? answerOf(*cfg) : PrinterAnswer();
+    }
+    PrinterAnswer answer;
+    if (openPrinter(deviceName.c_str()))
+        answer.printerName = deviceName;
+    return answer;
+}
+} // namespace
+
+bool queryPrinter(const OdString& deviceName, PrinterAnswer& answer) noexcept
+{
+    // A driver or port monitor may throw, and memory may run out: there is no printer to be had then.
+    answer = answerOnThrow(PrinterAnswer(), [&deviceName] { return determine(deviceName); });
+    return !answer.printerName.isEmpty();
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "kernel/OdArray.h"
+#include "kernel/OdString.h"
+
+#include <cstdint>
+
+// What stands behind a plot device.
+struct PrinterAnswer
+{
+    OdString printerName;           // empty when no printer could be determined
+    OdArray<unsigned char> devMode; // dmSize + dmDriverExtra bytes; empty when there is none
+    OdString paperName;             // the last three only for a configuration that could be read
+    std::int16_t driverType = 0;
+    OdString canonicalModelName;
+};
+
+// Determines the printer behind a device name: that of a configuration for a name that ends in ".pc3", otherwise the
+// Windows printer of that name, if it opens. True when answer holds a printer name. Whatever the answer held before is
+// gone; when the configuration was read and names no printer, the rest of the answer is still that of the
+// configuration.
+//
+// Uses no object of the host but its search path, so any thread may ask. What goes wrong on the way, an exception of a
+// driver included, is the answer false.
+bool queryPrinter(const OdString& deviceName, PrinterAnswer& answer) noexcept;
