@@ -38,14 +38,14 @@ std::optional<OdString> search(const OdString& name, const OdString& searchPath)
         return std::nullopt;
 
     const CGarmPath parts(name);
+    if (parts.fileName().isEmpty())
+        return std::nullopt; // a folder, which together with ".pc3" would become a file
     if (parts.hasFolder())
         if (auto found = fileOrConfiguration(name))
             return found;
 
     const bool joinable = fs::path(name.view()).is_relative() && parts.drive().isEmpty();
     const OdString inFolder = joinable ? name : parts.fileName();
-    if (inFolder.isEmpty())
-        return std::nullopt;
     for (const OdString& folder : FilePath::GetPaths(searchPath))
         if (auto found = fileOrConfiguration(CGarmPath::join(folder, inFolder)))
             return found;

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "kernel/OdString.h"
+
+#include <filesystem>
+#include <fstream>
+#include <random>
+
+// A folder of the test's own, gone with everything in it at the end.
+class TemporaryFolder
+{
+public:
+    TemporaryFolder()
+    {
+        std::random_device random;
+        do
+            m_path = std::filesystem::temp_directory_path() / ("garm-host-" + std::to_string(random()));
+        while (!std::filesystem::create_directory(m_path));
+    }
+    ~TemporaryFolder()
+    {
+        std::error_code error;
+        std::filesystem::remove_all(m_path, error);
+    }
+
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    // The full path of something in it.
+    OdString at(const std::filesystem::path& name) const { return text(m_path / name); }
+    OdString path() const { return text(m_path); }
+
+    // Makes a file, with the folders on the way; its full path.
+    OdString addFile(const std::filesystem::path& name) const
+    {
+        std::filesystem::create_directories((m_path / name).parent_path());
+        std::ofstream(m_path / name) << "content";
+        return at(name);
+    }
+
+    OdString addFolder(const std::filesystem::path& name) const
+    {
+        std::filesystem::create_directories(m_path / name);
+        return at(name);
+    }
+
+private:
+    static OdString text(std::filesystem::path path)
+    {
+        return OdString(path.lexically_normal().make_preferred().string<OdChar>());
+    }
+
+    std::filesystem::path m_path;
+};
