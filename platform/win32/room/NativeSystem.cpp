@@ -1,0 +1,48 @@
+#include "win32/Win32.h"
+
+#include <algorithm>
+#include <string_view>
+
+// The few functions of the system's core that portable code uses and that need no room.
+
+namespace
+{
+thread_local DWORD lastError = ERROR_SUCCESS;
+
+std::u16string_view textOf(const WCHAR* text, int length)
+{
+    return length < 0 ? std::u16string_view(text) : std::u16string_view(text, static_cast<std::size_t>(length));
+}
+
+WCHAR folded(WCHAR c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<WCHAR>(c - 'A' + 'a') : c;
+}
+} // namespace
+
+extern "C" DWORD WINAPI GetLastError()
+{
+    return lastError;
+}
+
+extern "C" void WINAPI SetLastError(DWORD error)
+{
+    lastError = error;
+}
+
+// By code unit, with ASCII letters folded on demand: enough to compare endings of file names. The system's own order
+// of words is not imitated.
+extern "C" int WINAPI CompareStringW(LCID, DWORD flags, LPCWSTR a, int lengthA, LPCWSTR b, int lengthB)
+{
+    if (!a || !b)
+    {
+        lastError = ERROR_INVALID_PARAMETER;
+        return 0;
+    }
+    const auto key = [flags](WCHAR c) { return flags & NORM_IGNORECASE ? folded(c) : c; };
+    const std::u16string_view left = textOf(a, lengthA);
+    const std::u16string_view right = textOf(b, lengthB);
+    const auto order = std::lexicographical_compare_three_way(left.begin(), left.end(), right.begin(), right.end(),
+                                                              [key](WCHAR x, WCHAR y) { return key(x) <=> key(y); });
+    return order < 0 ? CSTR_LESS_THAN : order > 0 ? CSTR_GREATER_THAN : CSTR_EQUAL;
+}

@@ -1,0 +1,96 @@
+#pragma once
+
+#include "win32/room/PrinterRoom.h"
+
+#include <condition_variable>
+#include <list>
+#include <map>
+#include <mutex>
+#include <set>
+
+// What the room's functions share. One for the process and never destroyed, so that a call which comes late, from a
+// thread that outlives its test, finds an empty room and not a dead one.
+namespace room
+{
+struct Hooked
+{
+    Call call;
+    Text printer;
+    Hook hook;
+};
+
+struct OpenPrinter
+{
+    Text name;
+    Printer* printer; // may be gone: see isPresent
+};
+
+struct OpenContext
+{
+    Text name;
+    DeviceCaps caps;
+};
+
+struct State
+{
+    std::mutex mutex;
+    std::condition_variable postedOne;
+
+    std::list<Printer> present;
+    std::list<Printer> gone; // kept so that references to them stay valid
+    std::map<HANDLE, OpenPrinter> printers;
+    std::map<HDC, OpenContext> contexts;
+    std::uintptr_t lastHandle = 0x10000;
+    int strayCloses = 0;
+
+    bool networkPass = false;
+    bool handleOnFailedOpen = false;
+    std::map<Call, RecordLies> lies;
+    std::set<std::pair<Call, Text>> refusedFor;
+    std::set<Call> refused;
+    int failIn = 0;
+    bool failed = false;
+    LONG documentFailure = -1;
+    std::vector<Hooked> hooks;
+    std::vector<std::weak_ptr<Held>> held;
+
+    std::vector<CallRecord> calls;
+    std::vector<PostedMessage> posted;
+    std::vector<ShownMessage> shown;
+    int messageBoxAnswer = IDOK;
+    std::map<std::pair<HINSTANCE, UINT>, Text> strings;
+
+    std::uintptr_t newHandle() { return lastHandle += 16; }
+
+    // The printer of that name without regard to case, as the system finds it; null when there is none.
+    Printer* find(const Text& name);
+    bool isPresent(const Printer* printer) const;
+    // The printer of an open handle; null for any other handle and for a printer that is gone.
+    Printer* ofHandle(HANDLE handle);
+    Text nameOfHandle(HANDLE handle) const;
+};
+
+State& state();
+
+// A call's way into the room. Notes the call, runs the hooks (outside the lock; they may throw), takes the lock for the
+// rest of the call, and knows whether the call is to fail.
+class Visit
+{
+public:
+    explicit Visit(CallRecord record);
+    bool mustFail() const { return m_mustFail; }
+
+private:
+    std::unique_lock<std::mutex> m_lock;
+    bool m_mustFail = false;
+};
+
+// The bytes of an input block, as many as it claims: a driver reads them all, so a caller that has fewer is found out.
+std::vector<BYTE> bytesOf(const DEVMODEW* devMode);
+
+// The driver's default block of a printer.
+std::vector<BYTE> defaultBlock(const Printer& printer);
+
+// What the driver makes of a block under DM_IN_BUFFER.
+std::vector<BYTE> mergedBlock(const Printer& printer, const std::vector<BYTE>& input);
+} // namespace room
