@@ -5,7 +5,7 @@ target_compile_options(garm_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow 
 # As soon as GCC 12 optimises, it sees overlapping copies inside std::string and writes beyond the end inside
 # std::vector::insert where there are none (its bugs 105651 and 105329). The sanitizers watch the same places.
 target_compile_options(garm_options INTERFACE
-    $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict -Wno-array-bounds -Wno-stringop-overflow>)
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread>)
 target_include_directories(garm_options INTERFACE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/platform)
 target_compile_definitions(garm_options INTERFACE $<$<CONFIG:Release>:NDEBUG>)
 
