@@ -60,7 +60,7 @@ extern "C" HDC WINAPI CreateDCW(LPCWSTR driver, LPCWSTR device, LPCWSTR, const D
     if (found->contextIs)
         return reinterpret_cast<HDC>(*found->contextIs);
     const HDC dc = reinterpret_cast<HDC>(s.newHandle());
-    s.contexts[dc] = {found->name, found->caps};
+    s.contexts.emplace(dc, OpenContext{found->name, found->caps});
     return dc;
 }
 
@@ -75,11 +75,17 @@ extern "C" int WINAPI GetDeviceCaps(HDC dc, int index)
 
 extern "C" BOOL WINAPI DeleteDC(HDC dc)
 {
-    const Visit visit({.call = Call::deleteDC, .printer = nameOf(dc)});
-    State& s = state();
-    if (s.contexts.erase(dc) == 0)
+    // As for ClosePrinter: deleted whatever comes of the call.
+    OpenContext closed;
+    bool wasOpen = false;
     {
-        ++s.strayCloses;
+        const std::lock_guard lock(state().mutex);
+        wasOpen = takeOut(state().contexts, dc, closed);
+    }
+    const Visit visit({.call = Call::deleteDC, .printer = std::move(closed.name)});
+    if (!wasOpen)
+    {
+        ++state().strayCloses;
         return FALSE;
     }
     return visit.mustFail() ? FALSE : TRUE;

@@ -101,18 +101,25 @@ extern "C" BOOL WINAPI OpenPrinterW(LPWSTR name, LPHANDLE printer, LPPRINTER_DEF
         *printer = reinterpret_cast<HANDLE>(*found->opensAs);
         return TRUE;
     }
-    *printer = reinterpret_cast<HANDLE>(s.newHandle());
-    s.printers[*printer] = {given, found};
+    const HANDLE handle = reinterpret_cast<HANDLE>(s.newHandle());
+    s.printers.emplace(handle, OpenPrinter{given, found});
+    *printer = handle;
     return TRUE;
 }
 
 extern "C" BOOL WINAPI ClosePrinter(HANDLE printer)
 {
-    const Visit visit({.call = Call::closePrinter, .printer = nameOf(printer)});
-    State& s = state();
-    if (s.printers.erase(printer) == 0)
+    // Whatever comes of the call, the handle is closed: an error or an exception is no reason to try again.
+    OpenPrinter closed;
+    bool wasOpen = false;
     {
-        ++s.strayCloses;
+        const std::lock_guard lock(state().mutex);
+        wasOpen = takeOut(state().printers, printer, closed);
+    }
+    const Visit visit({.call = Call::closePrinter, .printer = std::move(closed.name)});
+    if (!wasOpen)
+    {
+        ++state().strayCloses;
         return fail(ERROR_INVALID_HANDLE);
     }
     return visit.mustFail() ? fail(ERROR_INVALID_HANDLE) : TRUE;

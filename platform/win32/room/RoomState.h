@@ -22,7 +22,7 @@ struct Hooked
 struct OpenPrinter
 {
     Text name;
-    Printer* printer; // may be gone: see isPresent
+    Printer* printer = nullptr; // may be gone: see isPresent
 };
 
 struct OpenContext
@@ -71,6 +71,19 @@ struct State
 };
 
 State& state();
+
+// Takes the entry of a handle out of its map; false when there is none. Does not throw, so that a closing call has
+// always closed.
+template <class Handle, class Open>
+bool takeOut(std::map<Handle, Open>& open, Handle handle, Open& out) noexcept
+{
+    const auto found = open.find(handle);
+    if (found == open.end())
+        return false;
+    out = std::move(found->second);
+    open.erase(found);
+    return true;
+}
 
 // A call's way into the room. Notes the call, runs the hooks (outside the lock; they may throw), takes the lock for the
 // rest of the call, and knows whether the call is to fail.

@@ -81,15 +81,9 @@ TEST_F(Handles, aCloseThatThrowsOrFailsIsTheEndOfTheHandle)
 {
     room.add({.name = OD_T("P")});
     PrinterHandle handle = openPrinter(OD_T("P"));
-    const HANDLE raw = handle.get();
     room.onCall(Call::closePrinter, OD_T("P"), [](const room::CallRecord&) { throw std::runtime_error("monitor"); });
     EXPECT_NO_THROW(handle.reset());
     EXPECT_FALSE(handle);
     EXPECT_EQ(room.count(Call::closePrinter), 1);
-
-    // The monitor threw before the room closed; tidy up so that the count at the end is right.
-    EXPECT_THROW(::ClosePrinter(raw), std::runtime_error);
-    EXPECT_EQ(room.openHandles(), 1);
-    room.forgetHooks();
-    EXPECT_TRUE(::ClosePrinter(raw));
+    EXPECT_EQ(room.openHandles(), 0);
 }
