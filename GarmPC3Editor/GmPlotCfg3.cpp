@@ -1,7 +1,6 @@
 #include "GarmPC3Editor/GmPlotCfg3.h"
 
 #include "GarmPC3Editor/AnswerOnThrow.h"
-#include "GarmPC3Editor/GmPrinterInfo.h"
 #include "GarmPC3Editor/NodeTables.h"
 #include "pia_tree/CPIAOutput.h"
 #include "pia_tree/CPIAParser.h"
@@ -46,20 +45,4 @@ bool GmPlotCfg3::write(const OdString& path) const
 bool GmPlotCfg3::writeToBlock(CPBlock& root) const
 {
     return nodes::configuration.write(*this, root);
-}
-
-bool GmPlotCfg3::setToDefault()
-{
-    return answerOnThrow(false,
-                         [&]
-                         {
-                             const OdString printerName = m_meta.m_win_device_name;
-                             const GmPrinterInfo printer(printerName);
-                             if (!printer.isOpen())
-                                 return false;
-                             const DevModeBlock defaults = printer.defaultDevMode();
-                             const DevModeView view = defaults.view();
-                             bool changed = false;
-                             return view && fromDevMode(view, printerName, false, changed) && changed;
-                         });
 }

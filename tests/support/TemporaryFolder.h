@@ -4,7 +4,11 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <random>
+#include <set>
+#include <string>
+#include <string_view>
 
 // A folder of the test's own, gone with everything in it at the end.
 class TemporaryFolder
@@ -31,10 +35,10 @@ public:
     OdString path() const { return text(m_path); }
 
     // Makes a file, with the folders on the way; its full path.
-    OdString addFile(const std::filesystem::path& name) const
+    OdString addFile(const std::filesystem::path& name, std::string_view bytes = "content") const
     {
         std::filesystem::create_directories((m_path / name).parent_path());
-        std::ofstream(m_path / name) << "content";
+        std::ofstream(m_path / name, std::ios::binary) << bytes;
         return at(name);
     }
 
@@ -42,6 +46,21 @@ public:
     {
         std::filesystem::create_directories(m_path / name);
         return at(name);
+    }
+
+    // The names of what lies in it.
+    std::set<std::string> names() const
+    {
+        std::set<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(m_path))
+            names.insert(entry.path().filename().string());
+        return names;
+    }
+
+    std::string bytesOf(const std::filesystem::path& name) const
+    {
+        std::ifstream file(m_path / name, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
     }
 
 private:
