@@ -2,88 +2,101 @@
 
 #include "pia_tree/CPValue.h"
 #include "pia_tree/NumberText.h"
-
-#include <algorithm>
-#include <string>
-
-namespace
-{
-// A number is plain ASCII; any other unit becomes a byte that no number has.
-template <class Number>
-bool readNumber(OdStringView text, Number& out)
-{
-    std::string bytes(text.size(), '\0');
-    std::transform(text.begin(), text.end(), bytes.begin(),
-                   [](OdChar c) { return c < 0x80 ? static_cast<char>(c) : '?'; });
-    return pia::readNumber(bytes, out);
-}
-} // namespace
+#include "pia_tree/ParsedTree.h"
 
 CPBlock::CPBlock(OdStringView name) : CPItem(eBlock, name) {}
 
+CPBlock::CPBlock(OdString&& name, std::shared_ptr<const pia::ParsedTree> tree, std::uint32_t first, std::uint32_t count)
+    : CPItem(eBlock, std::move(name)), m_tree(std::move(tree)), m_first(first), m_parsedCount(count)
+{
+}
+
 CPBlock::~CPBlock() = default;
 
-const CPItem* CPBlock::first(OdStringView name, EType kind) const noexcept
+unsigned CPBlock::indexOf(OdStringView name, EType kind) const
 {
-    const auto found =
-        std::find_if(m_items.begin(), m_items.end(),
-                     [&](const OdSharedPtr<CPItem>& item) { return item->type() == kind && item->name() == name; });
-    return found == m_items.end() ? nullptr : found->get();
+    if (m_parsedCount)
+        if (const auto at = m_tree->find({m_first, m_parsedCount}, name, kind); at != pia::ParsedTree::none)
+            return at;
+    for (unsigned i = m_parsedCount; i < m_items.size(); ++i)
+        if (m_items[i]->type() == kind && m_items[i]->name() == name)
+            return i;
+    return size();
 }
 
 OdSharedPtr<CPItem> CPBlock::find(OdStringView name, EType kind) const
 {
-    const CPItem* item = first(name, kind);
-    for (const auto& shared : m_items)
-        if (shared.get() == item)
-            return shared;
-    return nullptr;
+    return data(indexOf(name, kind));
 }
 
 bool CPBlock::getStr(OdString& out, OdStringView name) const
 {
-    const CPItem* item = first(name, eStr);
-    if (!item)
+    const unsigned at = indexOf(name, eStr);
+    if (at == size())
         return false;
-    out = static_cast<const CPStr*>(item)->text();
+    if (at < m_parsedCount)
+        out = m_tree->text(m_first + at);
+    else
+        out = static_cast<const CPStr&>(*m_items[at]).text();
     return true;
+}
+
+template <class Number>
+bool CPBlock::getNumber(Number& out, OdStringView name) const
+{
+    const unsigned at = indexOf(name, eNum);
+    if (at == size())
+        return false;
+    if (at < m_parsedCount)
+        return m_tree->number(m_first + at, out);
+    return pia::readNumber(static_cast<const CPNum&>(*m_items[at]).text().view(), out);
 }
 
 bool CPBlock::getInt(std::int32_t& out, OdStringView name) const
 {
-    const CPItem* item = first(name, eNum);
-    return item && readNumber(static_cast<const CPNum*>(item)->text(), out);
+    return getNumber(out, name);
 }
 
 bool CPBlock::getDbl(double& out, OdStringView name) const
 {
-    const CPItem* item = first(name, eNum);
-    return item && readNumber(static_cast<const CPNum*>(item)->text(), out);
+    return getNumber(out, name);
 }
 
 bool CPBlock::getBool(bool& out, OdStringView name) const
 {
-    const CPItem* item = first(name, eBool);
-    if (!item)
+    const unsigned at = indexOf(name, eBool);
+    if (at == size())
         return false;
-    out = static_cast<const CPBool*>(item)->value();
+    out = at < m_parsedCount ? m_tree->flag(m_first + at) : static_cast<const CPBool&>(*m_items[at]).value();
     return true;
+}
+
+void CPBlock::makeSlots() const
+{
+    if (m_items.empty())
+        m_items.resize(m_parsedCount);
 }
 
 bool CPBlock::add(const OdSharedPtr<CPItem>& item)
 {
     if (item.isNull())
         return false;
+    makeSlots();
     m_items.push_back(item);
     return true;
 }
 
 unsigned CPBlock::size() const noexcept
 {
-    return static_cast<unsigned>(m_items.size());
+    return m_items.empty() ? m_parsedCount : static_cast<unsigned>(m_items.size());
 }
 
 OdSharedPtr<CPItem> CPBlock::data(unsigned index) const
 {
-    return index < m_items.size() ? m_items[index] : nullptr;
+    if (index >= size())
+        return nullptr;
+    makeSlots();
+    if (m_items[index].isNull())
+        m_items[index] = m_tree->makeItem(m_first + index);
+    return m_items[index];
 }

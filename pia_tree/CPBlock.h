@@ -3,12 +3,21 @@
 #include "pia_tree/CPItem.h"
 
 #include <cstdint>
+#include <memory>
 #include <vector>
+
+namespace pia
+{
+class ParsedTree;
+}
 
 // An item that holds items in insertion order. The root of a file is a block named "".
 //
 // Names are compared exactly. find and the getters take the first child with that name and that kind; a child of
 // another kind before it does not hide it. A getter that returns false leaves its output untouched.
+//
+// The children of a block that was read stay text until they are asked for, so even the const operations are for one
+// thread at a time. Running out of memory throws std::bad_alloc and changes nothing.
 class CPBlock : public CPItem
 {
 public:
@@ -26,11 +35,26 @@ public:
     bool add(const OdSharedPtr<CPItem>& item);
 
     unsigned size() const noexcept;
-    // The i-th child itself, in stored order; null for an index outside the block.
+    // The i-th child itself, in stored order; null for an index outside the block. It outlives the block.
     OdSharedPtr<CPItem> data(unsigned index) const;
 
 private:
-    const CPItem* first(OdStringView name, EType kind) const noexcept;
+    friend class pia::ParsedTree;
+    friend class CPIAParser;
 
-    std::vector<OdSharedPtr<CPItem>> m_items;
+    // Shows count items of a parsed text from the given one on.
+    CPBlock(OdString&& name, std::shared_ptr<const pia::ParsedTree> tree, std::uint32_t first, std::uint32_t count);
+
+    // The position of the first child with that name and kind; size() when there is none.
+    unsigned indexOf(OdStringView name, EType kind) const;
+    void makeSlots() const;
+    template <class Number>
+    bool getNumber(Number& out, OdStringView name) const;
+
+    std::shared_ptr<const pia::ParsedTree> m_tree; // null when nothing was read
+    std::uint32_t m_first = 0;
+    std::uint32_t m_parsedCount = 0;
+    // Empty as long as nobody wanted a parsed item as such. Then one slot per parsed item, null until it is wanted, and
+    // behind these the items that were added.
+    mutable std::vector<OdSharedPtr<CPItem>> m_items;
 };

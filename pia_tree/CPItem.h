@@ -26,6 +26,7 @@ public:
 
 protected:
     CPItem(EType type, OdStringView name) : m_type(type), m_name(name) {}
+    CPItem(EType type, OdString&& name) noexcept : m_type(type), m_name(std::move(name)) {}
 
 private:
     EType m_type;

@@ -8,10 +8,18 @@
 class CPText : public CPItem
 {
 public:
+    // A name and a text to be taken over; a payload is too large to copy it more often than needed.
+    struct Parts
+    {
+        OdString name;
+        OdString text;
+    };
+
     const OdString& text() const noexcept { return m_text; }
 
 protected:
     CPText(EType type, OdStringView name, OdStringView text) : CPItem(type, name), m_text(text) {}
+    CPText(EType type, Parts&& parts) noexcept : CPItem(type, std::move(parts.name)), m_text(std::move(parts.text)) {}
 
 private:
     OdString m_text;
@@ -21,6 +29,7 @@ class CPStr : public CPText
 {
 public:
     CPStr(OdStringView name, OdStringView value) : CPText(eStr, name, value) {}
+    explicit CPStr(Parts&& parts) noexcept : CPText(eStr, std::move(parts)) {}
 };
 
 // Binary payload in text form.
@@ -28,6 +37,7 @@ class CPBin : public CPText
 {
 public:
     CPBin(OdStringView name, OdStringView payload) : CPText(eBin, name, payload) {}
+    explicit CPBin(Parts&& parts) noexcept : CPText(eBin, std::move(parts)) {}
 };
 
 // A number, kept as its text.
@@ -38,6 +48,7 @@ public:
     // precision: digits after the point; -1 writes the shortest text that reads back as the same double.
     CPNum(OdStringView name, double value, int precision);
     CPNum(OdStringView name, OdStringView text) : CPText(eNum, name, text) {}
+    explicit CPNum(Parts&& parts) noexcept : CPText(eNum, std::move(parts)) {}
 };
 
 class CPBool : public CPItem

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <optional>
+#include <string>
 
 namespace pia
 {
@@ -52,6 +53,15 @@ bool isWord(std::string_view text, std::string_view lowerCaseWord) noexcept
 bool startsLikeANumber(std::string_view text) noexcept
 {
     return (text.front() >= '0' && text.front() <= '9') || text.front() == '.';
+}
+
+// A number is plain ASCII; any other unit becomes a byte that no number has.
+std::string bytesOf(OdStringView text)
+{
+    std::string bytes(text.size(), '\0');
+    std::transform(text.begin(), text.end(), bytes.begin(),
+                   [](OdChar c) { return c < 0x80 ? static_cast<char>(c) : '?'; });
+    return bytes;
 }
 
 // True when the digits before the exponent are all zero.
@@ -137,5 +147,15 @@ bool readNumber(std::string_view text, double& out) noexcept
     }
     out = number->negative ? -value : value;
     return true;
+}
+
+bool readNumber(OdStringView text, std::int32_t& out)
+{
+    return readNumber(std::string_view(bytesOf(text)), out);
+}
+
+bool readNumber(OdStringView text, double& out)
+{
+    return readNumber(std::string_view(bytesOf(text)), out);
 }
 } // namespace pia

@@ -18,4 +18,8 @@ OdString numberText(double value, int precision);
 // a double may also be nan or inf in any case. False leaves the output untouched.
 bool readNumber(std::string_view text, std::int32_t& out) noexcept;
 bool readNumber(std::string_view text, double& out) noexcept;
+
+// The same for the text of an item.
+bool readNumber(OdStringView text, std::int32_t& out);
+bool readNumber(OdStringView text, double& out);
 } // namespace pia

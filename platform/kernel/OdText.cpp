@@ -5,8 +5,6 @@
 
 namespace
 {
-constexpr char32_t replacement = 0xFFFD;
-
 void appendUtf8(std::string& out, char32_t c)
 {
     const auto put = [&out](char32_t value) { out.push_back(static_cast<char>(static_cast<unsigned char>(value))); };
@@ -53,32 +51,6 @@ constexpr bool isLowSurrogate(OdChar c)
     return c >= 0xDC00 && c <= 0xDFFF;
 }
 
-// Reads one code point at i and moves i behind what was read; a bad sequence gives U+FFFD and skips one byte.
-char32_t nextCodePoint(std::string_view text, std::size_t& i)
-{
-    const auto byteAt = [text](std::size_t k) { return static_cast<std::uint8_t>(text[k]); };
-    const std::uint8_t lead = byteAt(i++);
-    if (lead < 0x80)
-        return lead;
-
-    const unsigned following = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : 1;
-    if (lead < 0xC2 || lead > 0xF4 || text.size() - i < following)
-        return replacement;
-
-    char32_t c = lead & (0x3FU >> following);
-    for (unsigned k = 0; k < following; ++k)
-    {
-        if ((byteAt(i + k) & 0xC0) != 0x80)
-            return replacement;
-        c = (c << 6) | (byteAt(i + k) & 0x3F);
-    }
-    const bool overlong = (following == 2 && c < 0x800) || (following == 3 && c < 0x10000);
-    const bool surrogate = c >= 0xD800 && c <= 0xDFFF;
-    if (overlong || surrogate || c > 0x10FFFF)
-        return replacement;
-    i += following;
-    return c;
-}
 } // namespace
 
 bool odEqualNoCase(OdStringView a, OdStringView b) noexcept
@@ -124,9 +96,36 @@ std::string odToUtf8(OdStringView text)
             appendUtf8(out, 0x10000 + (high << 10) + low);
         }
         else
-            appendUtf8(out, isHighSurrogate(c) || isLowSurrogate(c) ? replacement : static_cast<char32_t>(c));
+            appendUtf8(out,
+                       isHighSurrogate(c) || isLowSurrogate(c) ? odReplacementCharacter : static_cast<char32_t>(c));
     }
     return out;
+}
+
+char32_t odNextCodePoint(std::string_view text, std::size_t& i) noexcept
+{
+    const auto byteAt = [text](std::size_t k) { return static_cast<std::uint8_t>(text[k]); };
+    const std::uint8_t lead = byteAt(i++);
+    if (lead < 0x80)
+        return lead;
+
+    const unsigned following = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : 1;
+    if (lead < 0xC2 || lead > 0xF4 || text.size() - i < following)
+        return odReplacementCharacter;
+
+    char32_t c = lead & (0x3FU >> following);
+    for (unsigned k = 0; k < following; ++k)
+    {
+        if ((byteAt(i + k) & 0xC0) != 0x80)
+            return odReplacementCharacter;
+        c = (c << 6) | (byteAt(i + k) & 0x3F);
+    }
+    const bool overlong = (following == 2 && c < 0x800) || (following == 3 && c < 0x10000);
+    const bool surrogate = c >= 0xD800 && c <= 0xDFFF;
+    if (overlong || surrogate || c > 0x10FFFF)
+        return odReplacementCharacter;
+    i += following;
+    return c;
 }
 
 std::basic_string<OdChar> odFromUtf8(std::string_view text)
@@ -134,6 +133,6 @@ std::basic_string<OdChar> odFromUtf8(std::string_view text)
     std::basic_string<OdChar> out;
     out.reserve(text.size());
     for (std::size_t i = 0; i < text.size();)
-        appendUtf16(out, nextCodePoint(text, i));
+        appendUtf16(out, odNextCodePoint(text, i));
     return out;
 }

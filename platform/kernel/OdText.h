@@ -34,3 +34,8 @@ inline OdStringView odViewOrEmpty(const OdChar* text) noexcept
 // UTF-16 to UTF-8 and back. What is not valid on the way in becomes U+FFFD; neither throws for bad text.
 std::string odToUtf8(OdStringView text);
 std::basic_string<OdChar> odFromUtf8(std::string_view text);
+
+// Reads one code point of UTF-8 at i, which must be inside the text, and moves i behind it. A bad sequence gives U+FFFD
+// and skips one byte.
+constexpr char32_t odReplacementCharacter = 0xFFFD;
+char32_t odNextCodePoint(std::string_view text, std::size_t& i) noexcept;

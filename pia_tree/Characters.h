@@ -1,0 +1,54 @@
+#pragma once
+
+#include "kernel/OdChar.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+// The characters of a PC3 text. It is written in plain ASCII, with an escape for every other UTF-16 code unit; people
+// who edit one put in whatever their editor saves.
+namespace pia
+{
+// What a raw byte above 0x7E means; one answer for the whole text.
+enum class Charset
+{
+    ascii,       // there is none
+    utf8,        // the whole text is valid UTF-8
+    windows1252, // anything else; its five undefined bytes are the same code
+};
+
+Charset charsetOf(std::string_view text) noexcept;
+
+// An escape is \U+XXXX with four hexadecimal digits of either case and stands for one code unit.
+constexpr std::size_t escapeLength = 7;
+
+constexpr int hexDigit(unsigned c) noexcept
+{
+    if (c >= '0' && c <= '9')
+        return static_cast<int>(c - '0');
+    if (c >= 'A' && c <= 'F')
+        return static_cast<int>(c - 'A' + 10);
+    return c >= 'a' && c <= 'f' ? static_cast<int>(c - 'a' + 10) : -1;
+}
+
+// The code unit of the escape that the text begins with; -1 when it begins with none.
+template <class Unit>
+constexpr int escapeAtFront(std::basic_string_view<Unit> text) noexcept
+{
+    if (text.size() < escapeLength || text[0] != '\\' || text[1] != 'U' || text[2] != '+')
+        return -1;
+    int value = 0;
+    for (std::size_t i = 3; i < escapeLength; ++i)
+    {
+        const int digit = hexDigit(static_cast<unsigned>(text[i]));
+        if (digit < 0)
+            return -1;
+        value = value * 16 + digit;
+    }
+    return value;
+}
+
+// A raw name or value as the text it means.
+std::basic_string<OdChar> decoded(std::string_view raw, Charset charset);
+} // namespace pia

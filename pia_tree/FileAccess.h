@@ -1,0 +1,24 @@
+#pragma once
+
+#include "kernel/OdChar.h"
+#include "pia_tree/ByteBuffer.h"
+
+#include <string_view>
+
+// The two things a configuration needs of the disk. Each platform has its own FileAccess.cpp.
+//
+// Both answer null after success, otherwise the reason in plain English. A null or empty path is refused. What they
+// throw is std::bad_alloc, and then the disk is as it was.
+namespace pia
+{
+// Reads a whole file, at most as large as a configuration may be. Folders, devices and pipes are refused without
+// waiting for them.
+const char* readFile(const OdChar* path, ByteBuffer& bytes);
+
+// Replaces the content of a file, or makes it, in one step: the bytes go into a temporary file beside it, are flushed
+// to the disk, and then take its place. On any failure the old file is intact and the temporary one is gone.
+//
+// A symbolic link is followed, a read-only file is refused, the file's permissions are kept where the platform lets
+// us. Temporary files that killed processes left in the folder are removed first.
+const char* replaceFile(const OdChar* path, std::string_view bytes);
+} // namespace pia

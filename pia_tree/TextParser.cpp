@@ -1,0 +1,230 @@
+// The grammar of a PC3 text: one item, one block start or one block end per line.
+
+#include "pia_tree/Limits.h"
+#include "pia_tree/ParsedTree.h"
+#include "pia_tree/Signature.h"
+
+#include <array>
+#include <cstring>
+
+namespace pia
+{
+namespace
+{
+// What a byte does to a name.
+enum class InName : unsigned char
+{
+    plain,
+    encoded,   // may stand for something else than itself
+    divider,   // =
+    forbidden, // a raw brace or quote
+    lineEnd,
+};
+
+constexpr auto inName = []
+{
+    std::array<InName, 256> table{};
+    for (std::size_t c = 0x80; c < table.size(); ++c)
+        table[c] = InName::encoded;
+    table['\\'] = InName::encoded;
+    table['='] = InName::divider;
+    table['{'] = table['}'] = table['"'] = InName::forbidden;
+    table['\n'] = InName::lineEnd;
+    return table;
+}();
+
+InName classOf(char c) noexcept
+{
+    return inName[static_cast<unsigned char>(c)];
+}
+
+std::string_view between(const char* first, const char* last) noexcept
+{
+    return {first, static_cast<std::size_t>(last - first)};
+}
+
+std::string_view withoutTrailingBlanks(std::string_view text) noexcept
+{
+    while (text.ends_with(' '))
+        text.remove_suffix(1);
+    return text;
+}
+} // namespace
+
+class TextParser
+{
+public:
+    TextParser(ParsedTree& tree, TextFailure& failure) : m_tree(tree), m_failure(failure)
+    {
+        m_text = tree.m_text.data();
+        m_end = m_text + tree.m_text.size();
+        // Every line has an end, the last one too.
+        tree.m_text.data()[tree.m_text.size()] = '\n';
+    }
+
+    bool run()
+    {
+        // Enough for a usual configuration, so that most are read without growing.
+        constexpr std::size_t usualItems = 256;
+        m_tree.m_records.reserve(usualItems);
+        m_open.reserve(usualItems);
+
+        for (const char* line = m_text; line < m_end;)
+        {
+            ++m_failure.line;
+            line = readLine(line);
+            if (!line)
+                return false;
+        }
+        if (m_depth > 0)
+            return fail("a block is not closed");
+        m_tree.m_root = closeRange(0);
+        m_failure.line = 0;
+        return true;
+    }
+
+private:
+    using Record = ParsedTree::Record;
+
+    bool fail(const char* reason) noexcept
+    {
+        m_failure.reason = reason;
+        return false;
+    }
+
+    // Answers the start of the next line; null after a failure.
+    const char* readLine(const char* line)
+    {
+        const char* name = line;
+        while (*name == ' ' || *name == '\t')
+            ++name;
+
+        bool isEncoded = false;
+        const char* at = name;
+        for (;; ++at)
+        {
+            const InName what = classOf(*at);
+            if (what == InName::encoded)
+                isEncoded = true;
+            else if (what != InName::plain)
+                break;
+        }
+
+        const char* lineEnd = static_cast<const char*>(std::memchr(at, '\n', static_cast<std::size_t>(m_end - at) + 1));
+        const char* contentEnd = lineEnd;
+        // The sentinel is no line end that a CR could belong to.
+        if (lineEnd != m_end && lineEnd > name && lineEnd[-1] == '\r')
+            --contentEnd;
+
+        if (static_cast<std::size_t>(contentEnd - line) > maxLineBytes)
+            return fail("a line is too long"), nullptr;
+        const bool done = *at == '=' ? addValue(between(name, at), isEncoded, between(at + 1, contentEnd))
+                                     : readBraces(between(name, contentEnd), isEncoded);
+        return done ? lineEnd + 1 : nullptr;
+    }
+
+    // A line whose first divider, if there is any, comes behind something that no name has.
+    bool readBraces(std::string_view line, bool isEncoded)
+    {
+        line = withoutTrailingBlanks(line);
+        if (line.empty())
+            return true;
+        if (line == "}")
+            return closeBlock();
+        if (line.ends_with('{'))
+        {
+            line.remove_suffix(1);
+            if (line.find_first_of("={}\"") == line.npos)
+                return openBlock(withoutTrailingBlanks(line), isEncoded);
+        }
+        return fail("a line is neither an item nor the start or the end of a block");
+    }
+
+    bool addValue(std::string_view name, bool isEncoded, std::string_view value)
+    {
+        CPItem::EType kind = CPItem::eNum;
+        if (value.starts_with('"') || value.starts_with('#'))
+        {
+            kind = value.front() == '#' ? CPItem::eBin : CPItem::eStr;
+            value.remove_prefix(1);
+        }
+        else if (value == "TRUE" || value == "FALSE")
+        {
+            kind = CPItem::eBool;
+            value = value == "TRUE" ? value : value.substr(0, 0);
+        }
+        return addRecord(withoutTrailingBlanks(name), isEncoded, kind, value);
+    }
+
+    bool addRecord(std::string_view name, bool isEncoded, CPItem::EType kind, std::string_view value)
+    {
+        if (m_items == maxItems)
+            return fail("there are too many items");
+        ++m_items;
+        const std::uint32_t digest =
+            isEncoded ? signature(OdStringView(decoded(name, m_tree.m_charset)), kind) : signature(name, kind);
+        m_open.push_back(Record{digest, static_cast<std::uint32_t>(name.data() - m_text),
+                                static_cast<std::uint32_t>(name.size()),
+                                static_cast<std::uint32_t>(value.data() - m_text),
+                                static_cast<std::uint32_t>(value.size()), kind, isEncoded});
+        return true;
+    }
+
+    bool openBlock(std::string_view name, bool isEncoded)
+    {
+        if (m_depth == maxNesting)
+            return fail("the blocks are nested too deeply");
+        if (!addRecord(name, isEncoded, CPItem::eBlock, name))
+            return false;
+        m_firstChild[m_depth++] = m_open.size();
+        return true;
+    }
+
+    bool closeBlock()
+    {
+        if (m_depth == 0)
+            return fail("there is no block to close");
+        const auto range = closeRange(m_firstChild[--m_depth]);
+        m_open.back().value = range.first;
+        m_open.back().valueLength = range.count;
+        return true;
+    }
+
+    // Moves the children of the innermost block, which is complete, to where they stay: one after the other.
+    ParsedTree::Range closeRange(std::size_t firstChild)
+    {
+        auto& records = m_tree.m_records;
+        const ParsedTree::Range range{static_cast<std::uint32_t>(records.size()),
+                                      static_cast<std::uint32_t>(m_open.size() - firstChild)};
+        const auto children = m_open.begin() + static_cast<std::ptrdiff_t>(firstChild);
+        records.insert(records.end(), children, m_open.end());
+        m_open.erase(children, m_open.end());
+        return range;
+    }
+
+    ParsedTree& m_tree;
+    TextFailure& m_failure;
+    const char* m_text;
+    const char* m_end;
+    std::size_t m_items = 0;
+    unsigned m_depth = 0;
+    std::array<std::size_t, maxNesting> m_firstChild;
+    std::vector<Record> m_open; // the items of the blocks that are not closed yet
+};
+
+std::shared_ptr<const ParsedTree> ParsedTree::parse(ByteBuffer text, TextFailure& failure)
+{
+    failure = {};
+    if (text.size() > maxTextBytes)
+    {
+        failure.reason = "the text is too large";
+        return nullptr;
+    }
+    const auto tree = std::make_shared<ParsedTree>();
+    // An empty text may come without memory; the sentinel needs some.
+    text.reserve(1);
+    tree->m_text = std::move(text);
+    tree->m_charset = charsetOf(tree->m_text.view());
+    return TextParser(*tree, failure).run() ? tree : nullptr;
+}
+} // namespace pia

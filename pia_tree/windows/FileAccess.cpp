@@ -1,0 +1,328 @@
+#include "pia_tree/FileAccess.h"
+
+#include "pia_tree/Limits.h"
+#include "pia_tree/TempName.h"
+
+#include <windows.h>
+
+#include <string>
+#include <utility>
+
+namespace pia
+{
+namespace
+{
+constexpr auto cannotWrite = "the file cannot be written";
+constexpr auto notAFile = "that is a folder or a device, not a file";
+
+class File
+{
+public:
+    explicit File(HANDLE handle) : m_handle(handle) {}
+    File(const File&) = delete;
+    File& operator=(const File&) = delete;
+    ~File() { close(); }
+
+    explicit operator bool() const noexcept { return m_handle != INVALID_HANDLE_VALUE; }
+    HANDLE get() const noexcept { return m_handle; }
+
+    bool close() noexcept
+    {
+        const HANDLE handle = std::exchange(m_handle, INVALID_HANDLE_VALUE);
+        return handle == INVALID_HANDLE_VALUE || ::CloseHandle(handle);
+    }
+
+private:
+    HANDLE m_handle;
+};
+
+const char* reasonOf(DWORD error, const char* otherwise) noexcept
+{
+    switch (error)
+    {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_INVALID_DRIVE:
+    case ERROR_BAD_NETPATH:
+        return "the file or its folder does not exist";
+    case ERROR_ACCESS_DENIED:
+    case ERROR_WRITE_PROTECT:
+        return "the file or its folder is protected";
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION:
+    case ERROR_USER_MAPPED_FILE:
+        return "another program is using the file";
+    case ERROR_INVALID_NAME:
+        return "no file has that name";
+    case ERROR_FILENAME_EXCED_RANGE:
+        return "the name of the file is too long";
+    case ERROR_DISK_FULL:
+    case ERROR_HANDLE_DISK_FULL:
+        return "there is not enough room on the disk";
+    default:
+        return otherwise;
+    }
+}
+
+// Runs a query that is given a buffer and its size and answers the length of the text, or the size it wants with its
+// terminator, or 0. Empty when it fails.
+template <class Query>
+std::wstring queryText(Query query)
+{
+    std::wstring text(MAX_PATH, L'\0');
+    for (;;)
+    {
+        const DWORD length = query(text.data(), static_cast<DWORD>(text.size()));
+        if (length < text.size())
+        {
+            text.resize(length);
+            return text;
+        }
+        text.resize(length + std::size_t{1});
+    }
+}
+
+// The absolute form of a path that may be longer than the classic limit.
+std::wstring absolutePath(const wchar_t* path)
+{
+    std::wstring full =
+        queryText([path](wchar_t* out, DWORD size) { return ::GetFullPathNameW(path, size, out, nullptr); });
+    const std::wstring_view extended(LR"(\\?\)");
+    if (full.empty() || full.starts_with(extended) || full.starts_with(LR"(\\.\)"))
+        return full;
+    if (full.starts_with(LR"(\\)"))
+        return std::wstring(LR"(\\?\UNC\)").append(full, 2);
+    return full.insert(0, extended);
+}
+
+// Where an open file really is, with all links followed; such a path is absolute in the sense above.
+std::wstring finalPath(const File& file)
+{
+    return queryText([&file](wchar_t* out, DWORD size)
+                     { return ::GetFinalPathNameByHandleW(file.get(), out, size, FILE_NAME_NORMALIZED); });
+}
+
+// For questions about a file or a folder; disturbs nobody who has it open.
+HANDLE openForQuestions(const std::wstring& path) noexcept
+{
+    return ::CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                         nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+}
+
+std::size_t nameStart(const std::wstring& path) noexcept
+{
+    const auto slash = path.find_last_of(L"\\/");
+    return slash == path.npos ? 0 : slash + 1;
+}
+
+struct Target
+{
+    std::wstring path; // links followed
+    bool exists = false;
+
+    std::wstring folder() const { return path.substr(0, nameStart(path)); }
+};
+
+// What a write goes to, or the reason why it must not.
+const char* findTarget(const wchar_t* path, Target& target)
+{
+    target.path = absolutePath(path);
+    if (target.path.empty())
+        return "no file has that name";
+
+    const File file(openForQuestions(target.path));
+    const DWORD error = ::GetLastError();
+    target.exists = static_cast<bool>(file);
+    if (target.exists)
+    {
+        BY_HANDLE_FILE_INFORMATION information = {};
+        if (::GetFileType(file.get()) != FILE_TYPE_DISK || !::GetFileInformationByHandle(file.get(), &information) ||
+            (information.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY))
+            return notAFile;
+        if (information.dwFileAttributes & FILE_ATTRIBUTE_READONLY)
+            return "the file is read-only";
+        target.path = finalPath(file);
+        return target.path.empty() ? cannotWrite : nullptr;
+    }
+
+    if (error != ERROR_FILE_NOT_FOUND)
+        return reasonOf(error, cannotWrite);
+    // A link that leads nowhere is there although no file is; it would be replaced by a file.
+    if (::GetFileAttributesW(target.path.c_str()) != INVALID_FILE_ATTRIBUTES)
+        return "the link leads to no file";
+    const auto start = nameStart(target.path);
+    if (start == target.path.size())
+        return notAFile;
+    const File folder(openForQuestions(target.folder()));
+    if (!folder)
+        return reasonOf(::GetLastError(), cannotWrite);
+    std::wstring folderPath = finalPath(folder);
+    if (folderPath.empty())
+        return cannotWrite;
+    if (!folderPath.ends_with(L'\\'))
+        folderPath += L'\\';
+    target.path = folderPath.append(target.path, start);
+    return nullptr;
+}
+
+bool isGone(DWORD process) noexcept
+{
+    const HANDLE handle = ::OpenProcess(SYNCHRONIZE, FALSE, process);
+    if (!handle)
+        return ::GetLastError() == ERROR_INVALID_PARAMETER;
+    // Somebody may still hold a handle of a process that has ended.
+    const bool ended = ::WaitForSingleObject(handle, 0) == WAIT_OBJECT_0;
+    ::CloseHandle(handle);
+    return ended;
+}
+
+void removeStaleFiles(const std::wstring& folder)
+{
+    const std::wstring pattern = folder + std::wstring(tempNameStart.begin(), tempNameStart.end()) + L'*' +
+                                 std::wstring(tempNameEnd.begin(), tempNameEnd.end());
+    WIN32_FIND_DATAW entry = {};
+    const HANDLE search = ::FindFirstFileW(pattern.c_str(), &entry);
+    if (search == INVALID_HANDLE_VALUE)
+        return;
+    do
+    {
+        char name[MAX_PATH] = {};
+        for (std::size_t i = 0; i + 1 < MAX_PATH && entry.cFileName[i]; ++i)
+            name[i] = entry.cFileName[i] < 0x80 ? static_cast<char>(entry.cFileName[i]) : '?';
+        if (const auto process = processOfTempName(name); process && isGone(*process))
+            ::DeleteFileW((folder + entry.cFileName).c_str());
+    } while (::FindNextFileW(search, &entry));
+    ::FindClose(search);
+}
+
+// A new file beside its target, removed again unless it took the target's place.
+class TempFile
+{
+public:
+    explicit TempFile(const std::wstring& folder) : m_file(create(folder, m_path)) {}
+    TempFile(const TempFile&) = delete;
+    TempFile& operator=(const TempFile&) = delete;
+    ~TempFile()
+    {
+        m_file.close();
+        if (!m_path.empty())
+            ::DeleteFileW(m_path.c_str());
+    }
+
+    File& file() noexcept { return m_file; }
+
+    bool takePlaceOf(const Target& target) noexcept
+    {
+        const wchar_t* path = target.path.c_str();
+        // Keeps the target's permissions, as far as they can be had.
+        bool done = target.exists &&
+                    ::ReplaceFileW(path, m_path.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr);
+        // There is no target, or the exchange failed halfway and took it away: then ours is the only copy.
+        if (!done && (!target.exists || isMissing(path)))
+        {
+            done = ::MoveFileExW(m_path.c_str(), path, MOVEFILE_WRITE_THROUGH);
+            if (!done && target.exists)
+                m_path.clear();
+        }
+        if (done)
+            m_path.clear();
+        return done;
+    }
+
+private:
+    static bool isMissing(const wchar_t* path) noexcept
+    {
+        const DWORD before = ::GetLastError();
+        const bool missing =
+            ::GetFileAttributesW(path) == INVALID_FILE_ATTRIBUTES && ::GetLastError() == ERROR_FILE_NOT_FOUND;
+        ::SetLastError(before);
+        return missing;
+    }
+
+    // Nobody else may open or delete it before it is complete.
+    static HANDLE create(const std::wstring& folder, std::wstring& path)
+    {
+        for (;;)
+        {
+            const std::string name = nextTempName(::GetCurrentProcessId());
+            path = folder;
+            path.append(name.begin(), name.end());
+            const HANDLE file =
+                ::CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+            // A name is taken when a killed process had our number.
+            if (file == INVALID_HANDLE_VALUE && ::GetLastError() == ERROR_FILE_EXISTS)
+                continue;
+            if (file == INVALID_HANDLE_VALUE)
+                path.clear();
+            return file;
+        }
+    }
+
+    std::wstring m_path;
+    File m_file;
+};
+
+bool writeAll(HANDLE file, std::string_view bytes) noexcept
+{
+    while (!bytes.empty())
+    {
+        DWORD written = 0;
+        // At most 64 MiB, so the size fits.
+        if (!::WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) || written == 0)
+            return false;
+        bytes.remove_prefix(written);
+    }
+    return true;
+}
+} // namespace
+
+const char* readFile(const OdChar* path, ByteBuffer& bytes)
+{
+    const std::wstring name = path && *path ? absolutePath(path) : std::wstring();
+    if (name.empty())
+        return "no file has that name";
+    const File file(::CreateFileW(name.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                  nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+    if (!file)
+        return reasonOf(::GetLastError(), "the file cannot be opened");
+    LARGE_INTEGER size = {};
+    if (::GetFileType(file.get()) != FILE_TYPE_DISK || !::GetFileSizeEx(file.get(), &size))
+        return notAFile;
+    if (static_cast<std::uint64_t>(size.QuadPart) > maxFileBytes)
+        return "the file is too large";
+
+    // One byte more than there should be, to see the end of the file.
+    bytes = ByteBuffer(static_cast<std::size_t>(size.QuadPart) + 1);
+    for (;;)
+    {
+        DWORD got = 0;
+        if (!::ReadFile(file.get(), bytes.data() + bytes.size(), static_cast<DWORD>(bytes.capacity() - bytes.size()),
+                        &got, nullptr))
+            return "the file cannot be read";
+        if (got == 0)
+            return nullptr;
+        bytes.setSize(bytes.size() + got);
+        if (bytes.size() > maxFileBytes)
+            return "the file is too large";
+        if (bytes.size() == bytes.capacity())
+            bytes.reserveMore(1); // it is growing while we read
+    }
+}
+
+const char* replaceFile(const OdChar* path, std::string_view bytes)
+{
+    if (!path || !*path)
+        return "no file has that name";
+    Target target;
+    if (const char* reason = findTarget(path, target))
+        return reason;
+    const std::wstring folder = target.folder();
+    removeStaleFiles(folder);
+
+    TempFile temp(folder);
+    if (!temp.file() || !writeAll(temp.file().get(), bytes) || !::FlushFileBuffers(temp.file().get()) ||
+        !temp.file().close() || !temp.takePlaceOf(target))
+        return reasonOf(::GetLastError(), cannotWrite);
+    return nullptr;
+}
+} // namespace pia

@@ -1,0 +1,227 @@
+// What was read, written and read again is equal; whatever the bytes are, nothing crashes.
+
+#include "TreeTools.h"
+#include "pia_tree/CPIAOutput.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace
+{
+std::string bytesOf(const CPBlock& root, pia::Form form)
+{
+    std::string file;
+    CPIAOutput output;
+    EXPECT_TRUE(output.writeToMemory(root, file, form)) << output.reason();
+    return file;
+}
+
+void expectRoundTrip(const CPBlock& root)
+{
+    const std::string expected = describe(root);
+    for (const pia::Form form : {pia::Form::compressed, pia::Form::plain})
+    {
+        const std::string file = bytesOf(root, form);
+        ASSERT_EQ(describeFile(file), expected);
+        CPIAParser parser;
+        ASSERT_TRUE(parser.parse(file));
+        ASSERT_EQ(bytesOf(*parser.root(), form), file);
+    }
+}
+
+// The invariant of every reader: any bytes are refused, or read, and then what is written from them reads back equal.
+void expectReadOrRefused(std::string_view bytes)
+{
+    // At the very end of its memory, so that a read beyond it is caught.
+    const auto exact = std::make_unique_for_overwrite<char[]>(bytes.size());
+    bytes.copy(exact.get(), bytes.size());
+    CPIAParser parser;
+    if (parser.parse({exact.get(), bytes.size()}))
+        expectRoundTrip(*parser.root());
+    else
+        EXPECT_EQ(parser.root(), nullptr);
+}
+
+class Generator
+{
+public:
+    explicit Generator(unsigned seed) : m_random(seed) {}
+
+    void fill(CPBlock& block, int depth)
+    {
+        const unsigned count = below(8);
+        for (unsigned i = 0; i < count; ++i)
+            addChild(block, depth);
+    }
+
+private:
+    unsigned below(unsigned limit) { return static_cast<unsigned>(m_random() % limit); }
+
+    OdString text()
+    {
+        // What the grammar, the escapes and the charset care about comes up often.
+        static constexpr OdChar often[] = {'\\', 'U',  '+',  '0',  '1',  'a',    'F',    ' ',    ' ',    '=',
+                                           '{',  '}',  '"',  '#',  '\n', '\r',   '\t',   0,      'T',    'R',
+                                           'E',  0x7E, 0x7F, 0x80, 0xE4, 0xD800, 0xDC00, 0xFFFF, 0x20AC, 0xFEFF};
+        OdString result;
+        const unsigned length = below(12);
+        for (unsigned i = 0; i < length; ++i)
+            result +=
+                below(10) ? often[below(static_cast<unsigned>(std::size(often)))] : static_cast<OdChar>(below(0x10000));
+        const OdChar* words[] = {OD_T("TRUE"), OD_T("FALSE"), OD_T("\\U+0041"), OD_T("\\U+005C"), OD_T("")};
+        return below(6) ? result : OdString(words[below(5)]);
+    }
+
+    void addChild(CPBlock& block, int depth)
+    {
+        switch (below(depth > 0 ? 7 : 5))
+        {
+        case 0:
+            return addTo<CPStr>(block, text(), text());
+        case 1:
+            return addTo<CPBin>(block, text(), text());
+        case 2:
+            return addTo<CPNum>(block, text(), OdStringView(text()));
+        case 3:
+            return addTo<CPBool>(block, text(), below(2) == 0);
+        case 4:
+            return addTo<CPNum>(block, text(), static_cast<double>(m_random()) / 1024.0, below(2) ? 1 : -1);
+        default:
+            const OdSharedPtr<CPItem> child(new CPBlock(text()));
+            fill(static_cast<CPBlock&>(*child), depth - 1);
+            block.add(child);
+        }
+    }
+
+    std::mt19937 m_random;
+};
+
+// A file that has every construct of the format.
+constexpr std::string_view everything = "meta{\n"
+                                        " name=\"A4 \\U+00E4\\ \\U+005CU+0041\\U+0020\n"
+                                        " empty=\"\n"
+                                        " count=12\n"
+                                        " size=1.5e+300\n"
+                                        " odd=\\U+0054RUE\n"
+                                        " yes=TRUE\n"
+                                        " no=FALSE\n"
+                                        " \\U+0020x\\U+003D=#00FF\n"
+                                        " inner{\n"
+                                        "  {\n"
+                                        "  }\n"
+                                        " }\n"
+                                        "}\n"
+                                        "=\n";
+} // namespace
+
+TEST(RoundTrip, generatedTrees)
+{
+    for (unsigned seed = 1; seed <= 400; ++seed)
+    {
+        CPBlock root(OD_T(""));
+        Generator(seed).fill(root, 4);
+        SCOPED_TRACE(seed);
+        expectRoundTrip(root);
+        if (HasFatalFailure())
+            return;
+    }
+}
+
+TEST(RoundTrip, everyCodeUnit)
+{
+    OdString all;
+    for (unsigned c = 0; c <= 0xFFFF; ++c)
+        all += static_cast<OdChar>(c);
+    CPBlock root(OD_T(""));
+    addTo<CPStr>(root, all, all);
+    addTo<CPBin>(root, OD_T("bin"), all);
+    addTo<CPNum>(root, OD_T("num"), all.view());
+    // Alone, each is at both ends at once.
+    for (unsigned c = 0; c <= 0xFFFF; c += c < 0x200 ? 1 : 0x101)
+    {
+        const OdChar unit = static_cast<OdChar>(c);
+        const OdStringView text(&unit, 1);
+        addTo<CPStr>(root, text, text);
+        addTo<CPNum>(root, text, text);
+        addTo<CPBlock>(root, text);
+    }
+    expectRoundTrip(root);
+}
+
+TEST(RoundTrip, anEmptyRoot)
+{
+    expectRoundTrip(CPBlock(OD_T("")));
+}
+
+TEST(RoundTrip, anIntegerReadsBackAsADouble)
+{
+    CPBlock root(OD_T(""));
+    addTo<CPNum>(root, OD_T("x"), 600);
+    CPIAParser parser;
+    ASSERT_TRUE(parser.parse(bytesOf(root, pia::Form::compressed)));
+    double value = 0.0;
+    EXPECT_TRUE(parser.root()->getDbl(value, OD_T("x")));
+    EXPECT_EQ(value, 600.0);
+}
+
+TEST(RoundTrip, aTreeThatWasReadCanBeChangedAndWritten)
+{
+    CPIAParser parser;
+    ASSERT_TRUE(parser.parse(plainFile("a=1\nb{\n}\n")));
+    const auto block = parser.root()->data(1);
+    addTo<CPStr>(static_cast<CPBlock&>(*block), OD_T("c"), OD_T("new"));
+    EXPECT_EQ(bytesOf(*parser.root(), pia::Form::plain), plainFile("a=1\nb{\n c=\"new\n}\n"));
+}
+
+TEST(HostileBytes, everyPrefixIsReadOrRefused)
+{
+    const std::string plain = plainFile(everything);
+    ASSERT_EQ(describeFile(plain).find("refused"), std::string::npos);
+    for (std::size_t length = 0; length <= plain.size(); ++length)
+    {
+        SCOPED_TRACE(length);
+        expectReadOrRefused(std::string_view(plain).substr(0, length));
+    }
+    const std::string compressed = compressedFile(everything);
+    for (std::size_t length = 0; length <= compressed.size(); ++length)
+    {
+        SCOPED_TRACE(length);
+        expectReadOrRefused(std::string_view(compressed).substr(0, length));
+    }
+}
+
+TEST(HostileBytes, mutatedFilesAreReadOrRefused)
+{
+    std::mt19937 random(99);
+    for (const std::string& sound : {plainFile(everything), compressedFile(everything)})
+        for (int i = 0; i < 3000; ++i)
+        {
+            std::string file = sound;
+            for (unsigned changes = 1 + static_cast<unsigned>(random() % 3); changes > 0; --changes)
+            {
+                const std::size_t at = random() % file.size();
+                constexpr std::string_view telling = "\n\r={}\"#\\ \t\xC3\xE4\xFF";
+                switch (random() % 4)
+                {
+                case 0:
+                    file[at] = static_cast<char>(static_cast<unsigned char>(random()));
+                    break;
+                case 1:
+                    file[at] = telling[random() % telling.size()];
+                    break;
+                case 2:
+                    file.erase(at, 1 + random() % 5);
+                    break;
+                default:
+                    file.insert(at, 1, telling[random() % telling.size()]);
+                }
+                if (file.empty())
+                    break;
+            }
+            SCOPED_TRACE(i);
+            expectReadOrRefused(file);
+            if (HasFatalFailure())
+                return;
+        }
+}
