@@ -67,13 +67,14 @@ const Names other = {OD_T("OTHER"), OD_T("_OTHER"), OD_T("ANDERES")};
 class CommandStack : public testing::Test
 {
 protected:
+    // Outlives the stack, whose last commands go with the test object.
+    int living = 0;
     OdEdCommandStackPtr stack = odedNewCommandStack();
 };
 } // namespace
 
 TEST_F(CommandStack, keepsAReferenceOfItsOwn)
 {
-    int living = 0;
     EXPECT_TRUE(stack->addCommand(makeCommand(edit, {}, &living).get()));
     EXPECT_EQ(living, 1);
     EXPECT_EQ(stack->lookupGlobal(OD_T("_EDIT"))->refCount(), 2) << "the stack's and the one looked up";
@@ -86,7 +87,6 @@ TEST_F(CommandStack, keepsTheFirstOfAGlobalNameWithoutRegardToCase)
     const auto first = makeCommand(edit);
     EXPECT_TRUE(stack->addCommand(first.get()));
 
-    int living = 0;
     EXPECT_FALSE(stack->addCommand(makeCommand({OD_T("X"), OD_T("_edit"), OD_T("X")}, {}, &living).get()));
     EXPECT_EQ(living, 0) << "the second one is not held";
     EXPECT_EQ(stack->lookup(OD_T("_EDIT")).get(), first.get());
@@ -164,7 +164,6 @@ TEST_F(CommandStack, listsInTheOrderOfAdding)
 
 TEST_F(CommandStack, removingAGroupTakesAllItsCommandsAndNoOther)
 {
-    int living = 0;
     stack->addCommand(makeCommand(edit, {}, &living).get());
     stack->addCommand(makeCommand(other, {}, &living).get());
     stack->addCommand(makeCommand(view, {}, &living).get());
@@ -218,7 +217,6 @@ TEST_F(CommandStack, whatACommandThrowsGetsOut)
 
 TEST_F(CommandStack, aCommandThatRemovesItsOwnGroupGoesWhenItHasEnded)
 {
-    int living = 0;
     int livingInside = -1;
     const auto work = [&](OdEdCommandContext*)
     {
