@@ -1,0 +1,6 @@
+__declspec(dllimport) int missingAnswer();
+
+extern "C" __declspec(dllexport) int dependentAnswer()
+{
+    return missingAnswer();
+}

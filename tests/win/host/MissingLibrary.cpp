@@ -1,0 +1,6 @@
+__declspec(dllexport) int missingAnswer();
+
+int missingAnswer()
+{
+    return 42;
+}
