@@ -60,7 +60,7 @@ extern "C" HDC WINAPI CreateDCW(LPCWSTR driver, LPCWSTR device, LPCWSTR, const D
     if (found->contextIs)
         return reinterpret_cast<HDC>(*found->contextIs);
     const HDC dc = reinterpret_cast<HDC>(s.newHandle());
-    s.contexts.emplace(dc, OpenContext{found->name, found->caps});
+    s.contexts.emplace(dc, OpenedContext{found->name, found->caps});
     return dc;
 }
 
@@ -76,7 +76,7 @@ extern "C" int WINAPI GetDeviceCaps(HDC dc, int index)
 extern "C" BOOL WINAPI DeleteDC(HDC dc)
 {
     // As for ClosePrinter: deleted whatever comes of the call.
-    OpenContext closed;
+    OpenedContext closed;
     bool wasOpen = false;
     {
         const std::lock_guard lock(state().mutex);

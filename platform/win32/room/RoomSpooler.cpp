@@ -102,7 +102,7 @@ extern "C" BOOL WINAPI OpenPrinterW(LPWSTR name, LPHANDLE printer, LPPRINTER_DEF
         return TRUE;
     }
     const HANDLE handle = reinterpret_cast<HANDLE>(s.newHandle());
-    s.printers.emplace(handle, OpenPrinter{given, found});
+    s.printers.emplace(handle, OpenedPrinter{given, found});
     *printer = handle;
     return TRUE;
 }
@@ -110,7 +110,7 @@ extern "C" BOOL WINAPI OpenPrinterW(LPWSTR name, LPHANDLE printer, LPPRINTER_DEF
 extern "C" BOOL WINAPI ClosePrinter(HANDLE printer)
 {
     // Whatever comes of the call, the handle is closed: an error or an exception is no reason to try again.
-    OpenPrinter closed;
+    OpenedPrinter closed;
     bool wasOpen = false;
     {
         const std::lock_guard lock(state().mutex);

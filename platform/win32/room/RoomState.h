@@ -19,13 +19,13 @@ struct Hooked
     Hook hook;
 };
 
-struct OpenPrinter
+struct OpenedPrinter
 {
     Text name;
     Printer* printer = nullptr; // may be gone: see isPresent
 };
 
-struct OpenContext
+struct OpenedContext
 {
     Text name;
     DeviceCaps caps;
@@ -38,8 +38,8 @@ struct State
 
     std::list<Printer> present;
     std::list<Printer> gone; // kept so that references to them stay valid
-    std::map<HANDLE, OpenPrinter> printers;
-    std::map<HDC, OpenContext> contexts;
+    std::map<HANDLE, OpenedPrinter> printers;
+    std::map<HDC, OpenedContext> contexts;
     std::uintptr_t lastHandle = 0x10000;
     int strayCloses = 0;
 
