@@ -22,7 +22,7 @@ inline std::string nextTempName(std::uint32_t process)
            std::string(tempNameEnd);
 }
 
-// The process that made such a file; nothing for any other name.
+// The process that made such a file; nothing for any other name. No process has the number 0.
 inline std::optional<std::uint32_t> processOfTempName(std::string_view name) noexcept
 {
     if (!name.starts_with(tempNameStart) || !name.ends_with(tempNameEnd))
@@ -36,6 +36,8 @@ inline std::optional<std::uint32_t> processOfTempName(std::string_view name) noe
     if (middle.ec != std::errc() || middle.ptr == last || *middle.ptr != '_')
         return std::nullopt;
     const auto end = std::from_chars(middle.ptr + 1, last, number);
-    return end.ec == std::errc() && end.ptr == last ? std::optional(process) : std::nullopt;
+    if (end.ec != std::errc() || end.ptr != last || process == 0)
+        return std::nullopt;
+    return process;
 }
 } // namespace pia

@@ -112,8 +112,8 @@ bool writeAll(int file, std::string_view bytes) noexcept
 
 bool isGone(std::uint32_t process) noexcept
 {
-    // Zero and what does not fit would name whole groups of processes.
-    if (process == 0 || process > INT_MAX)
+    // What does not fit would name a whole group of processes.
+    if (process > INT_MAX)
         return false;
     return ::kill(static_cast<pid_t>(process), 0) != 0 && errno == ESRCH;
 }

@@ -95,18 +95,23 @@ std::wstring absolutePath(const wchar_t* path)
     return full.insert(0, extended);
 }
 
-// Where an open file really is, with all links followed; such a path is absolute in the sense above.
-std::wstring finalPath(const File& file)
+// Where an open file or folder really is, with all links followed; such a path is absolute in the sense above. Some
+// file systems cannot tell, nor can Wine for long paths: then the path it was opened by, if that is no link itself.
+std::wstring finalPath(const File& file, const std::wstring& path)
 {
-    return queryText([&file](wchar_t* out, DWORD size)
-                     { return ::GetFinalPathNameByHandleW(file.get(), out, size, FILE_NAME_NORMALIZED); });
+    std::wstring final =
+        queryText([&file](wchar_t* out, DWORD size)
+                  { return ::GetFinalPathNameByHandleW(file.get(), out, size, FILE_NAME_NORMALIZED); });
+    if (!final.empty() || (::GetFileAttributesW(path.c_str()) & FILE_ATTRIBUTE_REPARSE_POINT))
+        return final;
+    return path;
 }
 
-// For questions about a file or a folder; disturbs nobody who has it open.
-HANDLE openForQuestions(const std::wstring& path) noexcept
+// Opens a file or a folder that is there; disturbs nobody else who has it open.
+HANDLE open(const std::wstring& path, DWORD access) noexcept
 {
-    return ::CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                         nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    return ::CreateFileW(path.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                         OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
 }
 
 std::size_t nameStart(const std::wstring& path) noexcept
@@ -130,7 +135,7 @@ const char* findTarget(const wchar_t* path, Target& target)
     if (target.path.empty())
         return "no file has that name";
 
-    const File file(openForQuestions(target.path));
+    const File file(open(target.path, FILE_READ_ATTRIBUTES));
     const DWORD error = ::GetLastError();
     target.exists = static_cast<bool>(file);
     if (target.exists)
@@ -141,7 +146,11 @@ const char* findTarget(const wchar_t* path, Target& target)
             return notAFile;
         if (information.dwFileAttributes & FILE_ATTRIBUTE_READONLY)
             return "the file is read-only";
-        target.path = finalPath(file);
+        // What the exchange needs. Asked for beforehand because Wine's exchange, when it fails, leaves a file behind.
+        const File exchangeable(open(target.path, GENERIC_READ | DELETE));
+        if (!exchangeable)
+            return reasonOf(::GetLastError(), cannotWrite);
+        target.path = finalPath(file, target.path);
         return target.path.empty() ? cannotWrite : nullptr;
     }
 
@@ -153,10 +162,10 @@ const char* findTarget(const wchar_t* path, Target& target)
     const auto start = nameStart(target.path);
     if (start == target.path.size())
         return notAFile;
-    const File folder(openForQuestions(target.folder()));
+    const File folder(open(target.folder(), FILE_READ_ATTRIBUTES));
     if (!folder)
         return reasonOf(::GetLastError(), cannotWrite);
-    std::wstring folderPath = finalPath(folder);
+    std::wstring folderPath = finalPath(folder, target.folder());
     if (folderPath.empty())
         return cannotWrite;
     if (!folderPath.ends_with(L'\\'))

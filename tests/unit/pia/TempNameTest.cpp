@@ -18,8 +18,25 @@ TEST(TempName, isNeverTakenForAConfiguration)
 
 TEST(TempName, otherNamesAreNobodys)
 {
-    for (const char* name : {"", "~gm.tmp", "~gm_.tmp", "~gm1.tmp", "~gm1_.tmp", "~gm_1.tmp", "~gm1_2.pc3", "gm1_2.tmp",
-                             "~gm1_2_3.tmp", "~gm-1_2.tmp", "~gm1_-2.tmp", "~gm 1_2.tmp", "~gm1x_2.tmp", "~gm1_2x.tmp",
-                             "~gm99999999999_1.tmp", "~gm1_2.tmp ", "~gm1_2.TMP", "A4.pc3", "~gm.tm"})
+    for (const char* name : {"",
+                             "~gm.tmp",
+                             "~gm_.tmp",
+                             "~gm1.tmp",
+                             "~gm1_.tmp",
+                             "~gm_1.tmp",
+                             "~gm0_1.tmp",
+                             "~gm1_2.pc3",
+                             "gm1_2.tmp",
+                             "~gm1_2_3.tmp",
+                             "~gm-1_2.tmp",
+                             "~gm1_-2.tmp",
+                             "~gm 1_2.tmp",
+                             "~gm1x_2.tmp",
+                             "~gm1_2x.tmp",
+                             "~gm99999999999_1.tmp",
+                             "~gm1_2.tmp ",
+                             "~gm1_2.TMP",
+                             "A4.pc3",
+                             "~gm.tm"})
         EXPECT_EQ(pia::processOfTempName(name), std::nullopt) << name;
 }

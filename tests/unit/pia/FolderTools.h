@@ -1,0 +1,38 @@
+#pragma once
+
+#include "kernel/OdString.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+// Files by the names the code under test takes.
+
+inline std::filesystem::path pathOf(const OdString& name)
+{
+    return std::filesystem::path(name.view());
+}
+
+inline std::string contentOf(const OdString& name)
+{
+    std::ifstream file(pathOf(name), std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+inline void putContent(const OdString& name, std::string_view content)
+{
+    std::ofstream(pathOf(name), std::ios::binary) << content;
+}
+
+// The names in a folder, sorted.
+inline std::vector<std::string> namesIn(const OdString& folder)
+{
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(pathOf(folder)))
+        names.push_back(entry.path().filename().string());
+    std::sort(names.begin(), names.end());
+    return names;
+}

@@ -1,0 +1,170 @@
+// What only this platform's files can do: files that others hold open, pipes, devices, attributes, relative names.
+
+#include "pia_tree/FileAccess.h"
+#include "pia_tree/TempName.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/unit/pia/FolderTools.h"
+
+#include <gtest/gtest.h>
+
+#include <windows.h>
+
+namespace
+{
+using Names = std::vector<std::string>;
+
+std::string refusal(const OdString& name)
+{
+    const char* reason = pia::replaceFile(name.c_str(), "new");
+    return reason ? reason : "was written";
+}
+
+std::string refusalToRead(const OdString& name)
+{
+    pia::ByteBuffer bytes;
+    const char* reason = pia::readFile(name.c_str(), bytes);
+    return reason ? reason : "was read";
+}
+
+class WinFile : public testing::Test
+{
+protected:
+    TemporaryFolder m_folder;
+};
+} // namespace
+
+TEST_F(WinFile, aFileThatAnotherProgramHoldsIsIntactAndNothingIsLeftBehind)
+{
+    const OdString name = m_folder.at("A4.pc3");
+    putContent(name, "old");
+    const HANDLE other = ::CreateFileW(name.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(other, INVALID_HANDLE_VALUE);
+    const std::string answer = refusal(name);
+    ::CloseHandle(other);
+
+    EXPECT_EQ(answer, "another program is using the file");
+    EXPECT_EQ(contentOf(name), "old");
+    EXPECT_EQ(namesIn(m_folder.path()), Names{"A4.pc3"});
+    EXPECT_EQ(refusal(name), "was written");
+    EXPECT_EQ(contentOf(name), "new");
+}
+
+TEST_F(WinFile, aFileThatAnotherProgramHoldsForItselfIsNotRead)
+{
+    const OdString name = m_folder.at("A4.pc3");
+    putContent(name, "old");
+    const HANDLE other = ::CreateFileW(name.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(other, INVALID_HANDLE_VALUE);
+    EXPECT_EQ(refusalToRead(name), "another program is using the file");
+    ::CloseHandle(other);
+    EXPECT_EQ(refusalToRead(name), "was read");
+}
+
+TEST_F(WinFile, theReadOnlyAttributeIsHonoured)
+{
+    const OdString name = m_folder.at("A4.pc3");
+    putContent(name, "old");
+    ASSERT_TRUE(::SetFileAttributesW(name.c_str(), FILE_ATTRIBUTE_READONLY));
+    EXPECT_EQ(refusal(name), "the file is read-only");
+    EXPECT_EQ(contentOf(name), "old");
+    EXPECT_EQ(namesIn(m_folder.path()), Names{"A4.pc3"});
+    ::SetFileAttributesW(name.c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+TEST_F(WinFile, pipesAndDevicesAreRefusedWithoutWaiting)
+{
+    const OdString pipeName = OD_T("\\\\.\\pipe\\garm-") + OdString(m_folder.path().right(9));
+    const HANDLE pipe = ::CreateNamedPipeW(pipeName.c_str(), PIPE_ACCESS_DUPLEX, PIPE_TYPE_BYTE, 4, 64, 64, 0, nullptr);
+    ASSERT_NE(pipe, INVALID_HANDLE_VALUE);
+    EXPECT_NE(refusalToRead(pipeName), "was read");
+    EXPECT_NE(refusal(pipeName), "was written");
+    ::CloseHandle(pipe);
+
+    EXPECT_EQ(refusalToRead(OD_T("NUL")), "that is a folder or a device, not a file");
+    EXPECT_EQ(refusal(OD_T("NUL")), "that is a folder or a device, not a file");
+}
+
+TEST_F(WinFile, aRelativeNameIsMeantFromTheCurrentFolder)
+{
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(pathOf(m_folder.path()));
+    EXPECT_EQ(refusal(OD_T("A4.pc3")), "was written");
+    EXPECT_EQ(refusal(OD_T(".\\A4.pc3")), "was written");
+    EXPECT_EQ(refusalToRead(OD_T("A4.pc3")), "was read");
+    std::filesystem::current_path(before);
+    EXPECT_EQ(namesIn(m_folder.path()), Names{"A4.pc3"});
+}
+
+TEST_F(WinFile, aPathMayBeLongerThanTheClassicLimit)
+{
+    const OdString extended = OD_T("\\\\?\\") + m_folder.path();
+    std::vector<OdString> folders;
+    OdString path;
+    for (int i = 0; i < 10; ++i)
+    {
+        path += OdString(OD_T("\\")) + OdString(std::wstring(40, static_cast<wchar_t>(L'a' + i)));
+        folders.push_back(extended + path);
+        ASSERT_TRUE(::CreateDirectoryW(folders.back().c_str(), nullptr));
+    }
+    const OdString name = m_folder.path() + path + OD_T("\\A4.pc3");
+    EXPECT_GT(name.getLength(), 400);
+    EXPECT_EQ(refusal(name), "was written");
+    EXPECT_EQ(refusal(name), "was written");
+    EXPECT_EQ(refusalToRead(name), "was read");
+
+    // Each folder can only be removed when nothing else is in it.
+    EXPECT_TRUE(::DeleteFileW((folders.back() + OD_T("\\A4.pc3")).c_str()));
+    for (; !folders.empty(); folders.pop_back())
+        EXPECT_TRUE(::RemoveDirectoryW(folders.back().c_str()));
+}
+
+TEST_F(WinFile, aTemporaryFileStaysUntilItsProcessIsGone)
+{
+    STARTUPINFOW startup = {};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION child = {};
+    wchar_t self[MAX_PATH] = {};
+    ::GetModuleFileNameW(nullptr, self, MAX_PATH);
+    // It does not run before it is ended.
+    ASSERT_TRUE(
+        ::CreateProcessW(self, nullptr, nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr, nullptr, &startup, &child));
+    const std::string name = pia::nextTempName(child.dwProcessId);
+    putContent(m_folder.at(name), "being written");
+    EXPECT_EQ(refusal(m_folder.at("A4.pc3")), "was written");
+    EXPECT_EQ(namesIn(m_folder.path()), (Names{"A4.pc3", name}));
+
+    ::TerminateProcess(child.hProcess, 0);
+    ::WaitForSingleObject(child.hProcess, INFINITE);
+    // Our handle keeps the number in use, and still the process is gone.
+    EXPECT_EQ(refusal(m_folder.at("A4.pc3")), "was written");
+    EXPECT_EQ(namesIn(m_folder.path()), Names{"A4.pc3"});
+    ::CloseHandle(child.hThread);
+    ::CloseHandle(child.hProcess);
+}
+
+TEST_F(WinFile, ourOwnTemporaryFilesAreLeftAlone)
+{
+    // Another thread may be writing it.
+    const std::string name = pia::nextTempName(::GetCurrentProcessId());
+    putContent(m_folder.at(name), "being written");
+    EXPECT_EQ(refusal(m_folder.at("A4.pc3")), "was written");
+    EXPECT_EQ(namesIn(m_folder.path()), (Names{"A4.pc3", name}));
+}
+
+TEST_F(WinFile, noHandleStaysOpen)
+{
+    const OdString name = m_folder.at("A4.pc3");
+    EXPECT_EQ(refusal(name), "was written");
+    DWORD before = 0;
+    DWORD after = 0;
+    ASSERT_TRUE(::GetProcessHandleCount(::GetCurrentProcess(), &before));
+    for (int i = 0; i < 10; ++i)
+    {
+        EXPECT_EQ(refusal(name), "was written");
+        EXPECT_EQ(refusalToRead(name), "was read");
+        EXPECT_NE(refusal(m_folder.path()), "was written");
+        EXPECT_NE(refusalToRead(m_folder.path()), "was read");
+    }
+    ASSERT_TRUE(::GetProcessHandleCount(::GetCurrentProcess(), &after));
+    EXPECT_EQ(after, before);
+}
