@@ -122,8 +122,7 @@ void putDitherAndDuplex(const GmPlotCfg3& cfg, DEVMODEW& dm)
 bool userPaperCode(OdStringView name, std::int32_t& code)
 {
     constexpr OdStringView prefix = OD_T("User");
-    return name.size() > prefix.size() && odStartsWithNoCase(name, prefix) &&
-           numberFromDecimal(name.substr(prefix.size()), code);
+    return odStartsWithNoCase(name, prefix) && numberFromDecimal(name.substr(prefix.size()), code);
 }
 
 // The paper by name and by code, each only if the last block taken over had it so; a configuration that never took one

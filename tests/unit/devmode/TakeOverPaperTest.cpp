@@ -85,6 +85,8 @@ TEST_F(TakeOverPaper, anUnknownFormNameLeavesTheUserPaper)
 
 TEST_F(TakeOverPaper, aFormNameAloneCountsWhenItIsKnown)
 {
+    EXPECT_TRUE(takeOver(settled, paper(DM_FORMNAME, 8, OD_T("A4"))).succeeded);
+    EXPECT_EQ(name(), OD_T("A4")) << "the first of the list";
     EXPECT_TRUE(takeOver(settled, paper(DM_FORMNAME, 9, OD_T("A3"))).succeeded);
     EXPECT_EQ(name(), OD_T("A3"));
     EXPECT_EQ(takeOver(settled, paper(DM_FORMNAME, 9, OD_T("nothing known"))), (Outcome{true, true}));
