@@ -1,0 +1,258 @@
+#include "GarmPC3Editor/Commands/PrinterQuery.h"
+
+#include "tests/support/FailingAllocation.h"
+#include "tests/unit/commands/CommandTest.h"
+
+#include <stdexcept>
+
+namespace
+{
+class PrinterQueryTest : public CommandTest
+{
+protected:
+    // Asks with an answer that is full of something else.
+    bool ask(const OdString& deviceName)
+    {
+        m_answer = {OD_T("poison"), {9, 9, 9}, OD_T("poison"), 99, OD_T("poison")};
+        return queryPrinter(deviceName, m_answer);
+    }
+
+    void expectNothing() const
+    {
+        EXPECT_EQ(m_answer.printerName, OD_T(""));
+        EXPECT_TRUE(m_answer.devMode.isEmpty());
+        EXPECT_EQ(m_answer.paperName, OD_T(""));
+        EXPECT_EQ(m_answer.driverType, 0);
+        EXPECT_EQ(m_answer.canonicalModelName, OD_T(""));
+    }
+
+    PrinterAnswer m_answer;
+};
+
+// A configuration that belongs to no Windows printer.
+std::function<void(GmPlotCfg3&)> unboundWithType(std::int32_t driverType)
+{
+    return [driverType](GmPlotCfg3& cfg)
+    {
+        cfg.m_meta.m_driver_type = driverType;
+        cfg.m_meta.m_win_device_name = OdString();
+        cfg.m_meta.m_win_driver_name = OdString();
+        cfg.m_custom = nullptr;
+    };
+}
+
+TEST_F(PrinterQueryTest, EmptyNameHasNoPrinterAndAsksNobody)
+{
+    EXPECT_FALSE(ask(OdString()));
+    expectNothing();
+    EXPECT_TRUE(m_room.calls().empty());
+}
+
+TEST_F(PrinterQueryTest, WindowsPrinterThatOpensAnswersItsNameAndNothingElse)
+{
+    EXPECT_TRUE(ask(OD_T("Plotter A")));
+    EXPECT_EQ(m_answer.printerName, OD_T("Plotter A"));
+    m_answer.printerName = OdString();
+    expectNothing();
+    EXPECT_EQ(m_room.count(room::Call::openPrinter), 1);
+    EXPECT_EQ(m_room.count(room::Call::closePrinter), 1);
+}
+
+TEST_F(PrinterQueryTest, PrinterIsOpenedUnderTheNameAsItWasGiven)
+{
+    ask(OD_T(",XcvMonitor  Odd Name "));
+    ASSERT_EQ(m_room.calls().size(), 1U);
+    EXPECT_EQ(OdString(m_room.calls()[0].printer.c_str()), OD_T(",XcvMonitor  Odd Name "));
+}
+
+TEST_F(PrinterQueryTest, UnknownPrinterHasNone)
+{
+    EXPECT_FALSE(ask(OD_T("Plotter Z")));
+    expectNothing();
+}
+
+TEST_F(PrinterQueryTest, PrinterThatFailsToOpenButWritesAHandleHasNoneAndClosesNothing)
+{
+    m_room.writeHandleOnFailedOpen();
+    EXPECT_FALSE(ask(OD_T("Plotter Z")));
+    EXPECT_EQ(m_room.count(room::Call::closePrinter), 0);
+}
+
+TEST_F(PrinterQueryTest, ConfigurationAnswersEverythingOfIt)
+{
+    putConfiguration(OD_T("a.pc3"));
+    EXPECT_TRUE(ask(OD_T("a.pc3")));
+    EXPECT_EQ(m_answer.printerName, OD_T("Plotter A"));
+    ASSERT_EQ(m_answer.devMode.size(), 228U);
+    EXPECT_EQ(m_answer.devMode[220], 1);
+    EXPECT_EQ(m_answer.devMode[227], 8);
+    EXPECT_EQ(m_answer.paperName, OD_T("A3"));
+    EXPECT_EQ(m_answer.driverType, 1);
+    EXPECT_EQ(m_answer.canonicalModelName, OD_T("Canonical"));
+}
+
+TEST_F(PrinterQueryTest, EndingIsComparedWithoutCase)
+{
+    putConfiguration(OD_T("a.PC3"));
+    EXPECT_TRUE(ask(OD_T("a.PC3")));
+    EXPECT_EQ(m_answer.printerName, OD_T("Plotter A"));
+    EXPECT_EQ(m_answer.canonicalModelName, OD_T("Canonical"));
+}
+
+TEST_F(PrinterQueryTest, LongerEndingIsAPrintersName)
+{
+    putConfiguration(OD_T("a.pc3x"));
+    EXPECT_FALSE(ask(OD_T("a.pc3x")));
+    expectNothing();
+    ASSERT_EQ(m_room.calls().size(), 1U);
+    EXPECT_EQ(m_room.calls()[0].call, room::Call::openPrinter);
+}
+
+TEST_F(PrinterQueryTest, NamesShorterThanTheEndingArePrintersNames)
+{
+    for (const OdChar* name : {OD_T("p"), OD_T("pc3"), OD_T("c3")})
+    {
+        m_room.forgetCalls();
+        EXPECT_FALSE(ask(name));
+        EXPECT_EQ(m_room.count(room::Call::openPrinter), 1) << OdString(name);
+    }
+    room::Printer printer;
+    printer.name = OD_T("pc3");
+    m_room.add(printer);
+    EXPECT_TRUE(ask(OD_T("pc3")));
+}
+
+TEST_F(PrinterQueryTest, TheBareEndingIsAConfigurationsName)
+{
+    putConfiguration(OD_T(".pc3"));
+    EXPECT_TRUE(ask(OD_T(".pc3")));
+    EXPECT_EQ(m_answer.canonicalModelName, OD_T("Canonical"));
+}
+
+TEST_F(PrinterQueryTest, ConfigurationThatIsNotFoundHasNone)
+{
+    room::Printer printer;
+    printer.name = OD_T("missing.pc3");
+    m_room.add(printer);
+    EXPECT_FALSE(ask(OD_T("missing.pc3"))) << "a name with the ending is never a printer's";
+    expectNothing();
+    EXPECT_TRUE(m_room.calls().empty());
+}
+
+TEST_F(PrinterQueryTest, DamagedConfigurationHasNone)
+{
+    putDamagedFile(OD_T("bad.pc3"));
+    EXPECT_FALSE(ask(OD_T("bad.pc3")));
+    expectNothing();
+}
+
+TEST_F(PrinterQueryTest, ConfigurationWhoseDriverNobodyUsesHasNone)
+{
+    putConfiguration(OD_T("gone.pc3"), [](GmPlotCfg3& cfg) { cfg.m_meta.m_win_driver_name = OD_T("Gone"); });
+    EXPECT_FALSE(ask(OD_T("gone.pc3")));
+    expectNothing();
+}
+
+TEST_F(PrinterQueryTest, ReboundConfigurationAnswersThePrinterItIsBoundToNow)
+{
+    putConfiguration(OD_T("old.pc3"), [](GmPlotCfg3& cfg) { cfg.m_meta.m_win_device_name = OD_T("Removed"); });
+    EXPECT_TRUE(ask(OD_T("old.pc3")));
+    EXPECT_EQ(m_answer.printerName, OD_T("Plotter A"));
+}
+
+TEST_F(PrinterQueryTest, WithoutDevModeTypes0And3AnswerTheLocalizedModel)
+{
+    for (const std::int32_t driverType : {0, 3})
+    {
+        putConfiguration(OD_T("model.pc3"), unboundWithType(driverType));
+        EXPECT_TRUE(ask(OD_T("model.pc3"))) << driverType;
+        EXPECT_EQ(m_answer.printerName, OD_T("Localized"));
+        EXPECT_TRUE(m_answer.devMode.isEmpty());
+        EXPECT_EQ(m_answer.driverType, driverType);
+    }
+}
+
+TEST_F(PrinterQueryTest, WithoutDevModeOtherTypesHaveNoPrinterButTheRestOfTheAnswer)
+{
+    for (const std::int32_t driverType : {1, 2, 4, -1})
+    {
+        putConfiguration(OD_T("model.pc3"), unboundWithType(driverType));
+        EXPECT_FALSE(ask(OD_T("model.pc3"))) << driverType;
+        EXPECT_EQ(m_answer.printerName, OD_T(""));
+        EXPECT_TRUE(m_answer.devMode.isEmpty());
+        EXPECT_EQ(m_answer.paperName, OD_T("A3"));
+        EXPECT_EQ(m_answer.driverType, driverType);
+        EXPECT_EQ(m_answer.canonicalModelName, OD_T("Canonical"));
+    }
+}
+
+TEST_F(PrinterQueryTest, Types0And3WithDevModeStillAnswerThePrinter)
+{
+    for (const std::int32_t driverType : {0, 3})
+    {
+        putConfiguration(OD_T("bound.pc3"), [driverType](GmPlotCfg3& cfg) { cfg.m_meta.m_driver_type = driverType; });
+        EXPECT_TRUE(ask(OD_T("bound.pc3")));
+        EXPECT_EQ(m_answer.printerName, OD_T("Plotter A"));
+        EXPECT_EQ(m_answer.devMode.size(), 228U);
+    }
+}
+
+TEST_F(PrinterQueryTest, DriverTypeIsCutTo16BitsAfterItWasTested)
+{
+    // 0x10003 and 0x10000 look like 3 and 0 in 16 bits; they are not when it comes to the model's name.
+    for (const std::int32_t driverType : {0x10003, 0x10000, 0x28000})
+    {
+        putConfiguration(OD_T("wide.pc3"), unboundWithType(driverType));
+        EXPECT_FALSE(ask(OD_T("wide.pc3")));
+        EXPECT_EQ(m_answer.driverType, static_cast<std::int16_t>(driverType & 0xFFFF));
+    }
+}
+
+TEST_F(PrinterQueryTest, EmptyLocalizedModelIsNoPrinter)
+{
+    putConfiguration(OD_T("model.pc3"),
+                     [](GmPlotCfg3& cfg)
+                     {
+                         unboundWithType(3)(cfg);
+                         cfg.m_meta.m_localized_model_name = OdString();
+                     });
+    EXPECT_FALSE(ask(OD_T("model.pc3")));
+    EXPECT_EQ(m_answer.driverType, 3);
+}
+
+TEST_F(PrinterQueryTest, WhatADriverThrowsMeansNoPrinter)
+{
+    m_room.onCall(room::Call::openPrinter, {}, [](const room::CallRecord&) { throw std::runtime_error("driver"); });
+    EXPECT_FALSE(ask(OD_T("Plotter A")));
+    expectNothing();
+}
+
+TEST_F(PrinterQueryTest, WhatADriverThrowsForAConfigurationLeavesNothingOpen)
+{
+    putConfiguration(OD_T("a.pc3"));
+    m_room.onCall(room::Call::deviceCapabilities, {},
+                  [](const room::CallRecord&) { throw std::runtime_error("driver"); });
+    EXPECT_FALSE(ask(OD_T("a.pc3")));
+    EXPECT_EQ(m_answer.printerName, OD_T(""));
+    EXPECT_TRUE(m_answer.devMode.isEmpty());
+}
+
+TEST_F(PrinterQueryTest, EveryFailedAllocationIsAnAnswerOfOneOfTheKnownForms)
+{
+    putConfiguration(OD_T("a.pc3"));
+    const OdString name(OD_T("a.pc3"));
+    const unsigned failures = failEachAllocation([this, &name] { return queryPrinter(name, m_answer); },
+                                                 [this](bool found, bool failed)
+                                                 {
+                                                     EXPECT_EQ(found, !m_answer.printerName.isEmpty());
+                                                     EXPECT_EQ(found, !m_answer.devMode.isEmpty())
+                                                         << "a printer of type 1 without its device mode";
+                                                     if (!failed)
+                                                     {
+                                                         EXPECT_TRUE(found);
+                                                     }
+                                                     EXPECT_EQ(m_room.openHandles(), 0);
+                                                 });
+    EXPECT_GT(failures, 10U);
+}
+} // namespace
