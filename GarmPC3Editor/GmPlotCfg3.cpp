@@ -5,6 +5,11 @@
 #include "pia_tree/CPIAOutput.h"
 #include "pia_tree/CPIAParser.h"
 
+GmPlotCfg3::GmPlotCfg3() = default;
+GmPlotCfg3::GmPlotCfg3(const GmPlotCfg3& other) = default;
+GmPlotCfg3& GmPlotCfg3::operator=(const GmPlotCfg3& other) = default;
+GmPlotCfg3::~GmPlotCfg3() = default;
+
 OdSharedPtr<GmPlotCfg3> GmPlotCfg3::read(const OdString& path, bool& modified)
 {
     return answerOnThrow(OdSharedPtr<GmPlotCfg3>(),

@@ -26,10 +26,12 @@ enum ResolvePrinterResult
 class GARM_PC3EDITOR_API GmPlotCfg3
 {
 public:
-    GmPlotCfg3() = default;
-    GmPlotCfg3(const GmPlotCfg3&) = default;
-    GmPlotCfg3& operator=(const GmPlotCfg3&) = default;
-    virtual ~GmPlotCfg3() = default;
+    // Not defined here: what stands only in the class is not exported, and a host that loads the module late has no
+    // table of virtual functions to build an object with.
+    GmPlotCfg3();
+    GmPlotCfg3(const GmPlotCfg3& other);
+    GmPlotCfg3& operator=(const GmPlotCfg3& other);
+    virtual ~GmPlotCfg3();
 
     // Null on any failure. modified is untouched when the file or a node fails or the configuration names no driver;
     // otherwise it is true exactly when the configuration was bound to another printer than the stored one.

@@ -25,6 +25,4 @@ void PC3EditCommand::execute(OdEdCommandContext* context)
 
     // A printer's new configuration starts with the driver's paper; the paper asked for selects in files only.
     const EditedConfiguration edited = isPrinter ? createForEditing(name) : openForEditing(name, paperName);
-    if (!edited.cfg)
-        return;
 }

@@ -1,0 +1,30 @@
+#include "GarmPC3Editor/GarmPC3EditorModule.h"
+
+#include "GarmPC3Editor/Commands/CommandGroup.h"
+#include "GarmPC3Editor/GarmPC3EditorApp.h"
+#include "kernel/OdRxWin32Module.h"
+
+// How the two routines end is nobody's business here: a host without our commands goes on without them.
+void GarmPC3EditorModule::initApp()
+{
+    registerCommands();
+}
+
+void GarmPC3EditorModule::uninitApp()
+{
+    unregisterCommands();
+}
+
+OdRxModule* odrxCreateModuleObject()
+{
+    return OdRxWin32Module<GarmPC3EditorModule>::create(theApp.m_hInstance);
+}
+
+void odrxGetAPIVersion(int& major, int& minor, int& majorBuild, int& minorBuild)
+{
+    const OdRxApiVersion version;
+    major = version.major;
+    minor = version.minor;
+    majorBuild = version.majorBuild;
+    minorBuild = version.minorBuild;
+}

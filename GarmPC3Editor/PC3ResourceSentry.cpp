@@ -1,0 +1,20 @@
+#include "GarmPC3Editor/PC3ResourceSentry.h"
+
+#include "GarmPC3Editor/ResourceInstance.h"
+#include "mfc/AfxModuleState.h"
+
+PC3ResourceSentry::PC3ResourceSentry() noexcept : m_hSavedResource(AfxGetResourceHandle())
+{
+    const HINSTANCE library = garmPC3EditorResourceInstance();
+    if (m_hSavedResource != library)
+        AfxSetResourceHandle(library);
+}
+
+PC3ResourceSentry::~PC3ResourceSentry()
+{
+    AfxSetResourceHandle(m_hSavedResource);
+}
+
+// Here, not in the class: what stands only in the class is not exported.
+PC3ResourceSentry::PC3ResourceSentry(const PC3ResourceSentry& other) noexcept = default;
+PC3ResourceSentry& PC3ResourceSentry::operator=(const PC3ResourceSentry& other) noexcept = default;

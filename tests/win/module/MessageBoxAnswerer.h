@@ -1,0 +1,32 @@
+#pragma once
+
+#include "win32/Win32.h"
+
+#include <string>
+#include <vector>
+
+// Presses OK in every message box this thread shows and keeps what it said. A hook, not a second thread: a box shown
+// while a library is loaded blocks the start of threads.
+class MessageBoxAnswerer
+{
+public:
+    struct Box
+    {
+        std::wstring caption;
+        std::wstring text;
+    };
+
+    MessageBoxAnswerer();
+    ~MessageBoxAnswerer();
+    MessageBoxAnswerer(const MessageBoxAnswerer&) = delete;
+    MessageBoxAnswerer& operator=(const MessageBoxAnswerer&) = delete;
+
+    const std::vector<Box>& boxes() const noexcept { return m_boxes; }
+
+private:
+    static LRESULT CALLBACK hook(int code, WPARAM wParam, LPARAM lParam);
+    void answer(HWND box);
+
+    HHOOK m_hook;
+    std::vector<Box> m_boxes;
+};

@@ -1,0 +1,85 @@
+#include "tests/win/module/ProcessCounts.h"
+
+#include "win32/Win32.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <vector>
+#include <winternl.h>
+
+namespace
+{
+// SystemExtendedHandleInformation; GetProcessHandleCount answers 0 under Wine.
+constexpr ULONG handleInformation = 64;
+
+struct HandleEntry
+{
+    void* object;
+    ULONG_PTR processId;
+    ULONG_PTR handle;
+    ULONG access;
+    USHORT creatorBackTraceIndex;
+    USHORT objectTypeIndex;
+    ULONG attributes;
+    ULONG reserved;
+};
+
+struct HandleTable
+{
+    ULONG_PTR count;
+    ULONG_PTR reserved;
+    HandleEntry entries[1];
+};
+
+using Query = NTSTATUS(NTAPI*)(ULONG, void*, ULONG, ULONG*);
+
+Query systemQuery()
+{
+    static const auto query = reinterpret_cast<Query>(
+        reinterpret_cast<void (*)()>(::GetProcAddress(::GetModuleHandleW(L"ntdll.dll"), "NtQuerySystemInformation")));
+    if (!query)
+        throw std::runtime_error("no NtQuerySystemInformation");
+    return query;
+}
+} // namespace
+
+std::size_t openSystemHandles()
+{
+    const Query query = systemQuery();
+    std::vector<ULONG_PTR> buffer(1024);
+    for (;;)
+    {
+        ULONG needed = 0;
+        const NTSTATUS status =
+            query(handleInformation, buffer.data(), static_cast<ULONG>(buffer.size() * sizeof(ULONG_PTR)), &needed);
+        if (status >= 0)
+            break;
+        if (buffer.size() > (std::size_t{1} << 24))
+            throw std::runtime_error("the system does not tell its handles");
+        buffer.resize(buffer.size() * 2);
+    }
+    const auto* table = reinterpret_cast<const HandleTable*>(buffer.data());
+    const ULONG_PTR own = ::GetCurrentProcessId();
+    const auto count = std::count_if(table->entries, table->entries + table->count,
+                                     [own](const HandleEntry& entry) { return entry.processId == own; });
+    if (count == 0)
+        throw std::runtime_error("a process without any handle");
+    return static_cast<std::size_t>(count);
+}
+
+std::size_t mappedViews()
+{
+    std::size_t count = 0;
+    MEMORY_BASIC_INFORMATION region = {};
+    const void* counted = nullptr;
+    for (const char* at = nullptr; ::VirtualQuery(at, &region, sizeof region) == sizeof region;
+         at = static_cast<const char*>(region.BaseAddress) + region.RegionSize)
+    {
+        if (region.State == MEM_FREE || region.AllocationBase == counted)
+            continue;
+        counted = region.AllocationBase;
+        if (region.Type == MEM_MAPPED || region.Type == MEM_IMAGE)
+            ++count;
+    }
+    return count;
+}

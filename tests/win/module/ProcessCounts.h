@@ -1,0 +1,11 @@
+#pragma once
+
+#include <cstddef>
+
+// What this process holds of the system, to see whether something that should leave no trace does.
+
+// Handles of every kind.
+std::size_t openSystemHandles();
+
+// Allocations of address space that are the mapped views of files, libraries included.
+std::size_t mappedViews();

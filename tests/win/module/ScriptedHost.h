@@ -1,0 +1,20 @@
+#pragma once
+
+#include "win32/Win32.h"
+
+#include <vector>
+
+// Stands in for the host's language libraries in a test program that links the module's application object.
+struct LanguageRequest
+{
+    HINSTANCE module;
+    void* reserved1;
+    BOOL (*callback)();
+    void* reserved2;
+};
+
+// What the next requests are answered with, one after the other; null when there is no answer left.
+void setLanguageAnswers(std::vector<HINSTANCE> answers);
+
+// What came in since setLanguageAnswers.
+const std::vector<LanguageRequest>& languageRequests();
