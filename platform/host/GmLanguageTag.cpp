@@ -71,7 +71,7 @@ OdString findLanguageLibrary(const OdString& moduleFile, OdStringView tag)
     const OdString libraryName = module.name() + OD_T("Res.dll");
     for (const OdString& candidate : languageFallbacks(tag))
     {
-        const OdString library = CGarmPath::join(module.fullFolder() + candidate, libraryName);
+        OdString library = CGarmPath::join(module.fullFolder() + candidate, libraryName);
         if (isRegularFile(library))
             return library;
     }

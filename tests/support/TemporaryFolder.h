@@ -64,7 +64,7 @@ public:
     }
 
 private:
-    static OdString text(std::filesystem::path path)
+    static OdString text(const std::filesystem::path& path)
     {
         return OdString(path.lexically_normal().make_preferred().string<OdChar>());
     }

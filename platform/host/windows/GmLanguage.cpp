@@ -114,11 +114,13 @@ bool setUiLanguage(const OdString& tag)
         return true;
 
     forgetCallbacksOfGoneModules();
+    OdString next = tag;
     std::vector<HINSTANCE> modules;
     for (const Registration& registration : state.registrations)
         modules.push_back(registration.module);
 
-    OdString before = std::exchange(state.tag, tag);
+    // From here on nothing throws, so the change is made or undone as a whole.
+    OdString before = std::exchange(state.tag, std::move(next));
     state.switching = true;
     const auto refused = std::ranges::find_if_not(modules, &tell);
     const bool all = refused == modules.end();

@@ -103,12 +103,16 @@ TEST(OdRxObjectImpl, referencesMayBeCountedByManyThreads)
     auto object = CountedImpl::createObject(living);
     {
         std::vector<std::thread> threads;
+        threads.reserve(4);
         for (int i = 0; i < 4; ++i)
             threads.emplace_back(
                 [object]
                 {
                     for (int k = 0; k < 1000; ++k)
-                        const OdSmartPtr<CountedObject> copy = object;
+                    {
+                        OdSmartPtr<CountedObject> copy = object;
+                        copy.release();
+                    }
                 });
         for (std::thread& thread : threads)
             thread.join();

@@ -45,11 +45,10 @@ TEST(OdSharedPtr, theLastOwnerDestroysThroughTheVirtualDestructor)
 {
     int living = 0;
     OdSharedPtr<Base> first(new Derived(living));
-    {
-        const OdSharedPtr<Base> second = first;
-        EXPECT_EQ(first.refCount(), 2);
-        EXPECT_EQ(second, first);
-    }
+    OdSharedPtr<Base> second = first;
+    EXPECT_EQ(first.refCount(), 2);
+    EXPECT_EQ(second, first);
+    second = nullptr;
     EXPECT_EQ(first.refCount(), 1);
     EXPECT_EQ(living, 1);
     first = nullptr;
@@ -96,12 +95,16 @@ TEST(OdSharedPtr, ownersMayComeAndGoOnManyThreads)
     int living = 0;
     OdSharedPtr<Base> pointer(new Base(living));
     std::vector<std::thread> threads;
+    threads.reserve(4);
     for (int i = 0; i < 4; ++i)
         threads.emplace_back(
             [pointer]
             {
                 for (int k = 0; k < 1000; ++k)
-                    const OdSharedPtr<Base> copy = pointer;
+                {
+                    OdSharedPtr<Base> copy = pointer;
+                    copy = nullptr;
+                }
             });
     for (std::thread& thread : threads)
         thread.join();
