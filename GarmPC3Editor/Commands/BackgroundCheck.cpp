@@ -42,8 +42,12 @@ void runCheck(void* context) noexcept
 std::unique_ptr<Check> makeCheck(const OdString& deviceName, HWND window) noexcept
 {
     return answerOnThrow(std::unique_ptr<Check>(),
-                         [&deviceName, window] {
-                             return std::unique_ptr<Check>(new Check{deviceName, window});
+                         [&deviceName, window]
+                         {
+                             auto check = std::make_unique<Check>();
+                             check->deviceName = deviceName;
+                             check->window = window;
+                             return check;
                          });
 }
 } // namespace

@@ -269,6 +269,7 @@ private:
 ParsedArguments parseArguments(const std::vector<OdString>& arguments)
 {
     std::vector<std::string> texts;
+    texts.reserve(arguments.size());
     for (const OdString& argument : arguments)
         texts.push_back(odToUtf8(argument.view()));
     return Parser().parse(std::move(texts));

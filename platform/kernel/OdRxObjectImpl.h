@@ -13,7 +13,9 @@ class OdRxObjectImpl : public T
 {
 public:
     template <class... Args>
-    explicit OdRxObjectImpl(Args&&... args) : T(std::forward<Args>(args)...) {}
+    explicit OdRxObjectImpl(Args&&... args) : T(std::forward<Args>(args)...)
+    {
+    }
 
     void addRef() noexcept override { m_nRefCounter.fetch_add(1, std::memory_order_relaxed); }
 

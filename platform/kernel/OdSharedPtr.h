@@ -26,18 +26,18 @@ public:
         m_object = guard.release();
     }
 
-    OdSharedPtr(const OdSharedPtr& other) noexcept : m_object(other.m_object), m_count(other.m_count) { addReference(); }
+    OdSharedPtr(const OdSharedPtr& other) noexcept : m_object(other.m_object), m_count(other.m_count)
+    {
+        addReference();
+    }
     OdSharedPtr(OdSharedPtr&& other) noexcept
         : m_object(std::exchange(other.m_object, nullptr)), m_count(std::exchange(other.m_count, nullptr))
     {
     }
 
     template <class U>
-        requires(std::is_convertible_v<U*, T*> && !std::is_same_v<U, T>)
-    OdSharedPtr(const OdSharedPtr<U>& other) noexcept : m_object(other.m_object), m_count(other.m_count)
-    {
-        addReference();
-    }
+    requires(std::is_convertible_v<U*, T*> && !std::is_same_v<U, T>) OdSharedPtr(const OdSharedPtr<U>& other)
+    noexcept : m_object(other.m_object), m_count(other.m_count) { addReference(); }
 
     ~OdSharedPtr() { release(); }
 

@@ -10,7 +10,9 @@ class OdStaticRxObject : public T
 {
 public:
     template <class... Args>
-    explicit OdStaticRxObject(Args&&... args) : T(std::forward<Args>(args)...) {}
+    explicit OdStaticRxObject(Args&&... args) : T(std::forward<Args>(args)...)
+    {
+    }
 
     void addRef() noexcept override {}
     void release() noexcept override {}

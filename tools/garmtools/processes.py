@@ -10,21 +10,30 @@ import time
 
 TIMED_OUT = 124
 
-
-class Interrupted(SystemExit):
-    """A signal asked us to stop; unwinding ends what we started."""
+_running = set()
 
 
-def end_on_signals():
-    """Turns SIGINT, SIGTERM and SIGHUP into an exception, so that every finally clause runs once."""
+class Interrupted(KeyboardInterrupt):
+    """A signal asked us to stop; unwinding ends what we started. unittest lets this kind pass."""
+
+
+def run_main(main, *arguments):
+    """Runs a program's main function and exits with its result. SIGINT, SIGTERM and SIGHUP become an exception, so that
+    every finally clause runs once."""
 
     def stop(number, _frame):
         for later in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
             signal.signal(later, signal.SIG_IGN)
+        for child in list(_running):
+            child.terminate()
         raise Interrupted(128 + number)
 
     for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
         signal.signal(number, stop)
+    try:
+        sys.exit(main(*arguments))
+    except Interrupted as interrupted:
+        sys.exit(interrupted.args[0])
 
 
 def allowed_cpus():
@@ -67,6 +76,16 @@ def end_server(server, patience=5.0):
     except subprocess.TimeoutExpired:
         server.kill()
         server.wait()
+
+
+def run_to_end(command, **settings):
+    """Like subprocess.call without input, but the program ends with us when a signal stops us."""
+    child = subprocess.Popen(command, stdin=subprocess.DEVNULL, **settings)
+    _running.add(child)
+    try:
+        return child.wait()
+    finally:
+        _running.discard(child)
 
 
 def limited(seconds, command):

@@ -19,7 +19,7 @@ import tempfile
 from pathlib import Path
 
 from .places import BUILD
-from .processes import allowed_cpus, end_server, limited, say, start_server, steady_addresses
+from .processes import allowed_cpus, end_server, limited, run_to_end, say, start_server, steady_addresses
 
 WINE = "/usr/lib/wine/wine64"  # the wrapper "wine" prints a hint about a missing 32-bit half
 WINESERVER = "/usr/lib/wine/wineserver64"
@@ -89,10 +89,9 @@ class Prefix:
     def _run_once(self, arguments, seconds, cwd, env):
         # Into files, not pipes: the first program starts Wine's services, which would hold a pipe open for good.
         with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
-            done = subprocess.run(self.command(arguments, seconds), cwd=cwd, env={**self.env, **(env or {})},
-                                  stdin=subprocess.DEVNULL, stdout=out, stderr=err, check=False)
-            done.stdout, done.stderr = (_text(file) for file in (out, err))
-            return done
+            command = self.command(arguments, seconds)
+            status = run_to_end(command, cwd=cwd, env={**self.env, **(env or {})}, stdout=out, stderr=err)
+            return subprocess.CompletedProcess(command, status, _text(out), _text(err))
 
     def _pinned(self):
         return ["taskset", "-c", str(self.cpu)]
@@ -125,11 +124,15 @@ def make_template():
     say("making the Wine prefix template")
     template.parent.mkdir(parents=True, exist_ok=True)
     for old in template.parent.glob("template-*"):
-        shutil.rmtree(old)
+        shutil.rmtree(old, ignore_errors=True)
     with tempfile.TemporaryDirectory(prefix="making-", dir=template.parent) as making:
         folder = Path(making) / "prefix"
         _fill(folder)
-        folder.rename(template)
+        try:
+            folder.rename(template)
+        except OSError:
+            if not template.is_dir():  # else another run was faster
+                raise
     return template
 
 

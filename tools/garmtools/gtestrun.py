@@ -1,0 +1,144 @@
+"""Runs GoogleTest programs, each once, several at a time, and believes only their XML reports.
+
+    python3 -m garmtools.gtestrun PRESET    (with PYTHONPATH=tools; the programs of build/PRESET/test-programs.txt)
+
+A program that crashes, runs out of time, writes no report, has no tests or skips one counts as failed: a test that did
+not run proves nothing.
+"""
+
+import contextlib
+import queue
+import subprocess
+import sys
+import threading
+import xml.etree.ElementTree as ElementTree
+from pathlib import Path
+
+from . import wineprefix
+from .places import BUILD, RESULTS, windows_path
+from .processes import TIMED_OUT, allowed_cpus, limited, run_main, run_to_end, steady_addresses
+from .results import Result, report
+
+SECONDS = 300  # for one program; the slowest takes a few
+
+
+class NativeRunner:
+    """Runs a program directly, so that a sanitizer's report ends up in its log."""
+
+    def command(self, program, xml):
+        return limited(SECONDS, [*steady_addresses(), str(program), f"--gtest_output=xml:{xml}"])
+
+    env = None
+
+    @staticmethod
+    def try_again(_log):
+        return False
+
+
+class WineRunner:
+    """Runs a program in one Wine prefix. There is no printer in it, whatever the machine has."""
+
+    def __init__(self, prefix):
+        self._prefix = prefix
+        self.env = prefix.env
+
+    def command(self, program, xml):
+        return self._prefix.command([program, f"--gtest_output=xml:{windows_path(xml)}"], SECONDS)
+
+    @staticmethod
+    def try_again(log):
+        return wineprefix.is_hiccup(log)
+
+
+def read_report(xml):
+    """The result in a GoogleTest report."""
+    result = Result()
+    for suite in ElementTree.parse(xml).getroot():
+        for case in suite.iter("testcase"):
+            name = f"{case.get('classname')}.{case.get('name')}"
+            problems = [problem.text or problem.get("message") or "" for problem in case.iter("failure")]
+            if problems:
+                result.fail(name, "\n".join(problems))
+            elif case.get("status") != "run" or case.get("result") != "completed":
+                result.fail(name, "was not run to its end: it is disabled or skipped")
+            else:
+                result.passed += 1
+    return result
+
+
+def run_program(runner, program, folder):
+    """The result of one program; its output goes to folder/NAME.log, its report to folder/NAME.xml."""
+    log, xml = folder / f"{program.stem}.log", folder / f"{program.stem}.xml"
+    for _ in range(2):
+        xml.unlink(missing_ok=True)
+        with open(log, "wb") as sink:
+            status = run_to_end(runner.command(program, xml), env=runner.env, cwd=folder, stdout=sink,
+                                stderr=subprocess.STDOUT)
+        output = log.read_text(errors="replace")
+        if xml.exists() or not runner.try_again(output):
+            break
+    return _judge(program, status, xml, output)
+
+
+def _judge(program, status, xml, output):
+    result = Result()
+    try:
+        result = read_report(xml)
+    except (OSError, ElementTree.ParseError):
+        ending = "ran out of time" if status in (TIMED_OUT, 137) else f"ended with status {status}"
+        result.fail(program.name, f"{ending} and left no report\n{output}")
+        return result
+    if not result.passed and not result.failures:
+        result.fail(program.name, "has no tests")
+    elif status != 0 and not result.failures:
+        # All tests passed, but the end did not: a leak found at exit, a crash in a destructor.
+        result.fail(program.name, f"ended with status {status} after its tests\n{output}")
+    return result
+
+
+def run_all(programs, runners, folder):
+    """Shares the programs out among the runners, each with a thread of its own."""
+    waiting = queue.Queue()
+    for program in programs:
+        waiting.put(program)
+    total, lock = Result(), threading.Lock()
+
+    def work(runner):
+        with contextlib.suppress(queue.Empty):
+            while True:
+                program = waiting.get_nowait()
+                try:
+                    result = run_program(runner, program, folder)
+                except Exception as error:  # pylint: disable=broad-except
+                    result = Result()
+                    result.fail(program.name, f"cannot be run: {error}")
+                with lock:
+                    total.add(result)
+
+    threads = [threading.Thread(target=work, args=(runner,), daemon=True) for runner in runners]
+    for thread in threads:
+        thread.start()
+    for thread in threads:
+        thread.join()
+    return total
+
+
+def main(preset):
+    programs = [Path(line) for line in (BUILD / preset / "test-programs.txt").read_text().split("\n") if line]
+    folder = RESULTS / preset
+    folder.mkdir(parents=True, exist_ok=True)
+    with contextlib.ExitStack() as stack:
+        if preset.startswith("windows"):
+            runners = [WineRunner(stack.enter_context(wineprefix.clone(cpu=cpu))) for cpu in allowed_cpus()]
+        else:
+            runners = [NativeRunner() for _ in allowed_cpus()]
+        result = run_all(programs, runners, folder)
+    if not programs:
+        result.fail(preset, "has no test programs")
+    if result.failures:
+        print(f"logs are in {folder}", file=sys.stderr)
+    return report(preset, result)
+
+
+if __name__ == "__main__":
+    run_main(main, sys.argv[1])

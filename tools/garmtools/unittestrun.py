@@ -1,0 +1,79 @@
+"""Runs Python unittest cases in a folder as one group of ./test.
+
+    python3 -m garmtools.unittestrun GROUP FOLDER [NAMES...]    (names as for python3 -m unittest, to run a few)
+"""
+
+import sys
+import time
+import unittest
+
+from .processes import run_main
+from .results import Result, report
+
+
+class _Counting(unittest.TestResult):
+    """Says each case as it ends, so that a slow one has a name."""
+
+    def __init__(self):
+        super().__init__()
+        self.result = Result()
+        self._began = 0.0
+
+    def startTest(self, test):
+        super().startTest(test)
+        self._began = time.monotonic()
+
+    def addSuccess(self, test):
+        super().addSuccess(test)
+        self.result.passed += 1
+        self._say(test, "ok")
+
+    def addFailure(self, test, err):
+        super().addFailure(test, err)
+        self._failed(test, self.failures[-1][1])
+
+    def addError(self, test, err):
+        super().addError(test, err)
+        self._failed(test, self.errors[-1][1])
+
+    def addSubTest(self, test, subtest, err):
+        super().addSubTest(test, subtest, err)
+        if err is not None:
+            self._failed(subtest, self._exc_info_to_string(err, test))
+
+    def addSkip(self, test, reason):
+        super().addSkip(test, reason)
+        self._failed(test, f"was skipped: {reason}")
+
+    def addUnexpectedSuccess(self, test):
+        super().addUnexpectedSuccess(test)
+        self._failed(test, "succeeded unexpectedly")
+
+    def addExpectedFailure(self, test, err):
+        super().addExpectedFailure(test, err)
+        self._failed(test, "is marked as expected to fail")
+
+    def _failed(self, test, text):
+        self.result.fail(str(test), text)
+        self._say(test, "FAILED")
+
+    def _say(self, test, outcome):
+        print(f"  {test}: {outcome} ({time.monotonic() - self._began:.1f} s)", file=sys.stderr, flush=True)
+
+
+def main(group, folder, names):
+    loader = unittest.TestLoader()
+    if names:
+        sys.path.insert(0, folder)
+        suite = loader.loadTestsFromNames(names)
+    else:
+        suite = loader.discover(folder, pattern="*Test.py", top_level_dir=folder)
+    counting = _Counting()
+    suite.run(counting)
+    if counting.testsRun == 0:
+        counting.result.fail(group, f"{folder} has no tests")
+    return report(group, counting.result)
+
+
+if __name__ == "__main__":
+    run_main(main, sys.argv[1], sys.argv[2], sys.argv[3:])
