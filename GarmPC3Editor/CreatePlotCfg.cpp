@@ -1,13 +1,12 @@
 // Makes a new configuration for an installed printer out of its driver's defaults.
 
 #include "GarmPC3Editor/AnswerOnThrow.h"
-#include "GarmPC3Editor/DecimalText.h"
 #include "GarmPC3Editor/GmPlotCfg3.h"
 #include "GarmPC3Editor/GmPrinterInfo.h"
+#include "GarmPC3Editor/ProposedPaper.h"
 #include "GarmPC3Editor/StoredDevMode.h"
 #include "win32/DevModeView.h"
 
-#include <iterator>
 #include <optional>
 #include <string>
 
@@ -39,20 +38,6 @@ OdSharedPtr<GmCustomNode> customDataFor(const DevModeView& devMode)
         custom->setRawData(OdString(std::basic_string<OdChar>(2 * extra, OdChar{'0'})), true);
     }
     return custom;
-}
-
-// The paper the driver proposes; nothing when it proposes none. Here the form's name goes before the code; what the
-// takeover makes of it later is its own rule.
-std::optional<OdString> proposedPaper(const DevModeView& devMode, GmPrinterInfo& printer)
-{
-    const DEVMODEW& fields = devMode.fields();
-    if (devMode.has(DM_FORMNAME))
-        return OdString(odBoundedView(fields.dmFormName, std::size(fields.dmFormName)));
-    if (!devMode.has(DM_PAPERSIZE) || fields.dmPaperSize < 0)
-        return std::nullopt;
-    if (const int index = printer.paperIndexById(fields.dmPaperSize); index >= 0)
-        return OdString(printer.paperName(index));
-    return OdString(OD_T("User")) + decimalFromNumber(std::int32_t{fields.dmPaperSize});
 }
 } // namespace
 

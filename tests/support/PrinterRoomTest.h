@@ -18,21 +18,36 @@ protected:
     PrinterRoom room;
 };
 
-// Fails the first call to the room that work makes, then the second, ... until work gets by without. After each run
-// check(result, failed) looks at what came of it. Returns how many calls failed.
+// How a call goes wrong: it fails, or it throws.
+using Sabotage = void (PrinterRoom::*)(int n);
+
+// Spoils the first call to the room that work makes, then the second, ... until work gets by without. After each run
+// check(result, spoiled) looks at what came of it. Returns how many calls were spoiled.
 template <class Work, class Check>
-int failEachCall(PrinterRoom& room, Work work, Check check)
+int spoilEachCall(PrinterRoom& room, Sabotage sabotage, Work work, Check check)
 {
     for (int n = 1;; ++n)
     {
-        room.failNth(n);
+        (room.*sabotage)(n);
         const auto result = work();
-        const bool failed = room.failureReached();
-        room.failNth(0);
-        check(result, failed);
-        EXPECT_EQ(room.openHandles(), 0) << "after failing call " << n;
-        EXPECT_EQ(room.openContexts(), 0) << "after failing call " << n;
-        if (!failed)
+        const bool spoiled = room.failureReached();
+        (room.*sabotage)(0);
+        check(result, spoiled);
+        EXPECT_EQ(room.openHandles(), 0) << "after spoiling call " << n;
+        EXPECT_EQ(room.openContexts(), 0) << "after spoiling call " << n;
+        if (!spoiled)
             return n - 1;
     }
+}
+
+template <class Work, class Check>
+int failEachCall(PrinterRoom& room, Work work, Check check)
+{
+    return spoilEachCall(room, &PrinterRoom::failNth, work, check);
+}
+
+template <class Work, class Check>
+int throwFromEachCall(PrinterRoom& room, Work work, Check check)
+{
+    return spoilEachCall(room, &PrinterRoom::throwNth, work, check);
 }

@@ -52,6 +52,7 @@ void clear(State& s)
     s.refusedFor.clear();
     s.refused.clear();
     s.failIn = 0;
+    s.throwIn = 0;
     s.failed = false;
     s.documentFailure = -1;
     s.hooks.clear();
@@ -138,6 +139,16 @@ void PrinterRoom::failNth(int n)
         [n](State& s)
         {
             s.failIn = n;
+            s.failed = false;
+        });
+}
+
+void PrinterRoom::throwNth(int n)
+{
+    locked(
+        [n](State& s)
+        {
+            s.throwIn = n;
             s.failed = false;
         });
 }

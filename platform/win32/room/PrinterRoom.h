@@ -189,6 +189,8 @@ public:
 
     // The n-th call of all that come from now on fails (1 is the next); 0 is none. Closing calls fail but close.
     void failNth(int n);
+    // The same, but the call throws std::runtime_error, as drivers do that crash. Closing calls are not counted.
+    void throwNth(int n);
     bool failureReached() const;
     // What a failing DocumentPropertiesW answers, -1 at first; nothing is written.
     void setDocumentFailure(LONG answer);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <stdexcept>
 
 namespace room
 {
@@ -56,6 +57,12 @@ Visit::Visit(CallRecord record) : m_lock(state().mutex)
     {
         s.failed = true;
         m_mustFail = true;
+    }
+    const bool closes = record.call == Call::closePrinter || record.call == Call::deleteDC;
+    if (!closes && s.throwIn > 0 && --s.throwIn == 0)
+    {
+        s.failed = true;
+        throw std::runtime_error("driver");
     }
     if (s.refused.contains(record.call) ||
         std::ranges::any_of(s.refusedFor, [&](const auto& pair)

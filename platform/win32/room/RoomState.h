@@ -49,6 +49,7 @@ struct State
     std::set<std::pair<Call, Text>> refusedFor;
     std::set<Call> refused;
     int failIn = 0;
+    int throwIn = 0;
     bool failed = false;
     LONG documentFailure = -1;
     std::vector<Hooked> hooks;
