@@ -10,6 +10,8 @@ class CPBlock;
 
 // Block "custom": the parts of a printer's DEVMODEW that have no key of their own. Items this module does not know are
 // kept and written back.
+//
+// Running out of memory is thrown: as a false result it would look like a bad block, and bad blocks are dropped.
 class GARM_PC3EDITOR_API GmCustomNode
 {
 public:

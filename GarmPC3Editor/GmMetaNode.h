@@ -9,6 +9,8 @@
 class CPBlock;
 
 // Block "meta": which driver and model the configuration belongs to, the Windows device it is bound to, global flags.
+//
+// Running out of memory is thrown: as a false result it would look like a missing key.
 class GARM_PC3EDITOR_API GmMetaNode
 {
 public:

@@ -9,6 +9,10 @@
 
 class CPBlock;
 
+// Of both nodes: init is false at the first required key that is missing; the fields before it are then stored, those
+// after it untouched. write appends to an empty block and is always true. Running out of memory is thrown: as a false
+// result it would look like a missing key.
+
 // Block "resolution", in dots per inch.
 class GARM_PC3EDITOR_API GmResolutionNode
 {

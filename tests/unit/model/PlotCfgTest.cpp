@@ -353,3 +353,84 @@ TEST_F(PlotCfg, readingAgainReplacesCustomDataAndLeavesCopiesAlone)
     EXPECT_FALSE(configuration.m_custom == copy.m_custom);
     EXPECT_EQ(copy.m_custom.refCount(), 1);
 }
+
+namespace
+{
+// The plain form of a file, for trees whose texts need no escapes.
+std::string plainTextOf(const CPBlock& block)
+{
+    std::string text;
+    for (const auto& item : blocks::itemsOf(block))
+    {
+        const std::string name = odToUtf8(item->name());
+        switch (item->type())
+        {
+        case CPItem::eBlock:
+            text += name + "{\n" + plainTextOf(blocks::asBlock(*item)) + "}\n";
+            break;
+        case CPItem::eBool:
+            text += name + (static_cast<const CPBool&>(*item).value() ? "=TRUE\n" : "=FALSE\n");
+            break;
+        case CPItem::eStr:
+            text += name + "=\"" + odToUtf8(static_cast<const CPText&>(*item).text()) + "\n";
+            break;
+        case CPItem::eNum:
+            text += name + "=" + odToUtf8(static_cast<const CPText&>(*item).text()) + "\n";
+            break;
+        case CPItem::eBin:
+            text += name + "=#" + odToUtf8(static_cast<const CPText&>(*item).text()) + "\n";
+            break;
+        }
+    }
+    return text;
+}
+
+std::string plainFile()
+{
+    GmPlotCfg3 configuration = unbound();
+    configuration.m_media.m_destination = new GmDestinationNode;
+    configuration.m_meta.m_default_system_cfg = new bool(false);
+    configuration.m_custom->setRawData(OD_T("0123456789ABCDEF"), true);
+    return "PIAFILEVERSION_2.0,PC3VER1\n" + plainTextOf(*treeOf(configuration));
+}
+
+// Whether the bytes are a configuration; what is one must be writable.
+bool isConfiguration(const std::string& bytes)
+{
+    CPIAParser parser;
+    Configuration configuration;
+    bool modified = false;
+    if (!parser.parse(bytes) || !configuration.init(parser, modified))
+        return false;
+    CPBlock root(OD_T(""));
+    EXPECT_TRUE(configuration.writeToBlock(root));
+    return true;
+}
+} // namespace
+
+TEST_F(PlotCfg, everyPrefixOfAFileIsRefusedOrWhole)
+{
+    const std::string file = plainFile();
+    ASSERT_TRUE(isConfiguration(file));
+    // The custom block is the last one and may be missing; everything before it may not.
+    const std::size_t withoutCustom = file.rfind("custom{");
+    for (std::size_t size = 0; size < file.size(); ++size)
+    {
+        const bool whole = size + 1 == file.size() || size == withoutCustom || size + 1 == withoutCustom;
+        EXPECT_EQ(isConfiguration(file.substr(0, size)), whole) << size;
+    }
+}
+
+TEST_F(PlotCfg, changedBytesNeverCrash)
+{
+    const std::string file = plainFile();
+    unsigned accepted = 0;
+    for (std::size_t at = 0; at < file.size(); ++at)
+        for (const char byte : {'\0', '\n', '"', '=', '{', '}', '#', '9', '\xFF'})
+        {
+            std::string changed = file;
+            changed[at] = byte;
+            accepted += isConfiguration(changed);
+        }
+    EXPECT_GT(accepted, 0U);
+}
