@@ -31,6 +31,11 @@ bool ParsedTree::hasName(const Record& record, OdStringView name) const
                       [](char a, OdChar b) { return static_cast<OdChar>(a) == b; });
 }
 
+OdString ParsedTree::name(std::uint32_t record) const
+{
+    return OdString(decoded(rawName(m_records[record]), m_charset));
+}
+
 OdString ParsedTree::text(std::uint32_t record) const
 {
     return OdString(decoded(rawValue(m_records[record]), m_charset));
@@ -64,19 +69,20 @@ bool ParsedTree::number(std::uint32_t record, double& out) const
 OdSharedPtr<CPItem> ParsedTree::makeItem(std::uint32_t index) const
 {
     const Record& record = m_records[index];
-    OdString name(decoded(rawName(record), m_charset));
+    OdString itsName = name(index);
     switch (record.kind)
     {
     case CPItem::eBlock:
-        return OdSharedPtr<CPItem>(new CPBlock(std::move(name), shared_from_this(), record.value, record.valueLength));
+        return OdSharedPtr<CPItem>(
+            new CPBlock(std::move(itsName), shared_from_this(), record.value, record.valueLength));
     case CPItem::eBool:
-        return OdSharedPtr<CPItem>(new CPBool(name, flag(index)));
+        return OdSharedPtr<CPItem>(new CPBool(itsName, flag(index)));
     case CPItem::eStr:
-        return OdSharedPtr<CPItem>(new CPStr(CPText::Parts{std::move(name), text(index)}));
+        return OdSharedPtr<CPItem>(new CPStr(CPText::Parts{std::move(itsName), text(index)}));
     case CPItem::eBin:
-        return OdSharedPtr<CPItem>(new CPBin(CPText::Parts{std::move(name), text(index)}));
+        return OdSharedPtr<CPItem>(new CPBin(CPText::Parts{std::move(itsName), text(index)}));
     case CPItem::eNum:
-        return OdSharedPtr<CPItem>(new CPNum(CPText::Parts{std::move(name), text(index)}));
+        return OdSharedPtr<CPItem>(new CPNum(CPText::Parts{std::move(itsName), text(index)}));
     }
     return nullptr;
 }
