@@ -174,7 +174,7 @@ Sample make(std::size_t privateBytes)
 
 const Sample& smallSample()
 {
-    static const Sample sample = make(700);
+    static const Sample sample = make(1400);
     return sample;
 }
 

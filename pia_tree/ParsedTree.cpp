@@ -5,7 +5,6 @@
 #include "pia_tree/NumberText.h"
 #include "pia_tree/Signature.h"
 
-#include <algorithm>
 #include <cstring>
 
 namespace pia
@@ -27,8 +26,13 @@ bool ParsedTree::hasName(const Record& record, OdStringView name) const
     const std::string_view raw = rawName(record);
     if (record.isNameEncoded)
         return decoded(raw, m_charset) == name;
-    return std::equal(raw.begin(), raw.end(), name.begin(), name.end(),
-                      [](char a, OdChar b) { return static_cast<OdChar>(a) == b; });
+    if (raw.size() != name.size())
+        return false;
+    // The signature was the same, so this hardly ever ends early: many units at once are faster than stopping.
+    unsigned difference = 0;
+    for (std::size_t i = 0; i < raw.size(); ++i)
+        difference |= static_cast<unsigned char>(raw[i]) ^ static_cast<unsigned>(name[i]);
+    return difference == 0;
 }
 
 OdString ParsedTree::name(std::uint32_t record) const

@@ -106,11 +106,11 @@ private:
         const char* at = name;
         for (;; ++at)
         {
-            const InName what = classOf(*at);
-            if (what == InName::encoded)
-                isEncoded = true;
-            else if (what != InName::plain)
+            while (classOf(*at) == InName::plain)
+                ++at;
+            if (classOf(*at) != InName::encoded)
                 break;
+            isEncoded = true;
         }
 
         const char* lineEnd = static_cast<const char*>(std::memchr(at, '\n', static_cast<std::size_t>(m_end - at) + 1));
