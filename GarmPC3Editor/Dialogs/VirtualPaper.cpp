@@ -1,6 +1,6 @@
 #include "GarmPC3Editor/Dialogs/VirtualPaper.h"
 
-#include "win32/Handles.h"
+#include "GarmPC3Editor/GmPrinterInfo.h"
 #include "win32/PrinterQueries.h"
 
 #include <algorithm>
@@ -8,24 +8,8 @@
 
 namespace
 {
-constexpr std::size_t paperNameLength = 64;
-constexpr int mostPapers = 0x10000; // codes are 16-bit
 constexpr DWORD searchedPrinters = PRINTER_ENUM_LOCAL | PRINTER_ENUM_CONNECTIONS;
 constexpr DWORD nameLevel = 1;
-
-// The port that capability queries name; nothing when the printer cannot be opened or read.
-std::optional<WideText> portOf(const OdString& printerName)
-{
-    const PrinterHandle printer = openPrinter(printerName.c_str());
-    if (!printer)
-        return std::nullopt;
-    const SpoolerRecords records = queryInfo([&printer](BYTE* buffer, DWORD size, DWORD* needed)
-                                             { return ::GetPrinterW(printer.get(), 2, buffer, size, needed); });
-    const auto info = records.at<PRINTER_INFO_2W>(0);
-    if (!info)
-        return std::nullopt;
-    return records.text(info->pPortName).value_or(WideText());
-}
 } // namespace
 
 OdString fullPrinterName(const OdString& name)
@@ -47,30 +31,13 @@ OdString fullPrinterName(const OdString& name)
 int paperCodeForName(const OdString& printerName, OdStringView paperName, const DEVMODEW* devMode)
 {
     constexpr int none = -1;
-    const OdString fullName = fullPrinterName(printerName);
-    const std::optional<WideText> port = portOf(fullName);
-    if (!port)
+    // A slot for which the driver gave no name reads as "" too.
+    if (paperName.empty())
         return none;
-    const auto ask = [&](WORD capability, void* output) {
-        return ::DeviceCapabilitiesW(fullName.c_str(), port->c_str(), capability, static_cast<WCHAR*>(output), devMode);
-    };
-
-    const int count = ask(DC_PAPERS, nullptr);
-    if (count <= 0 || count > mostPapers)
-        return none;
-    // Twice the room: the count may have grown until the lists are filled.
-    const auto papers = static_cast<std::size_t>(count);
-    std::vector<WCHAR> names(2 * papers * paperNameLength);
-    std::vector<POINT> sizes(2 * papers);
-    std::vector<WORD> codes(2 * papers);
-    // Names, sizes and codes belong together; a driver that refuses one of them has no list to choose from.
-    const int named = ask(DC_PAPERNAMES, names.data());
-    if (named < 0 || ask(DC_PAPERSIZE, sizes.data()) < 0 || ask(DC_PAPERS, codes.data()) < 0)
-        return none;
-
-    const std::size_t usable = std::min(papers, static_cast<std::size_t>(named));
-    for (std::size_t i = 0; i < usable; ++i)
-        if (odBoundedView(names.data() + i * paperNameLength, paperNameLength) == paperName)
-            return codes[i];
+    GmPrinterInfo printer(fullPrinterName(printerName), devMode);
+    const int count = printer.paperCount();
+    for (int i = 0; i < count; ++i)
+        if (printer.paperName(i) == paperName)
+            return printer.paperId(i);
     return none;
 }
