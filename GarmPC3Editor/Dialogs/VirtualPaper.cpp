@@ -38,6 +38,6 @@ int paperCodeForName(const OdString& printerName, OdStringView paperName, const 
     const int count = printer.paperCount();
     for (int i = 0; i < count; ++i)
         if (printer.paperName(i) == paperName)
-            return printer.paperId(i);
+            return printer.paperId(i) != 0 ? printer.paperId(i) : none; // 0 is no code: the driver did not deliver it
     return none;
 }
