@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <regex>
+
 using namespace plothost;
 using testing::HasSubstr;
 using testing::Not;
@@ -148,7 +150,7 @@ TEST(PlothostArguments, versionIsOneLine)
     const ParsedArguments parsed = parse({OD_T("--version")});
     EXPECT_FALSE(parsed.request.has_value());
     EXPECT_EQ(parsed.status, exitYes);
-    EXPECT_THAT(parsed.output, testing::MatchesRegex("plothost [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+    EXPECT_TRUE(std::regex_match(parsed.output, std::regex("plothost [0-9]+\\.[0-9]+\\.[0-9]+\n"))) << parsed.output;
 }
 
 TEST(PlothostArguments, anUnknownCommandIsNamedWithTheNearest)

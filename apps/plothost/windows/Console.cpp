@@ -1,0 +1,70 @@
+#include "plothost/windows/Console.h"
+
+#include "kernel/OdText.h"
+
+#include <algorithm>
+#include <windows.h>
+
+namespace plothost
+{
+namespace
+{
+// A console takes only so much at a time.
+constexpr std::size_t mostUnits = 8192;
+
+bool writeConsole(HANDLE handle, OdStringView text)
+{
+    while (!text.empty())
+    {
+        std::size_t count = std::min(text.size(), mostUnits);
+        // Both halves of a character go together.
+        if (count < text.size() && count > 1 && text[count - 1] >= 0xD800 && text[count - 1] <= 0xDBFF)
+            --count;
+        DWORD written = 0;
+        if (!::WriteConsoleW(handle, text.data(), static_cast<DWORD>(count), &written, nullptr) || written == 0)
+            return false;
+        text.remove_prefix(std::min<std::size_t>(written, text.size()));
+    }
+    return true;
+}
+
+bool writeBytes(HANDLE handle, std::string_view bytes)
+{
+    while (!bytes.empty())
+    {
+        DWORD written = 0;
+        const auto count = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), 1U << 20U));
+        if (!::WriteFile(handle, bytes.data(), count, &written, nullptr) || written == 0)
+            return false;
+        bytes.remove_prefix(written);
+    }
+    return true;
+}
+
+bool write(DWORD which, std::string_view utf8) noexcept
+{
+    const HANDLE handle = ::GetStdHandle(which);
+    if (!handle || handle == INVALID_HANDLE_VALUE)
+        return utf8.empty();
+    try
+    {
+        DWORD mode = 0;
+        return ::GetConsoleMode(handle, &mode) ? writeConsole(handle, odFromUtf8(utf8)) : writeBytes(handle, utf8);
+    }
+    catch (...)
+    {
+        return false; // memory ran out
+    }
+}
+} // namespace
+
+bool writeOutput(std::string_view utf8) noexcept
+{
+    return write(STD_OUTPUT_HANDLE, utf8);
+}
+
+bool writeError(std::string_view utf8) noexcept
+{
+    return write(STD_ERROR_HANDLE, utf8);
+}
+} // namespace plothost

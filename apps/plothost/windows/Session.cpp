@@ -1,0 +1,119 @@
+#include "plothost/windows/Session.h"
+
+#include "host/CGarmPath.h"
+#include "host/GarmInterfaces.h"
+#include "host/GmLanguage.h"
+#include "host/GmLanguageTag.h"
+#include "host/GmModuleLoader.h"
+#include "kernel/OdRxModule.h"
+#include "plothost/Paths.h"
+#include "plothost/Printable.h"
+
+#include <vector>
+#include <windows.h>
+
+#include <delayimp.h>
+
+namespace plothost
+{
+namespace
+{
+const OdChar* const moduleName = OD_T("GarmPC3Editor.grx");
+const OdChar* const searchPathVariable = OD_T("PLOTHOST_SEARCH_PATH");
+const OdChar* const defaultLanguage = OD_T("en");
+
+// What the module's exported classes are bound to at their first call.
+HMODULE loadedModule = nullptr;
+
+// The loaded module may have another file name than the one in the import library.
+FARPROC WINAPI bindToLoadedModule(unsigned notification, DelayLoadInfo*)
+{
+    return notification == dliNotePreLoadLibrary ? reinterpret_cast<FARPROC>(loadedModule) : nullptr;
+}
+
+OdString environmentText(const OdChar* name)
+{
+    std::vector<OdChar> text(::GetEnvironmentVariableW(name, nullptr, 0));
+    if (text.empty())
+        return {};
+    const DWORD length = ::GetEnvironmentVariableW(name, text.data(), static_cast<DWORD>(text.size()));
+    return length < text.size() ? OdString(OdStringView(text.data(), length)) : OdString();
+}
+
+// Whether the module will find its texts. A library that is damaged is none.
+bool hasLanguageLibrary(const OdString& module, const OdString& tag)
+{
+    const OdString path = findLanguageLibrary(module, tag);
+    const HMODULE library =
+        path.isEmpty()
+            ? nullptr
+            : ::LoadLibraryExW(path.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE);
+    if (library)
+        ::FreeLibrary(library);
+    return library != nullptr;
+}
+
+OdString programFolder()
+{
+    std::vector<OdChar> path(MAX_PATH);
+    for (;;)
+    {
+        const DWORD length = ::GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+        if (length < path.size())
+            return CGarmPath(OdString(OdStringView(path.data(), length))).fullFolder();
+        path.resize(2 * path.size());
+    }
+}
+} // namespace
+
+Session::Session(const Request& request)
+    : m_request(request), m_searchPath(chosenSearchPath(request.searchPath, environmentText(searchPathVariable)))
+{
+    getMainInternalInterface()->setPlotCfgSearchPath(m_searchPath);
+}
+
+Session::~Session()
+{
+    OdString ignored; // the process ends anyway
+    if (m_module)
+        GmModuleLoader::unload(m_module, ignored);
+}
+
+bool Session::loadModule(std::string& whyNot, std::string& notes)
+{
+    const OdString file =
+        m_request.module ? absolutePath(*m_request.module) : CGarmPath::join(programFolder(), OdString(moduleName));
+
+    if (isFile(file))
+    {
+        const OdString tag = m_request.language.value_or(OdString(defaultLanguage));
+        if (!isLanguageTag(tag))
+            notes = "'" + printable(tag) + "' is no language tag; the texts are in English";
+        else if (hasLanguageLibrary(file, tag))
+            setUiLanguage(tag);
+        else if (m_request.language)
+            notes = "there are no texts in '" + printable(tag) + "'; they are in English";
+
+        // Without texts the module would ask for a click on a message box before it refuses, and nobody may be there.
+        if (!hasLanguageLibrary(file, uiLanguage()))
+        {
+            whyNot = "The module " + printable(file) + " cannot be loaded: its language library is missing or damaged.";
+            return false;
+        }
+    }
+
+    OdString reason;
+    m_module = GmModuleLoader::load(file, reason);
+    if (!m_module)
+    {
+        whyNot = printable(reason);
+        return false;
+    }
+    loadedModule = static_cast<HMODULE>(m_module->sysData());
+    return true;
+}
+} // namespace plothost
+
+// The name is the delay-load helper's, which asks it before it loads anything.
+extern "C" PfnDliHook __pfnDliNotifyHook2;
+PfnDliHook __pfnDliNotifyHook2 = plothost::bindToLoadedModule;

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "kernel/OdString.h"
+#include "plothost/Request.h"
+
+#include <string>
+
+class OdRxModule;
+
+namespace plothost
+{
+// The host around one request: search path, language, and the module, which is unloaded at the end.
+class Session
+{
+public:
+    explicit Session(const Request& request);
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    // False with the reason, one line of UTF-8 without line end, when the module cannot be loaded. notes gets what the
+    // user should know although it is no failure, one line without line end, "" when there is nothing.
+    bool loadModule(std::string& whyNot, std::string& notes);
+
+    const OdString& searchPath() const noexcept { return m_searchPath; }
+
+private:
+    const Request& m_request;
+    OdString m_searchPath;
+    OdRxModule* m_module = nullptr;
+};
+} // namespace plothost

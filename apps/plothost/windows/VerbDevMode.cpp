@@ -1,0 +1,113 @@
+#include "plothost/windows/Verbs.h"
+
+#include "GarmPC3Editor/GmPlotCfg3.h"
+#include "kernel/OdText.h"
+#include "pia_tree/FileAccess.h"
+#include "plothost/DevModeQuery.h"
+#include "plothost/Paths.h"
+#include "plothost/Printable.h"
+#include "plothost/Reports.h"
+#include "plothost/WhyNot.h"
+#include "plothost/windows/Answers.h"
+#include "plothost/windows/BackgroundWait.h"
+#include "plothost/windows/Printers.h"
+
+#include <string_view>
+
+namespace plothost
+{
+namespace
+{
+constexpr DWORD longestWait = 60'000; // milliseconds
+
+bool isConfigurationName(const OdString& name)
+{
+    return odEndsWithNoCase(name, OD_T(".pc3"));
+}
+
+// The module looks on the search path only; a file of the caller's folder is passed on with its folder.
+OdString deviceNameFor(const OdString& typed)
+{
+    return isConfigurationName(typed) && isFile(typed) ? absolutePath(typed) : typed;
+}
+
+std::string whyNoPrinterBehind(const OdString& path)
+{
+    const std::string shown = "'" + printable(path) + "': ";
+    const std::string why = whyNotRead(path, installedDrivers());
+    if (!why.empty())
+        return shown + why;
+    bool modified = false;
+    const OdSharedPtr<GmPlotCfg3> configuration = GmPlotCfg3::read(path, modified);
+    if (!configuration)
+        return shown + "the module cannot read it";
+    const OdString& printer = configuration->m_meta.m_win_device_name;
+    return shown + whyNoDevMode(*configuration, printer.isEmpty() ? 0 : openError(printer));
+}
+
+std::string whyNoPrinterFor(const OdString& deviceName, const OdString& searchPath)
+{
+    OdString path;
+    if (isConfigurationName(deviceName))
+        return findConfiguration(deviceName, path) ? whyNoPrinterBehind(path) : whyNotFound(deviceName, searchPath);
+
+    const std::string why = whyNoPrinter(deviceName, openError(deviceName));
+    if (findConfiguration(deviceName + OD_T(".pc3"), path))
+        return why + "; the configuration of that name is '" + printable(deviceName) + ".pc3'";
+    return why;
+}
+
+ExitStatus writeBytes(const DevModeReport& report, const OdString& typed)
+{
+    const OdString path = absolutePath(typed);
+    if (report.devMode.empty())
+    {
+        note("'" + printable(report.deviceName) + "' carries no DEVMODE; '" + printable(path) + "' is not written");
+        return exitYes;
+    }
+    const std::string_view bytes(reinterpret_cast<const char*>(report.devMode.data()), report.devMode.size());
+    if (const char* reason = pia::replaceFile(path.c_str(), bytes))
+        return answerNo(whyNotWritten(path, reason));
+    return exitYes;
+}
+
+ExitStatus runInBackground(const Request& request, const OdString& searchPath)
+{
+    const OdString deviceName = deviceNameFor(request.name);
+    MessageWindow window;
+    if (!window.handle())
+        return answerNo("the system gives no window for the message");
+    if (const std::string problem = startBackgroundCheck(deviceName, window.handle()); !problem.empty())
+        return answerNo(problem);
+    const std::optional<WPARAM> flag = window.waitFor(backgroundMessage, longestWait);
+    if (!flag)
+        return answerNo("no message came within " + std::to_string(longestWait / 1000) + " seconds");
+
+    BackgroundReport report;
+    report.deviceName = deviceName;
+    report.flag = *flag != 0;
+    const ExitStatus printed = answerYes(request.json ? jsonOf(report) : textOf(report));
+    return report.flag ? printed : answerNo(whyNoPrinterFor(deviceName, searchPath));
+}
+} // namespace
+
+ExitStatus runDevMode(const Request& request, const OdString& searchPath)
+{
+    if (request.background)
+        return runInBackground(request, searchPath);
+
+    const DevModeAnswer answer = askDevMode(deviceNameFor(request.name));
+    if (!answer.problem.empty())
+        return answerNo(answer.problem);
+    const DevModeReport& report = answer.report;
+    // When the answer is no, a configuration that was read still has its paper and model; a program always gets JSON.
+    const bool tellsSomething = report.result || !report.paperName.isEmpty() || !report.canonicalModelName.isEmpty();
+    const ExitStatus printed =
+        request.json ? answerYes(jsonOf(report)) : answerYes(tellsSomething ? textOf(report) : "");
+    if (printed != exitYes)
+        return printed;
+    if (!report.result)
+        return answerNo(whyNoPrinterFor(report.deviceName, searchPath));
+    return request.out ? writeBytes(report, *request.out) : exitYes;
+}
+} // namespace plothost

@@ -1,0 +1,88 @@
+#include "plothost/windows/Verbs.h"
+
+#include "GarmPC3Editor/GmPlotCfg3.h"
+#include "host/FilePath.h"
+#include "kernel/OdEdCommandStack.h"
+#include "pia_tree/CPIAParser.h"
+#include "plothost/Paths.h"
+#include "plothost/Printable.h"
+#include "plothost/Reports.h"
+#include "plothost/ShowReport.h"
+#include "plothost/WhyNot.h"
+#include "plothost/windows/Answers.h"
+#include "plothost/windows/Printers.h"
+
+namespace plothost
+{
+namespace
+{
+// The printer a file names, before reading may have bound it to another one.
+OdString storedPrinter(const OdString& path)
+{
+    OdString name;
+    CPIAParser parser;
+    if (!parser.read(path.c_str()))
+        return name;
+    if (const OdSharedPtr<CPItem> meta = parser.root()->find(OD_T("meta"), CPItem::eBlock))
+        static_cast<const CPBlock&>(*meta).getStr(name, OD_T("win_device_name"));
+    return name;
+}
+} // namespace
+
+ExitStatus runList(const Request& request, const OdString& searchPath)
+{
+    ListReport report;
+    report.printers = installedPrinterList();
+    report.folders = FilePath::GetPaths(searchPath);
+    for (const OdString& folder : report.folders)
+    {
+        const auto found = configurationsIn(folder);
+        if (found)
+            report.configurations.insert(report.configurations.end(), found->begin(), found->end());
+        else
+            note("the folder '" + printable(folder) + "' cannot be read");
+    }
+    return answerYes(request.json ? jsonOf(report) : textOf(report));
+}
+
+ExitStatus runCreate(const Request& request)
+{
+    const OdSharedPtr<GmPlotCfg3> configuration = GmPlotCfg3::create(request.name);
+    if (!configuration)
+        return answerNo(whyNotCreated(request.name));
+    const OdString path = absolutePath(request.file);
+    const bool replaced = isFile(path);
+    if (!configuration->write(path))
+        return answerNo(whyNotWritten(path));
+    return answerYes("'" + printable(path) + "' is " + (replaced ? "replaced" : "written") + " for printer '" +
+                     printable(request.name) + "'\n");
+}
+
+ExitStatus runShow(const Request& request, const OdString& searchPath)
+{
+    ShowReport report;
+    if (!findConfiguration(request.file, report.path))
+        return answerNo(whyNotFound(request.file, searchPath));
+
+    bool modified = false;
+    const OdSharedPtr<GmPlotCfg3> configuration = GmPlotCfg3::read(report.path, modified);
+    if (!configuration)
+    {
+        const std::string why = whyNotRead(report.path, installedDrivers());
+        return answerNo("'" + printable(report.path) + "': " + (why.empty() ? "the module cannot read it" : why));
+    }
+    report.storedPrinter = storedPrinter(report.path);
+    if (!configuration->m_meta.m_win_driver_name.isEmpty())
+        report.binding = modified ? ShowReport::Binding::rebound : ShowReport::Binding::same;
+    report.configuration = configuration.get();
+    return answerYes(request.json ? jsonOf(report) : textOf(report));
+}
+
+ExitStatus runCommands()
+{
+    CommandsReport report;
+    for (const OdEdCommandPtr& command : odedRegCmds()->commands())
+        report.commands.push_back({command->groupName(), command->globalName(), command->localName()});
+    return answerYes(textOf(report));
+}
+} // namespace plothost

@@ -1,0 +1,68 @@
+#include "plothost/Arguments.h"
+#include "plothost/windows/Answers.h"
+#include "plothost/windows/Console.h"
+#include "plothost/windows/Session.h"
+#include "plothost/windows/Verbs.h"
+
+#include <exception>
+
+// The runtime would replace names with a question mark or an asterisk by those of matching files; printers have them.
+extern "C" int _dowildcard;
+int _dowildcard = 0;
+
+namespace
+{
+using namespace plothost;
+
+ExitStatus run(const Request& request, const OdString& searchPath)
+{
+    switch (request.verb)
+    {
+    case Verb::list:
+        return runList(request, searchPath);
+    case Verb::devmode:
+        return runDevMode(request, searchPath);
+    case Verb::create:
+        return runCreate(request);
+    case Verb::show:
+        return runShow(request, searchPath);
+    case Verb::commands:
+        break;
+    }
+    return runCommands();
+}
+
+ExitStatus answer(const std::vector<OdString>& arguments)
+{
+    const ParsedArguments parsed = parseArguments(arguments);
+    if (!parsed.request)
+    {
+        const bool told = writeOutput(parsed.output) && writeError(parsed.error);
+        return told || parsed.status != exitYes ? parsed.status : answerNo("standard output cannot be written");
+    }
+    Session session(*parsed.request);
+    std::string whyNot;
+    std::string notes;
+    const bool loaded = session.loadModule(whyNot, notes);
+    if (!notes.empty())
+        note(notes);
+    if (!loaded)
+    {
+        note(whyNot);
+        return exitNoModule;
+    }
+    return run(*parsed.request, session.searchPath());
+}
+} // namespace
+
+extern "C" int wmain(int count, wchar_t** values)
+{
+    try
+    {
+        return answer(std::vector<OdString>(values + (count > 0 ? 1 : 0), values + count));
+    }
+    catch (const std::exception& error)
+    {
+        return answerNo(error.what());
+    }
+}

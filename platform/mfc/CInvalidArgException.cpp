@@ -1,7 +1,0 @@
-#include "mfc/CInvalidArgException.h"
-
-void AfxThrowInvalidArgException()
-{
-    static CInvalidArgException exception;
-    throw &exception;
-}

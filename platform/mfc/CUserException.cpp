@@ -1,7 +1,0 @@
-#include "mfc/CUserException.h"
-
-void AfxThrowUserException()
-{
-    static CUserException exception;
-    throw &exception;
-}
