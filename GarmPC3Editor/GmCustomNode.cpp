@@ -9,11 +9,6 @@ namespace
 {
 constexpr OdStringView rawDataKey = OD_T("RawPrivateDeviceData");
 
-const OdString& textOf(const CPItem& item)
-{
-    return static_cast<const CPText&>(item).text();
-}
-
 // Replaces the text under key; adds it only when insert is true.
 template <class MakeText>
 bool store(std::map<OdString, OdString>& items, OdStringView key, bool insert, MakeText makeText)
@@ -54,36 +49,34 @@ bool GmCustomNode::parse(const CPBlock& block)
 {
     for (unsigned i = 0; i < block.size(); ++i)
     {
-        const auto child = block.data(i);
-        if (child->type() != CPItem::eBlock)
+        if (block.kindAt(i) != CPItem::eBlock)
             continue;
+        const auto child = block.data(i);
         const auto& item = static_cast<const CPBlock&>(*child);
         if (item.size() != 2)
             return false;
-        const auto name = item.data(0);
-        // The second item is told by its place alone: its name is not looked at.
-        const auto value = item.data(1);
-        if (name->type() != CPItem::eStr || !odEqualNoCase(name->name(), OD_T("name")))
+        if (item.kindAt(0) != CPItem::eStr || !odEqualNoCase(item.nameAt(0), OD_T("name")))
             return false;
 
-        const OdString& key = textOf(*name);
-        switch (value->type())
+        const OdString key = item.textAt(0);
+        // The second item is told by its place alone: its name is not looked at.
+        switch (item.kindAt(1))
         {
         case CPItem::eBlock:
             return false;
         case CPItem::eStr:
-            m_strings[key] = textOf(*value);
+            m_strings[key] = item.textAt(1);
             break;
         case CPItem::eBin:
             // What this module writes itself is upper case, so a hand-edited file becomes so too. Binaries of others
             // may mean something else by their letters.
-            m_binaries[key] = key == rawDataKey ? withUpperCaseHexDigits(textOf(*value)) : textOf(*value);
+            m_binaries[key] = key == rawDataKey ? withUpperCaseHexDigits(item.textAt(1)) : item.textAt(1);
             break;
         case CPItem::eNum:
-            m_numbers[key] = textOf(*value);
+            m_numbers[key] = item.textAt(1);
             break;
         case CPItem::eBool:
-            m_flags[key] = static_cast<const CPBool&>(*value).value() ? 1 : 0;
+            m_flags[key] = item.flagAt(1) ? 1 : 0;
             break;
         }
     }

@@ -12,8 +12,8 @@ class CPBlock;
 // All lengths of the media family are millimetres, areas square millimetres.
 //
 // init of each class: false at the first required key that is missing; the fields before it are then stored, those
-// after it untouched. write appends to an empty block and is false only when a nested write is. Running out of memory is
-// thrown: as a false result it would look like a missing key.
+// after it untouched. write appends to an empty block and is false only when a nested write is. Running out of memory
+// is thrown: as a false result it would look like a missing key.
 
 // Block "media_bounds": the paper's width and height.
 class GARM_PC3EDITOR_API GmMediaBoundsNode

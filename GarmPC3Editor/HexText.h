@@ -14,4 +14,4 @@ OdString hexFromBytes(std::span<const unsigned char> bytes);
 void bytesFromHex(OdStringView text, std::span<unsigned char> out) noexcept;
 
 // The same text with a to f as A to F; all other characters stay as they are.
-OdString withUpperCaseHexDigits(OdStringView text);
+OdString withUpperCaseHexDigits(OdString text);

@@ -34,10 +34,7 @@ bool CPBlock::getStr(OdString& out, OdStringView name) const
     const unsigned at = indexOf(name, eStr);
     if (at == size())
         return false;
-    if (at < m_parsedCount)
-        out = m_tree->text(m_first + at);
-    else
-        out = static_cast<const CPStr&>(*m_items[at]).text();
+    out = textAt(at);
     return true;
 }
 
@@ -67,7 +64,7 @@ bool CPBlock::getBool(bool& out, OdStringView name) const
     const unsigned at = indexOf(name, eBool);
     if (at == size())
         return false;
-    out = at < m_parsedCount ? m_tree->flag(m_first + at) : static_cast<const CPBool&>(*m_items[at]).value();
+    out = flagAt(at);
     return true;
 }
 
@@ -99,4 +96,24 @@ OdSharedPtr<CPItem> CPBlock::data(unsigned index) const
     if (m_items[index].isNull())
         m_items[index] = m_tree->makeItem(m_first + index);
     return m_items[index];
+}
+
+CPItem::EType CPBlock::kindAt(unsigned index) const noexcept
+{
+    return index < m_parsedCount ? m_tree->kind(m_first + index) : m_items[index]->type();
+}
+
+OdString CPBlock::nameAt(unsigned index) const
+{
+    return index < m_parsedCount ? m_tree->name(m_first + index) : m_items[index]->name();
+}
+
+OdString CPBlock::textAt(unsigned index) const
+{
+    return index < m_parsedCount ? m_tree->text(m_first + index) : static_cast<const CPText&>(*m_items[index]).text();
+}
+
+bool CPBlock::flagAt(unsigned index) const noexcept
+{
+    return index < m_parsedCount ? m_tree->flag(m_first + index) : static_cast<const CPBool&>(*m_items[index]).value();
 }

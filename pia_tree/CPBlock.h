@@ -38,6 +38,13 @@ public:
     // The i-th child itself, in stored order; null for an index outside the block. It outlives the block.
     OdSharedPtr<CPItem> data(unsigned index) const;
 
+    // What data(index) would tell, without making the item: most items are read once, and making one costs more than
+    // reading it. The index is inside the block; textAt is for the kinds that have a text, flagAt for bools.
+    EType kindAt(unsigned index) const noexcept;
+    OdString nameAt(unsigned index) const;
+    OdString textAt(unsigned index) const;
+    bool flagAt(unsigned index) const noexcept;
+
 private:
     friend class pia::ParsedTree;
     friend class CPIAParser;

@@ -5,7 +5,6 @@
 #include "pia_tree/NumberText.h"
 #include "pia_tree/Signature.h"
 
-#include <algorithm>
 #include <cstring>
 
 namespace pia
@@ -27,8 +26,18 @@ bool ParsedTree::hasName(const Record& record, OdStringView name) const
     const std::string_view raw = rawName(record);
     if (record.isNameEncoded)
         return decoded(raw, m_charset) == name;
-    return std::equal(raw.begin(), raw.end(), name.begin(), name.end(),
-                      [](char a, OdChar b) { return static_cast<OdChar>(a) == b; });
+    if (raw.size() != name.size())
+        return false;
+    // The signature was the same, so this hardly ever ends early: many units at once are faster than stopping.
+    unsigned difference = 0;
+    for (std::size_t i = 0; i < raw.size(); ++i)
+        difference |= static_cast<unsigned char>(raw[i]) ^ static_cast<unsigned>(name[i]);
+    return difference == 0;
+}
+
+OdString ParsedTree::name(std::uint32_t record) const
+{
+    return OdString(decoded(rawName(m_records[record]), m_charset));
 }
 
 OdString ParsedTree::text(std::uint32_t record) const
@@ -64,19 +73,20 @@ bool ParsedTree::number(std::uint32_t record, double& out) const
 OdSharedPtr<CPItem> ParsedTree::makeItem(std::uint32_t index) const
 {
     const Record& record = m_records[index];
-    OdString name(decoded(rawName(record), m_charset));
+    OdString itsName = name(index);
     switch (record.kind)
     {
     case CPItem::eBlock:
-        return OdSharedPtr<CPItem>(new CPBlock(std::move(name), shared_from_this(), record.value, record.valueLength));
+        return OdSharedPtr<CPItem>(
+            new CPBlock(std::move(itsName), shared_from_this(), record.value, record.valueLength));
     case CPItem::eBool:
-        return OdSharedPtr<CPItem>(new CPBool(name, flag(index)));
+        return OdSharedPtr<CPItem>(new CPBool(itsName, flag(index)));
     case CPItem::eStr:
-        return OdSharedPtr<CPItem>(new CPStr(CPText::Parts{std::move(name), text(index)}));
+        return OdSharedPtr<CPItem>(new CPStr(CPText::Parts{std::move(itsName), text(index)}));
     case CPItem::eBin:
-        return OdSharedPtr<CPItem>(new CPBin(CPText::Parts{std::move(name), text(index)}));
+        return OdSharedPtr<CPItem>(new CPBin(CPText::Parts{std::move(itsName), text(index)}));
     case CPItem::eNum:
-        return OdSharedPtr<CPItem>(new CPNum(CPText::Parts{std::move(name), text(index)}));
+        return OdSharedPtr<CPItem>(new CPNum(CPText::Parts{std::move(itsName), text(index)}));
     }
     return nullptr;
 }

@@ -41,7 +41,9 @@ public:
     // The position in the range of the first item with this name and kind, or none.
     std::uint32_t find(Range range, OdStringView name, CPItem::EType kind) const;
 
-    // These take the number of a record; the kind must be the right one.
+    // These take the number of a record; those for values are for the kind that has one.
+    CPItem::EType kind(std::uint32_t record) const noexcept { return m_records[record].kind; }
+    OdString name(std::uint32_t record) const;
     OdString text(std::uint32_t record) const;
     bool flag(std::uint32_t record) const noexcept;
     bool number(std::uint32_t record, std::int32_t& out) const;

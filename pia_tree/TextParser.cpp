@@ -4,8 +4,11 @@
 #include "pia_tree/ParsedTree.h"
 #include "pia_tree/Signature.h"
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstring>
+#include <memory_resource>
 
 namespace pia
 {
@@ -64,10 +67,10 @@ public:
 
     bool run()
     {
-        // Enough for a usual configuration, so that most are read without growing.
+        // About what a usual configuration has, so that most are read without growing.
+        constexpr std::size_t usualLine = 32;
         constexpr std::size_t usualItems = 256;
-        m_tree.m_records.reserve(usualItems);
-        m_open.reserve(usualItems);
+        m_tree.m_records.reserve(std::min(m_tree.m_text.size() / usualLine + 1, usualItems));
 
         for (const char* line = m_text; line < m_end;)
         {
@@ -103,11 +106,11 @@ private:
         const char* at = name;
         for (;; ++at)
         {
-            const InName what = classOf(*at);
-            if (what == InName::encoded)
-                isEncoded = true;
-            else if (what != InName::plain)
+            while (classOf(*at) == InName::plain)
+                ++at;
+            if (classOf(*at) != InName::encoded)
                 break;
+            isEncoded = true;
         }
 
         const char* lineEnd = static_cast<const char*>(std::memchr(at, '\n', static_cast<std::size_t>(m_end - at) + 1));
@@ -209,7 +212,10 @@ private:
     std::size_t m_items = 0;
     unsigned m_depth = 0;
     std::array<std::size_t, maxNesting> m_firstChild;
-    std::vector<Record> m_open; // the items of the blocks that are not closed yet
+    // The items of the blocks that are not closed yet; those of a usual configuration need no memory of their own.
+    alignas(Record) std::array<std::byte, 8192> m_usualMemory;
+    std::pmr::monotonic_buffer_resource m_memory{m_usualMemory.data(), m_usualMemory.size()};
+    std::pmr::vector<Record> m_open{&m_memory};
 };
 
 std::shared_ptr<const ParsedTree> ParsedTree::parse(ByteBuffer text, TextFailure& failure)

@@ -5,35 +5,38 @@
 #include "pia_tree/Characters.h"
 #include "pia_tree/Limits.h"
 
+#include <cstdint>
+
 namespace pia
 {
 namespace
 {
-// Units that stand for themselves wherever they are in a value, but for a blank at its end.
-constexpr bool isPlainInValue(OdChar c) noexcept
+// Whether a unit may need an escape; none of the others does anywhere but at an end. Bitwise and in the units' own
+// width, so that the compiler tests many of them at once: private driver data is one very long value.
+constexpr std::uint16_t isSpecialInValue(std::uint16_t c) noexcept
 {
-    return c >= 0x20 && c <= 0x7E && c != '\\';
+    const auto fromBlank = static_cast<std::uint16_t>(c - 0x20);
+    return static_cast<std::uint16_t>((fromBlank > 0x7E - 0x20) | (c == '\\'));
 }
 
-constexpr bool isPlainInName(OdChar c) noexcept
+// The units that are part of the grammar in names only.
+constexpr std::uint16_t isGrammarInName(std::uint16_t c) noexcept
 {
-    // Bitwise, so that the compiler may test many units at once.
-    return isPlainInValue(c) & (c != '=') & (c != '{') & (c != '}') & (c != '"');
+    return static_cast<std::uint16_t>((c == '=') | (c == '{') | (c == '}') | (c == '"'));
 }
 
-// Braces and the divider are part of the grammar only in names.
-constexpr bool isEscapedInName(OdChar c) noexcept
+constexpr std::uint16_t isSpecialInName(std::uint16_t c) noexcept
 {
-    return c == '=' || c == '{' || c == '}' || c == '"';
+    return isSpecialInValue(c) | isGrammarInName(c);
 }
 
-template <class Test>
-bool areAll(OdStringView text, Test test) noexcept
+template <std::uint16_t (*isSpecial)(std::uint16_t)>
+bool hasSpecial(OdStringView text) noexcept
 {
-    bool all = true;
+    std::uint16_t any = 0;
     for (const OdChar c : text)
-        all &= test(c);
-    return all;
+        any = static_cast<std::uint16_t>(any | isSpecial(static_cast<std::uint16_t>(c)));
+    return any != 0;
 }
 
 // A backslash needs an escape only where an escape would be read; names of printers and paths are full of the others.
@@ -107,7 +110,7 @@ private:
 
     void putName(OdStringView name)
     {
-        if (areAll(name, isPlainInName) && !name.starts_with(' ') && !name.ends_with(' '))
+        if (!hasSpecial<isSpecialInName>(name) && !name.starts_with(' ') && !name.ends_with(' '))
         {
             putPlain(name);
             return;
@@ -117,7 +120,7 @@ private:
         for (std::size_t i = 0; i < name.size(); ++i)
         {
             const bool isAtAnEnd = i < first || i > last;
-            putUnit(name[i], isAtAnEnd || isEscapedInName(name[i]) || isEscapedAnywhere(name, i));
+            putUnit(name[i], isAtAnEnd || isGrammarInName(name[i]) || isEscapedAnywhere(name, i));
         }
     }
 
@@ -140,7 +143,7 @@ private:
         const bool endsInBlank = text.ends_with(' ');
         if (endsInBlank)
             text.remove_suffix(1);
-        if (areAll(text, isPlainInValue))
+        if (!hasSpecial<isSpecialInValue>(text))
             putPlain(text);
         else
             for (std::size_t i = 0; i < text.size(); ++i)

@@ -19,6 +19,7 @@ public:
 
     // The language resource library at registration. What the command shows later takes the library of that moment.
     void setResourceInstance(HINSTANCE library) noexcept { m_hResource = library; }
+    HINSTANCE resourceInstance() const noexcept { return m_hResource; }
 
     void execute(OdEdCommandContext* context) override;
 };

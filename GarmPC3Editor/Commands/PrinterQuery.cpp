@@ -16,9 +16,8 @@ bool plotsWithoutWindowsPrinter(std::int32_t driverType)
 bool namesConfiguration(const OdString& deviceName)
 {
     constexpr OdStringView ending = OD_T(".pc3");
-    if (deviceName.view().size() < ending.size())
-        return false;
-    // The invariant locale: how a file name ends is no matter of the user's language.
+    // The invariant locale: how a file name ends is no matter of the user's language. Of a name shorter than the ending
+    // the last four characters are all there are, and no such text equals one of four.
     const OdString last = deviceName.right(static_cast<int>(ending.size()));
     return ::CompareStringW(LOCALE_INVARIANT, NORM_IGNORECASE, last.c_str(), last.getLength(), ending.data(),
                             static_cast<int>(ending.size())) == CSTR_EQUAL;

@@ -220,7 +220,6 @@ class FieldReader : public PC3EditCommand
 public:
     // The fields between the group name and the library are kept cleared; the library is the last one.
     bool reservedFieldsAreClear() const { return !m_reserved1 && !m_reserved2 && m_reserved3 == 0; }
-    HINSTANCE resource() const { return m_hResource; }
 
     bool fieldsAreInOrder() const
     {
@@ -243,9 +242,9 @@ TEST_F(CommandGroupTest, FieldsStandInOrderAndAreCleared)
     const OdSmartPtr<FieldReader> command = OdRxObjectImpl<FieldReader>::createObject();
     EXPECT_TRUE(command->fieldsAreInOrder());
     EXPECT_TRUE(command->reservedFieldsAreClear());
-    EXPECT_EQ(command->resource(), nullptr);
+    EXPECT_EQ(command->resourceInstance(), nullptr);
     const HINSTANCE library = m_room.newLibrary();
     command->setResourceInstance(library);
-    EXPECT_EQ(command->resource(), library);
+    EXPECT_EQ(command->resourceInstance(), library);
 }
 } // namespace

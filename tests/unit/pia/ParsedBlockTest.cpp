@@ -116,6 +116,26 @@ TEST_F(ParsedBlock, dataGivesTheSameItemEachTime)
     EXPECT_TRUE(root.data(2).isNull());
 }
 
+TEST_F(ParsedBlock, itemsCanBeLookedAtWithoutMakingThem)
+{
+    const auto shared = read("b{\ns=\"text\ny=TRUE\nn=12\nb=#00\nx{\n}\n}\n").data(0);
+    auto& block = static_cast<CPBlock&>(*shared);
+    addTo<CPBin>(block, OD_T("added"), OD_T("FF"));
+    addTo<CPBool>(block, OD_T("no"), false);
+    ASSERT_EQ(block.size(), 7U);
+    for (unsigned i = 0; i < block.size(); ++i)
+    {
+        EXPECT_EQ(block.kindAt(i), block.data(i)->type()) << i;
+        EXPECT_EQ(block.nameAt(i), block.data(i)->name()) << i;
+    }
+    EXPECT_EQ(block.textAt(0), OD_T("text"));
+    EXPECT_TRUE(block.flagAt(1));
+    EXPECT_EQ(block.textAt(2), OD_T("12"));
+    EXPECT_EQ(block.textAt(3), OD_T("00"));
+    EXPECT_EQ(block.textAt(5), OD_T("FF"));
+    EXPECT_FALSE(block.flagAt(6));
+}
+
 TEST_F(ParsedBlock, itemsOutliveTheParser)
 {
     OdSharedPtr<CPItem> block;

@@ -1,6 +1,9 @@
 #include "GarmPC3Editor/GarmPC3EditorApp.h"
 
+#include "GarmPC3Editor/Commands/CommandGroup.h"
+#include "GarmPC3Editor/Commands/PC3EditCommand.h"
 #include "GarmPC3Editor/ResourceInstance.h"
+#include "kernel/OdEdCommandStack.h"
 #include "mfc/AfxModuleState.h"
 #include "mfc/AtlBaseModule.h"
 #include "tests/win/module/ScriptedHost.h"
@@ -100,6 +103,18 @@ TEST_F(GarmPC3EditorAppTest, WithoutLibraryTheStartSaysSoOnceAndIsRefused)
     EXPECT_EQ(theApp.m_hLangResourceDLL, nullptr);
     EXPECT_EQ(AfxGetResourceHandle(), m_instance);
     EXPECT_EQ(_AtlBaseModule.GetResourceInstance(), m_instance);
+}
+
+TEST_F(GarmPC3EditorAppTest, TheEditCommandIsRegisteredWithTheLibrary)
+{
+    start();
+    EXPECT_EQ(registerCommands(), 5100);
+    {
+        const auto command = odrxCast<PC3EditCommand>(odedRegCmds()->lookupGlobal(L"_PC3EDIT"));
+        ASSERT_TRUE(command);
+        EXPECT_EQ(command->resourceInstance(), theApp.m_hLangResourceDLL);
+    }
+    EXPECT_EQ(unregisterCommands(), 5100);
 }
 
 TEST_F(GarmPC3EditorAppTest, ReloadAsksWithoutCallback)

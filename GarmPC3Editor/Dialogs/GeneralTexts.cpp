@@ -1,0 +1,51 @@
+#include "GarmPC3Editor/Dialogs/GeneralTexts.h"
+
+#include "GarmPC3Editor/GmPrnHelper.h"
+#include "host/CGarmPath.h"
+#include "resources/Resource.h"
+#include "win32/PrinterQueries.h"
+
+OdString driverLine(const GmMetaNode& meta, const GmTexts& texts)
+{
+    if (meta.m_win_device_name.isEmpty())
+        return formatText(texts(IDS_FILE_DRIVER), {meta.m_localized_family_name, meta.m_localized_model_name});
+    return texts(IDS_SYSTEM_DRIVER);
+}
+
+OdString driverFile(const GmMetaNode& meta)
+{
+    return CGarmPath(meta.m_driver_pathname).fileName();
+}
+
+OdString versionLine(const GmMetaNode& meta, const GmTexts& texts)
+{
+    return texts(IDS_VERSION) + meta.m_driver_version;
+}
+
+OdString portLine(const GmPlotCfg3& cfg, const GmTexts& texts)
+{
+    const OdString line = texts(IDS_PORT);
+    if (cfg.m_meta.m_config_autospool)
+        return line + texts(IDS_PORT_AUTOSPOOL);
+    if (cfg.m_io.m_plot_to_file)
+        return line + texts(IDS_PORT_FILE);
+    if (cfg.m_meta.m_win_device_name.isEmpty())
+        return line;
+    OdString port;
+    GmPrnHelper printer(cfg.m_meta.m_win_device_name.c_str());
+    return printer.isValid() && printer.getPorts(port) ? line + port : line;
+}
+
+OdString notInstalledEntry(const OdString& printerName, const GmTexts& texts)
+{
+    return formatText(texts(IDS_PRINTER_NOT_INSTALLED), {printerName});
+}
+
+std::vector<OdString> printerNames(DWORD flags, bool underWine)
+{
+    std::vector<OdString> names;
+    for (const InstalledPrinter& printer : installedPrinters(flags, underWine ? 5 : 1))
+        if (printer.name)
+            names.emplace_back(OdStringView(*printer.name));
+    return names;
+}

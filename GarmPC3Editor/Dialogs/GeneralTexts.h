@@ -1,0 +1,31 @@
+#pragma once
+
+#include "GarmPC3Editor/Dialogs/GmTexts.h"
+#include "GarmPC3Editor/GmPlotCfg3.h"
+
+#include <vector>
+
+// The lines of the General tab.
+
+// A Windows printer's driver is "the system's"; others are named by family and model.
+OdString driverLine(const GmMetaNode& meta, const GmTexts& texts);
+
+// File name and extension of the driver.
+OdString driverFile(const GmMetaNode& meta);
+
+OdString versionLine(const GmMetaNode& meta, const GmTexts& texts);
+
+// Where plots go: the autospool folder, else a file, else the port of the Windows printer if it tells one. Asks the
+// spooler for the port; what a driver throws goes through.
+OdString portLine(const GmPlotCfg3& cfg, const GmTexts& texts);
+
+// The list entry that stands for a printer which is not installed.
+OdString notInstalledEntry(const OdString& printerName, const GmTexts& texts);
+
+// The flags of the two passes in which the printer list is filled: local printers, then connected, shared and network
+// ones.
+inline constexpr DWORD printerListPasses[] = {2, 100};
+
+// The printers of one pass in the spooler's order. Wine tells names at information level 5 only; elsewhere level 1 is
+// the one that names printers the way users know them.
+std::vector<OdString> printerNames(DWORD flags, bool underWine);

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "GarmPC3Editor/GmPlotCfg3.h"
+
+// What the property pages read from a configuration and write back. A page reads once, when it is made, and holds the
+// values; each store function answers whether a stored value really changed.
+
+// 1 collates, 0 does not; 0 too when the configuration has no destination.
+int collatingChoice(const GmPlotCfg3& cfg) noexcept;
+// Rewrites the text even when the choice is the old one, so that a file with another text is put right; that alone is
+// no change. Without a destination nothing is written.
+bool storeCollating(GmPlotCfg3& cfg, int choice);
+
+struct GmRasterValues
+{
+    std::int32_t ismMax = 0;     // 0 to 6
+    std::int32_t oleMax = 0;     // 0 to 6
+    std::int32_t preference = 0; // 0 to 100
+
+    friend bool operator==(const GmRasterValues&, const GmRasterValues&) = default;
+};
+GmRasterValues rasterValues(const GmPlotCfg3& cfg) noexcept;
+// Compares with what the page held, not with the configuration: equal values write nothing, and one changed value
+// writes all three.
+bool storeRaster(GmPlotCfg3& cfg, GmRasterValues& held, const GmRasterValues& now);
+
+// Radio choices: 0 is the first button. The store functions compare with what the page held.
+int trueTypeChoice(const GmPlotCfg3& cfg) noexcept; // 0 as text, 1 as graphics
+bool storeTrueType(GmPlotCfg3& cfg, int& held, int now);
+
+int mergeChoice(const GmPlotCfg3& cfg) noexcept; // 0 lines overwrite, 1 lines merge; 0 when the file says neither
+// A configuration without the value is asserted ("m_dlg.cfg().m_res_color_mem.m_lines_overwrite") and left alone.
+bool storeMerge(GmPlotCfg3& cfg, int& held, int now);

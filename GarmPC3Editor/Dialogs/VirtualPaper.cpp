@@ -1,0 +1,43 @@
+#include "GarmPC3Editor/Dialogs/VirtualPaper.h"
+
+#include "GarmPC3Editor/GmPrinterInfo.h"
+#include "win32/PrinterQueries.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace
+{
+constexpr DWORD searchedPrinters = PRINTER_ENUM_LOCAL | PRINTER_ENUM_CONNECTIONS;
+constexpr DWORD nameLevel = 1;
+} // namespace
+
+OdString fullPrinterName(const OdString& name)
+{
+    const std::vector<InstalledPrinter> printers = installedPrinters(searchedPrinters, nameLevel);
+    const auto find = [&printers](auto matches)
+    {
+        return std::find_if(printers.begin(), printers.end(),
+                            [&matches](const InstalledPrinter& printer)
+                            { return printer.name && matches(OdStringView(*printer.name)); });
+    };
+    // All printers are tried for the exact name first: one that merely contains it may stand before it.
+    auto found = find([&name](OdStringView candidate) { return candidate == name.view(); });
+    if (found == printers.end())
+        found = find([&name](OdStringView candidate) { return candidate.find(name.view()) != candidate.npos; });
+    return found == printers.end() ? name : OdString(OdStringView(*found->name));
+}
+
+int paperCodeForName(const OdString& printerName, OdStringView paperName, const DEVMODEW* devMode)
+{
+    constexpr int none = -1;
+    // A slot for which the driver gave no name reads as "" too.
+    if (paperName.empty())
+        return none;
+    GmPrinterInfo printer(fullPrinterName(printerName), devMode);
+    const int count = printer.paperCount();
+    for (int i = 0; i < count; ++i)
+        if (printer.paperName(i) == paperName)
+            return printer.paperId(i) != 0 ? printer.paperId(i) : none; // 0 is no code: the driver did not deliver it
+    return none;
+}

@@ -1,0 +1,84 @@
+#include "GarmPC3Editor/Dialogs/VirtualPrinterSettings.h"
+
+#include "GarmPC3Editor/WrappedNumber.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <iterator>
+#include <string>
+
+namespace
+{
+constexpr short resolutions[] = {72, 150, 300, 600, 1200};
+constexpr short otherResolution = 600;
+} // namespace
+
+int qualityIndex(short printQuality) noexcept
+{
+    const auto found = std::find(std::begin(resolutions), std::end(resolutions), printQuality);
+    return found == std::end(resolutions) ? 0 : static_cast<int>(found - std::begin(resolutions));
+}
+
+short printQuality(int index) noexcept
+{
+    return index >= 0 && index < static_cast<int>(std::size(resolutions)) ? resolutions[index] : otherResolution;
+}
+
+double wholeMillimetres(short tenths) noexcept
+{
+    return tenths / 10; // whole numbers on purpose: what is shown has no fraction
+}
+
+short tenthsOfMillimetre(double length, bool inches) noexcept
+{
+    return wrapToInt16(std::round((inches ? length * millimetresPerInch : length) * 10));
+}
+
+double typedLength(OdStringView text, OdChar decimalSign) noexcept
+{
+    // Only ASCII can be part of a number, and no length that means anything is longer than this.
+    char ascii[64];
+    std::size_t count = 0;
+    while (!text.empty() && (text.front() == ' ' || text.front() == '\t'))
+        text.remove_prefix(1);
+    if (!text.empty() && text.front() == '+')
+        text.remove_prefix(1);
+    for (const OdChar c : text.substr(0, sizeof ascii))
+    {
+        if (c > 0x7F)
+            break;
+        ascii[count++] = c == decimalSign ? '.' : static_cast<char>(c);
+    }
+    double value = 0.0;
+    const auto result = std::from_chars(ascii, ascii + count, value);
+    return result.ec == std::errc() ? value : 0.0;
+}
+
+OdString displayedLength(double length)
+{
+    char digits[352]; // the largest double has 309 digits before the point
+    const auto result = std::to_chars(digits, digits + sizeof digits, length, std::chars_format::fixed, 2);
+    return OdString(std::basic_string<OdChar>(digits, result.ptr));
+}
+
+void applyVirtualPrinterChoice(const GmVirtualPrinterChoice& choice, DEVMODEW& dm) noexcept
+{
+    dm.dmFields = DM_PRINTQUALITY;
+    dm.dmPrintQuality = printQuality(choice.qualityIndex);
+    if (choice.landscape)
+    {
+        dm.dmFields |= DM_ORIENTATION;
+        dm.dmOrientation = *choice.landscape ? DMORIENT_LANDSCAPE : DMORIENT_PORTRAIT;
+    }
+    dm.dmFields |= DM_PAPERSIZE;
+    if (choice.paperCode)
+    {
+        dm.dmPaperSize = *choice.paperCode;
+        return;
+    }
+    dm.dmPaperWidth = tenthsOfMillimetre(choice.width, choice.inches);
+    dm.dmPaperLength = tenthsOfMillimetre(choice.length, choice.inches);
+    dm.dmFields |= DM_PAPERWIDTH | DM_PAPERLENGTH;
+    dm.dmPaperSize = DMPAPER_USER;
+}

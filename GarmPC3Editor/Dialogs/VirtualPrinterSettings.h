@@ -1,0 +1,42 @@
+#pragma once
+
+#include "kernel/OdString.h"
+#include "win32/Win32.h"
+
+#include <optional>
+
+// What the dialog of the product family's own printers shows of a device mode and writes into it.
+
+// The paper whose size the user types; a literal of the host's list too, never translated.
+inline constexpr OdStringView customPaper = OD_T("Custom");
+
+// Choices 0 to 4: 72, 150, 300, 600 and 1200 dots per inch. Another resolution shows choice 0; another choice is 600.
+int qualityIndex(short printQuality) noexcept;
+short printQuality(int index) noexcept;
+
+// Tenths of a millimetre, as a device mode holds them, as the whole millimetres that are shown.
+double wholeMillimetres(short tenths) noexcept;
+
+// What was typed as the nearest tenth of a millimetre. The field has 16 bits: more wraps, what is not finite gives 0.
+short tenthsOfMillimetre(double length, bool inches) noexcept;
+
+// A typed length as a number: its leading part that reads as one, 0 when none does. "." and decimalSign both divide.
+double typedLength(OdStringView text, OdChar decimalSign) noexcept;
+
+// A length with two decimals and a point, as the dialog shows converted ones.
+OdString displayedLength(double length);
+
+inline constexpr double millimetresPerInch = 25.4;
+
+struct GmVirtualPrinterChoice
+{
+    int qualityIndex = 0;
+    std::optional<bool> landscape = {};  // none when the host's dialog has no such choice: then it is not written
+    std::optional<short> paperCode = {}; // none for a custom size
+    double width = 0.0;             // custom size in the unit
+    double length = 0.0;
+    bool inches = false;
+};
+
+// Writes the choice into a device mode; dmFields then holds only what was written here.
+void applyVirtualPrinterChoice(const GmVirtualPrinterChoice& choice, DEVMODEW& dm) noexcept;

@@ -1,0 +1,7 @@
+#include "mfc/CInvalidArgException.h"
+
+void AfxThrowInvalidArgException()
+{
+    static CInvalidArgException exception;
+    throw &exception;
+}

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "mfc/CException.h"
+
+// An argument that makes no sense: an index outside its range, a control that is not in the dialog.
+class CInvalidArgException : public CException
+{
+};
+
+// Throws the one CInvalidArgException, as a CInvalidArgException*.
+[[noreturn]] void AfxThrowInvalidArgException();

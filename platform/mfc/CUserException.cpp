@@ -1,0 +1,7 @@
+#include "mfc/CUserException.h"
+
+void AfxThrowUserException()
+{
+    static CUserException exception;
+    throw &exception;
+}

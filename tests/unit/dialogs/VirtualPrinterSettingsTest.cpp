@@ -1,0 +1,89 @@
+#include "GarmPC3Editor/Dialogs/VirtualPrinterSettings.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+TEST(VirtualPrinterQuality, onlyFiveResolutionsAreKnown)
+{
+    const short known[] = {72, 150, 300, 600, 1200};
+    for (int i = 0; i < 5; ++i)
+    {
+        EXPECT_EQ(qualityIndex(known[i]), i);
+        EXPECT_EQ(printQuality(i), known[i]);
+    }
+    // 200 shows the first choice, and OK then writes that one.
+    EXPECT_EQ(printQuality(qualityIndex(200)), 72);
+    EXPECT_EQ(qualityIndex(-4), 0);
+    EXPECT_EQ(printQuality(-1), 600);
+    EXPECT_EQ(printQuality(5), 600);
+}
+
+TEST(VirtualPrinterLength, showsWholeMillimetres)
+{
+    EXPECT_EQ(wholeMillimetres(2109), 210.0);
+    EXPECT_EQ(wholeMillimetres(-19), -1.0);
+}
+
+TEST(VirtualPrinterLength, isWrittenToTheNearestTenth)
+{
+    EXPECT_EQ(tenthsOfMillimetre(210, false), 2100);
+    EXPECT_EQ(tenthsOfMillimetre(297, false), 2970);
+    EXPECT_EQ(tenthsOfMillimetre(8.27, true), 2101);
+    EXPECT_EQ(tenthsOfMillimetre(3276.8, false), -32768);
+    EXPECT_EQ(tenthsOfMillimetre(std::numeric_limits<double>::infinity(), false), 0);
+    EXPECT_EQ(tenthsOfMillimetre(std::numeric_limits<double>::quiet_NaN(), true), 0);
+    EXPECT_EQ(tenthsOfMillimetre(1e300, true), 0);
+}
+
+TEST(VirtualPrinterLength, isTypedWithPointOrTheUsersSign)
+{
+    EXPECT_EQ(typedLength(OD_T("8.27"), ','), 8.27);
+    EXPECT_EQ(typedLength(OD_T("8,27"), ','), 8.27);
+    EXPECT_EQ(typedLength(OD_T("8,27"), '.'), 8.0);
+    EXPECT_EQ(typedLength(OD_T("  +12 mm"), '.'), 12.0);
+    EXPECT_EQ(typedLength(OD_T(""), '.'), 0.0);
+    EXPECT_EQ(typedLength(OD_T("abc"), '.'), 0.0);
+    EXPECT_EQ(typedLength(OD_T("\u0661"), '.'), 0.0);
+    EXPECT_EQ(typedLength(OdString(std::basic_string<OdChar>(500, '9')).view(), '.'), 1e64);
+}
+
+TEST(VirtualPrinterLength, isDisplayedWithTwoDecimals)
+{
+    EXPECT_EQ(displayedLength(210 / millimetresPerInch), OD_T("8.27"));
+    EXPECT_EQ(displayedLength(8.27 * millimetresPerInch), OD_T("210.06"));
+    EXPECT_EQ(displayedLength(std::numeric_limits<double>::max()).getLength(), 312);
+}
+
+TEST(VirtualPrinterChoice, dropsTheFieldsThatWereSetBefore)
+{
+    DEVMODEW dm = {};
+    dm.dmFields = 0xFFFFFFFF;
+    applyVirtualPrinterChoice({.qualityIndex = 2, .landscape = true, .paperCode = short{9}}, dm);
+    EXPECT_EQ(dm.dmFields, static_cast<DWORD>(DM_PRINTQUALITY | DM_ORIENTATION | DM_PAPERSIZE));
+    EXPECT_EQ(dm.dmPrintQuality, 300);
+    EXPECT_EQ(dm.dmOrientation, 2);
+    EXPECT_EQ(dm.dmPaperSize, 9);
+}
+
+TEST(VirtualPrinterChoice, withoutTheHostsButtonsOrientationIsNotWritten)
+{
+    DEVMODEW dm = {};
+    dm.dmOrientation = 77;
+    applyVirtualPrinterChoice({.paperCode = short{-1}}, dm);
+    EXPECT_EQ(dm.dmFields, static_cast<DWORD>(DM_PRINTQUALITY | DM_PAPERSIZE));
+    EXPECT_EQ(dm.dmOrientation, 77);
+    EXPECT_EQ(static_cast<WORD>(dm.dmPaperSize), 65535);
+}
+
+TEST(VirtualPrinterChoice, aCustomSizeIsWrittenInTenths)
+{
+    DEVMODEW dm = {};
+    applyVirtualPrinterChoice({.landscape = false, .width = 8.27, .length = 11.69, .inches = true}, dm);
+    EXPECT_EQ(dm.dmFields,
+              static_cast<DWORD>(DM_PRINTQUALITY | DM_ORIENTATION | DM_PAPERSIZE | DM_PAPERWIDTH | DM_PAPERLENGTH));
+    EXPECT_EQ(dm.dmOrientation, 1);
+    EXPECT_EQ(dm.dmPaperWidth, 2101);
+    EXPECT_EQ(dm.dmPaperLength, 2969);
+    EXPECT_EQ(dm.dmPaperSize, 256);
+}

@@ -1,0 +1,79 @@
+#include "WindowTest.h"
+
+#include <string_view>
+
+namespace
+{
+LRESULT CALLBACK classProcedure(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    return message >= WM_APP + 100 && message < WM_APP + 200 ? 4711 : ::DefWindowProcW(hWnd, message, wParam, lParam);
+}
+
+bool belongsToTheSystem(HWND hWnd)
+{
+    WCHAR name[32] = {};
+    ::GetClassNameW(hWnd, name, 32);
+    const std::wstring_view text(name);
+    return text == L"IME" || text == L"MSCTFIME UI";
+}
+
+BOOL CALLBACK countWindow(HWND hWnd, LPARAM count)
+{
+    if (belongsToTheSystem(hWnd))
+        return TRUE;
+    ++*reinterpret_cast<int*>(count);
+    ::EnumChildWindows(hWnd, &countWindow, count);
+    return TRUE;
+}
+} // namespace
+
+WindowTest::WindowTest()
+{
+    TestWnd::className();
+}
+
+void WindowTest::TearDown()
+{
+    pump();
+    EXPECT_EQ(AfxPermanentWindowCount(), 0U) << "an object is still in the map";
+    EXPECT_EQ(windowsOfThread(), 0) << "a window was left behind";
+    const AFX_THREAD_STATE& state = AfxGetThreadState();
+    EXPECT_EQ(state.m_depth, 0);
+    EXPECT_EQ(state.m_scope, nullptr);
+    EXPECT_EQ(state.m_pWndInit, nullptr);
+    EXPECT_EQ(state.m_hHookCreate, nullptr);
+    EXPECT_EQ(state.m_hLockoutNotifyWindow, nullptr);
+}
+
+int WindowTest::windowsOfThread()
+{
+    int count = 0;
+    ::EnumThreadWindows(::GetCurrentThreadId(), &countWindow, reinterpret_cast<LPARAM>(&count));
+    return count;
+}
+
+void WindowTest::pump()
+{
+    MSG message = {};
+    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+        ::DispatchMessageW(&message);
+}
+
+LPCWSTR TestWnd::className()
+{
+    static const ATOM atom = []
+    {
+        WNDCLASSW description = {};
+        description.lpfnWndProc = &classProcedure;
+        description.hInstance = ::GetModuleHandleW(nullptr);
+        description.lpszClassName = L"MfcTestWindow";
+        return ::RegisterClassW(&description);
+    }();
+    return reinterpret_cast<LPCWSTR>(static_cast<ULONG_PTR>(atom));
+}
+
+BOOL TestWnd::create(CWnd* parent, DWORD style)
+{
+    return CreateEx(0, className(), L"Test window", style, 10, 20, 300, 200, parent ? parent->m_hWnd : nullptr,
+                    nullptr);
+}
