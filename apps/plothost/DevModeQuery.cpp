@@ -45,7 +45,7 @@ std::string runCommand()
 OdResBufPtr answer(const OdChar* name)
 {
     const OdRxObjectPtr value = namedValues().get(name);
-    const OdResBufPtr buffer = OdResBuf::cast(value.get());
+    OdResBufPtr buffer = OdResBuf::cast(value.get());
     if (!buffer)
         throw OdError_NotThatKindOfClass();
     return buffer;

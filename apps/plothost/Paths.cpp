@@ -141,7 +141,7 @@ std::string whyNotWritten(const OdString& path, const std::string& reason)
                       if (fs::exists(given) &&
                           (fs::status(given).permissions() & fs::perms::owner_write) == fs::perms::none)
                           return shown + ": it is read-only";
-                      return unseen;
+                      return std::string(unseen);
                   });
 }
 } // namespace plothost

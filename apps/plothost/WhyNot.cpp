@@ -33,7 +33,7 @@ const char* kindName(const ConfigurationKey& key)
 OdSharedPtr<CPItem> firstOfAnyKind(const CPBlock& block, OdStringView name)
 {
     for (unsigned i = 0; i < block.size(); ++i)
-        if (const OdSharedPtr<CPItem> item = block.data(i); item && item->name() == name)
+        if (OdSharedPtr<CPItem> item = block.data(i); item && item->name() == name)
             return item;
     return nullptr;
 }

@@ -51,7 +51,7 @@ std::string whyNoPrinterFor(const OdString& deviceName, const OdString& searchPa
     if (isConfigurationName(deviceName))
         return findConfiguration(deviceName, path) ? whyNoPrinterBehind(path) : whyNotFound(deviceName, searchPath);
 
-    const std::string why = whyNoPrinter(deviceName, openError(deviceName));
+    std::string why = whyNoPrinter(deviceName, openError(deviceName));
     if (findConfiguration(deviceName + OD_T(".pc3"), path))
         return why + "; the configuration of that name is '" + printable(deviceName) + ".pc3'";
     return why;
