@@ -33,7 +33,7 @@ struct GmVirtualPrinterChoice
     int qualityIndex = 0;
     std::optional<bool> landscape = {};  // none when the host's dialog has no such choice: then it is not written
     std::optional<short> paperCode = {}; // none for a custom size
-    double width = 0.0;             // custom size in the unit
+    double width = 0.0;                  // custom size in the unit
     double length = 0.0;
     bool inches = false;
 };

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "GarmPC3Editor/Dialogs/GmBaseTab.h"
+#include "GarmPC3Editor/Dialogs/Icons.h"
+#include "mfc/Mfc.h"
+
+#include <cstdint>
+
+// The editor's first tab: what the configuration is, its description (edited here only) and the installed printers.
+class GmTabGeneral : public CPropertyPage, public GmBaseTab
+{
+public:
+    GmTabGeneral();
+
+    // Whether the description was typed in since it was last shown. False without a window.
+    bool isModified() override;
+
+    // Takes the texts from the sheet's configuration; the controls show them at the next UpdateData(FALSE).
+    void attach(GmPCfgDlg& sheet) override;
+    GmPCfgDlg& parentDlg() override;
+
+    void setFileName(const CString& fileName) { m_fileName = fileName; }
+
+    BOOL OnInitDialog() override;
+    BOOL PreTranslateMessage(MSG* pMsg) override;
+
+protected:
+    void DoDataExchange(CDataExchange* pDX) override;
+    afx_msg void OnPrinterChange();
+    DECLARE_MESSAGE_MAP()
+
+private:
+    void showDriverIcon();
+    void fillPrinters();
+    void selectPrinter();
+
+    CString m_description;
+    CString m_fileName;
+    CStatic m_icon;
+    CString m_driver;
+    CString m_driverFile;
+    CString m_version;
+    CString m_port;
+    CComboBox m_printers;
+    std::int32_t m_selection = -1; // of the configuration's printer; 0 while the placeholder is shown
+    bool m_placeholder = false;    // entry 0 stands for a printer that is not installed
+    GmPCfgDlg* m_sheet = nullptr;
+
+    IconHandle m_driverIcon; // what m_icon shows
+};

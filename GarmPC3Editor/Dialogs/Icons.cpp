@@ -1,0 +1,10 @@
+#include "GarmPC3Editor/Dialogs/Icons.h"
+
+#include "mfc/AfxModuleState.h"
+
+IconHandle loadIcon(UINT id, int size)
+{
+    // Of our own rather than shared: a shared icon would keep the size and the language it was first asked for in.
+    return IconHandle(static_cast<HICON>(
+        ::LoadImageW(AfxGetResourceHandle(), MAKEINTRESOURCEW(id), IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
+}
