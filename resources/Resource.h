@@ -103,7 +103,8 @@
 #define IDC_DEFAULTS 532
 #define IDC_PAGE_FRAME 533
 
-// Controls of the pages
+// Controls of the pages. The vector page only shows: label 1 names the colours, in 502, 601 and 602; label 3 the
+// resolution, in 503; label 4 the dithering, in 504.
 #define IDC_PREFERENCE 501
 #define IDC_COLOR_DEPTH 502
 #define IDC_RESOLUTION 503
@@ -137,3 +138,4 @@
 #define IDC_LANDSCAPE_IMAGE 10122
 #define IDC_MILLIMETRES 10123
 #define IDC_INCHES 10124
+#define IDC_CUSTOM_SIZE_FRAME 10130

@@ -5,8 +5,10 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace
@@ -45,7 +47,7 @@ class LanguageLibrary : public ::testing::TestWithParam<const wchar_t*>
 {
 };
 
-INSTANTIATE_TEST_SUITE_P(Languages, LanguageLibrary, ::testing::Values(L"de", L"en"));
+INSTANTIATE_TEST_SUITE_P(Languages, LanguageLibrary, ::testing::Values(L"de", L"en", L"ja"));
 
 TEST_P(LanguageLibrary, HoldsEveryString)
 {
@@ -79,7 +81,8 @@ TEST_P(LanguageLibrary, SaysWhatItIs)
     ASSERT_TRUE(::VerQueryValueW(block.data(), L"\\VarFileInfo\\Translation", &value, &size));
     ASSERT_EQ(size, 4U);
     const WORD language = static_cast<const WORD*>(value)[0];
-    EXPECT_EQ(language, GetParam() == std::wstring_view(L"de") ? 0x0407 : 0x0409);
+    const std::map<std::wstring_view, WORD> languages = {{L"de", 0x0407}, {L"en", 0x0409}, {L"ja", 0x0411}};
+    EXPECT_EQ(language, languages.at(GetParam()));
 
     // The block of texts must be the one that the translation names, or nothing finds them.
     wchar_t name[64] = {};
@@ -93,5 +96,8 @@ TEST(LanguageLibraryTexts, LettersBeyondAsciiArriveWhole)
     const Library german = load(L"de");
     ASSERT_TRUE(german);
     EXPECT_NE(stringOf(german.get(), IDS_SAVE_FAILED).find(L"Pr\u00FCfen"), std::wstring::npos);
+    const Library japanese = load(L"ja");
+    ASSERT_TRUE(japanese);
+    EXPECT_EQ(stringOf(japanese.get(), IDS_MEDIA), L"\u7528\u7D19");
 }
 } // namespace
