@@ -1,0 +1,78 @@
+#include "mfc/AfxModalLoop.h"
+
+#include <utility>
+
+namespace
+{
+struct Search
+{
+    DWORD process;
+    DWORD thread;
+    HWND found;
+};
+
+// Called from the topmost window down.
+BOOL CALLBACK takeFirstUsable(HWND hWnd, LPARAM parameter) noexcept
+{
+    auto& search = *reinterpret_cast<Search*>(parameter);
+    DWORD process = 0;
+    const DWORD thread = ::GetWindowThreadProcessId(hWnd, &process);
+    if (thread != search.thread || process != search.process)
+        return TRUE;
+    // Tooltips and the lists of combo boxes are top-level windows too.
+    const bool isHelper = (::GetWindowLongW(hWnd, GWL_EXSTYLE) & WS_EX_TOOLWINDOW) != 0;
+    if (isHelper || !::IsWindowVisible(hWnd) || !::IsWindowEnabled(hWnd))
+        return TRUE;
+    search.found = hWnd;
+    return FALSE;
+}
+} // namespace
+
+HWND AfxGetSafeOwner(HWND hParent) noexcept
+{
+    if (hParent)
+    {
+        HWND owner = hParent;
+        while (::GetWindowLongW(owner, GWL_STYLE) & WS_CHILD)
+        {
+            const HWND parent = ::GetParent(owner);
+            if (!parent)
+                break;
+            owner = parent;
+        }
+        return owner;
+    }
+    if (const HWND active = ::GetActiveWindow())
+        return active;
+    Search search = {::GetCurrentProcessId(), ::GetCurrentThreadId(), nullptr};
+    ::EnumWindows(&takeFirstUsable, reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+AfxDisabledOwner::AfxDisabledOwner(HWND hOwner) noexcept : m_hOwner(hOwner == ::GetDesktopWindow() ? nullptr : hOwner)
+{
+    if (!m_hOwner || !::IsWindowEnabled(m_hOwner))
+        return;
+    ::EnableWindow(m_hOwner, FALSE);
+    m_disabled = true;
+}
+
+void AfxDisabledOwner::enable() noexcept
+{
+    if (std::exchange(m_disabled, false))
+        ::EnableWindow(m_hOwner, TRUE);
+}
+
+void AfxDisabledOwner::activate() const noexcept
+{
+    if (m_hOwner && ::IsWindowEnabled(m_hOwner))
+        ::SetActiveWindow(m_hOwner);
+}
+
+bool AfxGetModalMessage(MSG& message) noexcept
+{
+    const BOOL answer = ::GetMessageW(&message, nullptr, 0, 0);
+    if (answer == 0)
+        ::PostQuitMessage(static_cast<int>(message.wParam));
+    return answer > 0;
+}

@@ -1,0 +1,6 @@
+#pragma once
+
+// Numbers of the strings that this library takes from the current resource library. Only macros: resource scripts use
+// them too. A library without one of them gets the English text.
+
+#define AFX_IDP_PARSE_REAL 0xF111 // "Please enter a number."

@@ -1,0 +1,232 @@
+#include "mfc/CDialog.h"
+
+#include "mfc/AfxExceptionScope.h"
+#include "mfc/AfxModalLoop.h"
+#include "mfc/AfxModuleState.h"
+#include "mfc/AfxWindowCreation.h"
+
+#include <cstring>
+
+namespace
+{
+// The beginning of both kinds of template.
+struct TemplateHead
+{
+    DWORD style;
+    short x;
+    short y;
+};
+
+TemplateHead headOf(const DLGTEMPLATE* dialogTemplate)
+{
+    // The newer kind has 1 and 0xFFFF where the older one has its style; then help number, extended style, style,
+    // number of controls and place follow. No field is aligned for sure.
+    const auto* bytes = reinterpret_cast<const BYTE*>(dialogTemplate);
+    WORD marks[2] = {};
+    std::memcpy(marks, bytes, sizeof(marks));
+    const bool isExtended = marks[0] == 1 && marks[1] == 0xFFFF;
+    TemplateHead head = {};
+    std::memcpy(&head.style, bytes + (isExtended ? 12 : 0), sizeof(head.style));
+    std::memcpy(&head.x, bytes + (isExtended ? 18 : 10), sizeof(head.x));
+    std::memcpy(&head.y, bytes + (isExtended ? 20 : 12), sizeof(head.y));
+    return head;
+}
+
+bool isPlacedByTemplate(const TemplateHead& head)
+{
+    return (head.style & (DS_CENTER | DS_CENTERMOUSE | DS_ABSALIGN)) != 0 || head.x != 0 || head.y != 0;
+}
+} // namespace
+
+INT_PTR CALLBACK AfxDlgProc(HWND /*hWnd*/, UINT /*message*/, WPARAM /*wParam*/, LPARAM /*lParam*/)
+{
+    return FALSE;
+}
+
+CDialog::CDialog(UINT templateId, CWnd* pParent) : CDialog(MAKEINTRESOURCEW(templateId), pParent) {}
+
+CDialog::CDialog(LPCWSTR templateName, CWnd* pParent) : m_lpszTemplateName(templateName), m_pParentWnd(pParent) {}
+
+CDialog::~CDialog()
+{
+    // Here rather than in the base, so that the dialog's own messages still find a dialog.
+    if (m_hWnd)
+        CWnd::DestroyWindow();
+}
+
+bool CDialog::createWindow(LPCWSTR templateName, HWND parent)
+{
+    const HINSTANCE library = AfxGetResourceHandle();
+    const HRSRC found = ::FindResourceW(library, templateName, RT_DIALOG);
+    const HGLOBAL loaded = found ? ::LoadResource(library, found) : nullptr;
+    const auto* dialogTemplate = static_cast<const DLGTEMPLATE*>(loaded ? ::LockResource(loaded) : nullptr);
+    if (!dialogTemplate)
+        return false;
+    m_autoCenter = !isPlacedByTemplate(headOf(dialogTemplate));
+
+    const AfxWindowCreation creation(this);
+    return ::CreateDialogIndirectParamW(library, dialogTemplate, parent, &AfxDlgProc, 0) != nullptr;
+}
+
+BOOL CDialog::Create(UINT templateId, CWnd* pParent)
+{
+    return Create(MAKEINTRESOURCEW(templateId), pParent);
+}
+
+BOOL CDialog::Create(LPCWSTR templateName, CWnd* pParent)
+{
+    if (m_hWnd)
+        return FALSE;
+    m_lpszTemplateName = templateName;
+    if (pParent)
+        m_pParentWnd = pParent;
+    AfxExceptionScope scope;
+    const bool created = createWindow(templateName, m_pParentWnd ? m_pParentWnd->m_hWnd : nullptr);
+    if (scope.hasException())
+        destroyModalWindow(scope);
+    scope.rethrow();
+    return created ? TRUE : FALSE;
+}
+
+INT_PTR CDialog::DoModal()
+{
+    if (m_hWnd || m_isModal)
+        return -1;
+    AfxExceptionScope scope;
+    AfxDisabledOwner owner(AfxGetSafeOwner(m_pParentWnd ? m_pParentWnd->m_hWnd : nullptr));
+    m_isModal = true;
+    m_ended = false;
+    m_nModalResult = -1;
+    try
+    {
+        if (createWindow(m_lpszTemplateName, owner.get()))
+            runModalLoop(scope);
+    }
+    catch (...)
+    {
+        scope.keep(std::current_exception());
+    }
+    owner.enable();
+    destroyModalWindow(scope);
+    owner.activate();
+    m_isModal = false;
+    scope.rethrow();
+    return m_nModalResult;
+}
+
+void CDialog::runModalLoop(const AfxExceptionScope& scope)
+{
+    const auto goesOn = [&] { return m_hWnd && !m_ended && !scope.hasException(); };
+    if (goesOn() && !IsWindowVisible())
+        ShowWindow(SW_SHOWNORMAL);
+    MSG message = {};
+    while (goesOn() && AfxGetModalMessage(message))
+    {
+        if (WalkPreTranslateTree(m_hWnd, &message))
+            continue;
+        ::TranslateMessage(&message);
+        ::DispatchMessageW(&message);
+    }
+}
+
+void CDialog::destroyModalWindow(AfxExceptionScope& scope)
+{
+    try
+    {
+        DestroyWindow();
+    }
+    catch (...)
+    {
+        scope.keep(std::current_exception());
+    }
+    // An override that threw or forgot its base.
+    if (m_hWnd)
+        CWnd::DestroyWindow();
+}
+
+void CDialog::EndDialog(int result)
+{
+    if (!m_isModal)
+    {
+        ShowWindow(SW_HIDE);
+        return;
+    }
+    m_nModalResult = result;
+    m_ended = true;
+    AfxWakeMessageLoop();
+}
+
+void CDialog::NextDlgCtrl() const
+{
+    SendMessage(WM_NEXTDLGCTL, 0, FALSE);
+}
+
+void CDialog::PrevDlgCtrl() const
+{
+    SendMessage(WM_NEXTDLGCTL, 1, FALSE);
+}
+
+void CDialog::GotoDlgCtrl(const CWnd* pControl) const
+{
+    SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(pControl->m_hWnd), TRUE);
+}
+
+void CDialog::SetDefID(UINT id) const
+{
+    SendMessage(DM_SETDEFID, id);
+}
+
+BOOL CDialog::OnInitDialog()
+{
+    if (UpdateData(FALSE))
+        return TRUE;
+    EndDialog(-1);
+    return FALSE;
+}
+
+void CDialog::OnOK()
+{
+    if (UpdateData(TRUE))
+        EndDialog(IDOK);
+}
+
+void CDialog::OnCancel()
+{
+    EndDialog(IDCANCEL);
+}
+
+LRESULT CDialog::HandleInitDialog(WPARAM /*focus*/, LPARAM /*param*/)
+{
+    const HWND hWnd = m_hWnd;
+    RECT before = {};
+    GetWindowRect(&before);
+    const bool wasVisible = IsWindowVisible() != FALSE;
+
+    const BOOL result = OnInitDialog();
+
+    // The window may have been destroyed, and the object with it.
+    if (FromHandlePermanent(hWnd) != this)
+        return FALSE;
+    RECT after = {};
+    GetWindowRect(&after);
+    if (m_autoCenter && !wasVisible && !(GetStyle() & WS_CHILD) && ::EqualRect(&before, &after))
+        CenterWindow();
+    return result;
+}
+
+BOOL CDialog::PreTranslateMessage(MSG* pMsg)
+{
+    if (CWnd::PreTranslateMessage(pMsg))
+        return TRUE;
+    const bool isInput = (pMsg->message >= WM_KEYFIRST && pMsg->message <= WM_KEYLAST) ||
+                         (pMsg->message >= WM_MOUSEFIRST && pMsg->message <= WM_MOUSELAST);
+    if (!isInput || (GetStyle() & WS_CHILD))
+        return FALSE;
+    return ::IsDialogMessageW(m_hWnd, pMsg);
+}
+
+BEGIN_MESSAGE_MAP(CDialog, CWnd)
+ON_COMMAND(IDOK, &CDialog::OnOK)
+ON_COMMAND(IDCANCEL, &CDialog::OnCancel)
+ON_MESSAGE(WM_INITDIALOG, &CDialog::HandleInitDialog)
+END_MESSAGE_MAP()

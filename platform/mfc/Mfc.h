@@ -1,0 +1,25 @@
+#pragma once
+
+// All of the subset, for those who build windows with it.
+
+#include "mfc/AfxMessageMap.h"
+#include "mfc/AfxModuleState.h"
+#include "mfc/AfxRes.h"
+#include "mfc/CButton.h"
+#include "mfc/CComboBox.h"
+#include "mfc/CDataExchange.h"
+#include "mfc/CDialog.h"
+#include "mfc/CEdit.h"
+#include "mfc/CException.h"
+#include "mfc/CImageList.h"
+#include "mfc/CInvalidArgException.h"
+#include "mfc/CPaintDC.h"
+#include "mfc/CScrollBar.h"
+#include "mfc/CSliderCtrl.h"
+#include "mfc/CStatic.h"
+#include "mfc/CString.h"
+#include "mfc/CTreeCtrl.h"
+#include "mfc/CUserException.h"
+#include "mfc/CWinApp.h"
+#include "mfc/CWnd.h"
+#include "mfc/Ddx.h"

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "MfcTestIds.h"
+#include "WindowTest.h"
+
+#include "mfc/CDialog.h"
+
+#include <deque>
+#include <functional>
+
+// A test with dialogs of the tests' resource library, which is the current one meanwhile.
+class DialogTest : public WindowTest
+{
+protected:
+    DialogTest();
+    ~DialogTest() override;
+
+private:
+    HINSTANCE m_library;
+    HINSTANCE m_libraryBefore;
+};
+
+// A dialog that does what a test says: once while it is initialised, then step by step, each step from a posted message
+// and so from the innermost loop that runs.
+class ScriptedDlg : public CDialog
+{
+public:
+    explicit ScriptedDlg(UINT templateId = IDD_PLAIN, CWnd* pParent = nullptr) : CDialog(templateId, pParent) {}
+
+    using Action = std::function<void(ScriptedDlg&)>;
+    Action m_onInit;
+    Action m_onRun; // click on IDC_RUN
+    std::function<void(CDataExchange*)> m_exchange;
+    std::function<BOOL()> m_destroyWindow; // instead of the base's
+    int m_inits = 0;
+    int m_oks = 0;
+    int m_cancels = 0;
+    int m_destroyed = 0;
+
+    void addStep(Action step);
+
+    BOOL DestroyWindow() override;
+    using CDialog::Default;
+
+protected:
+    BOOL OnInitDialog() override;
+    void OnOK() override;
+    void OnCancel() override;
+    void DoDataExchange(CDataExchange* pDX) override;
+    afx_msg void onRun();
+    afx_msg LRESULT onStep(WPARAM wParam, LPARAM lParam);
+
+    DECLARE_MESSAGE_MAP()
+
+private:
+    std::deque<Action> m_steps;
+};
