@@ -97,6 +97,12 @@ std::string whyNotBound(const CPBlock& root, const InstalledDrivers& installed)
     return known ? "" : "no printer with driver " + quoted(driver);
 }
 
+bool hasCustomBlock(const OdString& path)
+{
+    CPIAParser parser;
+    return parser.read(path.c_str()) && parser.root()->find(OD_T("custom"), CPItem::eBlock);
+}
+
 std::optional<long long> storedNumber(const GmCustomNode& custom, const OdChar* key)
 {
     const auto found = custom.m_numbers.find(OdString(key));
@@ -139,11 +145,12 @@ std::string whyNotRead(const OdString& path, const InstalledDrivers& installed)
     return whyNotAConfiguration(*parser.root(), installed);
 }
 
-std::string whyNoDevMode(const GmPlotCfg3& configuration, unsigned long openError)
+std::string whyNoDevMode(const OdString& path, const GmPlotCfg3& configuration, unsigned long openError)
 {
     const OdString& printer = configuration.m_meta.m_win_device_name;
     if (!configuration.m_custom)
-        return "the configuration has no block 'custom' with a DEVMODE";
+        return hasCustomBlock(path) ? "block 'custom' is damaged and was left out, so there is no DEVMODE"
+                                    : "there is no block 'custom' with a DEVMODE";
     if (printer.isEmpty())
         return "the configuration names no Windows printer";
 

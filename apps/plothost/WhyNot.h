@@ -25,9 +25,9 @@ std::string whyNotRead(const OdString& path, const InstalledDrivers& installed);
 // The same for a file's tree.
 std::string whyNotAConfiguration(const CPBlock& root, const InstalledDrivers& installed);
 
-// Why a configuration that was read has no DEVMODE. openError: what the system answered when its printer was opened,
-// 0 when it opened.
-std::string whyNoDevMode(const GmPlotCfg3& configuration, unsigned long openError);
+// Why a configuration that was read from the file has no DEVMODE. openError: what the system answered when its printer
+// was opened, 0 when it opened.
+std::string whyNoDevMode(const OdString& path, const GmPlotCfg3& configuration, unsigned long openError);
 
 // "printer X cannot be opened: there is none of that name (error 1801)".
 std::string whyNotOpened(const OdString& printer, unsigned long error);

@@ -42,7 +42,7 @@ std::string whyNoPrinterBehind(const OdString& path)
     if (!configuration)
         return shown + "the module cannot read it";
     const OdString& printer = configuration->m_meta.m_win_device_name;
-    return shown + whyNoDevMode(*configuration, printer.isEmpty() ? 0 : openError(printer));
+    return shown + whyNoDevMode(path, *configuration, printer.isEmpty() ? 0 : openError(printer));
 }
 
 std::string whyNoPrinterFor(const OdString& deviceName, const OdString& searchPath)

@@ -121,25 +121,33 @@ TEST(WhyNot, damageIsNamedWithItsLine)
 TEST(WhyNot, noDevMode)
 {
     GmPlotCfg3 configuration = sample::configuration();
-    EXPECT_EQ(whyNoDevMode(configuration, 1801),
+    EXPECT_EQ(whyNoDevMode(OdString(), configuration, 1801),
               "printer 'Plotter A' cannot be opened: there is none of that name (error 1801)");
-    EXPECT_EQ(whyNoDevMode(configuration, 0), "no DEVMODE can be built of dmSize 220 and dmDriverExtra 2");
+    EXPECT_EQ(whyNoDevMode(OdString(), configuration, 0), "no DEVMODE can be built of dmSize 220 and dmDriverExtra 2");
 
     auto& numbers = configuration.m_custom->m_numbers;
     auto& binaries = configuration.m_custom->m_binaries;
     binaries[OdString(OD_T("RawPrivateDeviceData"))] = OD_T("AB0");
-    EXPECT_EQ(whyNoDevMode(configuration, 0), "key 'RawPrivateDeviceData' in block 'custom' has 3 digits; for "
-                                              "dmDriverExtra 2 it takes 4");
+    EXPECT_EQ(whyNoDevMode(OdString(), configuration, 0),
+              "key 'RawPrivateDeviceData' in block 'custom' has 3 digits; for "
+              "dmDriverExtra 2 it takes 4");
     binaries.clear();
-    EXPECT_EQ(whyNoDevMode(configuration, 0), "key 'RawPrivateDeviceData' is missing in block 'custom'");
+    EXPECT_EQ(whyNoDevMode(OdString(), configuration, 0), "key 'RawPrivateDeviceData' is missing in block 'custom'");
     numbers[OdString(OD_T("dmSize"))] = OD_T("many");
-    EXPECT_EQ(whyNoDevMode(configuration, 0), "key 'dmSize' is missing in block 'custom'");
+    EXPECT_EQ(whyNoDevMode(OdString(), configuration, 0), "key 'dmSize' is missing in block 'custom'");
     numbers[OdString(OD_T("dmDriverExtra"))] = OD_T("-1");
-    EXPECT_EQ(whyNoDevMode(configuration, 0), "key 'dmDriverExtra' is missing in block 'custom'");
+    EXPECT_EQ(whyNoDevMode(OdString(), configuration, 0), "key 'dmDriverExtra' is missing in block 'custom'");
     configuration.m_meta.m_win_device_name.empty();
-    EXPECT_EQ(whyNoDevMode(configuration, 0), "the configuration names no Windows printer");
+    EXPECT_EQ(whyNoDevMode(OdString(), configuration, 0), "the configuration names no Windows printer");
+
     configuration.m_custom = nullptr;
-    EXPECT_EQ(whyNoDevMode(configuration, 0), "the configuration has no block 'custom' with a DEVMODE");
+    const TemporaryFolder folder;
+    OdString path;
+    writeRaw(folder, "PIAFILEVERSION_2.0,PC3VER1\nmeta{\n}\n", path);
+    EXPECT_EQ(whyNoDevMode(path, configuration, 0), "there is no block 'custom' with a DEVMODE");
+    writeRaw(folder, "PIAFILEVERSION_2.0,PC3VER1\nmeta{\n}\ncustom{\n odd=1\n}\n", path);
+    EXPECT_EQ(whyNoDevMode(path, configuration, 0),
+              "block 'custom' is damaged and was left out, so there is no DEVMODE");
 }
 
 TEST(WhyNot, aPrinterThatDoesNotOpen)
