@@ -4,7 +4,7 @@
 // in the same order, in the way its library is meant to be used.
 
 #include "GarmPC3Editor/NodeTables.h"
-#include "Samples.h"
+#include "bench/Samples.h"
 
 #include <charconv>
 #include <string>

@@ -1,6 +1,6 @@
 // Runs the benchmarks and prints what they are for: ratios, which depend on the machine less than times do.
 
-#include "Samples.h"
+#include "bench/Samples.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,7 +1,7 @@
 // From bytes to the fields of a configuration, against other parsers; and a whole file, against getting its bytes.
 
 #include "CountedAllocations.h"
-#include "Peers.h"
+#include "bench/Peers.h"
 #include "pia_tree/CPIAOutput.h"
 #include "pia_tree/CPIAParser.h"
 

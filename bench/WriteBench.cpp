@@ -1,6 +1,6 @@
 // From a tree to its text, and to the bytes of its file, without the disk.
 
-#include "Samples.h"
+#include "bench/Samples.h"
 #include "pia_tree/CPIAOutput.h"
 #include "pia_tree/TextWriter.h"
 

@@ -24,7 +24,7 @@ OdString versionLine(const GmMetaNode& meta, const GmTexts& texts)
 
 OdString portLine(const GmPlotCfg3& cfg, const GmTexts& texts)
 {
-    const OdString line = texts(IDS_PORT);
+    OdString line = texts(IDS_PORT);
     if (cfg.m_meta.m_config_autospool)
         return line + texts(IDS_PORT_AUTOSPOOL);
     if (cfg.m_io.m_plot_to_file)
@@ -33,7 +33,9 @@ OdString portLine(const GmPlotCfg3& cfg, const GmTexts& texts)
         return line;
     OdString port;
     GmPrnHelper printer(cfg.m_meta.m_win_device_name.c_str());
-    return printer.isValid() && printer.getPorts(port) ? line + port : line;
+    if (printer.isValid() && printer.getPorts(port))
+        line += port;
+    return line;
 }
 
 OdString notInstalledEntry(const OdString& printerName, const GmTexts& texts)

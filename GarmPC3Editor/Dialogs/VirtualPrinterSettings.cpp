@@ -27,7 +27,8 @@ short printQuality(int index) noexcept
 
 double wholeMillimetres(short tenths) noexcept
 {
-    return tenths / 10; // whole numbers on purpose: what is shown has no fraction
+    const int whole = tenths / 10; // what is shown has no fraction
+    return whole;
 }
 
 short tenthsOfMillimetre(double length, bool inches) noexcept
