@@ -69,6 +69,11 @@ OdString colorsText(const GmResColorMemNode& color, const GmTexts& texts)
                       {decimalFromNumber(color.m_num_colors), decimalFromNumber(color.m_color_depth)});
 }
 
+bool isMonochrome(const GmResColorMemNode& color) noexcept
+{
+    return color.m_color_depth == 1;
+}
+
 OdString deviceLabel(std::int32_t type, const GmPlotCfg3& cfg, const OdString& fileTitle, const GmTexts& texts)
 {
     const GmResColorMemNode& color = cfg.m_res_color_mem;

@@ -14,3 +14,6 @@ GmResolutionParts resolutionParts(const OdString& name);
 
 // Number of colours and colour depth in one text.
 OdString colorsText(const GmResColorMemNode& color, const GmTexts& texts);
+
+// Whether the printer plots in one colour. The depth tells it: the number of colours of a depth of 32 bits is 1 too.
+bool isMonochrome(const GmResColorMemNode& color) noexcept;

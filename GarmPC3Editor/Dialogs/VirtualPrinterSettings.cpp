@@ -36,26 +36,6 @@ short tenthsOfMillimetre(double length, bool inches) noexcept
     return wrapToInt16(std::round((inches ? length * millimetresPerInch : length) * 10));
 }
 
-double typedLength(OdStringView text, OdChar decimalSign) noexcept
-{
-    // Only ASCII can be part of a number, and no length that means anything is longer than this.
-    char ascii[64];
-    std::size_t count = 0;
-    while (!text.empty() && (text.front() == ' ' || text.front() == '\t'))
-        text.remove_prefix(1);
-    if (!text.empty() && text.front() == '+')
-        text.remove_prefix(1);
-    for (const OdChar c : text.substr(0, sizeof ascii))
-    {
-        if (c > 0x7F)
-            break;
-        ascii[count++] = c == decimalSign ? '.' : static_cast<char>(c);
-    }
-    double value = 0.0;
-    const auto result = std::from_chars(ascii, ascii + count, value);
-    return result.ec == std::errc() ? value : 0.0;
-}
-
 OdString displayedLength(double length)
 {
     char digits[352]; // the largest double has 309 digits before the point
@@ -63,7 +43,7 @@ OdString displayedLength(double length)
     return OdString(std::basic_string<OdChar>(digits, result.ptr));
 }
 
-void applyVirtualPrinterChoice(const GmVirtualPrinterChoice& choice, DEVMODEW& dm) noexcept
+void applyVirtualPrinterChoice(const GmVirtualPrinterChoice& choice, DEVMODEW& dm)
 {
     dm.dmFields = DM_PRINTQUALITY;
     dm.dmPrintQuality = printQuality(choice.qualityIndex);
@@ -72,14 +52,14 @@ void applyVirtualPrinterChoice(const GmVirtualPrinterChoice& choice, DEVMODEW& d
         dm.dmFields |= DM_ORIENTATION;
         dm.dmOrientation = *choice.landscape ? DMORIENT_LANDSCAPE : DMORIENT_PORTRAIT;
     }
-    dm.dmFields |= DM_PAPERSIZE;
     if (choice.paperCode)
     {
-        dm.dmPaperSize = *choice.paperCode;
+        dm.dmPaperSize = choice.paperCode(dm);
+        dm.dmFields |= DM_PAPERSIZE;
         return;
     }
     dm.dmPaperWidth = tenthsOfMillimetre(choice.width, choice.inches);
     dm.dmPaperLength = tenthsOfMillimetre(choice.length, choice.inches);
-    dm.dmFields |= DM_PAPERWIDTH | DM_PAPERLENGTH;
+    dm.dmFields |= DM_PAPERSIZE | DM_PAPERWIDTH | DM_PAPERLENGTH;
     dm.dmPaperSize = DMPAPER_USER;
 }

@@ -3,6 +3,7 @@
 #include "kernel/OdString.h"
 #include "win32/Win32.h"
 
+#include <functional>
 #include <optional>
 
 // What the dialog of the product family's own printers shows of a device mode and writes into it.
@@ -20,9 +21,6 @@ double wholeMillimetres(short tenths) noexcept;
 // What was typed as the nearest tenth of a millimetre. The field has 16 bits: more wraps, what is not finite gives 0.
 short tenthsOfMillimetre(double length, bool inches) noexcept;
 
-// A typed length as a number: its leading part that reads as one, 0 when none does. "." and decimalSign both divide.
-double typedLength(OdStringView text, OdChar decimalSign) noexcept;
-
 // A length with two decimals and a point, as the dialog shows converted ones.
 OdString displayedLength(double length);
 
@@ -31,12 +29,13 @@ inline constexpr double millimetresPerInch = 25.4;
 struct GmVirtualPrinterChoice
 {
     int qualityIndex = 0;
-    std::optional<bool> landscape = {};  // none when the host's dialog has no such choice: then it is not written
-    std::optional<short> paperCode = {}; // none for a custom size
-    double width = 0.0;                  // custom size in the unit
+    std::optional<bool> landscape = {}; // none when the host's dialog has no such choice: then it is not written
+    // Tells the code of the chosen paper; asked while the device mode holds what stands above. None for a custom size.
+    std::function<short(const DEVMODEW& dm)> paperCode = {};
+    double width = 0.0; // custom size in the unit
     double length = 0.0;
     bool inches = false;
 };
 
 // Writes the choice into a device mode; dmFields then holds only what was written here.
-void applyVirtualPrinterChoice(const GmVirtualPrinterChoice& choice, DEVMODEW& dm) noexcept;
+void applyVirtualPrinterChoice(const GmVirtualPrinterChoice& choice, DEVMODEW& dm);

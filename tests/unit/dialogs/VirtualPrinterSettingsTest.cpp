@@ -4,6 +4,14 @@
 
 #include <limits>
 
+namespace
+{
+auto always(short code)
+{
+    return [code](const DEVMODEW&) { return code; };
+}
+} // namespace
+
 TEST(VirtualPrinterQuality, onlyFiveResolutionsAreKnown)
 {
     const short known[] = {72, 150, 300, 600, 1200};
@@ -36,18 +44,6 @@ TEST(VirtualPrinterLength, isWrittenToTheNearestTenth)
     EXPECT_EQ(tenthsOfMillimetre(1e300, true), 0);
 }
 
-TEST(VirtualPrinterLength, isTypedWithPointOrTheUsersSign)
-{
-    EXPECT_EQ(typedLength(OD_T("8.27"), ','), 8.27);
-    EXPECT_EQ(typedLength(OD_T("8,27"), ','), 8.27);
-    EXPECT_EQ(typedLength(OD_T("8,27"), '.'), 8.0);
-    EXPECT_EQ(typedLength(OD_T("  +12 mm"), '.'), 12.0);
-    EXPECT_EQ(typedLength(OD_T(""), '.'), 0.0);
-    EXPECT_EQ(typedLength(OD_T("abc"), '.'), 0.0);
-    EXPECT_EQ(typedLength(OD_T("\u0661"), '.'), 0.0);
-    EXPECT_EQ(typedLength(OdString(std::basic_string<OdChar>(500, '9')).view(), '.'), 1e64);
-}
-
 TEST(VirtualPrinterLength, isDisplayedWithTwoDecimals)
 {
     EXPECT_EQ(displayedLength(210 / millimetresPerInch), OD_T("8.27"));
@@ -59,7 +55,7 @@ TEST(VirtualPrinterChoice, dropsTheFieldsThatWereSetBefore)
 {
     DEVMODEW dm = {};
     dm.dmFields = 0xFFFFFFFF;
-    applyVirtualPrinterChoice({.qualityIndex = 2, .landscape = true, .paperCode = short{9}}, dm);
+    applyVirtualPrinterChoice({.qualityIndex = 2, .landscape = true, .paperCode = always(9)}, dm);
     EXPECT_EQ(dm.dmFields, static_cast<DWORD>(DM_PRINTQUALITY | DM_ORIENTATION | DM_PAPERSIZE));
     EXPECT_EQ(dm.dmPrintQuality, 300);
     EXPECT_EQ(dm.dmOrientation, 2);
@@ -70,7 +66,7 @@ TEST(VirtualPrinterChoice, withoutTheHostsButtonsOrientationIsNotWritten)
 {
     DEVMODEW dm = {};
     dm.dmOrientation = 77;
-    applyVirtualPrinterChoice({.paperCode = short{-1}}, dm);
+    applyVirtualPrinterChoice({.paperCode = always(-1)}, dm);
     EXPECT_EQ(dm.dmFields, static_cast<DWORD>(DM_PRINTQUALITY | DM_PAPERSIZE));
     EXPECT_EQ(dm.dmOrientation, 77);
     EXPECT_EQ(static_cast<WORD>(dm.dmPaperSize), 65535);
@@ -86,4 +82,21 @@ TEST(VirtualPrinterChoice, aCustomSizeIsWrittenInTenths)
     EXPECT_EQ(dm.dmPaperWidth, 2101);
     EXPECT_EQ(dm.dmPaperLength, 2969);
     EXPECT_EQ(dm.dmPaperSize, 256);
+}
+
+TEST(VirtualPrinterChoice, thePaperIsAskedForWithQualityAndOrientationOnly)
+{
+    DEVMODEW dm = {};
+    dm.dmFields = DM_COPIES | DM_PAPERSIZE;
+    DEVMODEW askedWith = {};
+    const auto ask = [&askedWith](const DEVMODEW& given)
+    {
+        askedWith = given;
+        return short{11};
+    };
+    applyVirtualPrinterChoice({.qualityIndex = 4, .landscape = true, .paperCode = ask}, dm);
+    EXPECT_EQ(askedWith.dmFields, static_cast<DWORD>(DM_PRINTQUALITY | DM_ORIENTATION));
+    EXPECT_EQ(askedWith.dmPrintQuality, 1200);
+    EXPECT_EQ(askedWith.dmOrientation, 2);
+    EXPECT_EQ(dm.dmPaperSize, 11);
 }
