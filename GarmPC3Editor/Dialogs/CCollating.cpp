@@ -1,0 +1,47 @@
+#include "GarmPC3Editor/Dialogs/CCollating.h"
+
+#include "GarmPC3Editor/Dialogs/DeviceTree.h"
+#include "GarmPC3Editor/Dialogs/GmTabDevice.h"
+#include "GarmPC3Editor/Dialogs/LanguageTexts.h"
+#include "GarmPC3Editor/Dialogs/PageValues.h"
+#include "resources/Resource.h"
+
+CCollating::CCollating(GmTabDevice& tab)
+    : GmDeviceSubDlg(IDD_COLLATING, tab, eCollating), m_choice(collatingChoice(cfg()))
+{
+}
+
+BOOL CCollating::OnInitDialog()
+{
+    GmDeviceSubDlg::OnInitDialog();
+    for (const UINT id : {IDS_COLLATING_OFF, IDS_COLLATING_ON})
+    {
+        const int index = m_list.AddString(CString(languageTexts()(id)));
+        m_list.SetItemData(index, static_cast<DWORD_PTR>(index));
+    }
+    m_list.SetCurSel(m_choice);
+    return TRUE;
+}
+
+void CCollating::DoDataExchange(CDataExchange* pDX)
+{
+    GmDeviceSubDlg::DoDataExchange(pDX);
+    DDX_Control(pDX, IDC_COLLATING, m_list);
+    if (!pDX->m_bSaveAndValidate)
+    {
+        m_list.SetCurSel(m_choice);
+        return;
+    }
+    m_choice = m_list.GetCurSel() == 1 ? 1 : 0;
+    if (storeCollating(cfg(), m_choice))
+        bModified = true;
+}
+
+void CCollating::OnSelChange()
+{
+    m_dlg.commitSelected();
+}
+
+BEGIN_MESSAGE_MAP(CCollating, GmDeviceSubDlg)
+ON_CBN_SELCHANGE(IDC_COLLATING, &CCollating::OnSelChange)
+END_MESSAGE_MAP()

@@ -1,0 +1,104 @@
+#include "GarmPC3Editor/Dialogs/CCustomProp.h"
+
+#include "GarmPC3Editor/AnswerOnThrow.h"
+#include "GarmPC3Editor/Dialogs/CPDFPrintDlg.h"
+#include "GarmPC3Editor/Dialogs/DeviceTree.h"
+#include "GarmPC3Editor/Dialogs/DriverSettings.h"
+#include "GarmPC3Editor/Dialogs/GmPCfgDlg.h"
+#include "GarmPC3Editor/Dialogs/GmTabDevice.h"
+#include "GarmPC3Editor/Dialogs/VirtualPrinterNames.h"
+#include "mfc/AfxModalLoop.h"
+#include "resources/Resource.h"
+#include "win32/Handles.h"
+#include "win32/PrinterQueries.h"
+
+namespace
+{
+constexpr DWORD silently = DM_IN_BUFFER | DM_OUT_BUFFER;
+
+// What a driver throws counts as a failure: it must not end the editor with all that the user changed in it.
+DevModeMerge merged(HWND owner, HANDLE printer, const OdString& name, std::span<const BYTE> devMode, DWORD mode)
+{
+    return answerOnThrow(DevModeMerge{}, [&] { return mergeDevMode(owner, printer, name.c_str(), devMode, mode); });
+}
+
+// Keeps the whole sheet from taking input while a dialog that is not ours is open. Afterwards the sheet is active
+// again, with the focus where it was.
+class DisabledSheet
+{
+public:
+    explicit DisabledSheet(HWND sheet) : m_focus(::GetFocus()), m_sheet(sheet) {}
+    DisabledSheet(const DisabledSheet&) = delete;
+    DisabledSheet& operator=(const DisabledSheet&) = delete;
+    ~DisabledSheet()
+    {
+        m_sheet.enable();
+        m_sheet.activate();
+        if (::IsWindow(m_focus))
+            ::SetFocus(m_focus);
+    }
+
+private:
+    HWND m_focus;
+    AfxDisabledOwner m_sheet;
+};
+} // namespace
+
+CCustomProp::CCustomProp(GmTabDevice& tab) : GmDeviceSubDlg(IDD_CUSTOM_PROP, tab, eCustomProp) {}
+
+void CCustomProp::OnDriverSettings()
+{
+    // The file formats are told apart, but there is nothing to set for them: the button deliberately does nothing.
+    if (driverSettings(cfg().m_meta) == GmDriverSettings::windowsDriver)
+        editDevMode();
+}
+
+void CCustomProp::editDevMode()
+{
+    GmPCfgDlg& sheet = m_dlg.parentDlg();
+    const OdArray<unsigned char> bytes = sheet.cfg().toDevMode();
+    if (bytes.isEmpty())
+        return;
+    const std::span<const BYTE> devMode(bytes.getPtr(), bytes.size());
+    const OdString name = sheet.cfg().m_meta.m_win_device_name;
+    const PrinterHandle printer = answerOnThrow(PrinterHandle(), [&] { return openPrinter(name.c_str()); });
+    if (!printer)
+        return;
+
+    const DevModeMerge merge = isVirtualPrinter(name) ? showVirtualPrinterDialog(printer.get(), name, devMode)
+                                                      : showDriverDialog(printer.get(), name, devMode);
+    // A driver's dialog may answer so also when it was cancelled; the device mode is then the old one.
+    if (merge.result != IDOK)
+        return;
+    // Whether that worked does not matter: what it changed before it failed is changed.
+    bool modified = false;
+    sheet.cfg().updateFromDevMode(merge.block.view(), name, modified);
+    if (modified)
+        sheet.m_modified = true;
+    m_dlg.refreshAll();
+}
+
+DevModeMerge CCustomProp::showDriverDialog(HANDLE printer, const OdString& name, std::span<const BYTE> devMode)
+{
+    const DisabledSheet sheet(m_dlg.parentDlg());
+    return merged(m_hWnd, printer, name, devMode, silently | DM_IN_PROMPT);
+}
+
+DevModeMerge CCustomProp::showVirtualPrinterDialog(HANDLE printer, const OdString& name, std::span<const BYTE> devMode)
+{
+    DevModeMerge merge = merged(m_hWnd, printer, name, devMode, silently);
+    // A driver that spoiled the block or threw: the user edits what the configuration has.
+    if (!merge.block.view())
+        merge.block = DevModeBlock::copyOf(DevModeView(devMode));
+    if (!merge.block)
+        return merge;
+    CPDFPrintDlg dialog(cfg().m_meta, this);
+    dialog.m_devMode = merge.block.get();
+    dialog.m_printerName = name;
+    dialog.DoModal();
+    return merge;
+}
+
+BEGIN_MESSAGE_MAP(CCustomProp, GmDeviceSubDlg)
+ON_BN_CLICKED(IDC_DRIVER_SETTINGS, &CCustomProp::OnDriverSettings)
+END_MESSAGE_MAP()

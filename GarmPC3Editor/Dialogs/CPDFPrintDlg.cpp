@@ -1,0 +1,276 @@
+#include "GarmPC3Editor/Dialogs/CPDFPrintDlg.h"
+
+#include "GarmPC3Editor/AnswerOnThrow.h"
+#include "GarmPC3Editor/Dialogs/LanguageTexts.h"
+#include "GarmPC3Editor/Dialogs/VirtualPaper.h"
+#include "GarmPC3Editor/Dialogs/VirtualPrinterSettings.h"
+#include "resources/Resource.h"
+#include "win32/PrinterQueries.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace
+{
+// Controls of the host's dialog.
+constexpr int hostPaperList = 6455;
+constexpr int hostPortrait = 6461;
+constexpr int hostLandscape = 6462;
+
+// Choices of the radio buttons.
+constexpr int millimetres = 0;
+constexpr int inches = 1;
+constexpr int portrait = 0;
+constexpr int landscape = 1;
+
+LRESULT send(HWND control, UINT message, WPARAM wParam = 0, LPARAM lParam = 0)
+{
+    return ::SendMessageW(control, message, wParam, lParam);
+}
+
+// Entries are cut to what a buffer of 256 characters holds.
+CString entryText(HWND list, int index)
+{
+    constexpr int longest = 255;
+    const LRESULT length = send(list, CB_GETLBTEXTLEN, static_cast<WPARAM>(index));
+    if (length < 0)
+        return {};
+    CString text;
+    // The list says how long the text is, and then writes all of it, terminator included.
+    const LRESULT copied = send(list, CB_GETLBTEXT, static_cast<WPARAM>(index),
+                                reinterpret_cast<LPARAM>(text.GetBuffer(static_cast<int>(length) + 1)));
+    text.ReleaseBuffer(static_cast<int>(std::clamp<LRESULT>(copied, 0, length)));
+    return text.Left(longest);
+}
+
+// As a picture of 24 bits: of one with an alpha channel the control would keep a copy that nobody deletes.
+BitmapHandle loadBitmap(UINT id)
+{
+    return BitmapHandle(static_cast<HBITMAP>(
+        ::LoadImageW(AfxGetResourceHandle(), MAKEINTRESOURCEW(id), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
+}
+} // namespace
+
+CPDFPrintDlg::CPDFPrintDlg(const GmMetaNode& meta, CWnd* page)
+    : CDialog(IDD_VIRTUAL_PRINTER, page),
+      m_icon(::LoadIconW(AfxGetResourceHandle(), MAKEINTRESOURCEW(IDI_SYSTEM_PRINTER))), m_meta(meta),
+      m_hostDialog(::GetParent(::GetParent(::GetParent(page->m_hWnd))))
+{
+}
+
+HWND CPDFPrintDlg::hostControl(int id) const
+{
+    return m_hostDialog ? ::GetDlgItem(m_hostDialog, id) : nullptr;
+}
+
+void CPDFPrintDlg::DoDataExchange(CDataExchange* pDX)
+{
+    CDialog::DoDataExchange(pDX);
+    DDX_CBIndex(pDX, IDC_PAPER, m_paper);
+    DDX_CBIndex(pDX, IDC_QUALITY, m_quality);
+    DDX_Text(pDX, IDC_PAPER_WIDTH, m_width);
+    DDX_Text(pDX, IDC_PAPER_LENGTH, m_length);
+    DDX_Radio(pDX, IDC_PORTRAIT, m_orientation);
+    DDX_Radio(pDX, IDC_MILLIMETRES, m_unit);
+}
+
+BOOL CPDFPrintDlg::OnInitDialog()
+{
+    SetWindowText(CString(m_printerName) + L" - Properties");
+    showOrientationImages();
+    SendDlgItemMessage(IDC_PAPER, CB_RESETCONTENT);
+    SendDlgItemMessage(IDC_QUALITY, CB_RESETCONTENT);
+    const HWND hostPapers = hostControl(hostPaperList);
+    if (hostPapers)
+        copyHostPapers(hostPapers);
+    fillQualities();
+    SetIcon(m_icon, TRUE);
+    SetIcon(m_icon, FALSE);
+    m_quality = qualityIndex(m_devMode->dmPrintQuality);
+    const HWND hostButton = hostControl(hostPortrait);
+    m_orientation = hostButton && send(hostButton, BM_GETCHECK) != BST_CHECKED ? landscape : portrait;
+
+    const bool isCustom = hostPapers && selectedPaper().view() == customPaper;
+    if (!isCustom)
+        enableCustomSize(false);
+    m_width = isCustom ? wholeMillimetres(m_devMode->dmPaperWidth) : 0.0;
+    m_length = isCustom ? wholeMillimetres(m_devMode->dmPaperLength) : 0.0;
+    m_unit = millimetres;
+    UpdateData(FALSE);
+    // Last: the base only moves the values into the controls, and they stand by now.
+    return CDialog::OnInitDialog();
+}
+
+void CPDFPrintDlg::showOrientationImages()
+{
+    if (!m_portrait)
+        m_portrait = loadBitmap(IDB_PORTRAIT);
+    if (!m_landscape)
+        m_landscape = loadBitmap(IDB_LANDSCAPE);
+    const auto show = [this](int control, const BitmapHandle& bitmap)
+    {
+        return reinterpret_cast<HBITMAP>(
+            SendDlgItemMessage(control, STM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(bitmap.get())));
+    };
+    m_previousPortrait = show(IDC_PORTRAIT_IMAGE, m_portrait);
+    m_previousLandscape = show(IDC_LANDSCAPE_IMAGE, m_landscape);
+}
+
+BOOL CPDFPrintDlg::DestroyWindow()
+{
+    if (m_hWnd)
+    {
+        const auto giveBack = [this](int control, HBITMAP bitmap)
+        { SendDlgItemMessage(control, STM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(bitmap)); };
+        giveBack(IDC_PORTRAIT_IMAGE, m_previousPortrait);
+        giveBack(IDC_LANDSCAPE_IMAGE, m_previousLandscape);
+    }
+    m_portrait.reset();
+    m_landscape.reset();
+    return CDialog::DestroyWindow();
+}
+
+void CPDFPrintDlg::copyHostPapers(HWND hostPapers)
+{
+    const auto count = static_cast<int>(send(hostPapers, CB_GETCOUNT));
+    for (int i = 0; i < count; ++i)
+        SendDlgItemMessage(IDC_PAPER, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(entryText(hostPapers, i).GetString()));
+    m_paper = static_cast<int>(send(hostPapers, CB_GETCURSEL));
+    SendDlgItemMessage(IDC_PAPER, CB_SETCURSEL, static_cast<WPARAM>(m_paper));
+}
+
+void CPDFPrintDlg::fillQualities() const
+{
+    for (const UINT id : {IDS_QUALITY_72, IDS_QUALITY_150, IDS_QUALITY_300, IDS_QUALITY_600, IDS_QUALITY_1200})
+        SendDlgItemMessage(IDC_QUALITY, CB_ADDSTRING, 0,
+                           reinterpret_cast<LPARAM>(CString(languageTexts()(id)).GetString()));
+}
+
+void CPDFPrintDlg::enableCustomSize(bool enable) const
+{
+    for (const int id : {IDC_PAPER_LENGTH, IDC_PAPER_WIDTH, IDC_MILLIMETRES, IDC_INCHES})
+        ::EnableWindow(::GetDlgItem(m_hWnd, id), enable ? TRUE : FALSE);
+}
+
+CString CPDFPrintDlg::selectedPaper() const
+{
+    return entryText(::GetDlgItem(m_hWnd, IDC_PAPER), m_paper);
+}
+
+void CPDFPrintDlg::OnPaperChange()
+{
+    // With a length that is no number nothing changes: in a disabled field the user could not put it right.
+    if (UpdateData(TRUE))
+        enableCustomSize(selectedPaper().view() == customPaper);
+}
+
+void CPDFPrintDlg::OnUnitChange()
+{
+    const int before = m_unit;
+    if (!UpdateData(TRUE))
+    {
+        // Nothing was converted, so the buttons go back to the unit of the texts.
+        CheckRadioButton(IDC_MILLIMETRES, IDC_INCHES, before == inches ? IDC_INCHES : IDC_MILLIMETRES);
+        return;
+    }
+    if (m_unit == millimetres && before == inches)
+        showLengths(m_width * millimetresPerInch, m_length * millimetresPerInch);
+    else if (m_unit != millimetres && before == millimetres)
+        showLengths(m_width / millimetresPerInch, m_length / millimetresPerInch);
+}
+
+void CPDFPrintDlg::showLengths(double width, double length) const
+{
+    SetDlgItemText(IDC_PAPER_WIDTH, CString(displayedLength(width)));
+    SetDlgItemText(IDC_PAPER_LENGTH, CString(displayedLength(length)));
+}
+
+void CPDFPrintDlg::OnOK()
+{
+    if (!UpdateData(TRUE))
+        return;
+    chooseInHost();
+    writeDevMode();
+    completeByDriver();
+    EndDialog(IDOK);
+}
+
+void CPDFPrintDlg::chooseInHost() const
+{
+    if (const HWND hostPapers = hostControl(hostPaperList))
+        send(hostPapers, CB_SETCURSEL, static_cast<WPARAM>(m_paper));
+    if (!hostControl(hostPortrait))
+        return;
+    ::CheckDlgButton(m_hostDialog, hostPortrait, m_orientation == landscape ? BST_UNCHECKED : BST_CHECKED);
+    ::CheckDlgButton(m_hostDialog, hostLandscape, m_orientation == landscape ? BST_CHECKED : BST_UNCHECKED);
+}
+
+void CPDFPrintDlg::writeDevMode()
+{
+    GmVirtualPrinterChoice choice;
+    choice.qualityIndex = m_quality;
+    if (hostControl(hostPortrait))
+        choice.landscape = m_orientation == landscape;
+    const OdString paper = hostControl(hostPaperList) ? selectedPaper().toOdString() : OdString();
+    if (paper.view() == customPaper)
+    {
+        choice.width = m_width;
+        choice.length = m_length;
+        choice.inches = m_unit == inches;
+    }
+    else
+    {
+        // A code that is not there becomes 65535.
+        choice.paperCode = [this, &paper](const DEVMODEW& devMode)
+        {
+            const auto ask = [&] { return paperCodeForName(m_printerName, paper.view(), &devMode); };
+            return static_cast<short>(answerOnThrow(-1, ask));
+        };
+    }
+    applyVirtualPrinterChoice(choice, *m_devMode);
+}
+
+// A printer that cannot be opened or whose driver refuses leaves what was written.
+void CPDFPrintDlg::completeByDriver()
+{
+    const std::span<const BYTE> bytes = claimedBytes(*m_devMode);
+    const auto ask = [&]
+    {
+        const PrinterHandle printer = openPrinter(m_printerName.c_str());
+        return printer
+                   ? mergeDevMode(nullptr, printer.get(), m_printerName.c_str(), bytes, DM_IN_BUFFER | DM_OUT_BUFFER)
+                   : DevModeMerge{};
+    };
+    const DevModeMerge merge = answerOnThrow(DevModeMerge{}, ask);
+    const DevModeView completed = merge.block.view();
+    if (merge.result == IDOK && completed && completed.bytes().size() <= bytes.size())
+        std::memcpy(m_devMode, completed.bytes().data(), completed.bytes().size());
+}
+
+void CPDFPrintDlg::OnPaint()
+{
+    if (!IsIconic())
+    {
+        CDialog::OnPaint();
+        return;
+    }
+    const CPaintDC dc(this);
+    SendMessage(WM_ICONERASEBKGND, reinterpret_cast<WPARAM>(dc.GetSafeHdc()));
+    RECT client = {};
+    GetClientRect(&client);
+    dc.DrawIcon((client.right - ::GetSystemMetrics(SM_CXICON) + 1) / 2,
+                (client.bottom - ::GetSystemMetrics(SM_CYICON) + 1) / 2, m_icon);
+}
+
+HCURSOR CPDFPrintDlg::OnQueryDragIcon()
+{
+    return m_icon;
+}
+
+BEGIN_MESSAGE_MAP(CPDFPrintDlg, CDialog)
+ON_WM_PAINT()
+ON_WM_QUERYDRAGICON()
+ON_CBN_SELCHANGE(IDC_PAPER, &CPDFPrintDlg::OnPaperChange)
+ON_BN_CLICKED(IDC_MILLIMETRES, &CPDFPrintDlg::OnUnitChange)
+ON_BN_CLICKED(IDC_INCHES, &CPDFPrintDlg::OnUnitChange)
+END_MESSAGE_MAP()

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "GarmPC3Editor/GmMetaNode.h"
+#include "mfc/Mfc.h"
+#include "win32/Handles.h"
+
+using BitmapHandle = UniqueHandle<HBITMAP, &::DeleteObject>;
+
+// The properties of the product family's own printers: paper, quality and orientation, edited in a device mode.
+//
+// It works together with the host's dialog from which the editor was opened: it offers that dialog's papers, and what
+// is chosen here is chosen there too. The host's dialog need not have those controls.
+//
+// Set m_devMode and m_printerName, then run DoModal. OK writes into the device mode and has the printer's driver
+// complete it.
+class CPDFPrintDlg : public CDialog
+{
+public:
+    // page is the page that opens the dialog: two windows above it is the sheet, and above that the host's dialog.
+    CPDFPrintDlg(const GmMetaNode& meta, CWnd* page);
+
+    BOOL OnInitDialog() override;
+    BOOL DestroyWindow() override;
+
+protected:
+    void DoDataExchange(CDataExchange* pDX) override;
+    void OnOK() override;
+
+    afx_msg void OnPaint();
+    afx_msg HCURSOR OnQueryDragIcon();
+    afx_msg void OnPaperChange();
+    afx_msg void OnUnitChange();
+    DECLARE_MESSAGE_MAP()
+
+private:
+    HWND hostControl(int id) const;
+    void showOrientationImages();
+    void copyHostPapers(HWND hostPapers);
+    void fillQualities() const;
+    void enableCustomSize(bool enable) const;
+    void showLengths(double width, double length) const;
+    CString selectedPaper() const;
+    void chooseInHost() const;
+    void writeDevMode();
+    void completeByDriver();
+
+    // In the order of the members: what is exchanged with the controls, and what is shown.
+    int m_paper = 0;
+    int m_quality = 0;
+    double m_width = 0.0; // of a custom size, in the unit
+    double m_length = 0.0;
+    int m_orientation = 0;  // 0 portrait, 1 landscape
+    int m_unit = 0;         // 0 millimetres, 1 inches
+    HICON m_icon = nullptr; // the library's
+
+public:
+    DEVMODEW* m_devMode = nullptr; // not owned; as many bytes as it claims to have
+
+private:
+    BitmapHandle m_portrait;
+    BitmapHandle m_landscape;
+    HBITMAP m_previousPortrait = nullptr; // what the controls showed before, theirs
+    HBITMAP m_previousLandscape = nullptr;
+
+public:
+    OdString m_printerName;
+
+private:
+    GmMetaNode m_meta;
+    HWND m_hostDialog;
+};

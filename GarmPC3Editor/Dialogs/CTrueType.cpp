@@ -1,0 +1,29 @@
+#include "GarmPC3Editor/Dialogs/CTrueType.h"
+
+#include "GarmPC3Editor/Dialogs/DeviceTree.h"
+#include "GarmPC3Editor/Dialogs/GmTabDevice.h"
+#include "GarmPC3Editor/Dialogs/PageValues.h"
+#include "resources/Resource.h"
+
+CTrueType::CTrueType(GmTabDevice& tab) : GmDeviceSubDlg(IDD_TRUETYPE, tab, eTrueType), m_choice(trueTypeChoice(cfg()))
+{
+}
+
+void CTrueType::DoDataExchange(CDataExchange* pDX)
+{
+    GmDeviceSubDlg::DoDataExchange(pDX);
+    int choice = m_choice;
+    DDX_Radio(pDX, IDC_TRUETYPE_AS_TEXT, choice);
+    if (pDX->m_bSaveAndValidate && storeTrueType(cfg(), m_choice, choice))
+        bModified = true;
+}
+
+void CTrueType::OnChoice()
+{
+    m_dlg.commitSelected();
+}
+
+BEGIN_MESSAGE_MAP(CTrueType, GmDeviceSubDlg)
+ON_BN_CLICKED(IDC_TRUETYPE_AS_TEXT, &CTrueType::OnChoice)
+ON_BN_CLICKED(IDC_TRUETYPE_AS_GRAPHICS, &CTrueType::OnChoice)
+END_MESSAGE_MAP()

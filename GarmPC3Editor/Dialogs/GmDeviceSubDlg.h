@@ -1,0 +1,47 @@
+#pragma once
+
+#include "mfc/Mfc.h"
+
+#include <cstdint>
+
+class GmPlotCfg3;
+class GmTabDevice;
+
+// The base of the pages that the device tab shows beside its tree, each for one kind of entry.
+//
+// A page reads its values when it is made and writes them into the configuration in its data exchange, which the tab
+// runs at every change. It keeps what it read: when the configuration changes behind it (reset to defaults), the page
+// shows the old value, and writes it back when it is left.
+class GmDeviceSubDlg : public CDialog
+{
+public:
+    GmDeviceSubDlg(UINT templateId, GmTabDevice& tab, std::int32_t type);
+
+    std::int32_t eType() const noexcept { return m_type; }
+
+    // Creates the window as a child of the tab, shown and enabled, in the place of the tab's frame. False when the
+    // system refuses.
+    bool createInFrame();
+
+    // Enables, shows and repaints the page.
+    virtual void activate();
+
+protected:
+    // Inside the tab's dialog: no button of the page ends anything.
+    void OnOK() override {}
+    void OnCancel() override {}
+
+    GmPlotCfg3& cfg() const;
+    void show() const;
+
+    GmTabDevice& m_dlg;
+
+private:
+    void placeInFrame() const;
+
+    std::int32_t m_type;
+
+public:
+    // Set by the data exchange that changed a stored value, cleared by the tab that has seen to it.
+    bool bModified = false;
+};

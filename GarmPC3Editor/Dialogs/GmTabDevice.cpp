@@ -1,0 +1,218 @@
+#include "GarmPC3Editor/Dialogs/GmTabDevice.h"
+
+#include "GarmPC3Editor/Dialogs/DevicePages.h"
+#include "GarmPC3Editor/Dialogs/DeviceTree.h"
+#include "GarmPC3Editor/Dialogs/GmPCfgDlg.h"
+#include "GarmPC3Editor/Dialogs/Icons.h"
+#include "GarmPC3Editor/Dialogs/LanguageTexts.h"
+#include "kernel/OdAssert.h"
+#include "resources/Resource.h"
+
+namespace
+{
+constexpr int checkOverlay = 1;
+
+void verify(bool held, const char* text, int line)
+{
+    if (!held)
+        odReportAssert(text, "GarmPC3Editor/Dialogs/GmTabDevice", line);
+}
+
+// By the kinds' numbers.
+constexpr const char* indexAssertions[deviceEntryCount] = {
+    "iIcon == eChecked",        "iIcon == eRoot",      "iIcon == eMedia",     "iIcon == eMediaDest",
+    "iIcon == eSourceSize",     "iIcon == eCollating", "iIcon == eGraphics",  "iIcon == eVectorGraphics",
+    "iIcon == eRasterGraphics", "iIcon == eTrueType",  "iIcon == eMergeCtrl", "iIcon == eCustomProp",
+};
+} // namespace
+
+GmTabDevice::GmTabDevice() : CPropertyPage(IDD_DEVICE, IDS_TAB_DEVICE) {}
+
+GmTabDevice::~GmTabDevice() = default;
+
+void GmTabDevice::attach(GmPCfgDlg& sheet)
+{
+    m_sheet = &sheet;
+}
+
+GmPCfgDlg& GmTabDevice::parentDlg()
+{
+    return parentSheet(*this);
+}
+
+void GmTabDevice::DoDataExchange(CDataExchange* pDX)
+{
+    CPropertyPage::DoDataExchange(pDX);
+    DDX_Control(pDX, IDC_PAGE_FRAME, m_frame);
+    DDX_Control(pDX, IDC_TREE, m_tree);
+}
+
+BOOL GmTabDevice::OnInitDialog()
+{
+    CPropertyPage::OnInitDialog();
+    // 16 pixels, more on screens of a higher resolution. With 32-bit colour the check mark would not be drawn over the
+    // icons, and with the mask alone they would have 16 colours.
+    const int size = ::GetSystemMetrics(SM_CXSMICON);
+    if (const BOOL created = m_images.Create(size, size, ILC_MASK | ILC_COLOR24, 0, 1); !created)
+        return created;
+    loadImages();
+    m_tree.SetImageList(m_images, TVSIL_NORMAL);
+    return insertEntries() ? TRUE : FALSE;
+}
+
+// The number of a kind is the place of its icon. A library without one of them is a programming error; the entries
+// behind it then have wrong pictures.
+void GmTabDevice::loadImages()
+{
+    int width = 0;
+    int height = 0;
+    ::ImageList_GetIconSize(m_images, &width, &height);
+    for (std::int32_t type = 0; type < deviceEntryCount; ++type)
+    {
+        const IconHandle icon = loadIcon(deviceEntryIcon(static_cast<GmDeviceEntry>(type)), width);
+        verify(static_cast<bool>(icon), "hIcon", __LINE__);
+        const int index = icon ? m_images.Add(icon.get()) : -1;
+        verify(index == type, indexAssertions[type], __LINE__);
+        if (type == eChecked)
+            m_images.SetOverlayImage(eChecked, checkOverlay);
+    }
+}
+
+bool GmTabDevice::insertEntries()
+{
+    std::map<GmDeviceEntry, HTREEITEM> handles;
+    for (const GmDeviceTreeItem& entry : deviceTree(m_sheet->cfg()))
+    {
+        // Media is complete, and opened before the rest comes.
+        if (entry.type == eGraphics)
+            m_tree.Expand(handles[eMedia], TVE_EXPAND);
+
+        WCHAR noText[] = L"";
+        TVINSERTSTRUCTW insert = {};
+        insert.hParent = entry.parent ? handles[*entry.parent] : TVI_ROOT;
+        insert.hInsertAfter = TVI_LAST;
+        insert.itemex.mask = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_PARAM | TVIF_CHILDREN;
+        insert.itemex.pszText = noText;
+        insert.itemex.iImage = entry.type;
+        insert.itemex.iSelectedImage = entry.type;
+        insert.itemex.lParam = entry.type;
+        insert.itemex.cChildren = entry.hasChildren ? 1 : 0;
+        const HTREEITEM item = m_tree.InsertItem(insert);
+        if (!item)
+            return false;
+        handles[entry.type] = item;
+        refreshItem(item, false, false);
+    }
+    // Makes the page of the custom properties, so that there is one when the tab shows.
+    m_tree.SelectItem(handles[eCustomProp]);
+    m_tree.Expand(handles[eRoot], TVE_EXPAND);
+    return true;
+}
+
+void GmTabDevice::refreshItem(HTREEITEM item, bool mark, bool recurse)
+{
+    const CString oldLabel = m_tree.GetItemText(item);
+    // The control ends a text at the first NUL, and so must what is compared with it.
+    const CString newLabel =
+        CString(deviceLabel(typeOf(item), m_sheet->cfg(), m_sheet->fileTitle(), languageTexts())).GetString();
+    if (!newLabel.IsEmpty())
+    {
+        m_tree.SetItemText(item, newLabel);
+        if (mark && newLabel != oldLabel)
+            m_tree.SetItemState(item, INDEXTOOVERLAYMASK(checkOverlay), TVIS_OVERLAYMASK);
+    }
+    if (!recurse)
+        return;
+    for (HTREEITEM child = m_tree.GetChildItem(item); child; child = m_tree.GetNextSiblingItem(child))
+        refreshItem(child, mark, recurse);
+}
+
+void GmTabDevice::refreshAll()
+{
+    if (const HTREEITEM root = m_tree.GetRootItem())
+        refreshItem(root, true, true);
+}
+
+std::int32_t GmTabDevice::typeOf(HTREEITEM item) const
+{
+    return static_cast<std::int32_t>(m_tree.GetItemData(item));
+}
+
+GmDeviceSubDlg* GmTabDevice::findPage(std::int32_t type) const
+{
+    const auto found = m_pages.find(type);
+    return found == m_pages.end() ? nullptr : found->second.get();
+}
+
+GmDeviceSubDlg* GmTabDevice::findOrCreatePage(std::int32_t type)
+{
+    // That a kind has no page is remembered too.
+    if (const auto found = m_pages.find(type); found != m_pages.end())
+        return found->second.get();
+    return m_pages.emplace(type, createDevicePage(type, *this)).first->second.get();
+}
+
+void GmTabDevice::commit(GmDeviceSubDlg& page, HTREEITEM item)
+{
+    // A flag that is still set is a change that was not seen to. It is now.
+    verify(!page.bModified, "bModified == false", __LINE__);
+    page.UpdateData(TRUE);
+    if (!page.bModified)
+        return;
+    // That page tells the sheet itself.
+    verify(page.eType() != eCustomProp, "dlg->eType() != eCustomProp", __LINE__);
+    refreshItem(item, true, false);
+    page.bModified = false;
+    parentDlg().m_modified = true;
+}
+
+void GmTabDevice::commitSelected()
+{
+    const HTREEITEM item = m_tree.GetSelectedItem();
+    verify(item != nullptr, "0", __LINE__);
+    if (!item)
+        return;
+    GmDeviceSubDlg* const page = findPage(typeOf(item));
+    verify(page != nullptr, "0", __LINE__);
+    if (page)
+        commit(*page, item);
+}
+
+void GmTabDevice::OnSelChanged(NMHDR* header, LRESULT* result)
+{
+    *result = 0;
+    const auto& change = *reinterpret_cast<const NMTREEVIEWW*>(header);
+    GmDeviceSubDlg* const before = findPage(static_cast<std::int32_t>(change.itemOld.lParam));
+    // Before the old page is committed, so that the new one still reads the values without that.
+    GmDeviceSubDlg* const now = findOrCreatePage(static_cast<std::int32_t>(change.itemNew.lParam));
+    if (before)
+    {
+        commit(*before, change.itemOld.hItem);
+        before->EnableWindow(FALSE);
+        before->ShowWindow(SW_HIDE);
+    }
+    if (now)
+        now->activate();
+}
+
+void GmTabDevice::OnSaveAs()
+{
+    m_sheet->saveAs();
+}
+
+// Neither marks the configuration as modified nor shows the new values on pages that exist already: those keep what
+// they read, and write it back when they are left.
+void GmTabDevice::OnDefaults()
+{
+    CString title;
+    m_sheet->GetWindowText(title);
+    const CString question(languageTexts()(IDS_RESET_QUESTION));
+    if (m_sheet->MessageBox(question, title, MB_YESNO | MB_ICONEXCLAMATION) == IDYES && m_sheet->cfg().setToDefault())
+        refreshAll();
+}
+
+BEGIN_MESSAGE_MAP(GmTabDevice, CPropertyPage)
+ON_NOTIFY(TVN_SELCHANGEDW, IDC_TREE, &GmTabDevice::OnSelChanged)
+ON_BN_CLICKED(IDC_SAVE_AS, &GmTabDevice::OnSaveAs)
+ON_BN_CLICKED(IDC_DEFAULTS, &GmTabDevice::OnDefaults)
+END_MESSAGE_MAP()
