@@ -14,7 +14,7 @@ namespace plothost
 namespace
 {
 // Every option with a value, as it is typed; used where the parsing library's own words would not help.
-constexpr const char* optionsWithValue[] = {"--search-path", "--language", "--module", "--out"};
+constexpr const char* optionsWithValue[] = {"--search-path", "--language", "--module", "--out", "--paper"};
 
 constexpr const char* footer =
     "Files are looked for relative to the current folder, then on the search path: the folders of --search-path,\n"
@@ -37,6 +37,9 @@ constexpr CommandText commandTexts[] = {
     {Verb::devmode, "devmode", "Ask the module which printer and DEVMODE stand behind a device name",
      "NAME ends in .pc3 for a configuration; everything else is the name of a Windows printer, which has no DEVMODE\n"
      "of its own here.\n"},
+    {Verb::edit, "edit", "Edit a configuration, or make one for a printer, in the module's editor",
+     "Prints the values that the editor left; \"result\" is the configuration's driver type, whether it was saved or "
+     "not.\n"},
     {Verb::create, "create", "Make a configuration for an installed printer", ""},
     {Verb::show, "show", "Show a configuration as the module reads it", ""},
     {Verb::commands, "commands", "List the commands that the module registered", ""},
@@ -79,12 +82,16 @@ public:
         }
         command(Verb::list)->add_flag("--json", m_json, "Answer in JSON");
         command(Verb::devmode)->add_flag("--json", m_json, "Answer in JSON");
+        command(Verb::edit)->add_flag("--json", m_json, "Answer in JSON");
         command(Verb::show)->add_flag("--json", m_json, "Answer in JSON");
 
         addText(*command(Verb::devmode), "NAME", m_name, "Configuration or printer", "")->required();
         addText(*command(Verb::devmode), "--out", m_out, "Write the DEVMODE's bytes", "FILE");
         command(Verb::devmode)
             ->add_flag("--background", m_background, "Check in the background, wait for the message (60 s at most)");
+        addText(*command(Verb::edit), "NAME", m_name, "Configuration, or printer with --printer", "")->required();
+        command(Verb::edit)->add_flag("--printer", m_isPrinter, "NAME is a printer, for which one is made");
+        addText(*command(Verb::edit), "--paper", m_paper, "Paper to select in the configuration", "NAME");
         addText(*command(Verb::create), "PRINTER", m_name, "Name of the printer", "")->required();
         addText(*command(Verb::create), "FILE", m_file, "File to write, ending in .pc3", "")->required();
         addText(*command(Verb::show), "FILE", m_file, "Configuration to read", "")->required();
@@ -239,6 +246,8 @@ private:
         result.file = OdString(odFromUtf8(m_file));
         result.json = m_json;
         result.background = m_background;
+        result.isPrinter = m_isPrinter;
+        result.paper = OdString(odFromUtf8(m_paper));
         result.out = value(*command(Verb::devmode), "--out", m_out);
         result.searchPath = value(m_app, "--search-path", m_searchPath);
         result.language = value(m_app, "--language", m_language);
@@ -258,11 +267,13 @@ private:
     std::string m_name;
     std::string m_file;
     std::string m_out;
+    std::string m_paper;
     std::string m_searchPath;
     std::string m_language;
     std::string m_module;
     bool m_json = false;
     bool m_background = false;
+    bool m_isPrinter = false;
 };
 } // namespace
 

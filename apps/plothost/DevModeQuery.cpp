@@ -1,23 +1,14 @@
 #include "plothost/DevModeQuery.h"
 
-#include "host/GarmInterfaces.h"
 #include "host/GmResBufExtention.h"
-#include "kernel/OdEdCommandStack.h"
-#include "kernel/OdResBuf.h"
-#include "kernel/OdText.h"
-
-#include <exception>
+#include "kernel/OdError.h"
+#include "plothost/ModuleCommand.h"
 
 namespace plothost
 {
 namespace
 {
 const OdChar* const commandName = OD_T("PC3GETDEVMODE");
-
-GmServicesManagerInterface& namedValues()
-{
-    return *getServicesManagerInterface(getGarmInterfaces().get());
-}
 
 void setArguments(const OdString& deviceName)
 {
@@ -27,41 +18,17 @@ void setArguments(const OdString& deviceName)
     namedValues().set(OD_T("printerName"), OdResBuf::newRb(kRtString, OdString()));
 }
 
-std::string runCommand()
-{
-    try
-    {
-        if (odedRegCmds()->executeCommand(commandName, getGarmInterfaces().get()))
-            return {};
-        return "the module has no command '" + odToUtf8(commandName) + "'";
-    }
-    catch (const std::exception& error)
-    {
-        return "the command '" + odToUtf8(commandName) + "' failed: " + error.what();
-    }
-}
-
-// The value as a result buffer. Throws what the reader of a missing or other value deserves.
-OdResBufPtr answer(const OdChar* name)
-{
-    const OdRxObjectPtr value = namedValues().get(name);
-    OdResBufPtr buffer = OdResBuf::cast(value.get());
-    if (!buffer)
-        throw OdError_NotThatKindOfClass();
-    return buffer;
-}
-
 DevModeReport readAnswers(const OdString& deviceName)
 {
     DevModeReport report;
     report.deviceName = deviceName;
-    report.printerName = answer(OD_T("printerName"))->getString();
-    const OdBinaryData& bytes = answer(OD_T("devMode"))->getBinaryChunk();
+    report.printerName = namedAnswer(OD_T("printerName"))->getString();
+    const OdBinaryData& bytes = namedAnswer(OD_T("devMode"))->getBinaryChunk();
     report.devMode.assign(bytes.begin(), bytes.end());
-    report.result = answer(OD_T("result"))->getBool();
-    report.paperName = answer(OD_T("paperName"))->getString();
-    report.driverType = answer(OD_T("driverType"))->getInt16();
-    report.canonicalModelName = answer(OD_T("canonicalModelName"))->getString();
+    report.result = namedAnswer(OD_T("result"))->getBool();
+    report.paperName = namedAnswer(OD_T("paperName"))->getString();
+    report.driverType = namedAnswer(OD_T("driverType"))->getInt16();
+    report.canonicalModelName = namedAnswer(OD_T("canonicalModelName"))->getString();
     return report;
 }
 } // namespace
@@ -70,7 +37,7 @@ DevModeAnswer askDevMode(const OdString& deviceName)
 {
     DevModeAnswer result;
     setArguments(deviceName);
-    result.problem = runCommand();
+    result.problem = runModuleCommand(commandName);
     if (!result.problem.empty())
         return result;
     try
@@ -79,7 +46,7 @@ DevModeAnswer askDevMode(const OdString& deviceName)
     }
     catch (const OdError&)
     {
-        result.problem = "the command '" + odToUtf8(commandName) + "' gave no complete answer";
+        result.problem = incompleteAnswer(commandName);
     }
     return result;
 }
@@ -88,6 +55,6 @@ std::string startBackgroundCheck(const OdString& deviceName, HWND window)
 {
     setArguments(deviceName);
     namedValues().set(OD_T("hwndPost"), GmResBufExtention::newVoid(window));
-    return runCommand();
+    return runModuleCommand(commandName);
 }
 } // namespace plothost

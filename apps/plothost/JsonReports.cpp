@@ -92,4 +92,14 @@ std::string jsonOf(const BackgroundReport& report)
 {
     return printed({{"deviceName", jsonText(report.deviceName)}, {"flag", report.flag ? 1 : 0}});
 }
+
+std::string jsonOf(const EditReport& report)
+{
+    return printed({{"plotCfgName", jsonText(report.name)},
+                    {"bSystemPrinter", report.isPrinter},
+                    {"fileName", jsonText(report.fileName)},
+                    {"paperName", jsonText(report.paperName)},
+                    {"result", report.result},
+                    {"canonicalModelName", jsonText(report.canonicalModelName)}});
+}
 } // namespace plothost

@@ -49,6 +49,17 @@ struct BackgroundReport
     bool flag = false; // the message's first parameter
 };
 
+// What "edit" prints: the values that the command left.
+struct EditReport
+{
+    OdString name; // as it was asked for
+    bool isPrinter = false;
+    OdString fileName;
+    OdString paperName;
+    std::int16_t result = 0; // the configuration's driver type, not whether it was saved
+    OdString canonicalModelName;
+};
+
 // What "commands" prints.
 struct CommandsReport
 {
@@ -68,6 +79,8 @@ std::string textOf(const DevModeReport& report);
 std::string jsonOf(const DevModeReport& report);
 std::string textOf(const BackgroundReport& report);
 std::string jsonOf(const BackgroundReport& report);
+std::string textOf(const EditReport& report);
+std::string jsonOf(const EditReport& report);
 std::string textOf(const CommandsReport& report);
 
 // "1 (Windows system printer)"; the bare number where it has no meaning of its own.

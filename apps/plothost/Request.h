@@ -19,6 +19,7 @@ enum class Verb
 {
     list,
     devmode,
+    edit,
     create,
     show,
     commands,
@@ -28,10 +29,12 @@ enum class Verb
 struct Request
 {
     Verb verb = Verb::list;
-    OdString name; // devmode: device; create: printer
+    OdString name; // devmode: device; edit: configuration or printer; create: printer
     OdString file; // create, show
     bool json = false;
     bool background = false;
+    bool isPrinter = false;
+    OdString paper; // edit
     std::optional<OdString> out;
     std::optional<OdString> searchPath;
     std::optional<OdString> language;

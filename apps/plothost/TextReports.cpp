@@ -126,6 +126,16 @@ std::string textOf(const BackgroundReport& report)
     return columns({{"device", printable(report.deviceName)}, {"flag", report.flag ? "1" : "0"}}, 0);
 }
 
+std::string textOf(const EditReport& report)
+{
+    return columns({{report.isPrinter ? "printer" : "configuration", printable(report.name)},
+                    {"file", orNone(report.fileName)},
+                    {"paper", orNone(report.paperName)},
+                    {"result", driverTypeText(report.result)},
+                    {"model", orNone(report.canonicalModelName)}},
+                   0);
+}
+
 std::string textOf(const CommandsReport& report)
 {
     if (report.commands.empty())

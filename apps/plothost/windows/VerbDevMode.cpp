@@ -1,16 +1,13 @@
 #include "plothost/windows/Verbs.h"
 
-#include "GarmPC3Editor/GmPlotCfg3.h"
-#include "kernel/OdText.h"
 #include "pia_tree/FileAccess.h"
 #include "plothost/DevModeQuery.h"
 #include "plothost/Paths.h"
 #include "plothost/Printable.h"
 #include "plothost/Reports.h"
-#include "plothost/WhyNot.h"
 #include "plothost/windows/Answers.h"
 #include "plothost/windows/BackgroundWait.h"
-#include "plothost/windows/Printers.h"
+#include "plothost/windows/Reasons.h"
 
 #include <string_view>
 
@@ -20,41 +17,10 @@ namespace
 {
 constexpr DWORD longestWait = 60'000; // milliseconds
 
-bool isConfigurationName(const OdString& name)
-{
-    return odEndsWithNoCase(name, OD_T(".pc3"));
-}
-
 // The module looks on the search path only; a file of the caller's folder is passed on with its folder.
 OdString deviceNameFor(const OdString& typed)
 {
     return isConfigurationName(typed) && isFile(typed) ? absolutePath(typed) : typed;
-}
-
-std::string whyNoPrinterBehind(const OdString& path)
-{
-    const std::string shown = "'" + printable(path) + "': ";
-    const std::string why = whyNotRead(path, installedDrivers());
-    if (!why.empty())
-        return shown + why;
-    bool modified = false;
-    const OdSharedPtr<GmPlotCfg3> configuration = GmPlotCfg3::read(path, modified);
-    if (!configuration)
-        return shown + "the module cannot read it";
-    const OdString& printer = configuration->m_meta.m_win_device_name;
-    return shown + whyNoDevMode(path, *configuration, printer.isEmpty() ? 0 : openError(printer));
-}
-
-std::string whyNoPrinterFor(const OdString& deviceName, const OdString& searchPath)
-{
-    OdString path;
-    if (isConfigurationName(deviceName))
-        return findConfiguration(deviceName, path) ? whyNoPrinterBehind(path) : whyNotFound(deviceName, searchPath);
-
-    std::string why = whyNoPrinter(deviceName, openError(deviceName));
-    if (findConfiguration(deviceName + OD_T(".pc3"), path))
-        return why + "; the configuration of that name is '" + printable(deviceName) + ".pc3'";
-    return why;
 }
 
 ExitStatus writeBytes(const DevModeReport& report, const OdString& typed)

@@ -22,6 +22,8 @@ ExitStatus run(const Request& request, const OdString& searchPath)
         return runList(request, searchPath);
     case Verb::devmode:
         return runDevMode(request, searchPath);
+    case Verb::edit:
+        return runEdit(request, searchPath);
     case Verb::create:
         return runCreate(request);
     case Verb::show:

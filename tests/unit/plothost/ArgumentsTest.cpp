@@ -50,6 +50,13 @@ TEST(PlothostArguments, eachCommandIsUnderstood)
     EXPECT_FALSE(devmode.background);
     EXPECT_FALSE(devmode.out.has_value());
 
+    const Request edit = understood({OD_T("edit"), OD_T("Plan")});
+    EXPECT_EQ(edit.verb, Verb::edit);
+    EXPECT_EQ(edit.name, OD_T("Plan"));
+    EXPECT_FALSE(edit.isPrinter);
+    EXPECT_TRUE(edit.paper.isEmpty());
+    EXPECT_FALSE(edit.json);
+
     const Request create = understood({OD_T("create"), OD_T("Plotter A"), OD_T("a.PC3")});
     EXPECT_EQ(create.verb, Verb::create);
     EXPECT_EQ(create.name, OD_T("Plotter A"));
@@ -87,6 +94,12 @@ TEST(PlothostArguments, optionsOfTheCommands)
     EXPECT_TRUE(understood({OD_T("devmode"), OD_T("x"), OD_T("--background")}).background);
     EXPECT_TRUE(understood({OD_T("devmode"), OD_T("x"), OD_T("--json")}).json);
     EXPECT_TRUE(understood({OD_T("show"), OD_T("x"), OD_T("--json")}).json);
+    const Request edit =
+        understood({OD_T("edit"), OD_T("--printer"), OD_T("Plotter A"), OD_T("--paper"), OD_T("A4"), OD_T("--json")});
+    EXPECT_TRUE(edit.isPrinter);
+    EXPECT_EQ(edit.name, OD_T("Plotter A"));
+    EXPECT_EQ(edit.paper, OD_T("A4"));
+    EXPECT_TRUE(edit.json);
     EXPECT_EQ(understood({OD_T("--module"), OD_T("a"), OD_T("list"), OD_T("--module"), OD_T("b")}).module,
               OdString(OD_T("b")))
         << "the last one holds";
@@ -120,7 +133,7 @@ TEST(PlothostArguments, withoutACommandTheHelpIsPrinted)
         EXPECT_FALSE(parsed.request.has_value());
         EXPECT_EQ(parsed.status, exitYes);
         EXPECT_EQ(parsed.error, "");
-        for (const char* word : {"list", "devmode", "create", "show", "commands", "--search-path", "--language",
+        for (const char* word : {"list", "devmode", "edit", "create", "show", "commands", "--search-path", "--language",
                                  "--module", "--help", "--version", "PLOTHOST_SEARCH_PATH", "Exit status"})
             EXPECT_THAT(parsed.output, HasSubstr(word));
     }
@@ -139,6 +152,8 @@ TEST(PlothostArguments, eachCommandHasItsHelp)
     EXPECT_THAT(help(OD_T("list")), HasSubstr("--json"));
     EXPECT_THAT(help(OD_T("devmode")),
                 testing::AllOf(HasSubstr("NAME"), HasSubstr("--out"), HasSubstr("--background")));
+    EXPECT_THAT(help(OD_T("edit")), testing::AllOf(HasSubstr("NAME"), HasSubstr("--printer"), HasSubstr("--paper"),
+                                                   HasSubstr("--json"), HasSubstr("driver type")));
     EXPECT_THAT(help(OD_T("create")),
                 testing::AllOf(HasSubstr("PRINTER"), HasSubstr("FILE"), Not(HasSubstr("--json"))));
     EXPECT_THAT(help(OD_T("show")), testing::AllOf(HasSubstr("FILE"), HasSubstr("--json")));
@@ -176,6 +191,8 @@ TEST(PlothostArguments, anUnknownOptionIsNamedWithTheNearest)
 TEST(PlothostArguments, missingAndSuperfluousArguments)
 {
     EXPECT_THAT(refused({OD_T("devmode")}), testing::AllOf(HasSubstr("NAME"), HasSubstr("'plothost devmode --help'")));
+    EXPECT_THAT(refused({OD_T("edit")}), HasSubstr("NAME"));
+    EXPECT_THAT(refused({OD_T("edit"), OD_T("")}), HasSubstr("NAME is empty"));
     EXPECT_THAT(refused({OD_T("create"), OD_T("p")}), HasSubstr("FILE"));
     EXPECT_THAT(refused({OD_T("create")}), HasSubstr("PRINTER"));
     EXPECT_THAT(refused({OD_T("show")}), HasSubstr("FILE"));
@@ -197,6 +214,7 @@ TEST(PlothostArguments, anOptionWithoutItsValueIsNamed)
                     HasSubstr(odToUtf8(option) + " needs a value"));
     }
     EXPECT_THAT(refused({OD_T("devmode"), OD_T("x"), OD_T("--out")}), HasSubstr("--out needs a value"));
+    EXPECT_THAT(refused({OD_T("edit"), OD_T("x"), OD_T("--paper")}), HasSubstr("--paper needs a value"));
     EXPECT_THAT(refused({OD_T("devmode"), OD_T("--out="), OD_T("x")}), HasSubstr("--out needs a value"));
 }
 

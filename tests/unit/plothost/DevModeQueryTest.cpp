@@ -1,51 +1,27 @@
 #include "plothost/DevModeQuery.h"
 
-#include "host/GarmInterfaces.h"
 #include "host/GmResBufExtention.h"
-#include "kernel/OdEdCommandStack.h"
 #include "kernel/OdError.h"
 #include "kernel/OdResBuf.h"
-#include "kernel/OdRxObjectImpl.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <functional>
+#include "tests/support/ScriptedCommand.h"
 
 using namespace plothost;
 using testing::HasSubstr;
 
 namespace
 {
-// A command that does what a test says, under the name of the module's.
-class ScriptedCommand : public OdEdCommand
-{
-public:
-    OdString groupName() const override { return OD_T("TEST"); }
-    OdString globalName() const override { return OD_T("_PC3GETDEVMODE"); }
-    OdString localName() const override { return OD_T("PC3GETDEVMODE"); }
-    void execute(OdEdCommandContext* context) override
-    {
-        script(*getServicesManagerInterface(getGarmInterfaces(context).get()));
-    }
-    OdRxModule* module() const override { return nullptr; }
-    void undefine(bool) override {}
-    OdInt32 flags() const override { return 0; }
-
-    std::function<void(GmServicesManagerInterface&)> script;
-};
-
 class DevModeQuery : public testing::Test
 {
 protected:
     void SetUp() override
     {
-        auto* command = new OdRxObjectImpl<ScriptedCommand>;
-        const OdEdCommandPtr held(command, kOdRxObjAttach);
-        command->script = [this](GmServicesManagerInterface& values) { m_script(values); };
-        odedRegCmds()->addCommand(command);
+        ScriptedCommand::add(OD_T("PC3GETDEVMODE"), [this](GmServicesManagerInterface& values) { m_script(values); });
     }
-    void TearDown() override { odedRegCmds()->removeGroup(OD_T("TEST")); }
+    void TearDown() override { ScriptedCommand::removeAll(); }
 
     static void answerAll(GmServicesManagerInterface& values)
     {
@@ -57,7 +33,7 @@ protected:
         values.set(OD_T("canonicalModelName"), OdResBuf::newRb(kRtString, OD_T("M")));
     }
 
-    std::function<void(GmServicesManagerInterface&)> m_script = [](GmServicesManagerInterface&) {};
+    ScriptedCommand::Script m_script = [](GmServicesManagerInterface&) {};
 };
 } // namespace
 
@@ -122,7 +98,7 @@ TEST_F(DevModeQuery, whatTheCommandThrowsIsTold)
 
 TEST_F(DevModeQuery, withoutTheCommandThereIsNoAnswer)
 {
-    odedRegCmds()->removeGroup(OD_T("TEST"));
+    ScriptedCommand::removeAll();
     EXPECT_EQ(askDevMode(OD_T("x")).problem, "the module has no command 'PC3GETDEVMODE'");
     EXPECT_EQ(startBackgroundCheck(OD_T("x"), nullptr), "the module has no command 'PC3GETDEVMODE'");
 }

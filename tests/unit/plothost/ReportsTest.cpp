@@ -195,3 +195,32 @@ TEST(Printable, columnsCountCharactersAndNotBytes)
     EXPECT_EQ(columns({}, 3), "");
     EXPECT_EQ(columns({{""}}, 2), "\n");
 }
+
+TEST(PlothostReports, whatTheEditorLeftAsText)
+{
+    const EditReport report = {OD_T("plan"), false, OD_T("saved.pc3"), OD_T("A3"), 1, OD_T("System")};
+    EXPECT_EQ(textOf(report), "configuration  plan\n"
+                              "file           saved.pc3\n"
+                              "paper          A3\n"
+                              "result         1 (Windows system printer)\n"
+                              "model          System\n");
+    const EditReport bare = {OD_T("Plotter A"), true, {}, {}, 0, {}};
+    EXPECT_EQ(textOf(bare), "printer  Plotter A\n"
+                            "file     -\n"
+                            "paper    -\n"
+                            "result   0\n"
+                            "model    -\n");
+}
+
+TEST(PlothostReports, whatTheEditorLeftAsJsonHasTheNamesOfTheValues)
+{
+    const Json json = parsed(jsonOf(EditReport{OD_T("P"), true, OD_T("P.pc3"), OD_T("A3"), -1, OD_T("M\"")}));
+    EXPECT_EQ(keysOf(json), (std::vector<std::string>{"plotCfgName", "bSystemPrinter", "fileName", "paperName",
+                                                      "result", "canonicalModelName"}));
+    EXPECT_EQ(json["plotCfgName"], "P");
+    EXPECT_EQ(json["bSystemPrinter"], true);
+    EXPECT_EQ(json["fileName"], "P.pc3");
+    EXPECT_EQ(json["paperName"], "A3");
+    EXPECT_EQ(json["result"], -1);
+    EXPECT_EQ(json["canonicalModelName"], "M\"");
+}

@@ -1,0 +1,27 @@
+#include "plothost/windows/Verbs.h"
+
+#include "plothost/EditQuery.h"
+#include "plothost/Paths.h"
+#include "plothost/windows/Answers.h"
+#include "plothost/windows/Reasons.h"
+
+namespace plothost
+{
+ExitStatus runEdit(const Request& request, const OdString& searchPath)
+{
+    EditQuestion question;
+    question.isPrinter = request.isPrinter;
+    // The module looks on the search path only; a file of the caller's folder is passed on with its folder.
+    question.name = !request.isPrinter && isFile(request.name) ? absolutePath(request.name) : request.name;
+    question.paperName = request.paper;
+    if (request.isPrinter && !request.paper.isEmpty())
+        note("a printer's new configuration starts with the driver's own paper; --paper changes nothing");
+
+    const EditAnswer answer = edit(question);
+    if (!answer.problem.empty())
+        return answerNo(answer.problem);
+    if (!answer.report)
+        return answerNo(whyNotEdited(question, searchPath));
+    return answerYes(request.json ? jsonOf(*answer.report) : textOf(*answer.report));
+}
+} // namespace plothost
