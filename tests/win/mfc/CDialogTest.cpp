@@ -1,4 +1,4 @@
-#include "DialogTest.h"
+#include "tests/win/mfc/DialogTest.h"
 
 #include "mfc/AfxExceptionScope.h"
 #include "mfc/AfxModuleState.h"

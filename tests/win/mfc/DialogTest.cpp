@@ -1,4 +1,4 @@
-#include "DialogTest.h"
+#include "tests/win/mfc/DialogTest.h"
 
 #include "mfc/AfxModuleState.h"
 
@@ -25,6 +25,8 @@ DialogTest::~DialogTest()
 void ScriptedDlg::addStep(Action step)
 {
     m_steps.push_back(std::move(step));
+    if (m_hWnd && m_steps.size() == 1)
+        PostMessage(stepMessage);
 }
 
 BOOL ScriptedDlg::OnInitDialog()

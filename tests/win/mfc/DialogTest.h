@@ -1,7 +1,7 @@
 #pragma once
 
-#include "MfcTestIds.h"
-#include "WindowTest.h"
+#include "tests/win/mfc/MfcTestIds.h"
+#include "tests/win/mfc/WindowTest.h"
 
 #include "mfc/CDialog.h"
 
@@ -37,6 +37,8 @@ public:
     int m_cancels = 0;
     int m_destroyed = 0;
 
+    // All that are there when the dialog begins are in the queue one after the other, so a loop that a step runs gets
+    // the next one. A step that must come later is added when its time has come.
     void addStep(Action step);
 
     BOOL DestroyWindow() override;

@@ -29,5 +29,4 @@
 
 #define IDS_GREETING 1
 #define IDS_FORMAT 2
-#define IDS_BAD_FORMAT 3
 #define IDS_MISSING 9

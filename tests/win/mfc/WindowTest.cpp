@@ -1,4 +1,4 @@
-#include "WindowTest.h"
+#include "tests/win/mfc/WindowTest.h"
 
 #include <string_view>
 
