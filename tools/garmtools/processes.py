@@ -6,11 +6,14 @@ import shutil
 import signal
 import subprocess
 import sys
+import threading
 import time
 
 TIMED_OUT = 124
 
-_running = set()
+_running = set()  # what a signal ends
+_stopped_by = None  # the signal that asked us to stop
+_starting = False  # the main thread is between starting a process and knowing it
 
 
 class Interrupted(KeyboardInterrupt):
@@ -22,11 +25,15 @@ def run_main(main, *arguments):
     every finally clause runs once."""
 
     def stop(number, _frame):
+        global _stopped_by
+        # Not SIG_IGN, which a program that is just being started would inherit and then could not be ended.
         for later in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
-            signal.signal(later, signal.SIG_IGN)
+            signal.signal(later, lambda *_: None)
+        _stopped_by = number
         for child in list(_running):
             child.terminate()
-        raise Interrupted(128 + number)
+        if not _starting:
+            raise Interrupted(128 + number)
 
     for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
         signal.signal(number, stop)
@@ -62,8 +69,9 @@ def start_server(command, log, env=None):
     """
     guard = ["setpriv", "--pdeathsig", "TERM"] if shutil.which("setpriv") else []
     with open(log, "ab") as sink:
-        return subprocess.Popen([*guard, *command], stdin=subprocess.DEVNULL, stdout=sink, stderr=sink, env=env,
-                                start_new_session=True)
+        server = _start([*guard, *command], stdout=sink, stderr=sink, env=env, start_new_session=True)
+    _running.discard(server)  # it is ended in order, after its clients
+    return server
 
 
 def end_server(server, patience=5.0):
@@ -80,12 +88,32 @@ def end_server(server, patience=5.0):
 
 def run_to_end(command, **settings):
     """Like subprocess.call without input, but the program ends with us when a signal stops us."""
-    child = subprocess.Popen(command, stdin=subprocess.DEVNULL, **settings)
-    _running.add(child)
+    child = _start(command, **settings)
     try:
         return child.wait()
     finally:
         _running.discard(child)
+
+
+def _start(command, **settings):
+    """Starts a process and takes it into _running. A signal in between waits until it is there, and then ends it:
+    otherwise nobody would know the process."""
+    global _starting
+    main = threading.current_thread() is threading.main_thread()
+    if main:
+        _starting = True
+    try:
+        child = subprocess.Popen(command, stdin=subprocess.DEVNULL, **settings)
+        _running.add(child)
+    finally:
+        if main:
+            _starting = False
+    if _stopped_by is not None:
+        child.terminate()
+        if main:
+            child.wait()
+            raise Interrupted(128 + _stopped_by)
+    return child
 
 
 def limited(seconds, command):

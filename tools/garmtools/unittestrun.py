@@ -61,18 +61,21 @@ class _Counting(unittest.TestResult):
         print(f"  {test}: {outcome} ({time.monotonic() - self._began:.1f} s)", file=sys.stderr, flush=True)
 
 
-def main(group, folder, names):
-    loader = unittest.TestLoader()
-    if names:
+def run(folder, names):
+    """Runs the tests of the folder, or the named ones of them."""
+    if folder not in sys.path:
         sys.path.insert(0, folder)
-        suite = loader.loadTestsFromNames(names)
-    else:
-        suite = loader.discover(folder, pattern="*Test.py", top_level_dir=folder)
+    loader = unittest.TestLoader()
+    suite = loader.loadTestsFromNames(names) if names else loader.discover(folder, "*Test.py", folder)
     counting = _Counting()
     suite.run(counting)
-    if counting.testsRun == 0:
-        counting.result.fail(group, f"{folder} has no tests")
-    return report(group, counting.result)
+    if counting.testsRun == 0 and not counting.result.failures:
+        counting.result.fail(folder, "has no tests")
+    return counting.result
+
+
+def main(group, folder, names):
+    return report(group, run(folder, names))
 
 
 if __name__ == "__main__":

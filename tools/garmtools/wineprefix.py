@@ -19,14 +19,17 @@ import tempfile
 from pathlib import Path
 
 from .places import BUILD
-from .processes import allowed_cpus, end_server, limited, run_to_end, say, start_server, steady_addresses
+from .processes import allowed_cpus, end_server, limited, run_to_end, say, start_server, steady_addresses, wait_until
 
 WINE = "/usr/lib/wine/wine64"  # the wrapper "wine" prints a hint about a missing 32-bit half
 WINESERVER = "/usr/lib/wine/wineserver64"
 FONTS = "/usr/share/wine/fonts"
 
+# In place of a socket: whatever the machine's CUPS clients talk to by themselves.
+MACHINE = "machine"
+
 # Wine's own hiccups, seen once in thousands of starts: worth a second try, which needs error messages switched on.
-HICCUPS = ("failed to map the shared user data", "dl-fini.c")
+HICCUPS = ("failed to map the shared user data", "dl-fini.c", "fixed a temporary directory error")
 
 # No queue may be baked into the template, no display used, no menu entry or browser set up.
 REGISTRY = r"""WINE REGISTRY Version 2
@@ -46,6 +49,8 @@ def environment(prefix, cups=None):
            if not name.startswith("WINE") and name not in ("DISPLAY", "WAYLAND_DISPLAY")}
     env.update(WINEPREFIX=str(prefix), WINESERVER=WINESERVER, WINEDEBUG="fixme-all,-winediag,-systray", WINEARCH="win64",
                WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=", CUPS_SERVER=cups or "/nonexistent")
+    if cups == MACHINE:
+        del env["CUPS_SERVER"]
     return env
 
 
@@ -65,12 +70,16 @@ class Prefix:
     def start(self):
         # In the foreground the server is our own child: we know its process and nothing is left to look for.
         self._server = start_server([*self._pinned(), WINESERVER, "-f", "-p"], self.folder / "wineserver.log", self.env)
+        # A program that comes before the socket would start a second server.
+        if not wait_until(lambda: (self._socket_folder() / "socket").exists(), 20):
+            raise RuntimeError("the wineserver does not come up:\n" + (self.folder / "wineserver.log").read_text())
 
     def close(self):
         """Ends the server and every program in the prefix."""
         end_server(self._server)
         self._server = None
         _end_programs(self.folder)
+        self._forget_socket()
 
     def wait_for_server(self, seconds):
         """Waits for a server that was asked to end."""
@@ -92,6 +101,23 @@ class Prefix:
             command = self.command(arguments, seconds)
             status = run_to_end(command, cwd=cwd, env={**self.env, **(env or {})}, stdout=out, stderr=err)
             return subprocess.CompletedProcess(command, status, _text(out), _text(err))
+
+    def _socket_folder(self):
+        """Where Debian's Wine puts the server's socket: in the user's run-time folder, or where there is none, in a
+        temporary folder whose name it leaves in the prefix."""
+        status = self.folder.stat()
+        name = f"server-{status.st_dev:x}-{status.st_ino:x}"
+        mark = self.folder / "wineserver"
+        if mark.exists():
+            return Path(self.env.get("TMPDIR", "/tmp"), mark.read_text(), name)
+        return Path(f"/run/user/{os.getuid()}/wine", name)
+
+    def _forget_socket(self):
+        """Wine leaves the folder behind; the next prefix at the same place on disk would trip over it."""
+        with contextlib.suppress(OSError):
+            folder = self._socket_folder()
+            shutil.rmtree(folder, ignore_errors=True)
+            folder.parent.rmdir()
 
     def _pinned(self):
         return ["taskset", "-c", str(self.cpu)]
