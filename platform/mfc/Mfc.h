@@ -14,6 +14,8 @@
 #include "mfc/CImageList.h"
 #include "mfc/CInvalidArgException.h"
 #include "mfc/CPaintDC.h"
+#include "mfc/CPropertyPage.h"
+#include "mfc/CPropertySheet.h"
 #include "mfc/CScrollBar.h"
 #include "mfc/CSliderCtrl.h"
 #include "mfc/CStatic.h"

@@ -10,6 +10,8 @@
 #define IDD_EXCHANGE 106
 #define IDD_CONTROLS 107
 #define IDD_OLD_STYLE 108
+#define IDD_FIRST_PAGE 110
+#define IDD_SECOND_PAGE 111
 #define IDD_MISSING 199
 
 #define IDC_RUN 1000
@@ -25,6 +27,7 @@
 #define IDC_SLIDER 1010
 #define IDC_PICTURE 1011
 #define IDC_PAGE_EDIT 1012
+#define IDC_FRAME 1013
 #define IDC_MISSING 1999
 
 #define IDS_GREETING 1

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "mfc/CDialog.h"
+
+#include <prsht.h>
+#include <vector>
+
+class CPropertySheet;
+
+// One page of a property sheet. The sheet makes its window when the page is first shown, from a copy of the template
+// taken when the sheet was started, and keeps it until the sheet closes. Page and sheet objects belong to whoever made
+// them; the page must outlive the sheet's DoModal.
+//
+// The page's window is a child of the sheet's, so GetParent gives the sheet. OnOK and OnCancel end nothing here: it is
+// the sheet that is confirmed or cancelled, and it tells the page by OnApply and OnReset.
+class CPropertyPage : public CDialog
+{
+public:
+    // captionId names the string that stands on the tab, taken from the current resource library now; 0 takes the
+    // template's caption.
+    explicit CPropertyPage(UINT templateId, UINT captionId = 0);
+    explicit CPropertyPage(LPCWSTR templateName, UINT captionId = 0);
+
+    // What the sheet hands to the system; completed when it is started.
+    PROPSHEETPAGEW m_psp = {};
+
+    // The page is about to be shown. FALSE shows the next one instead. From the second time on the controls are loaded;
+    // the first time that was OnInitDialog's part.
+    virtual BOOL OnSetActive();
+    // The page is about to be left, or the sheet to be confirmed. Saves the values; FALSE keeps the page, and the sheet
+    // open.
+    virtual BOOL OnKillActive();
+    // The sheet was confirmed, and no page that has a window refused to be left. FALSE keeps the sheet open.
+    virtual BOOL OnApply();
+    // Somebody wants to cancel the sheet; only the page shown is asked. FALSE keeps the sheet open.
+    virtual BOOL OnQueryCancel();
+    // The sheet was cancelled.
+    virtual void OnReset();
+
+    // Ends the sheet with this result, at once and without asking any page.
+    void EndDialog(int result);
+
+protected:
+    void OnOK() override;
+    void OnCancel() override;
+    BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
+
+private:
+    friend class CPropertySheet;
+
+    // Fills m_psp for a new start. False when the current resource library has no such template.
+    bool prepare();
+
+    CString m_strCaption;
+    std::vector<DWORD> m_template; // a template begins at a multiple of four
+    CPropertySheet* m_pSheet = nullptr;
+    bool m_bFirstSetActive = true;
+};
