@@ -16,16 +16,19 @@ function(garm_host_part name)
     endif()
 endfunction()
 
-# garm_add_test(NAME sources... [LIBS libraries...]): one GoogleTest program, and a line in test-programs.txt, from
-# which the runner takes what it runs.
+# garm_add_test(NAME sources... [LIBS libraries...] [SCALES dpi...]): one GoogleTest program, and a line in
+# test-programs.txt, from which the runner takes what it runs: at 96 dpi, and once more at each of the scales.
 function(garm_add_test name)
-    cmake_parse_arguments(arg "" "" "LIBS" ${ARGN})
+    cmake_parse_arguments(arg "" "" "LIBS;SCALES" ${ARGN})
     add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
     target_link_libraries(${name} PRIVATE ${arg_LIBS} GTest::gmock GTest::gtest_main garm_options)
     # What is tested is built as it is shipped; optimising the tests themselves only takes time, and a lot of it.
     target_compile_options(${name} PRIVATE -O0)
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
     set_property(GLOBAL APPEND PROPERTY GARM_TEST_PROGRAMS $<TARGET_FILE:${name}>)
+    foreach(scale IN LISTS arg_SCALES)
+        set_property(GLOBAL APPEND PROPERTY GARM_TEST_PROGRAMS "$<TARGET_FILE:${name}>\t${scale}")
+    endforeach()
     add_test(NAME ${name} COMMAND ${name})
 endfunction()
 

@@ -9,7 +9,7 @@
 #define TXT_DESCRIPTION "&Beschreibung:"
 #define TXT_DRIVER_GROUP "Treiber"
 #define TXT_DRIVER_FILE "Datei:"
-#define WIDTH_DRIVER_FILE 23
+#define WIDTH_DRIVER_FILE 22
 #define TXT_PRINTER_GROUP "Drucker"
 #define TXT_INSTALLED_PRINTERS "Installierte Drucker:"
 #define TXT_PRINTERS_HINT "Der Drucker einer Konfiguration wird hier nicht geändert. Für einen anderen Drucker legen Sie eine Konfiguration dieses Druckers an."

@@ -9,7 +9,7 @@
 #define TXT_DESCRIPTION "&Description:"
 #define TXT_DRIVER_GROUP "Driver"
 #define TXT_DRIVER_FILE "File:"
-#define WIDTH_DRIVER_FILE 18
+#define WIDTH_DRIVER_FILE 17
 #define TXT_PRINTER_GROUP "Printer"
 #define TXT_INSTALLED_PRINTERS "Installed printers:"
 #define TXT_PRINTERS_HINT "The printer of a configuration is not changed here. To use another printer, create a configuration for that printer."

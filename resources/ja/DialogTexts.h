@@ -9,7 +9,7 @@
 #define TXT_DESCRIPTION "説明(&D):"
 #define TXT_DRIVER_GROUP "ドライバー"
 #define TXT_DRIVER_FILE "ファイル:"
-#define WIDTH_DRIVER_FILE 32
+#define WIDTH_DRIVER_FILE 31
 #define TXT_PRINTER_GROUP "プリンター"
 #define TXT_INSTALLED_PRINTERS "インストール済みプリンター:"
 #define TXT_PRINTERS_HINT "構成のプリンターはここでは変更できません。別のプリンターを使うには、そのプリンター用の構成を作成してください。"
@@ -21,7 +21,7 @@
 #define TXT_DEFAULTS "既定値に戻す(&D)"
 
 #define TXT_VECTOR_GROUP "ベクトル グラフィックス"
-#define TXT_COLORS "色:"
+#define TXT_COLORS "色数:"
 #define TXT_MONOCHROME "モノクロ"
 #define TXT_COLOR "カラー"
 #define TXT_RESOLUTION "解像度:"

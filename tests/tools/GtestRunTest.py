@@ -95,6 +95,15 @@ class GtestRunTest(unittest.TestCase):
         for program in programs:
             self.assertEqual(Path(f"{program}.runs").read_text(), "run\n")
 
+    def test_programs_are_sorted_by_the_scale_they_run_at(self):
+        lines = ["/bin/a", "/bin/b c", "/bin/b c\t144", "/bin/b c\t192", "/bin/d\t144", ""]
+        self.assertEqual(gtestrun.programs_by_scale(lines),
+                         {None: [Path("/bin/a"), Path("/bin/b c")], 144: [Path("/bin/b c"), Path("/bin/d")],
+                          192: [Path("/bin/b c")]})
+
+    def test_a_list_without_programs_has_none_at_any_scale(self):
+        self.assertEqual(gtestrun.programs_by_scale([""]), {None: []})
+
 
 if __name__ == "__main__":
     unittest.main()

@@ -36,11 +36,14 @@ class NativeRunner:
 
 
 class WineRunner:
-    """Runs a program in one Wine prefix. There is no printer in it, whatever the machine has."""
+    """Runs a program in one Wine prefix. There is no printer in it, whatever the machine has.
 
-    def __init__(self, prefix):
+    A program that measures windows finds the scale it is to measure at in GARM_TEST_DPI.
+    """
+
+    def __init__(self, prefix, dpi=96):
         self._prefix = prefix
-        self.env = prefix.env
+        self.env = {**prefix.env, "GARM_TEST_DPI": str(dpi)}
 
     def command(self, program, xml):
         return self._prefix.command([program, f"--gtest_output=xml:{windows_path(xml)}"], SECONDS)
@@ -123,8 +126,18 @@ def run_all(programs, runners, folder):
     return total
 
 
+def programs_by_scale(lines):
+    """The programs of a list, in its order, by the scale of the desktop they run at: None, or dots per inch where the
+    line ends in a tabulator and a number."""
+    found = {None: []}
+    for line in filter(None, lines):
+        program, _, dpi = line.partition("\t")
+        found.setdefault(int(dpi) if dpi else None, []).append(Path(program))
+    return found
+
+
 def main(preset):
-    programs = [Path(line) for line in (BUILD / preset / "test-programs.txt").read_text().split("\n") if line]
+    programs = programs_by_scale((BUILD / preset / "test-programs.txt").read_text().split("\n"))
     folder = RESULTS / preset
     folder.mkdir(parents=True, exist_ok=True)
     with contextlib.ExitStack() as stack:
@@ -132,8 +145,15 @@ def main(preset):
             runners = [WineRunner(stack.enter_context(wineprefix.clone(cpu=cpu))) for cpu in allowed_cpus()]
         else:
             runners = [NativeRunner() for _ in allowed_cpus()]
-        result = run_all(programs, runners, folder)
-    if not programs:
+        result = run_all(programs.pop(None), runners, folder)
+    for dpi, scaled in programs.items():
+        with wineprefix.clone(dpi=dpi) as prefix:
+            scaled_folder = folder / f"{dpi}dpi"
+            scaled_folder.mkdir(exist_ok=True)
+            at_scale = run_all(scaled, [WineRunner(prefix, dpi)], scaled_folder)
+        at_scale.failures = [(f"{name} at {dpi} dpi", text) for name, text in at_scale.failures]
+        result.add(at_scale)
+    if not result.passed and not result.failures:
         result.fail(preset, "has no test programs")
     if result.failures:
         print(f"logs are in {folder}", file=sys.stderr)

@@ -28,17 +28,25 @@ FONTS = "/usr/share/wine/fonts"
 # In place of a socket: whatever the machine's CUPS clients talk to by themselves.
 MACHINE = "machine"
 
+# Of fonts-ipafont-gothic, which Wine finds by itself; only it must be told when to take it.
+JAPANESE_FONT, JAPANESE_FILE = "IPAPGothic", "ipagp.ttf"
+
 # Wine's own hiccups, seen once in thousands of starts: worth a second try, which needs error messages switched on.
 HICCUPS = ("failed to map the shared user data", "dl-fini.c", "fixed a temporary directory error")
 
 # No queue may be baked into the template, no display used, no menu entry or browser set up.
-REGISTRY = r"""WINE REGISTRY Version 2
+# Edit controls look a letter's font up by its script: "hani" and "kana", as numbers.
+REGISTRY = rf"""WINE REGISTRY Version 2
 
 [Software\\Wine\\Drivers]
 "Graphics"="null"
 
 [Software\\Wine\\X11 Driver]
 "Managed"="N"
+
+[Software\\Wine\\Uniscribe\\Fallback]
+"696e6168"="{JAPANESE_FONT}"
+"616e616b"="{JAPANESE_FONT}"
 """
 
 
@@ -124,14 +132,18 @@ class Prefix:
 
 
 @contextlib.contextmanager
-def clone(cpu=None, cups=None, folder=None):
+def clone(cpu=None, cups=None, folder=None, dpi=None):
     """A fresh copy of the template with a running server, gone at the end. Start CUPS first: Wine takes over the list
-    of queues when a program loads the spooler."""
+    of queues when a program loads the spooler. dpi is the scale of its desktop, 96 unless given."""
     template = make_template()
     target = Path(tempfile.mkdtemp(prefix="garm-wine-", dir=folder))
     prefix = Prefix(target / "prefix", allowed_cpus()[-1] if cpu is None else cpu, cups)
     try:
         subprocess.run(["cp", "-a", str(template), str(prefix.folder)], check=True)
+        if dpi:
+            # A section that comes twice is merged when the registry is loaded.
+            with open(prefix.folder / "user.reg", "a", encoding="utf-8") as registry:
+                registry.write(f'\n[Control Panel\\\\Desktop]\n"LogPixels"=dword:{dpi:08x}\n')
         prefix.start()
         yield prefix
     finally:
@@ -178,7 +190,7 @@ def _fill(folder):
         prefix.close()
     if not (folder / "system.reg").exists():
         raise RuntimeError("the new Wine prefix has no registry")
-    _forget_menu_builder(folder / "system.reg")
+    _edit_registry(folder / "system.reg")
     _link_builtins(folder)
     _link_fonts(folder)
     # The server's mark of its own socket would be wrong in a clone.
@@ -200,11 +212,20 @@ def _text(file):
     return file.read().decode("utf-8", "replace").replace("\r\n", "\n")
 
 
-def _forget_menu_builder(registry):
-    """Wine would start it with the first program of every clone; switched off as it is, it only prints an error."""
+def _edit_registry(registry):
+    """What Wine's own set-up writes and we want otherwise."""
     lines = registry.read_text(encoding="utf-8", errors="surrogateescape").splitlines(keepends=True)
-    kept = [line for line in lines if not line.startswith('"winemenubuilder"=')]
-    registry.write_text("".join(kept), encoding="utf-8", errors="surrogateescape")
+    # Wine would start its menu builder with the first program of every clone; switched off as it is, it only prints an
+    # error.
+    lines = [line for line in lines if not line.startswith('"winemenubuilder"=')]
+    # The dialogs' font takes Japanese letters from another one; those that Wine names are not to be had here. Its bold
+    # cut, the font of title bars, is not known to take any.
+    linked = rf"{JAPANESE_FILE},{JAPANESE_FONT}\0"
+    entry = '"Tahoma"=str(7):"'
+    for at, line in enumerate(lines):
+        if line.startswith(entry):
+            lines[at] = f'{entry}{linked}{line[len(entry):]}"Tahoma Bold"=str(7):"{linked}"\n'
+    registry.write_text("".join(lines), encoding="utf-8", errors="surrogateescape")
 
 
 def _link_builtins(folder):

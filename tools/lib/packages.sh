@@ -5,7 +5,8 @@ packages_common=(python3 util-linux)
 packages_native=(cmake ninja-build g++ googletest zlib1g-dev libcli11-dev nlohmann-json3-dev)
 packages_windows=(cmake ninja-build g++ googletest g++-mingw-w64-x86-64-posix mingw-w64-x86-64-dev libz-mingw-w64-dev
     libcli11-dev nlohmann-json3-dev)
-packages_wine=(wine64 fonts-wine)
+# The Japanese font is for measuring and showing the Japanese dialogs.
+packages_wine=(wine64 fonts-wine fonts-ipafont-gothic)
 packages_checks=(clang-format clang-tidy)
 # libcups2 is what Wine reaches a CUPS server through; the server itself is started by us, never the system's.
 packages_printing=(cups cups-client cups-daemon cups-filters libcups2 openprinting-ppds)

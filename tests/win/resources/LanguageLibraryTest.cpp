@@ -1,57 +1,25 @@
-#include "resources/Resource.h"
+#include "tests/win/resources/LanguageLibrary.h"
 
-#include "win32/Win32.h"
+#include "resources/Resource.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <map>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace
 {
-std::filesystem::path programFolder()
-{
-    wchar_t path[MAX_PATH] = {};
-    ::GetModuleFileNameW(nullptr, path, MAX_PATH);
-    return std::filesystem::path(path).parent_path();
-}
-
-std::filesystem::path libraryPath(const wchar_t* tag)
-{
-    return programFolder() / tag / L"GarmPC3EditorRes.dll";
-}
-
-struct FreeLibraryDeleter
-{
-    void operator()(HMODULE library) const { ::FreeLibrary(library); }
-};
-using Library = std::unique_ptr<std::remove_pointer_t<HMODULE>, FreeLibraryDeleter>;
-
-Library load(const wchar_t* tag)
-{
-    return Library(::LoadLibraryW(libraryPath(tag).c_str()));
-}
-
-std::wstring stringOf(HMODULE library, UINT id)
-{
-    const wchar_t* text = nullptr;
-    const int length = ::LoadStringW(library, id, reinterpret_cast<wchar_t*>(&text), 0);
-    return length > 0 ? std::wstring(text, static_cast<std::size_t>(length)) : std::wstring();
-}
-
 class LanguageLibrary : public ::testing::TestWithParam<const wchar_t*>
 {
 };
 
-INSTANTIATE_TEST_SUITE_P(Languages, LanguageLibrary, ::testing::Values(L"de", L"en", L"ja"));
+INSTANTIATE_TEST_SUITE_P(Languages, LanguageLibrary, ::testing::ValuesIn(languageTags));
 
 TEST_P(LanguageLibrary, HoldsEveryString)
 {
-    const Library library = load(GetParam());
+    const Library library = loadLanguage(GetParam());
     ASSERT_TRUE(library) << "error " << ::GetLastError();
     EXPECT_EQ(stringOf(library.get(), IDS_COMMAND_PC3EDIT), L"PC3EDIT");
     EXPECT_EQ(stringOf(library.get(), IDS_COMMAND_PC3GETDEVMODE), L"PC3GETDEVMODE");
@@ -62,7 +30,7 @@ TEST_P(LanguageLibrary, IsGoneWhenFreed)
 {
     const std::wstring path = libraryPath(GetParam());
     {
-        const Library library = load(GetParam());
+        const Library library = loadLanguage(GetParam());
         EXPECT_NE(::GetModuleHandleW(path.c_str()), nullptr);
     }
     EXPECT_EQ(::GetModuleHandleW(path.c_str()), nullptr);
@@ -93,10 +61,10 @@ TEST_P(LanguageLibrary, SaysWhatItIs)
 
 TEST(LanguageLibraryTexts, LettersBeyondAsciiArriveWhole)
 {
-    const Library german = load(L"de");
+    const Library german = loadLanguage(L"de");
     ASSERT_TRUE(german);
     EXPECT_NE(stringOf(german.get(), IDS_SAVE_FAILED).find(L"Pr\u00FCfen"), std::wstring::npos);
-    const Library japanese = load(L"ja");
+    const Library japanese = loadLanguage(L"ja");
     ASSERT_TRUE(japanese);
     EXPECT_EQ(stringOf(japanese.get(), IDS_MEDIA), L"\u7528\u7D19");
 }

@@ -1,0 +1,89 @@
+#include "tests/win/resources/OpenedDialog.h"
+
+#include <commctrl.h>
+
+#include <string>
+
+namespace
+{
+INT_PTR CALLBACK nothingToDo(HWND, UINT, WPARAM, LPARAM)
+{
+    return FALSE;
+}
+} // namespace
+
+OpenedDialog::OpenedDialog(HMODULE library, UINT id)
+{
+    const INITCOMMONCONTROLSEX classes = {sizeof(classes), ICC_TREEVIEW_CLASSES | ICC_BAR_CLASSES};
+    ::InitCommonControlsEx(&classes);
+    m_parent = ::CreateWindowExW(0, L"Static", L"", WS_POPUP, 0, 0, 100, 100, nullptr, nullptr, nullptr, nullptr);
+    m_window = ::CreateDialogParamW(library, MAKEINTRESOURCEW(id), m_parent, nothingToDo, 0);
+}
+
+OpenedDialog::~OpenedDialog()
+{
+    if (m_window)
+        ::DestroyWindow(m_window);
+    ::DestroyWindow(m_parent);
+}
+
+std::vector<HWND> OpenedDialog::controls() const
+{
+    std::vector<HWND> found;
+    for (HWND control = ::GetWindow(m_window, GW_CHILD); control; control = ::GetWindow(control, GW_HWNDNEXT))
+        found.push_back(control);
+    return found;
+}
+
+SIZE OpenedDialog::pixels(int width, int height) const
+{
+    RECT units = {0, 0, width, height};
+    ::MapDialogRect(m_window, &units);
+    return {units.right, units.bottom};
+}
+
+std::wstring classOf(HWND window)
+{
+    wchar_t name[64] = {};
+    ::GetClassNameW(window, name, 64);
+    return name;
+}
+
+std::wstring textOf(HWND window)
+{
+    std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(window)) + 1, L'\0');
+    text.resize(static_cast<std::size_t>(::GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
+LONG styleOf(HWND window)
+{
+    return ::GetWindowLongW(window, GWL_STYLE);
+}
+
+RECT placeOf(HWND control)
+{
+    RECT place = {};
+    ::GetWindowRect(control, &place);
+    ::MapWindowPoints(nullptr, ::GetParent(control), reinterpret_cast<POINT*>(&place), 2);
+    return place;
+}
+
+SIZE clientSize(HWND window)
+{
+    RECT client = {};
+    ::GetClientRect(window, &client);
+    return {client.right, client.bottom};
+}
+
+SIZE textSize(HWND control, const std::wstring& text, UINT format, int width)
+{
+    const HDC context = ::GetDC(control);
+    const HGDIOBJ before =
+        ::SelectObject(context, reinterpret_cast<HGDIOBJ>(::SendMessageW(control, WM_GETFONT, 0, 0)));
+    RECT area = {0, 0, width, 0};
+    ::DrawTextW(context, text.c_str(), static_cast<int>(text.size()), &area, format | DT_CALCRECT);
+    ::SelectObject(context, before);
+    ::ReleaseDC(control, context);
+    return {area.right, area.bottom};
+}
