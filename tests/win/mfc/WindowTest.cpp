@@ -6,7 +6,16 @@ namespace
 {
 LRESULT CALLBACK classProcedure(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    return message >= WM_APP + 100 && message < WM_APP + 200 ? 4711 : ::DefWindowProcW(hWnd, message, wParam, lParam);
+    const bool isOfTheTests = message == WM_COMMAND || message == WM_NOTIFY || message >= WM_APP;
+    if (!isOfTheTests)
+        return ::DefWindowProcW(hWnd, message, wParam, lParam);
+    MSG reached = {};
+    reached.hwnd = hWnd;
+    reached.message = message;
+    reached.wParam = wParam;
+    reached.lParam = lParam;
+    TestWnd::reachedClass().push_back(reached);
+    return TestWnd::classAnswer;
 }
 
 bool belongsToTheSystem(HWND hWnd)
@@ -30,6 +39,7 @@ BOOL CALLBACK countWindow(HWND hWnd, LPARAM count)
 WindowTest::WindowTest()
 {
     TestWnd::className();
+    TestWnd::reachedClass().clear();
 }
 
 void WindowTest::TearDown()
@@ -52,11 +62,23 @@ int WindowTest::windowsOfThread()
     return count;
 }
 
+HWND WindowTest::createPlainWindow()
+{
+    return ::CreateWindowExW(0, TestWnd::className(), L"", WS_OVERLAPPEDWINDOW, 0, 0, 10, 10, nullptr, nullptr, nullptr,
+                             nullptr);
+}
+
 void WindowTest::pump()
 {
     MSG message = {};
     while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
         ::DispatchMessageW(&message);
+}
+
+std::vector<MSG>& TestWnd::reachedClass()
+{
+    static std::vector<MSG> messages;
+    return messages;
 }
 
 LPCWSTR TestWnd::className()

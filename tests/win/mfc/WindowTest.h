@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 // A test with windows. Each ends with an empty map and without a window left on its thread.
 class WindowTest : public ::testing::Test
 {
@@ -15,6 +17,9 @@ protected:
     // Windows of this thread and their children that are not the input method's.
     static int windowsOfThread();
 
+    // A hidden window of the tests' class without an object.
+    static HWND createPlainWindow();
+
     // Hands on everything that waits in this thread's queue.
     static void pump();
 };
@@ -23,10 +28,10 @@ protected:
 class TestWnd : public CWnd
 {
 public:
-    // The first message number of the tests' own.
-    static constexpr UINT firstMessage = WM_APP;
-
     BOOL create(CWnd* parent = nullptr, DWORD style = WS_OVERLAPPEDWINDOW);
-    // The class behind it; its procedure answers 4711 to every message from WM_APP + 100 on.
+
+    // The class behind it. Its procedure keeps the tests' messages that reach it, and answers 4711 to them.
     static LPCWSTR className();
+    static constexpr LRESULT classAnswer = 4711;
+    static std::vector<MSG>& reachedClass();
 };
