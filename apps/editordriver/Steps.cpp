@@ -1,0 +1,215 @@
+#include "editordriver/Steps.h"
+
+#include "editordriver/Picture.h"
+#include "editordriver/Printers.h"
+#include "editordriver/ProcessCounts.h"
+#include "kernel/OdText.h"
+
+#include <cstdio>
+#include <stdexcept>
+#include <utility>
+
+namespace editordriver
+{
+namespace
+{
+std::wstring wide(const std::string& text)
+{
+    return odFromUtf8(text);
+}
+
+// A text that may have line breaks, on one line.
+std::string oneLine(const std::wstring& text)
+{
+    std::string result;
+    for (const char c : odToUtf8(text))
+    {
+        if (c == '\n')
+            result += "\\n";
+        else if (c != '\r')
+            result += c;
+    }
+    return result;
+}
+
+void tell(const std::string& name, const std::string& value)
+{
+    std::printf("%s: %s\n", name.c_str(), value.c_str());
+    std::fflush(stdout);
+}
+
+std::string repeated(const std::string& text, int count)
+{
+    std::string result;
+    for (int i = 0; i < count; ++i)
+        result += text;
+    return result;
+}
+} // namespace
+
+const char* Steps::help() noexcept
+{
+    return R"(Sessions
+  edit NAME               starts PC3EDIT for a configuration of the search path
+  edit-printer NAME       starts it for a new configuration of a printer
+  edit-paper PAPER|NAME   starts it for a configuration and the paper
+  end                     waits until it has ended, and tells what it left
+  add-printer NAME|DRIVER, delete-printer NAME
+Waiting
+  dialog                  for a dialog in which one can work, other than the present one
+  closed                  until the present dialog is gone
+Actions (the control must be visible and enabled)
+  click ID, send ID, escape, tab INDEX, entry TYPE, choose ID INDEX, slide ID POSITION
+  type ID TEXT, type-many ID COUNT TEXT, file-name PATH
+Questions
+  title, box, text ID, value ID, choices ID, enabled ID, present ID, which-tab, tree, owner-enabled, counts
+  host-value ID           of the window that the editor is opened from
+  picture NAME            writes NAME.bmp
+)";
+}
+
+void Steps::run(const ScriptLine& line)
+{
+    if (!runSession(line.verb, line.rest) && !runAction(line.verb, line.rest) && !runQuestion(line.verb, line.rest))
+        throw std::runtime_error("there is no such verb");
+}
+
+bool Steps::runSession(const std::string& verb, std::string rest)
+{
+    const std::size_t bar = rest.find('|');
+    const std::string first = rest.substr(0, bar);
+    const std::string second = bar == std::string::npos ? std::string() : rest.substr(bar + 1);
+    if (verb == "edit")
+        edit({OdString(odFromUtf8(rest))});
+    else if (verb == "edit-printer")
+        edit({OdString(odFromUtf8(rest)), true});
+    else if (verb == "edit-paper")
+        edit({OdString(odFromUtf8(second)), false, OdString(odFromUtf8(first))});
+    else if (verb == "end")
+        awaitEnd();
+    else if (verb == "add-printer")
+        addPrinter(wide(first), wide(second));
+    else if (verb == "delete-printer")
+        deletePrinter(wide(rest));
+    else if (verb == "dialog")
+        m_hands.awaitDialog();
+    else if (verb == "closed")
+        m_hands.awaitClosed();
+    else
+        return false;
+    return true;
+}
+
+bool Steps::runAction(const std::string& verb, std::string rest)
+{
+    const auto number = [&rest] { return numberOf(takeWord(rest)); };
+    if (verb == "click")
+        m_hands.click(number());
+    else if (verb == "send")
+        m_hands.sendCommand(number());
+    else if (verb == "escape")
+        m_hands.pressEscape();
+    else if (verb == "tab")
+        m_hands.showTab(number());
+    else if (verb == "entry")
+        m_hands.selectEntry(number());
+    else if (verb == "choose" || verb == "slide")
+    {
+        const int id = number();
+        const int to = number();
+        verb == "choose" ? m_hands.choose(id, to) : m_hands.slide(id, to);
+    }
+    else if (verb == "type")
+    {
+        const int id = number();
+        m_hands.type(id, wide(rest));
+    }
+    else if (verb == "type-many")
+    {
+        const int id = number();
+        const int count = number();
+        m_hands.type(id, wide(repeated(rest, count)));
+    }
+    else if (verb == "file-name")
+        m_hands.typeFileName(wide(rest));
+    else
+        return false;
+    return true;
+}
+
+bool Steps::runQuestion(const std::string& verb, std::string rest)
+{
+    const std::string name = rest.empty() ? verb : verb + " " + rest;
+    const auto number = [&rest] { return numberOf(takeWord(rest)); };
+    const auto tellFlag = [&name](bool value) { tell(name, value ? "yes" : "no"); };
+    if (verb == "title")
+        tell(name, oneLine(m_hands.title()));
+    else if (verb == "box")
+        tell(name, oneLine(m_hands.boxText()));
+    else if (verb == "text")
+        tell(name, oneLine(m_hands.text(number())));
+    else if (verb == "value")
+        tell(name, std::to_string(m_hands.value(number())));
+    else if (verb == "choices")
+        for (const std::wstring& choice : m_hands.choices(number()))
+            tell(name, oneLine(choice));
+    else if (verb == "enabled")
+        tellFlag(m_hands.isEnabled(number()));
+    else if (verb == "present")
+        tellFlag(m_hands.hasControl(number()));
+    else if (verb == "which-tab")
+        tell(name, std::to_string(m_hands.tab()));
+    else if (verb == "owner-enabled")
+        tellFlag(m_host && ::IsWindowEnabled(m_host->handle()));
+    else if (verb == "host-value")
+        tell(name, std::to_string(m_host ? Hands::valueOf(m_host->control(number())) : -1));
+    else if (verb == "tree")
+        tellTree();
+    else if (verb == "counts")
+        tellCounts();
+    else if (verb == "picture")
+        takePicture(rest);
+    else
+        return false;
+    return true;
+}
+
+void Steps::edit(EditRequest request)
+{
+    if (m_edit)
+        throw std::runtime_error("a session is running");
+    m_edit = std::make_shared<EditCommand>();
+    m_ui.start([command = m_edit, request = std::move(request)] { command->run(request); });
+}
+
+void Steps::awaitEnd()
+{
+    if (!m_edit)
+        throw std::runtime_error("no session is running");
+    await("the end of the session", [this] { return m_edit->ended(); });
+    std::fputs(m_edit->report().c_str(), stdout);
+    std::fflush(stdout);
+    m_edit.reset();
+}
+
+void Steps::takePicture(const std::string& name)
+{
+    const HWND dialog = m_hands.dialog();
+    m_ui.doNow([&] { savePicture(dialog, m_pictures / (wide(name) + L".bmp")); });
+}
+
+void Steps::tellTree() const
+{
+    for (const TreeEntry& entry : m_hands.entries())
+        tell("entry " + std::to_string(entry.type),
+             std::to_string(entry.depth) + (entry.marked ? " marked " : " plain ") + oneLine(entry.label));
+}
+
+void Steps::tellCounts() const
+{
+    m_ui.settle();
+    tell("handles", std::to_string(systemHandles()));
+    tell("gdi", std::to_string(gdiObjects()));
+    tell("windows", std::to_string(windowsOf(m_ui.id())));
+}
+} // namespace editordriver
