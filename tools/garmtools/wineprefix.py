@@ -132,18 +132,23 @@ class Prefix:
 
 
 @contextlib.contextmanager
-def clone(cpu=None, cups=None, folder=None, dpi=None):
+def clone(cpu=None, cups=None, folder=None, dpi=None, display=None):
     """A fresh copy of the template with a running server, gone at the end. Start CUPS first: Wine takes over the list
-    of queues when a program loads the spooler. dpi is the scale of its desktop, 96 unless given."""
+    of queues when a program loads the spooler. dpi is the scale of its desktop, 96 unless given; display is an X display
+    on which its windows are to be seen."""
     template = make_template()
     target = Path(tempfile.mkdtemp(prefix="garm-wine-", dir=folder))
     prefix = Prefix(target / "prefix", allowed_cpus()[-1] if cpu is None else cpu, cups)
     try:
         subprocess.run(["cp", "-a", str(template), str(prefix.folder)], check=True)
-        if dpi:
-            # A section that comes twice is merged when the registry is loaded.
-            with open(prefix.folder / "user.reg", "a", encoding="utf-8") as registry:
+        # A section that comes twice is merged when the registry is loaded.
+        with open(prefix.folder / "user.reg", "a", encoding="utf-8") as registry:
+            if dpi:
                 registry.write(f'\n[Control Panel\\\\Desktop]\n"LogPixels"=dword:{dpi:08x}\n')
+            if display:
+                registry.write('\n[Software\\\\Wine\\\\Drivers]\n"Graphics"="x11"\n')
+        if display:
+            prefix.env["DISPLAY"] = display
         prefix.start()
         yield prefix
     finally:

@@ -1,0 +1,89 @@
+"""Scripts for editordriver, which does at the editor's windows what a person does (editordriver.exe --help tells the
+verbs), and its answers.
+
+    script = Script().add("edit plan.pc3", "dialog", "title")
+    answers = run(prefix, script, search=[folder])
+    answers.one("title")
+"""
+
+import tempfile
+from collections import defaultdict
+from pathlib import Path
+
+from .places import WINDOWS_BIN, windows_path
+
+DRIVER = WINDOWS_BIN / "editordriver.exe"
+
+# Numbers of the controls, as in resources/Resource.h.
+OK, CANCEL, YES, NO = 1, 2, 6, 7
+DESCRIPTION, FILE_NAME, DRIVER_LINE, DRIVER_FILE, VERSION, PORT, PRINTERS = 510, 513, 520, 521, 522, 523, 2501
+TREE, SAVE_AS, DEFAULTS = 508, 506, 532
+COLLATING, DRIVER_SETTINGS = 526, 517
+RASTER_IMAGES, OLE_OBJECTS, PREFERENCE = 505, 525, 501
+AS_TEXT, AS_GRAPHICS, OVERWRITE, MERGE = 603, 604, 605, 606
+NAME, EXTENSION_NOTE = 900, 531
+PAPER, QUALITY, WIDTH, LENGTH, PORTRAIT, LANDSCAPE, MILLIMETRES, INCHES = (
+    10117, 10118, 10116, 10115, 10119, 10120, 10123, 10124)
+
+# Entries of the device tree by their type.
+ENTRIES = {"root": 1, "media": 2, "destination": 3, "source": 4, "collating": 5, "graphics": 6, "vector": 7,
+           "raster": 8, "truetype": 9, "merge": 10, "custom": 11}
+
+
+class Script:
+    """Lines for editordriver."""
+
+    def __init__(self, *lines):
+        self.lines = list(lines)
+
+    def add(self, *lines):
+        self.lines += lines
+        return self
+
+    def entry(self, name):
+        return self.add(f"entry {ENTRIES[name]}")
+
+    def device_tab(self):
+        return self.add("tab 1")
+
+
+class Answers:
+    """What a script's questions were answered with, in their order."""
+
+    def __init__(self, text):
+        self._values = defaultdict(list)
+        for line in text.splitlines():
+            name, _, value = line.partition(": ")
+            self._values[name].append(value)
+
+    def all(self, name):
+        return self._values.get(name, [])
+
+    def one(self, name):
+        (value,) = self._values[name]
+        return value
+
+    def outputs(self):
+        """The values that the last session left; empty when it left none."""
+        return {name.split(" ", 1)[1]: values[-1] for name, values in self._values.items() if name.startswith("output ")}
+
+    def tree(self, which=-1):
+        """{entry: (depth, marked, label)} of one of the questions for the tree, the last unless told otherwise."""
+        result = {}
+        for name, number in ENTRIES.items():
+            values = self._values.get(f"entry {number}")
+            if values:
+                depth, mark, label = values[which].split(" ", 2)
+                result[name] = (int(depth), mark == "marked", label)
+        return result
+
+
+def run(prefix, script, search=(), language="en", pictures=None, host_window=True, seconds=120, cwd=None):
+    """Runs the script to its end; the finished process."""
+    with tempfile.NamedTemporaryFile("w", suffix=".script", encoding="utf-8") as file:
+        file.write("\n".join(script.lines) + "\n")
+        file.flush()
+        arguments = ["--language", language, "--search", ";".join(windows_path(folder) for folder in search),
+                     *(["--pictures", windows_path(pictures)] if pictures else []),
+                     *([] if host_window else ["--no-host-window"]), windows_path(Path(file.name))]
+        return prefix.run([DRIVER, *arguments], seconds=seconds, cwd=cwd)

@@ -1,0 +1,105 @@
+"""Pictures of everything that the editor shows; see tools/screenshots."""
+
+import shutil
+import struct
+import tempfile
+import zlib
+from pathlib import Path
+
+from . import editorscript as ed
+from .editorscript import Script
+from .places import WINDOWS_BIN, windows_path
+from .processes import say
+
+LANGUAGES = ("en", "de", "ja")
+SCALES = (96, 144, 192)
+PLOTTER = "DesignJet-3500CP"
+VIRTUAL_PRINTER = "Tarnwick PDF Printer 2018"
+PAGES = ("root", "collating", "vector", "raster", "truetype", "merge")
+
+
+def take_all(prefix, language, target):
+    """Every tab, page and dialog in one language, as PNG files in the folder target."""
+    with tempfile.TemporaryDirectory(prefix="garm-pictures-") as name:
+        folder = Path(name)
+        _make_configurations(prefix, folder)
+        for title, script in _sessions(folder):
+            done = ed.run(prefix, script, [folder], language, folder)
+            if done.returncode != 0:
+                raise RuntimeError(f"the pictures of {title} failed:\n{done.stdout}\n{done.stderr}")
+        target.mkdir(parents=True, exist_ok=True)
+        for bitmap in sorted(folder.glob("*.bmp")):
+            (target / f"{bitmap.stem}.png").write_bytes(png(bitmap.read_bytes()))
+    say(f"  {target}")
+
+
+def _make_configurations(prefix, folder):
+    host = WINDOWS_BIN / "plothost.exe"
+    done = prefix.run([host, "create", PLOTTER, windows_path(folder / "plan.pc3")])
+    if done.returncode != 0:
+        raise RuntimeError(f"no configuration to show: {done.stderr}")
+    shutil.copy(WINDOWS_BIN.parents[2] / "samples/virtual-pdf.pc3", folder / "file.pc3")
+    (folder / "taken.pc3").mkdir()  # a folder in the way of a file of that name
+
+
+def _sessions(folder):
+    yield "the tabs and pages", _pages()
+    yield "saving", _saving(folder)
+    yield "the virtual printers' dialog", _virtual_printer()
+
+
+def _pages():
+    script = Script("edit plan.pc3", "dialog",
+                    f"type {ed.DESCRIPTION} Plans of the second floor, colour, ISO A1", "picture 01-general")
+    script.device_tab().add("picture 02-custom")
+    for name in PAGES:
+        script.entry(name).add(f"picture 03-{name}")
+    script.entry("collating").add(f"choose {ed.COLLATING} 1")
+    script.entry("raster").add(f"slide {ed.PREFERENCE} 10", f"slide {ed.RASTER_IMAGES} 2")
+    script.entry("truetype").add(f"click {ed.AS_GRAPHICS}")
+    script.entry("merge").add(f"click {ed.MERGE}").entry("raster").add("picture 04-marks")
+    script.add(f"click {ed.DEFAULTS}", "dialog", "picture 05-reset-question", f"click {ed.NO}", "closed")
+    script.add(f"click {ed.CANCEL}", "end")
+    return script.add("edit file.pc3", "dialog", "picture 06-general-file", f"click {ed.CANCEL}", "end")
+
+
+def _saving(folder):
+    script = Script("edit plan.pc3", "dialog").device_tab().entry("truetype")
+    script.add(f"click {ed.AS_GRAPHICS}", f"click {ed.SAVE_AS}", "dialog", "picture 07-save-as")
+    script.add(f"click {ed.CANCEL}", "closed", f"click {ed.OK}", "dialog", "picture 08-name")
+    script.add(f"type {ed.NAME} taken", f"click {ed.OK}", "dialog", "picture 09-save-failed", f"click {ed.OK}", "end")
+    script.add(f"edit-printer {PLOTTER}", "dialog", "picture 10-general-printer").device_tab().entry("truetype")
+    script.add(f"click {ed.AS_GRAPHICS}", f"click {ed.OK}", "dialog", "picture 11-name-extension")
+    return script.add(f"click {ed.CANCEL}", "end")
+
+
+def _virtual_printer():
+    script = Script(f"add-printer {VIRTUAL_PRINTER}|{PLOTTER}", f"edit-printer {VIRTUAL_PRINTER}", "dialog")
+    script.device_tab().add(f"click {ed.DRIVER_SETTINGS}", "dialog", "picture 12-virtual-printer")
+    script.add(f"choose {ed.PAPER} 2", f"type {ed.WIDTH} 210", f"type {ed.LENGTH} 297", "picture 13-virtual-custom")
+    script.add(f"click {ed.INCHES}", f"click {ed.LANDSCAPE}", "picture 14-virtual-inches")
+    return script.add(f"click {ed.CANCEL}", "closed", f"click {ed.CANCEL}", "end",
+                      f"delete-printer {VIRTUAL_PRINTER}")
+
+
+def png(bitmap):
+    """A bitmap file of 24 bits per pixel as a PNG file, with a palette when 256 colours are enough."""
+    offset, = struct.unpack_from("<I", bitmap, 10)
+    width, height = struct.unpack_from("<ii", bitmap, 18)
+    stride = (width * 3 + 3) // 4 * 4
+    lines = [bitmap[offset + y * stride:offset + y * stride + width * 3] for y in reversed(range(height))]
+    rows = [[line[i:i + 3][::-1] for i in range(0, width * 3, 3)] for line in lines]
+    colors = sorted({pixel for row in rows for pixel in row})
+    if len(colors) <= 256:
+        index = {color: i for i, color in enumerate(colors)}
+        content = b"".join(b"\0" + bytes(index[pixel] for pixel in row) for row in rows)
+        kind, palette = 3, _chunk(b"PLTE", b"".join(colors))
+    else:
+        content = b"".join(b"\0" + b"".join(row) for row in rows)
+        kind, palette = 2, b""
+    return (b"\x89PNG\r\n\x1a\n" + _chunk(b"IHDR", struct.pack(">IIBBBBB", width, height, 8, kind, 0, 0, 0)) + palette
+            + _chunk(b"IDAT", zlib.compress(content, 9)) + _chunk(b"IEND", b""))
+
+
+def _chunk(kind, content):
+    return struct.pack(">I", len(content)) + kind + content + struct.pack(">I", zlib.crc32(kind + content))
