@@ -4,6 +4,8 @@
 #include "GarmPC3Editor/Dialogs/GmTabDevice.h"
 #include "kernel/OdAssert.h"
 
+#include <uxtheme.h>
+
 GmDeviceSubDlg::GmDeviceSubDlg(UINT templateId, GmTabDevice& tab, std::int32_t type)
     : CDialog(templateId, &tab), m_dlg(tab), m_type(type)
 {
@@ -21,6 +23,8 @@ bool GmDeviceSubDlg::createInFrame()
         return true;
     if (!Create(m_lpszTemplateName, &m_dlg))
         return false;
+    // On a tab whose ground is not that of dialogs the page would stand out as a box.
+    ::EnableThemeDialogTexture(*this, ETDT_ENABLETAB);
     activate();
     placeInFrame();
     RedrawWindow();
