@@ -2,7 +2,7 @@
 
 import unittest
 
-from hostcase import OFFICE, QUEUES, ROOT, SAMPLES, WITH_MARGINS, HostCase, windows
+from hostcase import OFFICE, QUEUES, ROOT, SAMPLES, WITH_MARGINS, HostCase, windows_path
 
 
 class CommandLineTest(HostCase):
@@ -15,7 +15,7 @@ class CommandLineTest(HostCase):
             self.assertTrue(printer["port"])
 
     def test_list_names_the_configurations_on_the_search_path(self):
-        answer = self.answer("list", "--search-path", windows(SAMPLES))
+        answer = self.answer("list", "--search-path", windows_path(SAMPLES))
         self.assertEqual([found["name"] for found in answer["configurations"]],
                          sorted((path.name for path in SAMPLES.glob("*.pc3")), key=str.lower))
 

@@ -3,14 +3,14 @@
 import shutil
 import unittest
 
-from hostcase import MODULE, OFFICE, SAMPLES, WINDOWS_BIN, HostCase, windows
+from hostcase import MODULE, OFFICE, SAMPLES, WINDOWS_BIN, HostCase, windows_path
 
 LIBRARY = "GarmPC3EditorRes.dll"
 
 
 class LanguageTest(HostCase):
     def test_a_running_host_switches_and_a_failed_switch_keeps_the_texts(self):
-        said = self.tool("languages", windows(MODULE), "de", "fr", "en", "xx yy")
+        said = self.tool("languages", windows_path(MODULE), "de", "fr", "en", "xx yy")
         english = "The plotter configuration could not be saved."
         german = "Die Plotterkonfiguration konnte nicht gespeichert werden."
         self.assertEqual(said, {"start": f"en, {english}", "de": f"switched, de, {german}",
@@ -82,7 +82,7 @@ class ModuleCopyTest(HostCase):
 
 class LoadingTest(HostCase):
     def test_ten_rounds_of_load_ask_switch_and_unload_leave_nothing_behind(self):
-        said = self.tool("repeat", windows(MODULE), windows(SAMPLES / f"{OFFICE}.pc3"), "10")
+        said = self.tool("repeat", windows_path(MODULE), windows_path(SAMPLES / f"{OFFICE}.pc3"), "10")
         self.assertEqual(said["rounds"], "10")
         self.assertEqual(said["commands"], "0")
         self.assertLessEqual(int(said["handles"]), int(said["handles before"]))

@@ -9,8 +9,8 @@ import unittest
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools"))
-from garmtools import privatecups, wineprefix  # noqa: E402
-from garmtools.places import ROOT, WINDOWS_BIN, windows_path  # noqa: E402
+from garmtools import privatecups, wineprefix
+from garmtools.places import ROOT, WINDOWS_BIN, windows_path
 
 HOST = WINDOWS_BIN / "plothost.exe"
 TOOL = WINDOWS_BIN / "e2e_tool.exe"
@@ -69,7 +69,3 @@ class HostCase(unittest.TestCase):
     def fields(self, answer):
         """The DEVMODE's fields of a JSON answer, by name."""
         return {field["name"]: field["value"] for field in answer["devMode"]["fields"]}
-
-
-def windows(path):
-    return windows_path(path)

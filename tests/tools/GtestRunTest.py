@@ -7,7 +7,7 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "tools"))
-from garmtools import gtestrun  # noqa: E402
+from garmtools import gtestrun
 
 CASE = '<testcase name="{name}" classname="Suite" status="{status}" result="{result}">{inside}</testcase>'
 REPORT = '<testsuites><testsuite name="Suite">{cases}</testsuite></testsuites>'

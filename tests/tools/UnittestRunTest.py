@@ -8,7 +8,7 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "tools"))
-from garmtools import unittestrun  # noqa: E402
+from garmtools import unittestrun
 
 TESTS = """import unittest
 class A(unittest.TestCase):

@@ -140,7 +140,8 @@ def clone(cpu=None, cups=None, folder=None, dpi=None, display=None):
     target = Path(tempfile.mkdtemp(prefix="garm-wine-", dir=folder))
     prefix = Prefix(target / "prefix", allowed_cpus()[-1] if cpu is None else cpu, cups)
     try:
-        subprocess.run(["cp", "-a", str(template), str(prefix.folder)], check=True)
+        if run_to_end(["cp", "-a", str(template), str(prefix.folder)]) != 0:
+            raise RuntimeError(f"the Wine prefix template cannot be copied to {prefix.folder}")
         # A section that comes twice is merged when the registry is loaded.
         with open(prefix.folder / "user.reg", "a", encoding="utf-8") as registry:
             if dpi:

@@ -39,7 +39,8 @@ trap 'stop 2' INT
 trap 'stop 15' TERM
 trap 'stop 1' HUP
 
-# garm_python MODULE ARGUMENTS...: one of our own Python programs; it leaves no compiled files in the source tree.
+# garm_python MODULE ARGUMENTS...: one of our own Python programs; it leaves no compiled files in the source tree. It
+# runs on the Python of the package, whatever else comes first on the path.
 garm_python() {
-    run_child env PYTHONPATH="$root/tools" PYTHONDONTWRITEBYTECODE=1 python3 -m "$@"
+    run_child env PYTHONPATH="$root/tools" PYTHONDONTWRITEBYTECODE=1 /usr/bin/python3 -m "$@"
 }
