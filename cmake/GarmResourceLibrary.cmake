@@ -1,20 +1,27 @@
 # garm_resource_library(TARGET SCRIPT file.rc OUTPUT file.dll [INCLUDES folders...] [DEPENDS files...])
 #
 # A DLL that holds resources and nothing else: no code, no entry point, no imports, so that loading it never runs
-# anything. CMake's own RC language cannot link such a library without the C runtime's entry.
+# anything. CMake's own RC language cannot link such a library without the C runtime's entry. The compiled script stays
+# as TARGET.res in the current build folder, for checks that read it.
 function(garm_resource_library target)
     cmake_parse_arguments(arg "" "SCRIPT;OUTPUT" "INCLUDES;DEPENDS" ${ARGN})
     set(object ${CMAKE_CURRENT_BINARY_DIR}/${target}.o)
+    set(compiled ${CMAKE_CURRENT_BINARY_DIR}/${target}.res)
     set(includes)
     foreach(folder IN LISTS arg_INCLUDES)
         list(APPEND includes -I ${folder})
     endforeach()
     get_filename_component(folder ${arg_OUTPUT} DIRECTORY)
+    add_custom_command(OUTPUT ${compiled}
+        COMMAND ${CMAKE_RC_COMPILER} -O res ${includes} -i ${arg_SCRIPT} -o ${compiled}
+        DEPENDS ${arg_SCRIPT} ${arg_DEPENDS}
+        COMMENT "Resources of ${arg_OUTPUT}"
+        VERBATIM)
     add_custom_command(OUTPUT ${arg_OUTPUT}
         COMMAND ${CMAKE_COMMAND} -E make_directory ${folder}
-        COMMAND ${CMAKE_RC_COMPILER} -O coff ${includes} -i ${arg_SCRIPT} -o ${object}
+        COMMAND ${CMAKE_RC_COMPILER} -J res -O coff -i ${compiled} -o ${object}
         COMMAND ${CMAKE_C_COMPILER} -shared -nostdlib -Wl,--entry=0 -o ${arg_OUTPUT} ${object}
-        DEPENDS ${arg_SCRIPT} ${arg_DEPENDS}
+        DEPENDS ${compiled}
         BYPRODUCTS ${object}
         COMMENT "Resource library ${arg_OUTPUT}"
         VERBATIM)

@@ -43,13 +43,13 @@
 #define IDS_CUSTOM_PROP 225
 #define IDS_SIZE_VALUE 227 // %s
 #define IDS_MERGE_CTRL 228
-#define IDS_COLORS_VALUE 230      // %s: IDS_COLORS_AND_DEPTH
-#define IDS_COLORS_AND_DEPTH 231  // %d %d: number of colours, depth
-#define IDS_RESOLUTION_VALUE 232  // %s
-#define IDS_DITHERING_VALUE 233   // %s
-#define IDS_PREFERENCE_VALUE 234  // %d
-#define IDS_ISM_MAX_VALUE 235     // %d
-#define IDS_OLE_MAX_VALUE 236     // %d
+#define IDS_COLORS_VALUE 230     // %s: IDS_COLORS_AND_DEPTH
+#define IDS_COLORS_AND_DEPTH 231 // %d %d: number of colours, depth
+#define IDS_RESOLUTION_VALUE 232 // %s
+#define IDS_DITHERING_VALUE 233  // %s
+#define IDS_PREFERENCE_VALUE 234 // %d
+#define IDS_ISM_MAX_VALUE 235    // %d
+#define IDS_OLE_MAX_VALUE 236    // %d
 #define IDS_TRUETYPE_AS_TEXT 237
 #define IDS_TRUETYPE_AS_GRAPHICS 238
 #define IDS_LINES_OVERWRITE 239
