@@ -160,7 +160,7 @@ BOOL ScriptedSheet::OnInitDialog()
         PostMessage(stepMessage);
     if (m_onInit)
         m_onInit(*this);
-    return result;
+    return result && m_initResult;
 }
 
 BOOL ScriptedSheet::DestroyWindow()

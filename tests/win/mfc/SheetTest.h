@@ -67,6 +67,7 @@ public:
 
     using Action = std::function<void(ScriptedSheet&)>;
     Action m_onInit;
+    BOOL m_initResult = TRUE;
     std::function<bool()> m_refuses; // TCN_SELCHANGING, before the pages are asked
     std::function<BOOL()> m_destroyWindow;
 
@@ -81,7 +82,6 @@ public:
     void clickTab(int index);
     void press(HWND control, WPARAM key);
     void pressWithControl(HWND control, WPARAM key, bool withShift = false);
-    // The control with the focus gets Tab once, posted; the next step sees where the focus is then.
     HWND button(int id) const { return ::GetDlgItem(m_hWnd, id); }
 
     // --- What a person sees ---

@@ -24,6 +24,21 @@ struct HandleEntry
     ULONG reserved;
 };
 
+// One place of the shared table of graphics objects; type 0 is a free one.
+struct GdiEntry
+{
+    ULONG_PTR object;
+    USHORT processId;
+    USHORT count;
+    USHORT unique;
+    UCHAR type;
+    UCHAR flags;
+    ULONG_PTR userPointer;
+};
+constexpr std::size_t gdiEntries = 0x10000;
+// In the process environment block, for 64 bits.
+constexpr std::size_t gdiTableOffset = 0xF8;
+
 struct HandleTable
 {
     ULONG_PTR count;
@@ -82,4 +97,20 @@ std::size_t mappedViews()
             ++count;
     }
     return count;
+}
+
+std::size_t gdiObjects()
+{
+    const auto* block = reinterpret_cast<const char*>(::NtCurrentTeb()->ProcessEnvironmentBlock);
+    const GdiEntry* table = *reinterpret_cast<const GdiEntry* const*>(block + gdiTableOffset);
+    if (!table)
+        throw std::runtime_error("the process has no table of graphics objects");
+    // Where each process has a table of its own, as under Wine, no entry names its process.
+    const auto own = static_cast<USHORT>(::GetCurrentProcessId());
+    const auto isOwn = [own](const GdiEntry& entry)
+    { return entry.type && (entry.processId == own || entry.processId == 0); };
+    const auto count = std::count_if(table, table + gdiEntries, isOwn);
+    if (count == 0)
+        throw std::runtime_error("a process without any graphics object");
+    return static_cast<std::size_t>(count);
 }
