@@ -130,6 +130,26 @@ TEST_F(ModalOwnerTest, IsEnabledBeforeTheDialogIsDestroyed)
     parent.DestroyWindow();
 }
 
+TEST_F(ModalOwnerTest, IsActiveAfterwardsAlsoWhenTheSystemChoseAnotherWindow)
+{
+    TestWnd parent;
+    TestWnd other;
+    ASSERT_TRUE(parent.create(nullptr, visible));
+    ASSERT_TRUE(other.create(nullptr, visible));
+    ScriptedDlg dialog(IDD_PLAIN, &parent);
+    dialog.m_destroyWindow = [&]
+    {
+        const BOOL destroyed = dialog.CDialog::DestroyWindow();
+        other.SetActiveWindow();
+        return destroyed;
+    };
+    dialog.addStep([](auto& dlg) { dlg.EndDialog(1); });
+    dialog.DoModal();
+    EXPECT_EQ(::GetActiveWindow(), parent);
+    parent.DestroyWindow();
+    other.DestroyWindow();
+}
+
 TEST_F(ModalOwnerTest, TheDesktopIsNeverDisabled)
 {
     const AfxDisabledOwner owner(::GetDesktopWindow());

@@ -171,6 +171,7 @@ TEST_F(WindowCreationTest, AnObjectThatDiesWhileItWaitsGetsNoWindow)
         CWnd window;
         AfxHookWindowCreate(&window);
     }
+    EXPECT_EQ(AfxGetThreadState().m_pWndInit, nullptr);
     const HWND plain = createPlainWindow();
     EXPECT_EQ(CWnd::FromHandlePermanent(plain), nullptr);
     ::DestroyWindow(plain);
