@@ -54,18 +54,18 @@ CDialog::~CDialog()
         CWnd::DestroyWindow();
 }
 
-bool CDialog::createWindow(LPCWSTR templateName, HWND parent)
+HWND CDialog::createWindow(LPCWSTR templateName, HWND parent)
 {
     const HINSTANCE library = AfxGetResourceHandle();
     const HRSRC found = ::FindResourceW(library, templateName, RT_DIALOG);
     const HGLOBAL loaded = found ? ::LoadResource(library, found) : nullptr;
     const auto* dialogTemplate = static_cast<const DLGTEMPLATE*>(loaded ? ::LockResource(loaded) : nullptr);
     if (!dialogTemplate)
-        return false;
+        return nullptr;
     m_autoCenter = !isPlacedByTemplate(headOf(dialogTemplate));
 
     const AfxWindowCreation creation(this);
-    return ::CreateDialogIndirectParamW(library, dialogTemplate, parent, &AfxDlgProc, 0) != nullptr;
+    return ::CreateDialogIndirectParamW(library, dialogTemplate, parent, &AfxDlgProc, 0);
 }
 
 BOOL CDialog::Create(UINT templateId, CWnd* pParent)
@@ -81,11 +81,14 @@ BOOL CDialog::Create(LPCWSTR templateName, CWnd* pParent)
     if (pParent)
         m_pParentWnd = pParent;
     AfxExceptionScope scope;
-    const bool created = createWindow(templateName, m_pParentWnd ? m_pParentWnd->m_hWnd : nullptr);
-    if (scope.hasException())
-        destroyModalWindow(scope);
+    const HWND created = createWindow(templateName, m_pParentWnd ? m_pParentWnd->m_hWnd : nullptr);
+    // The handle may be that of a window that is gone again, and the dialog may have deleted itself with it: no member
+    // is touched before the map was asked.
+    const bool exists = created && FromHandlePermanent(created) == this;
+    if (exists && scope.hasException())
+        destroyWindow(scope);
     scope.rethrow();
-    return created ? TRUE : FALSE;
+    return exists ? TRUE : FALSE;
 }
 
 INT_PTR CDialog::DoModal()
@@ -107,7 +110,7 @@ INT_PTR CDialog::DoModal()
         scope.keep(std::current_exception());
     }
     owner.enable();
-    destroyModalWindow(scope);
+    destroyWindow(scope);
     owner.activate();
     m_isModal = false;
     scope.rethrow();
@@ -129,7 +132,7 @@ void CDialog::runModalLoop(const AfxExceptionScope& scope)
     }
 }
 
-void CDialog::destroyModalWindow(AfxExceptionScope& scope)
+void CDialog::destroyWindow(AfxExceptionScope& scope)
 {
     try
     {

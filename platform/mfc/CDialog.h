@@ -55,9 +55,9 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
-    bool createWindow(LPCWSTR templateName, HWND parent);
+    HWND createWindow(LPCWSTR templateName, HWND parent);
     void runModalLoop(const AfxExceptionScope& scope);
-    void destroyModalWindow(AfxExceptionScope& scope);
+    void destroyWindow(AfxExceptionScope& scope);
 
     bool m_autoCenter = false;
     bool m_isModal = false;

@@ -92,7 +92,8 @@ BOOL CWnd::CreateEx(DWORD exStyle, LPCWSTR className, LPCWSTR windowName, DWORD 
         created = ::CreateWindowExW(exStyle, className, windowName, style, x, y, width, height, parent, idOrMenu,
                                     AfxGetInstanceHandle(), param);
     }
-    if (scope.hasException() && m_hWnd)
+    // No member is touched before the map was asked: the object may have deleted itself with its window.
+    if (scope.hasException() && created && FromHandlePermanent(created) == this)
         DestroyWindow();
     scope.rethrow();
     return created ? TRUE : FALSE;

@@ -3,6 +3,8 @@
 #include "mfc/AfxExceptionScope.h"
 #include "mfc/AfxModuleState.h"
 
+#include <cstring>
+#include <stdexcept>
 #include <thread>
 #include <vector>
 
@@ -102,6 +104,41 @@ TEST_F(CDialogTest, AnEndedDialogThatIsDestroyedInOnInitDialogKeepsItsResult)
         dlg.CDialog::DestroyWindow();
     };
     EXPECT_EQ(dialog.DoModal(), IDOK);
+}
+
+// Deletes itself with its window, and leaves nothing useful where it was.
+class SelfDeletingDlg : public ScriptedDlg
+{
+public:
+    static void* operator new(std::size_t size) { return ::operator new(size); }
+    static void operator delete(void* memory, std::size_t size)
+    {
+        std::memset(memory, 0xDD, size);
+        ::operator delete(memory);
+    }
+
+protected:
+    void PostNcDestroy() override { delete this; }
+};
+
+TEST_F(CDialogTest, AModelessDialogMayDeleteItselfWhileItIsInitialised)
+{
+    for (const bool throws : {false, true})
+    {
+        auto* dialog = new SelfDeletingDlg;
+        dialog->m_onInit = [throws](auto& dlg)
+        {
+            // The function object goes with the dialog.
+            const bool alsoThrows = throws;
+            dlg.CDialog::DestroyWindow();
+            if (alsoThrows)
+                throw std::runtime_error("gone");
+        };
+        if (throws)
+            EXPECT_THROW(dialog->Create(IDD_PLAIN), std::runtime_error);
+        else
+            EXPECT_FALSE(dialog->Create(IDD_PLAIN));
+    }
 }
 
 TEST_F(CDialogTest, DestructionInTheLoopEndsItWithMinusOne)

@@ -163,7 +163,7 @@ TEST_F(CWndTest, AnOverrideThatForgetsItsBaseLeavesNoDeadWindowInTheMap)
     };
     Forgetful window;
     ASSERT_TRUE(window.create());
-    window.DestroyWindow();
+    ::DestroyWindow(window);
     EXPECT_EQ(window.m_hWnd, nullptr);
     EXPECT_EQ(AfxPermanentWindowCount(), 0U);
 }
@@ -273,7 +273,7 @@ TEST_F(CWndTest, AThrowAtTheLastMessageLeavesNoDeadWindowInTheMap)
     ThrowingWnd window;
     ASSERT_TRUE(window.create());
     window.m_throwsAt = WM_NCDESTROY;
-    window.DestroyWindow();
+    ::DestroyWindow(window);
     EXPECT_TRUE(scope.hasException());
     EXPECT_EQ(window.m_hWnd, nullptr);
 }
