@@ -1,6 +1,7 @@
 #include "GarmPC3Editor/Commands/PC3EditCommand.h"
 
 #include "GarmPC3Editor/Commands/EditedConfiguration.h"
+#include "GarmPC3Editor/Commands/EditorRun.h"
 #include "GarmPC3Editor/Commands/NamedValues.h"
 #include "resources/Resource.h"
 
@@ -24,5 +25,17 @@ void PC3EditCommand::execute(OdEdCommandContext* context)
     const OdString paperName = paperValue ? paperValue->getString() : OdString();
 
     // A printer's new configuration starts with the driver's paper; the paper asked for selects in files only.
-    const EditedConfiguration edited = isPrinter ? createForEditing(name) : openForEditing(name, paperName);
+    EditedConfiguration edited = isPrinter ? createForEditing(name) : openForEditing(name, paperName);
+    if (!edited.cfg)
+        return;
+    const bool saved = editAndSave(edited.cfg, edited.path);
+
+    const GmPlotCfg3& cfg = *edited.cfg;
+    values.setString(OD_T("fileName"), edited.path);
+    values.setString(OD_T("paperName"), cfg.m_media.m_size.m_name);
+    values.setBool(OD_T("result"), saved);
+    // Deliberately under the same name: hosts read the driver type there. The flag before it is what a host sees that
+    // listens to each value. The type loses what does not fit into the 16 bits of the value.
+    values.setInt16(OD_T("result"), static_cast<OdInt16>(cfg.m_meta.m_driver_type));
+    values.setString(OD_T("canonicalModelName"), cfg.m_meta.m_canonical_model_name);
 }

@@ -2,15 +2,19 @@
 
 #include "GarmPC3Editor/Commands/PC3EditorCommand.h"
 
-// "_PC3EDIT": edits a plotter configuration. Arguments are named values:
+// "_PC3EDIT": lets the user edit a plotter configuration. Arguments and results are named values:
 //
-//   in   "plotCfgName"    string, required: a configuration's file name, or the name of a Windows printer
-//        "bSystemPrinter" bool, required: which of the two; a printer gets a new configuration
-//        "paperName"      string: the paper to select in a file's configuration
+//   in   "plotCfgName"        string, required: a configuration's file name, or the name of a Windows printer
+//        "bSystemPrinter"     bool, required: which of the two; a printer gets a new configuration
+//        "paperName"          string: the paper to select in a file's configuration
+//   out  "fileName"           string: the saved file's name with extension; without a save see editAndSave
+//        "paperName"          string
+//        "result"             16-bit integer: the driver type, over the bool that tells whether a file was written
+//        "canonicalModelName" string
 //
-// A value that is no OdResBuf throws OdError_NotThatKindOfClass. Whatever keeps the configuration from being edited
-// ends the command without results, which is how the host knows. So far every run ends so: the configuration is
-// brought up, but there is no window to edit it in.
+// The results are written whenever the editor was shown, in this order, and also when the user cancelled. What keeps
+// the configuration from being edited ends the command without results, which is how the host knows. A value that is no
+// OdResBuf throws OdError_NotThatKindOfClass.
 class PC3EditCommand : public PC3EditorCommand
 {
 public:

@@ -43,11 +43,14 @@ OdString notInstalledEntry(const OdString& printerName, const GmTexts& texts)
     return formatText(texts(IDS_PRINTER_NOT_INSTALLED), {printerName});
 }
 
-std::vector<OdString> printerNames(DWORD flags, bool underWine)
+std::vector<OdString> printerNames(const std::function<bool()>& underWine)
 {
+    constexpr DWORD passes[] = {PRINTER_ENUM_LOCAL,
+                                PRINTER_ENUM_CONNECTIONS | PRINTER_ENUM_SHARED | PRINTER_ENUM_NETWORK};
     std::vector<OdString> names;
-    for (const InstalledPrinter& printer : installedPrinters(flags, underWine ? 5 : 1))
-        if (printer.name)
-            names.emplace_back(OdStringView(*printer.name));
+    for (const DWORD flags : passes)
+        for (const InstalledPrinter& printer : installedPrinters(flags, underWine() ? 5 : 1))
+            if (printer.name)
+                names.emplace_back(OdStringView(*printer.name));
     return names;
 }

@@ -3,6 +3,7 @@
 #include "GarmPC3Editor/Dialogs/GmTexts.h"
 #include "GarmPC3Editor/GmPlotCfg3.h"
 
+#include <functional>
 #include <vector>
 
 // The lines of the General tab.
@@ -22,10 +23,7 @@ OdString portLine(const GmPlotCfg3& cfg, const GmTexts& texts);
 // The list entry that stands for a printer which is not installed.
 OdString notInstalledEntry(const OdString& printerName, const GmTexts& texts);
 
-// The flags of the two passes in which the printer list is filled: local printers, then connected, shared and network
-// ones.
-inline constexpr DWORD printerListPasses[] = {2, 100};
-
-// The printers of one pass in the spooler's order. Wine tells names at information level 5 only; elsewhere level 1 is
-// the one that names printers the way users know them.
-std::vector<OdString> printerNames(DWORD flags, bool underWine);
+// The installed printers in the spooler's order, in two passes: local printers, then connected, shared and network
+// ones. A pass that the spooler refuses adds nothing. Wine tells names at information level 5 only; elsewhere level 1
+// is the one that names printers the way users know them. underWine is asked in each pass.
+std::vector<OdString> printerNames(const std::function<bool()>& underWine);

@@ -69,7 +69,8 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
-    std::int32_t selectedTab();
+    HWND tabControl() const;
+    std::int32_t selectedTab() const;
 
     HelpButton m_helpButton;
 };

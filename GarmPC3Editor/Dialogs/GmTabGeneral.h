@@ -1,5 +1,7 @@
 #pragma once
 
+#include "GarmPC3Editor/Dialogs/DescriptionEdit.h"
+#include "GarmPC3Editor/Dialogs/FullTextTips.h"
 #include "GarmPC3Editor/Dialogs/GmBaseTab.h"
 #include "GarmPC3Editor/Dialogs/Icons.h"
 #include "mfc/Mfc.h"
@@ -47,4 +49,6 @@ private:
     GmPCfgDlg* m_sheet = nullptr;
 
     IconHandle m_driverIcon; // what m_icon shows
+    DescriptionEdit m_descriptionEdit;
+    FullTextTips m_tips;
 };

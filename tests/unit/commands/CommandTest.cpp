@@ -3,6 +3,8 @@
 #include "host/GmResBufExtention.h"
 #include "kernel/OdRxObjectImpl.h"
 
+#include <filesystem>
+
 namespace
 {
 class Stranger : public OdRxObject
@@ -68,6 +70,25 @@ OdString CommandTest::putConfiguration(const OdString& fileName, const std::func
     OdString path = m_folder.at(fileName.c_str());
     EXPECT_TRUE(cfg.write(path));
     return path;
+}
+
+void CommandTest::saveToPlots()
+{
+    getMainInternalInterface()->setPlotCfgSearchPath(m_folder.addFolder("plots") + OD_T(";") + m_folder.path());
+}
+
+std::set<std::string> CommandTest::savedFiles() const
+{
+    const std::filesystem::path top(m_folder.path().c_str());
+    const std::string start = inPlots("");
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(top))
+    {
+        const std::string path = entry.path().lexically_relative(top).string();
+        if (entry.is_regular_file() && path.starts_with(start))
+            names.insert(path.substr(start.size()));
+    }
+    return names;
 }
 
 void CommandTest::setText(const OdChar* name, const OdString& value)

@@ -11,6 +11,8 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <set>
+#include <string>
 
 // An object that is no result value.
 OdRxObjectPtr newStranger();
@@ -29,6 +31,14 @@ protected:
 
     // Puts a file into the search folder that is no configuration.
     void putDamagedFile(const OdString& fileName) { m_folder.addFile(fileName.c_str()); }
+
+    // Puts an empty folder "plots" in front of the search folder: what is saved then goes there and stands in
+    // savedFiles() by its name.
+    void saveToPlots();
+    std::set<std::string> savedFiles() const;
+    // Where a name put behind "plots" and a "\" leads to. Only on Windows is that inside the folder; elsewhere the
+    // "\" is part of a file's name, and nothing else is different.
+    static std::string inPlots(const std::string& fileName) { return "plots\\" + fileName; }
 
     GmServicesManagerInterface& values() { return m_interfaces->document().servicesManager(); }
     OdEdCommandContext* context() { return m_interfaces.get(); }

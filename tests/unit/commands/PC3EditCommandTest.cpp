@@ -3,17 +3,78 @@
 #include "kernel/OdError.h"
 #include "kernel/OdRxObjectImpl.h"
 #include "tests/unit/commands/CommandTest.h"
+#include "tests/unit/commands/ScriptedEditor.h"
 
+#include <functional>
+#include <optional>
+#include <utility>
 #include <vector>
 
 namespace
 {
+const std::vector<OdString> resultsInOrder = {OD_T("fileName"), OD_T("paperName"), OD_T("result"),
+                                              OD_T("canonicalModelName")};
+
+// A value that runs something when it is replaced.
+class Witness : public OdRxObject
+{
+public:
+    std::function<void()> onGone;
+
+protected:
+    ~Witness() override { onGone(); }
+};
+
+OdRxObjectPtr newWitness(std::function<void()> onGone)
+{
+    const OdSmartPtr<Witness> witness = OdRxObjectImpl<Witness>::createObject();
+    witness->onGone = std::move(onGone);
+    return witness;
+}
+
 class PC3EditCommandTest : public CommandTest
 {
 protected:
+    PC3EditCommandTest() { saveToPlots(); }
+
     void run() { OdRxObjectImpl<PC3EditCommand>::createObject()->execute(context()); }
 
-    // Runs with these arguments and expects that it answers nothing.
+    // Runs with these arguments.
+    void edit(const OdString& plotCfgName, bool isPrinter, const OdString& paperName = {})
+    {
+        values().clear();
+        setText(OD_T("plotCfgName"), plotCfgName);
+        setFlag(OD_T("bSystemPrinter"), isPrinter);
+        if (!paperName.isEmpty())
+            setText(OD_T("paperName"), paperName);
+        run();
+    }
+
+    // All results are there, in their order and under their restypes.
+    void expectResults()
+    {
+        std::vector<OdString> written = values().names();
+        std::erase_if(written, [](const OdString& name)
+                      { return name == OD_T("plotCfgName") || name == OD_T("bSystemPrinter"); });
+        EXPECT_EQ(written, resultsInOrder);
+        EXPECT_EQ(valueOf(OD_T("fileName"))->restype(), 5005);
+        EXPECT_EQ(valueOf(OD_T("paperName"))->restype(), 5005);
+        EXPECT_EQ(valueOf(OD_T("result"))->restype(), 5003);
+        EXPECT_EQ(valueOf(OD_T("canonicalModelName"))->restype(), 5005);
+    }
+
+    // The user leaves the sheet with OK after changing something.
+    void changeAndConfirm(const std::optional<OdString>& name)
+    {
+        m_editor.onSheet = [](EditorOutcome& outcome)
+        {
+            outcome.confirmed = true;
+            outcome.modified = true;
+        };
+        m_editor.onName = [name](const OdString&) { return name; };
+    }
+
+    // Runs with these arguments and expects that nothing can be edited and nothing is answered.
     void runWithoutAnswer(const OdString& plotCfgName, bool isPrinter, const OdString& paperName)
     {
         values().clear();
@@ -21,10 +82,14 @@ protected:
         setFlag(OD_T("bSystemPrinter"), isPrinter);
         setText(OD_T("paperName"), paperName);
         const std::vector<OdString> given = values().names();
+        const int sheets = m_editor.sheets;
         run();
+        EXPECT_EQ(m_editor.sheets, sheets);
         EXPECT_EQ(values().names(), given);
         EXPECT_EQ(textOf(OD_T("paperName")), paperName);
     }
+
+    ScriptedEditor m_editor;
 };
 
 TEST_F(PC3EditCommandTest, WithoutARequiredValueNothingHappens)
@@ -72,7 +137,13 @@ TEST_F(PC3EditCommandTest, AValueOfAnotherKindIsTheCallersError)
 
 TEST_F(PC3EditCommandTest, PrinterGetsANewConfigurationThatPassesThroughTheDriver)
 {
-    runWithoutAnswer(OD_T("Plotter A"), true, OD_T("A3"));
+    OdString paper;
+    m_editor.onSheet = [&paper](EditorOutcome& outcome) { paper = outcome.cfg->m_media.m_size.m_name; };
+    edit(OD_T("Plotter A"), true, OD_T("A3"));
+    // The paper asked for selects in files only.
+    EXPECT_EQ(paper, OD_T("A4"));
+    EXPECT_EQ(textOf(OD_T("paperName")), OD_T("A4"));
+    EXPECT_EQ(textOf(OD_T("fileName")), OD_T("Plotter A"));
     int merges = 0;
     for (const room::CallRecord& record : m_room.calls())
         if (record.call == room::Call::documentProperties && record.detail == 10)
@@ -83,7 +154,8 @@ TEST_F(PC3EditCommandTest, PrinterGetsANewConfigurationThatPassesThroughTheDrive
 TEST_F(PC3EditCommandTest, FileIsReadAndItsPrinterLookedUp)
 {
     putConfiguration(OD_T("a.pc3"));
-    runWithoutAnswer(OD_T("a.pc3"), false, OD_T("A3"));
+    edit(OD_T("a.pc3"), false);
+    EXPECT_EQ(m_editor.sheets, 1);
     EXPECT_GT(m_room.count(room::Call::getPrinterDriver), 0);
     EXPECT_EQ(m_room.count(room::Call::documentProperties), 0);
 }
@@ -101,9 +173,128 @@ TEST_F(PC3EditCommandTest, WhatCannotBeEditedEndsWithoutAnswer)
 TEST_F(PC3EditCommandTest, PaperNameMayBeMissing)
 {
     putConfiguration(OD_T("a.pc3"));
-    setText(OD_T("plotCfgName"), OD_T("a.pc3"));
-    setFlag(OD_T("bSystemPrinter"), false);
-    run();
-    EXPECT_EQ(values().names().size(), 2U);
+    edit(OD_T("a.pc3"), false);
+    EXPECT_EQ(textOf(OD_T("paperName")), OD_T("A3"));
+}
+
+TEST_F(PC3EditCommandTest, PaperAskedForIsThePaperOfTheFileInTheEditor)
+{
+    putConfiguration(OD_T("a.pc3"));
+    OdString paper;
+    m_editor.onSheet = [&paper](EditorOutcome& outcome) { paper = outcome.cfg->m_media.m_size.m_name; };
+    edit(OD_T("a.pc3"), false, OD_T("Roll 36"));
+    EXPECT_EQ(paper, OD_T("Roll 36"));
+    EXPECT_EQ(textOf(OD_T("paperName")), OD_T("Roll 36"));
+}
+
+TEST_F(PC3EditCommandTest, ACancelledEditorAnswersAllTheSame)
+{
+    putConfiguration(OD_T("a.pc3"));
+    edit(OD_T("a"), false, OD_T("A3"));
+    expectResults();
+    EXPECT_EQ(textOf(OD_T("fileName")), OD_T("a.pc3"));
+    EXPECT_EQ(textOf(OD_T("canonicalModelName")), OD_T("Canonical"));
+    EXPECT_EQ(valueOf(OD_T("result"))->getInt16(), 1);
+}
+
+TEST_F(PC3EditCommandTest, OkWithoutChangesAnswersAllTheSame)
+{
+    putConfiguration(OD_T("a.pc3"));
+    m_editor.onSheet = [](EditorOutcome& outcome) { outcome.confirmed = true; };
+    edit(OD_T("a.pc3"), false);
+    expectResults();
+    EXPECT_EQ(textOf(OD_T("fileName")), OD_T("a.pc3"));
+    EXPECT_EQ(m_editor.names, 0);
+}
+
+TEST_F(PC3EditCommandTest, ASaveAnswersTheNameOfTheFile)
+{
+    putConfiguration(OD_T("a.pc3"));
+    changeAndConfirm(OdString(OD_T("b")));
+    edit(OD_T("a.pc3"), false);
+    expectResults();
+    EXPECT_EQ(textOf(OD_T("fileName")), OD_T("b.pc3"));
+    EXPECT_EQ(savedFiles(), std::set<std::string>{"b.pc3"});
+}
+
+TEST_F(PC3EditCommandTest, ARefusedNameAnswersThePathAsItWentIn)
+{
+    const OdString path = putConfiguration(OD_T("a.pc3"));
+    changeAndConfirm(std::nullopt);
+    edit(OD_T("a.pc3"), false);
+    expectResults();
+    EXPECT_EQ(textOf(OD_T("fileName")), path);
+    edit(OD_T("Plotter A"), true);
+    expectResults();
+    EXPECT_EQ(textOf(OD_T("fileName")), OD_T(""));
+}
+
+TEST_F(PC3EditCommandTest, AFailedSaveAnswersThePathAsItWentIn)
+{
+    const OdString path = putConfiguration(OD_T("a.pc3"));
+    m_folder.addFile(inPlots("taken.pc3/file"));
+    changeAndConfirm(OdString(OD_T("taken")));
+    edit(OD_T("a.pc3"), false);
+    expectResults();
+    EXPECT_EQ(textOf(OD_T("fileName")), path);
+    EXPECT_EQ(m_room.shownMessages().size(), 1U);
+}
+
+TEST_F(PC3EditCommandTest, ResultIsTheDriverTypeCutTo16BitsAndNeverTheFlag)
+{
+    for (const std::int32_t type : {1, 0, 3, 65537, -1})
+    {
+        putConfiguration(OD_T("a.pc3"), [type](GmPlotCfg3& cfg) { cfg.m_meta.m_driver_type = type; });
+        for (const bool save : {false, true})
+        {
+            changeAndConfirm(save ? std::optional<OdString>(OD_T("b")) : std::nullopt);
+            edit(OD_T("a.pc3"), false);
+            EXPECT_EQ(valueOf(OD_T("result"))->getInt16(), static_cast<OdInt16>(type));
+            EXPECT_FALSE(values().get(OD_T("driverType")));
+        }
+    }
+}
+
+TEST_F(PC3EditCommandTest, TheFlagIsWrittenFirstAndThenReplaced)
+{
+    putConfiguration(OD_T("a.pc3"));
+    for (const bool save : {false, true})
+    {
+        changeAndConfirm(save ? std::optional<OdString>(OD_T("b")) : std::nullopt);
+        std::vector<OdString> flags;
+        // The first write replaces a value that puts another one in its own place, so that the second write finds two:
+        // it takes that one away and in doing so lets us look at what the first write left.
+        OdRxObjectPtr second = newWitness(
+            [this, &flags]
+            {
+                const OdResBufPtr flag = valueOf(OD_T("result"));
+                ASSERT_EQ(flag->restype(), 290);
+                flags.emplace_back(flag->getBool() ? OD_T("written") : OD_T("not written"));
+            });
+        values().clear();
+        setText(OD_T("plotCfgName"), OD_T("a.pc3"));
+        setFlag(OD_T("bSystemPrinter"), false);
+        values().set(OD_T("result"),
+                     newWitness([this, &second] { values().set(OD_T("result"), std::exchange(second, nullptr)); }));
+        run();
+        EXPECT_EQ(flags, std::vector<OdString>{save ? OD_T("written") : OD_T("not written")});
+    }
+}
+
+TEST_F(PC3EditCommandTest, AnExchangedConfigurationIsWhatIsAnswered)
+{
+    putConfiguration(OD_T("a.pc3"));
+    m_editor.onSheet = [](EditorOutcome& outcome)
+    {
+        outcome.cfg = new GmPlotCfg3;
+        outcome.cfg->m_meta.m_driver_type = 42;
+        outcome.cfg->m_meta.m_canonical_model_name = OD_T("Other");
+        outcome.cfg->m_media.m_size.m_name = OD_T("Other paper");
+    };
+    edit(OD_T("a.pc3"), false);
+    expectResults();
+    EXPECT_EQ(textOf(OD_T("paperName")), OD_T("Other paper"));
+    EXPECT_EQ(textOf(OD_T("canonicalModelName")), OD_T("Other"));
+    EXPECT_EQ(valueOf(OD_T("result"))->getInt16(), 42);
 }
 } // namespace

@@ -60,23 +60,45 @@ TEST_F(GeneralTexts, anAbsentPrinterIsNamedInItsEntry)
 
 TEST_F(GeneralTexts, namesComeFromLevel5UnderWineAndLevel1Elsewhere)
 {
+    room.allowNetworkPass();
+    room.add({.name = OD_T("Net"), .connection = true});
     room.add({.name = OD_T("B")});
     room.add({.name = OD_T("A")});
-    const std::vector<OdString> both = {OD_T("B"), OD_T("A")};
+    const std::vector<OdString> all = {OD_T("B"), OD_T("A"), OD_T("Net")};
     for (const bool underWine : {false, true})
     {
         room.forgetCalls();
-        EXPECT_EQ(printerNames(2, underWine), both);
+        EXPECT_EQ(printerNames([underWine] { return underWine; }), all);
+        EXPECT_EQ(room.count(Call::enumPrinters), 4);
         for (const room::CallRecord& call : room.calls())
             EXPECT_EQ(call.level, underWine ? 5U : 1U);
     }
 }
 
+TEST_F(GeneralTexts, thePassesAreLocalAndTheRestAndEachAsksForWineOnce)
+{
+    room.allowNetworkPass();
+    room.add({.name = OD_T("A")});
+    room.add({.name = OD_T("Net"), .connection = true});
+    int asked = 0;
+    // Wine in the first pass only: each pass goes by its own answer.
+    printerNames([&asked] { return ++asked == 1; });
+    EXPECT_EQ(asked, 2);
+    std::vector<std::pair<DWORD, DWORD>> passes;
+    for (const room::CallRecord& call : room.calls())
+        if (call.fill)
+            passes.emplace_back(call.detail, call.level);
+    const std::vector<std::pair<DWORD, DWORD>> expected = {{2, 5}, {100, 1}};
+    EXPECT_EQ(passes, expected);
+}
+
 TEST_F(GeneralTexts, aRefusedPassAndANamelessPrinterAddNothing)
 {
-    EXPECT_TRUE(printerNames(100, true).empty());
+    const auto noWine = [] { return false; };
     room.add({.name = OD_T("A"), .namedInRecords = false});
-    EXPECT_TRUE(printerNames(2, true).empty());
+    EXPECT_TRUE(printerNames(noWine).empty());
+    room.add({.name = OD_T("B")});
+    EXPECT_EQ(printerNames(noWine), std::vector<OdString>{OD_T("B")});
     room.refuse(Call::enumPrinters);
-    EXPECT_TRUE(printerNames(2, false).empty());
+    EXPECT_TRUE(printerNames(noWine).empty());
 }

@@ -1,0 +1,39 @@
+#include "GarmPC3Editor/Dialogs/GmChangeCfgDlg.h"
+
+#include "GarmPC3Editor/Dialogs/LanguageTexts.h"
+#include "GarmPC3Editor/Dialogs/SaveProposal.h"
+#include "resources/Resource.h"
+
+GmChangeCfgDlg::GmChangeCfgDlg(const OdString& proposedPath) : CDialog(IDD_CHANGE_CFG)
+{
+    const GmNameProposal proposal = nameProposal(proposedPath);
+    m_path = proposal.path;
+    m_extensionAdded = proposal.extensionAdded;
+    m_name = proposal.name;
+}
+
+void GmChangeCfgDlg::DoDataExchange(CDataExchange* pDX)
+{
+    CDialog::DoDataExchange(pDX);
+    DDX_Text(pDX, IDC_CFG_NAME, m_name);
+}
+
+BOOL GmChangeCfgDlg::OnInitDialog()
+{
+    const BOOL result = CDialog::OnInitDialog();
+    m_helpButton.setPicture(*this);
+    if (m_extensionAdded)
+        SetDlgItemText(IDC_EXTENSION_NOTE, languageTexts()(IDS_EXTENSION_ADDED).c_str());
+    return result;
+}
+
+void GmChangeCfgDlg::OnOK()
+{
+    CString text;
+    GetDlgItemText(IDC_CFG_NAME, text);
+    const OdString name = trimmed(text.toOdString());
+    if (name.isEmpty())
+        return;
+    m_path = name;
+    CDialog::OnOK();
+}

@@ -1,0 +1,147 @@
+#include "GarmPC3Editor/Dialogs/GmPCfgDlg.h"
+
+#include "GarmPC3Editor/Dialogs/FileTitle.h"
+#include "GarmPC3Editor/Dialogs/LanguageTexts.h"
+#include "GarmPC3Editor/Dialogs/PrinterExchange.h"
+#include "kernel/OdError.h"
+#include "resources/Resource.h"
+
+#include <commdlg.h>
+
+#include <algorithm>
+
+namespace
+{
+// Empty when the user thought better of it.
+CString askSavePath(const CWnd& owner, const CString& path, const CString& folder, CString filter)
+{
+    WCHAR file[32768] = {};
+    if (path.GetLength() < 32768)
+        std::copy_n(path.GetString(), path.GetLength(), file);
+    filter.Replace(L'|', L'\0');
+    OPENFILENAMEW request = {};
+    request.lStructSize = sizeof(request);
+    request.hwndOwner = owner;
+    request.lpstrFilter = filter;
+    request.lpstrFile = file;
+    request.nMaxFile = 32768;
+    request.lpstrInitialDir = folder.IsEmpty() ? nullptr : folder.GetString();
+    request.lpstrDefExt = L"pc3";
+    request.Flags = OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT | OFN_EXPLORER | OFN_NOCHANGEDIR;
+    return ::GetSaveFileNameW(&request) ? CString(file) : CString();
+}
+} // namespace
+
+// The caption is replaced before anybody sees it.
+GmPCfgDlg::GmPCfgDlg() : CPropertySheet(L"Caption", nullptr, 0)
+{
+    AddPage(&m_generalTab);
+    AddPage(&m_deviceTab);
+    m_tabs = {&m_generalTab, &m_deviceTab};
+    // Every change takes effect at once, so there is nothing to apply.
+    m_psh.dwFlags |= PSH_NOAPPLYNOW;
+}
+
+void GmPCfgDlg::setConfig(const OdSharedPtr<GmPlotCfg3>& cfg, const CString& path, const CString& initialDir)
+{
+    m_cfg = cfg;
+    m_path = path;
+    m_initialDir = initialDir;
+    // The other flags stay: they tell about the whole life of the sheet.
+    m_modified = false;
+    for (GmBaseTab* tab : m_tabs)
+        tab->attach(*this);
+}
+
+void GmPCfgDlg::changeCfg(GmPlotCfg3* newCfg)
+{
+    m_cfg = exchangedForPrinter(m_cfg, OdSharedPtr<GmPlotCfg3>(newCfg));
+    OnInitDialog();
+    m_replaced = true;
+}
+
+OdString GmPCfgDlg::fileTitle() const
+{
+    return ::fileTitle(m_path.toOdString(), cfg());
+}
+
+void GmPCfgDlg::updateCaption()
+{
+    SetWindowText(formatText(languageTexts()(IDS_SHEET_TITLE), {fileTitle()}).c_str());
+}
+
+void GmPCfgDlg::saveAs()
+{
+    const GmTexts texts = languageTexts();
+    const CString path =
+        askSavePath(*this, m_path, m_path.IsEmpty() ? m_initialDir : CString(), texts(IDS_SAVE_FILTER));
+    if (path.IsEmpty())
+        return;
+
+    if (!cfg().write(path.toOdString()))
+    {
+        CString title;
+        GetWindowText(title);
+        MessageBox(texts(IDS_SAVE_FAILED).c_str(), title, MB_ICONEXCLAMATION);
+        return;
+    }
+    m_saved = true;
+    m_path = path;
+    updateCaption();
+    CPropertyPage* firstPage = GetPage(0);
+    m_generalTab.setFileName(fileTitle());
+    firstPage->UpdateData(FALSE);
+}
+
+BOOL GmPCfgDlg::OnInitDialog()
+{
+    CPropertySheet::OnInitDialog();
+    m_helpButton.setPicture(*this);
+    // Highlights only. The page is the right one already: the first when the sheet opens, the present one later.
+    ::SendMessageW(tabControl(), TCM_SETCURSEL, static_cast<WPARAM>(m_curTab), 0);
+    updateCaption();
+    return TRUE;
+}
+
+HWND GmPCfgDlg::tabControl() const
+{
+    return m_hWnd ? reinterpret_cast<HWND>(SendMessage(PSM_GETTABCONTROL)) : nullptr;
+}
+
+std::int32_t GmPCfgDlg::selectedTab() const
+{
+    return static_cast<std::int32_t>(::SendMessageW(tabControl(), TCM_GETCURSEL, 0, 0));
+}
+
+// The system's procedure switches the pages, so both notifications go on to it.
+
+void GmPCfgDlg::OnTabSelChange(NMHDR* /*header*/, LRESULT* result)
+{
+    m_curTab = selectedTab();
+    Default();
+    *result = 0;
+}
+
+void GmPCfgDlg::OnTabSelChanging(NMHDR* /*header*/, LRESULT* result)
+{
+    UpdateData(TRUE);
+    if (GetPage(selectedTab())->UpdateData(TRUE))
+        *result = Default();
+    else
+        *result = TRUE;
+}
+
+BEGIN_MESSAGE_MAP(GmPCfgDlg, CPropertySheet)
+ON_NOTIFY(TCN_SELCHANGE, AFX_IDC_TAB_CONTROL, &GmPCfgDlg::OnTabSelChange)
+ON_NOTIFY(TCN_SELCHANGING, AFX_IDC_TAB_CONTROL, &GmPCfgDlg::OnTabSelChanging)
+ON_COMMAND(IDHELP, &GmPCfgDlg::OnHelpButton)
+ON_WM_DESTROY()
+END_MESSAGE_MAP()
+
+GmPCfgDlg& parentSheet(const CWnd& tab)
+{
+    auto* sheet = dynamic_cast<GmPCfgDlg*>(tab.m_hWnd ? CWnd::FromHandlePermanent(::GetParent(tab)) : nullptr);
+    if (!sheet)
+        throw OdError(eNullObjectPointer);
+    return *sheet;
+}

@@ -1,0 +1,140 @@
+#include "GarmPC3Editor/Dialogs/GmTabGeneral.h"
+
+#include "GarmPC3Editor/Dialogs/GeneralTexts.h"
+#include "GarmPC3Editor/Dialogs/GmPCfgDlg.h"
+#include "GarmPC3Editor/Dialogs/LanguageTexts.h"
+#include "GarmPC3Editor/Dialogs/RunsUnderWine.h"
+#include "kernel/OdAssert.h"
+#include "resources/Resource.h"
+
+GmTabGeneral::GmTabGeneral() : CPropertyPage(IDD_GENERAL, IDS_TAB_GENERAL) {}
+
+bool GmTabGeneral::isModified()
+{
+    return m_hWnd && SendDlgItemMessage(IDC_DESCRIPTION, EM_GETMODIFY) == 1;
+}
+
+void GmTabGeneral::attach(GmPCfgDlg& sheet)
+{
+    m_sheet = &sheet;
+    const GmPlotCfg3& cfg = sheet.cfg();
+    const GmTexts texts = languageTexts();
+    m_description = cfg.m_meta.m_config_description;
+    m_fileName = sheet.fileTitle();
+    m_driver = driverLine(cfg.m_meta, texts);
+    m_driverFile = driverFile(cfg.m_meta);
+    m_version = versionLine(cfg.m_meta, texts);
+    m_port = portLine(cfg, texts);
+}
+
+GmPCfgDlg& GmTabGeneral::parentDlg()
+{
+    return parentSheet(*this);
+}
+
+void GmTabGeneral::DoDataExchange(CDataExchange* pDX)
+{
+    CPropertyPage::DoDataExchange(pDX);
+    DDX_Text(pDX, IDC_DESCRIPTION, m_description);
+    DDX_Text(pDX, IDC_FILE_NAME, m_fileName);
+    DDX_Control(pDX, IDC_DRIVER_ICON, m_icon);
+    DDX_Text(pDX, IDC_DRIVER, m_driver);
+    DDX_Text(pDX, IDC_DRIVER_FILE, m_driverFile);
+    DDX_Text(pDX, IDC_VERSION, m_version);
+    DDX_Text(pDX, IDC_PORT, m_port);
+    DDX_Control(pDX, IDC_PRINTERS, m_printers);
+    DDX_Control(pDX, IDC_DESCRIPTION, m_descriptionEdit);
+    if (!pDX->m_bSaveAndValidate)
+    {
+        m_tips.setTexts(*this, {IDC_FILE_NAME, IDC_DRIVER, IDC_DRIVER_FILE, IDC_VERSION, IDC_PORT});
+        return;
+    }
+
+    OdString& stored = m_sheet->cfg().m_meta.m_config_description;
+    if (m_description.view() == stored.view())
+        return;
+    stored = m_description.toOdString();
+    m_sheet->m_modified = true;
+}
+
+BOOL GmTabGeneral::OnInitDialog()
+{
+    CPropertyPage::OnInitDialog();
+    showDriverIcon();
+    fillPrinters();
+    selectPrinter();
+    // For information: the printer of a configuration is deliberately not changed here.
+    m_printers.EnableWindow(FALSE);
+    return TRUE;
+}
+
+void GmTabGeneral::showDriverIcon()
+{
+    const bool isSystemPrinter = !m_sheet->cfg().m_meta.m_win_device_name.isEmpty();
+    IconHandle icon = loadIcon(isSystemPrinter ? IDI_SYSTEM_PRINTER : IDI_FILE_PRINTER, ::GetSystemMetrics(SM_CXICON));
+    m_icon.SetIcon(icon.get());
+    m_driverIcon = std::move(icon);
+}
+
+void GmTabGeneral::fillPrinters()
+{
+    for (const OdString& name : printerNames(&runsUnderWine))
+        m_printers.AddString(name.c_str());
+}
+
+void GmTabGeneral::selectPrinter()
+{
+    const OdString& name = m_sheet->cfg().m_meta.m_win_device_name;
+    if (name.isEmpty())
+        return;
+    m_selection = m_printers.FindStringExact(-1, name.c_str());
+    if (m_selection == CB_ERR)
+    {
+        m_selection = m_printers.InsertString(0, notInstalledEntry(name, languageTexts()).c_str());
+        m_placeholder = true;
+    }
+    m_printers.SetCurSel(m_selection);
+}
+
+void GmTabGeneral::OnPrinterChange()
+{
+    std::int32_t selection = m_printers.GetCurSel();
+    if (selection == m_selection)
+        return;
+    if (m_placeholder)
+    {
+        // It moves the entries behind it, and there is no stored selection any more to go back to.
+        m_printers.DeleteString(0);
+        m_placeholder = false;
+        m_selection = CB_ERR;
+        selection = m_printers.GetCurSel();
+    }
+    CString name;
+    m_printers.GetLBText(selection, name);
+    const OdSharedPtr<GmPlotCfg3> created = GmPlotCfg3::create(name.toOdString());
+    if (!created)
+    {
+        odReportAssert("0", "GarmPC3Editor/Dialogs/GmTabGeneral", __LINE__);
+        m_printers.SetCurSel(m_selection);
+        return;
+    }
+    m_selection = selection;
+    // A copy: the sheet takes ownership, and this one has an owner.
+    parentDlg().changeCfg(new GmPlotCfg3(*created));
+}
+
+BOOL GmTabGeneral::PreTranslateMessage(MSG* pMsg)
+{
+    // Before the description takes the key, wherever the focus is on this tab.
+    if (pMsg->message == WM_KEYDOWN && pMsg->wParam == VK_ESCAPE)
+    {
+        parentDlg().EndDialog(IDCANCEL);
+        return TRUE;
+    }
+    return CPropertyPage::PreTranslateMessage(pMsg);
+}
+
+BEGIN_MESSAGE_MAP(GmTabGeneral, CPropertyPage)
+ON_CBN_SELCHANGE(IDC_PRINTERS, &GmTabGeneral::OnPrinterChange)
+ON_WM_DESTROY()
+END_MESSAGE_MAP()
