@@ -1,0 +1,27 @@
+#pragma once
+
+#include "tests/win/editor/DeviceTabUser.h"
+#include "tests/win/editor/EditorSheet.h"
+#include "tests/win/editor/EditorTest.h"
+
+#include <functional>
+
+// A sheet on a configuration of "Plotter A", with its second tab on show.
+class DeviceTabTest : public EditorTest
+{
+protected:
+    using Script = std::function<void(DeviceTabUser& tab)>;
+
+    DeviceTabTest();
+
+    // Shows the sheet and its device tab; the script must not close it, it is closed with OK. Returns what DoModal did.
+    INT_PTR run(const Script& script);
+
+    // Does something on the sheet's thread.
+    void onSheetsThread(const DeviceTabUser& tab, const std::function<void()>& work);
+    // The object of a page's window; on the sheet's thread only.
+    static GmDeviceSubDlg& pageObject(HWND page);
+
+    OdSharedPtr<GmPlotCfg3> m_cfg = newConfiguration();
+    EditorSheet m_sheet;
+};

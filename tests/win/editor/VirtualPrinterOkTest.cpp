@@ -1,0 +1,254 @@
+// What OK of the virtual printers' dialog writes, and where.
+
+#include "tests/support/PrinterRoomTest.h"
+#include "tests/win/editor/VirtualPrinterTest.h"
+#include "tests/win/mfc/BoxAnswerer.h"
+
+#include "resources/Resource.h"
+
+#include <cstring>
+
+using VirtualPrinterOk = VirtualPrinterTest;
+
+namespace
+{
+constexpr DWORD always = DM_PRINTQUALITY | DM_PAPERSIZE;
+} // namespace
+
+TEST_F(VirtualPrinterOk, writesThePapersCodeTheQualityAndTheOrientation)
+{
+    EXPECT_EQ(run(
+                  [](ScriptedPrintDlg& dialog)
+                  {
+                      dialog.select(IDC_PAPER, 1);
+                      dialog.select(IDC_QUALITY, 4);
+                      dialog.click(IDC_LANDSCAPE);
+                      dialog.click(IDOK);
+                  }),
+              IDOK);
+    const auto handed = handedToDriver();
+    ASSERT_EQ(handed.size(), 1U);
+    // What was set before is dropped.
+    EXPECT_EQ(handed[0].dmFields, always | DM_ORIENTATION);
+    EXPECT_EQ(handed[0].dmPaperSize, 8);
+    EXPECT_EQ(handed[0].dmPrintQuality, 1200);
+    EXPECT_EQ(handed[0].dmOrientation, DMORIENT_LANDSCAPE);
+}
+
+TEST_F(VirtualPrinterOk, chosenPaperAndOrientationAreChosenInTheHostToo)
+{
+    run(
+        [](ScriptedPrintDlg& dialog)
+        {
+            dialog.select(IDC_PAPER, 2);
+            dialog.click(IDC_LANDSCAPE);
+            dialog.click(IDOK);
+        });
+    EXPECT_EQ(host->selectedPaper(), 2);
+    EXPECT_FALSE(host->isPortraitChecked());
+    EXPECT_TRUE(host->isLandscapeChecked());
+
+    run(
+        [](ScriptedPrintDlg& dialog)
+        {
+            dialog.select(IDC_PAPER, 0);
+            dialog.click(IDC_PORTRAIT);
+            dialog.click(IDOK);
+        });
+    EXPECT_EQ(host->selectedPaper(), 0);
+    EXPECT_TRUE(host->isPortraitChecked());
+    EXPECT_FALSE(host->isLandscapeChecked());
+}
+
+TEST_F(VirtualPrinterOk, cancelChangesNothingAnywhere)
+{
+    const DEVMODEW before = devMode();
+    EXPECT_EQ(run(
+                  [](ScriptedPrintDlg& dialog)
+                  {
+                      dialog.select(IDC_PAPER, 1);
+                      dialog.select(IDC_QUALITY, 0);
+                      dialog.click(IDC_LANDSCAPE);
+                      dialog.click(IDCANCEL);
+                  }),
+              IDCANCEL);
+    EXPECT_EQ(std::memcmp(&before, &devMode(), sizeof before), 0);
+    EXPECT_EQ(host->selectedPaper(), 0);
+    EXPECT_TRUE(host->isPortraitChecked());
+    EXPECT_TRUE(handedToDriver().empty());
+}
+
+TEST_F(VirtualPrinterOk, anUnknownQualityIsWrittenAsTheFirst)
+{
+    devMode().dmPrintQuality = 200;
+    run([](ScriptedPrintDlg& dialog) { dialog.click(IDOK); });
+    ASSERT_EQ(handedToDriver().size(), 1U);
+    EXPECT_EQ(handedToDriver()[0].dmPrintQuality, 72);
+}
+
+TEST_F(VirtualPrinterOk, withoutASelectedQualityItIs600)
+{
+    run(
+        [](ScriptedPrintDlg& dialog)
+        {
+            dialog.select(IDC_QUALITY, -1);
+            dialog.click(IDOK);
+        });
+    ASSERT_EQ(handedToDriver().size(), 1U);
+    EXPECT_EQ(handedToDriver()[0].dmPrintQuality, 600);
+}
+
+TEST_F(VirtualPrinterOk, aPaperThePrinterDoesNotHaveIs65535)
+{
+    openHost().addPaper(L"Papyrus");
+    run(
+        [](ScriptedPrintDlg& dialog)
+        {
+            dialog.select(IDC_PAPER, 3);
+            dialog.click(IDOK);
+        });
+    ASSERT_EQ(handedToDriver().size(), 1U);
+    EXPECT_EQ(static_cast<WORD>(handedToDriver()[0].dmPaperSize), 65535);
+}
+
+TEST_F(VirtualPrinterOk, aHostWithoutControlsGetsQualityAndAnUnknownPaper)
+{
+    openHost(HostDialog::none);
+    devMode().dmOrientation = 77;
+    EXPECT_EQ(run([](ScriptedPrintDlg& dialog) { dialog.click(IDOK); }), IDOK);
+    ASSERT_EQ(handedToDriver().size(), 1U);
+    EXPECT_EQ(handedToDriver()[0].dmFields, always);
+    EXPECT_EQ(handedToDriver()[0].dmOrientation, 77);
+    EXPECT_EQ(static_cast<WORD>(handedToDriver()[0].dmPaperSize), 65535);
+}
+
+TEST_F(VirtualPrinterOk, withoutAHostsPaperListEvenCustomIsNotCustom)
+{
+    openHost(HostDialog::noPapers);
+    run(
+        [](ScriptedPrintDlg& dialog)
+        {
+            dialog.SendDlgItemMessage(IDC_PAPER, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(L"Custom"));
+            dialog.select(IDC_PAPER, 0);
+            dialog.click(IDOK);
+        });
+    ASSERT_EQ(handedToDriver().size(), 1U);
+    EXPECT_EQ(handedToDriver()[0].dmFields, always | DM_ORIENTATION);
+}
+
+TEST_F(VirtualPrinterOk, aCustomSizeIsWrittenInTenths)
+{
+    openHost().selectPaper(2);
+    run(
+        [](ScriptedPrintDlg& dialog)
+        {
+            dialog.type(IDC_PAPER_WIDTH, L"210");
+            dialog.type(IDC_PAPER_LENGTH, L"297.06");
+            dialog.click(IDOK);
+        });
+    ASSERT_EQ(handedToDriver().size(), 1U);
+    const DEVMODEW handed = handedToDriver()[0];
+    EXPECT_EQ(handed.dmFields, always | DM_ORIENTATION | DM_PAPERWIDTH | DM_PAPERLENGTH);
+    EXPECT_EQ(handed.dmPaperWidth, 2100);
+    EXPECT_EQ(handed.dmPaperLength, 2971);
+    EXPECT_EQ(handed.dmPaperSize, DMPAPER_USER);
+}
+
+TEST_F(VirtualPrinterOk, aCustomSizeInInchesIsConverted)
+{
+    openHost().selectPaper(2);
+    run(
+        [](ScriptedPrintDlg& dialog)
+        {
+            dialog.click(IDC_INCHES);
+            dialog.type(IDC_PAPER_WIDTH, L"8.27");
+            dialog.type(IDC_PAPER_LENGTH, L"11");
+            dialog.click(IDOK);
+        });
+    ASSERT_EQ(handedToDriver().size(), 1U);
+    EXPECT_EQ(handedToDriver()[0].dmPaperWidth, 2101);
+    EXPECT_EQ(handedToDriver()[0].dmPaperLength, 2794);
+}
+
+TEST_F(VirtualPrinterOk, aLengthThatIsNoNumberKeepsTheDialogOpenWithTheFocusOnIt)
+{
+    openHost().selectPaper(2);
+    BoxAnswerer boxes;
+    EXPECT_EQ(run(
+                  [&boxes](ScriptedPrintDlg& dialog)
+                  {
+                      dialog.type(IDC_PAPER_LENGTH, L"long");
+                      dialog.click(IDOK);
+                      EXPECT_EQ(boxes.boxes().size(), 1U);
+                      EXPECT_EQ(::GetFocus(), dialog.control(IDC_PAPER_LENGTH));
+                  }),
+              IDCANCEL);
+    EXPECT_TRUE(handedToDriver().empty());
+    EXPECT_EQ(host->selectedPaper(), 2);
+}
+
+TEST_F(VirtualPrinterOk, thePaperIsAskedForWithTheNewQualityAndOrientation)
+{
+    run(
+        [](ScriptedPrintDlg& dialog)
+        {
+            dialog.select(IDC_QUALITY, 3);
+            dialog.click(IDC_LANDSCAPE);
+            dialog.click(IDOK);
+        });
+    int asked = 0;
+    for (const room::CallRecord& call : m_room.calls())
+    {
+        if (call.call != room::Call::deviceCapabilities)
+            continue;
+        ++asked;
+        const DevModeView view(call.devMode);
+        EXPECT_EQ(call.text, L"PDF:");
+        EXPECT_EQ(view.rawFlags(), static_cast<DWORD>(DM_PRINTQUALITY | DM_ORIENTATION));
+        EXPECT_EQ(view.fields().dmPrintQuality, 600);
+        EXPECT_EQ(view.fields().dmOrientation, DMORIENT_LANDSCAPE);
+    }
+    EXPECT_GT(asked, 0);
+}
+
+TEST_F(VirtualPrinterOk, theDriverCompletesTheBlock)
+{
+    run([](ScriptedPrintDlg& dialog) { dialog.click(IDOK); });
+    // The room's driver merges into its own default block.
+    EXPECT_NE(devMode().dmFields & DM_COPIES, 0U);
+    EXPECT_EQ(devMode().dmPaperSize, 9);
+    EXPECT_EQ(devMode().dmPrintQuality, 300);
+}
+
+TEST_F(VirtualPrinterOk, aPrinterThatCannotBeOpenedLeavesWhatWasWritten)
+{
+    m_room.refuse(room::Call::openPrinter, printerName);
+    EXPECT_EQ(run([](ScriptedPrintDlg& dialog) { dialog.click(IDOK); }), IDOK);
+    EXPECT_TRUE(handedToDriver().empty());
+    EXPECT_EQ(devMode().dmFields, always | DM_ORIENTATION);
+    EXPECT_EQ(static_cast<WORD>(devMode().dmPaperSize), 65535);
+}
+
+TEST_F(VirtualPrinterOk, aDriverThatRefusesLeavesWhatWasWritten)
+{
+    m_room.refuse(room::Call::documentProperties);
+    EXPECT_EQ(run([](ScriptedPrintDlg& dialog) { dialog.click(IDOK); }), IDOK);
+    EXPECT_EQ(devMode().dmFields, always | DM_ORIENTATION);
+}
+
+TEST_F(VirtualPrinterOk, aBlockThatGrewIsNotTaken)
+{
+    m_room.remove(printerName);
+    m_room.add({.name = printerName, .driverExtra = 9});
+    EXPECT_EQ(run([](ScriptedPrintDlg& dialog) { dialog.click(IDOK); }), IDOK);
+    EXPECT_EQ(devMode().dmFields, always | DM_ORIENTATION);
+    EXPECT_EQ(devMode().dmDriverExtra, 8);
+}
+
+TEST_F(VirtualPrinterOk, aDriverThatThrowsAtAnyMomentLeavesTheDialogClosedWithOk)
+{
+    const int thrown = throwFromEachCall(
+        m_room, [this] { return run([](ScriptedPrintDlg& dialog) { dialog.click(IDOK); }); },
+        [](INT_PTR result, bool) { EXPECT_EQ(result, IDOK); });
+    EXPECT_GT(thrown, 5);
+}
