@@ -101,7 +101,10 @@ struct Printer
 
     // Called for a merge instead of the usual one: block is the driver's default block, input the caller's.
     std::function<void(std::vector<BYTE>& block, const std::vector<BYTE>& input)> merge = {};
-    bool mergeSticks = false; // a merge becomes the default block, as under Wine
+    // A merge becomes the driver's default block, as under Wine; what GetPrinterW delivers stays. The block that
+    // sticks.
+    bool mergeSticks = false;
+    std::optional<std::vector<BYTE>> stuckBlock = {};
 
     DeviceCaps caps = {};
     DriverLies lies = {};

@@ -95,9 +95,14 @@ std::vector<BYTE> defaultBlock(const Printer& printer)
     return block;
 }
 
+std::vector<BYTE> driverBlock(const Printer& printer)
+{
+    return printer.stuckBlock ? *printer.stuckBlock : defaultBlock(printer);
+}
+
 std::vector<BYTE> mergedBlock(const Printer& printer, const std::vector<BYTE>& input)
 {
-    std::vector<BYTE> block = defaultBlock(printer);
+    std::vector<BYTE> block = driverBlock(printer);
     if (printer.merge)
     {
         printer.merge(block, input);

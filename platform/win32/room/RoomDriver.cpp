@@ -76,11 +76,11 @@ extern "C" LONG WINAPI DocumentPropertiesW(HWND owner, HANDLE printer, LPWSTR, P
         return s.documentFailure;
 
     const DriverLies& lies = found->lies;
-    const std::vector<BYTE> block = merges ? mergedBlock(*found, in) : defaultBlock(*found);
+    const std::vector<BYTE> block = merges ? mergedBlock(*found, in) : driverBlock(*found);
     if (mode == 0)
         return lies.sizeAnswer.value_or(static_cast<LONG>(block.size()));
     if (merges && found->mergeSticks)
-        found->rawBlock = block;
+        found->stuckBlock = block;
     if (output && (mode & DM_OUT_BUFFER) && !lies.fillWritesNothing)
     {
         const auto bytes = reinterpret_cast<BYTE*>(output);

@@ -102,8 +102,9 @@ private:
 // The bytes of an input block, as many as it claims: a driver reads them all, so a caller that has fewer is found out.
 std::vector<BYTE> bytesOf(const DEVMODEW* devMode);
 
-// The driver's default block of a printer.
+// The default block of a printer: as the spooler keeps it, and as the driver has it after merges that stick.
 std::vector<BYTE> defaultBlock(const Printer& printer);
+std::vector<BYTE> driverBlock(const Printer& printer);
 
 // What the driver makes of a block under DM_IN_BUFFER.
 std::vector<BYTE> mergedBlock(const Printer& printer, const std::vector<BYTE>& input);

@@ -1,6 +1,8 @@
 #include "kernel/OdText.h"
 #include "tests/support/PrinterRoomTest.h"
+#include "win32/DevModeView.h"
 #include "win32/Handles.h"
+#include "win32/SpoolerRecords.h"
 
 #include <algorithm>
 #include <array>
@@ -124,6 +126,11 @@ TEST_F(RoomDriver, aMergeCanStickAndCanBeReplaced)
     document(handle.get(), &block, &input, DM_IN_BUFFER | DM_OUT_BUFFER);
     document(handle.get(), &block, nullptr, DM_OUT_BUFFER);
     EXPECT_EQ(fieldsOf(block).dmCopies, 3);
+    const SpoolerRecords kept = queryInfo([&handle](BYTE* buffer, DWORD size, DWORD* needed)
+                                          { return ::GetPrinterW(handle.get(), 2, buffer, size, needed); });
+    const auto info = kept.at<PRINTER_INFO_2W>(0);
+    ASSERT_TRUE(info.has_value());
+    EXPECT_EQ(DevModeView(kept.bytesAt(info->pDevMode)).fields().dmCopies, 1) << "the spooler's block stays";
 
     printer.merge = [](std::vector<BYTE>& merged, const std::vector<BYTE>&) { merged.back() = 99; };
     document(handle.get(), &block, &input, DM_IN_BUFFER | DM_OUT_BUFFER);
