@@ -14,12 +14,19 @@ namespace plothost
 namespace
 {
 // Every option with a value, as it is typed; used where the parsing library's own words would not help.
-constexpr const char* optionsWithValue[] = {"--search-path", "--language", "--module", "--out", "--paper"};
+constexpr const char* optionsWithValue[] = {"--search-path", "--language", "--module", "--settings",
+                                            "--reseller",    "--out",      "--paper"};
 
 constexpr const char* footer =
+    "Without a command the Plot dialog opens.\n"
+    "\n"
     "Files are looked for relative to the current folder, then on the search path: the folders of --search-path,\n"
     "else of the environment variable PLOTHOST_SEARCH_PATH, else the current folder. ';' stands between folders.\n"
     "A name that begins with a dash goes behind '--'.\n"
+    "\n"
+    "The reseller data store tells the module the names of the product's own printers, under the keys PDFPRINTERNAME\n"
+    "and JPGPRINTERNAME. It is filled from the settings file, UTF-8 with one KEY=VALUE in a line, and then from\n"
+    "--reseller, which may stand several times. What is missing there has the product's default name.\n"
     "\n"
     "Exit status: 0 done, or the answer is yes; 1 the answer is no, and standard error says why; 2 wrong usage;\n"
     "3 the module could not be loaded.\n";
@@ -33,6 +40,8 @@ struct CommandText
 };
 
 constexpr CommandText commandTexts[] = {
+    {Verb::plot, "plot", "Choose a plot device and edit its configuration in a dialog",
+     "This is what happens without a command too.\n"},
     {Verb::list, "list", "List the printers and the configurations on the search path", ""},
     {Verb::devmode, "devmode", "Ask the module which printer and DEVMODE stand behind a device name",
      "NAME ends in .pc3 for a configuration; everything else is the name of a Windows printer, which has no DEVMODE\n"
@@ -70,6 +79,12 @@ public:
         addText(m_app, "--search-path", m_searchPath, "Folders to look for configurations in", "DIRS");
         addText(m_app, "--language", m_language, "Language of the module's texts; English when there is none", "TAG");
         addText(m_app, "--module", m_module, "The module; by default GarmPC3Editor.grx beside this program", "FILE");
+        addText(m_app, "--settings", m_settings, "The host's settings; by default plothost.ini beside this program",
+                "FILE");
+        m_app.add_option("--reseller", m_reseller, "Put a value into the reseller data store")
+            ->type_name("KEY=VALUE")
+            ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+            ->allow_extra_args(false);
         m_app.footer(footer);
 
         for (const CommandText& text : commandTexts)
@@ -130,9 +145,7 @@ public:
         }
         const auto chosen = std::find_if(m_commands.begin(), m_commands.end(),
                                          [](const auto& entry) { return entry.second->parsed(); });
-        if (chosen == m_commands.end())
-            return {{}, exitYes, m_app.help(), {}};
-        return request(chosen->first);
+        return request(chosen == m_commands.end() ? Verb::plot : chosen->first);
     }
 
 private:
@@ -252,6 +265,14 @@ private:
         result.searchPath = value(m_app, "--search-path", m_searchPath);
         result.language = value(m_app, "--language", m_language);
         result.module = value(m_app, "--module", m_module);
+        result.settings = value(m_app, "--settings", m_settings);
+        for (const std::string& text : m_reseller)
+        {
+            const auto setting = resellerSetting(odFromUtf8(text));
+            if (!setting)
+                return wrongUsage("--reseller needs KEY=VALUE: " + quoted(text));
+            result.reseller.push_back(*setting);
+        }
         return {std::move(result), exitYes, {}, {}};
     }
 
@@ -271,6 +292,8 @@ private:
     std::string m_searchPath;
     std::string m_language;
     std::string m_module;
+    std::string m_settings;
+    std::vector<std::string> m_reseller;
     bool m_json = false;
     bool m_background = false;
     bool m_isPrinter = false;

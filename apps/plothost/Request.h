@@ -1,8 +1,10 @@
 #pragma once
 
 #include "kernel/OdString.h"
+#include "plothost/ResellerSettings.h"
 
 #include <optional>
+#include <vector>
 
 namespace plothost
 {
@@ -23,6 +25,7 @@ enum class Verb
     create,
     show,
     commands,
+    plot,
 };
 
 // One understood command line. Texts are as they were typed: paths are not made absolute yet.
@@ -39,5 +42,7 @@ struct Request
     std::optional<OdString> searchPath;
     std::optional<OdString> language;
     std::optional<OdString> module;
+    std::optional<OdString> settings;
+    std::vector<ResellerSetting> reseller;
 };
 } // namespace plothost

@@ -1,6 +1,8 @@
 #include "plothost/windows/Printers.h"
 
+#include "host/FilePath.h"
 #include "plothost/CloseName.h"
+#include "plothost/Paths.h"
 #include "plothost/Printable.h"
 #include "win32/Handles.h"
 #include "win32/PrinterQueries.h"
@@ -38,6 +40,22 @@ std::vector<ListReport::Printer> installedPrinterList()
             std::any_of(list.begin(), list.end(), [&name](const auto& printer) { return printer.name == name; });
         if (!name.isEmpty() && !listed)
             list.push_back({name, textOrEmpty(installed.driver), textOrEmpty(installed.port), name == defaultName});
+    }
+    return list;
+}
+
+ListReport plotterList(const OdString& searchPath, std::vector<OdString>& unreadable)
+{
+    ListReport list;
+    list.printers = installedPrinterList();
+    list.folders = FilePath::GetPaths(searchPath);
+    for (const OdString& folder : list.folders)
+    {
+        const auto found = configurationsIn(folder);
+        if (found)
+            list.configurations.insert(list.configurations.end(), found->begin(), found->end());
+        else
+            unreadable.push_back(folder);
     }
     return list;
 }

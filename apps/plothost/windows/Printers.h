@@ -12,6 +12,10 @@ namespace plothost
 // The printers of this machine in the system's order, each once.
 std::vector<ListReport::Printer> installedPrinterList();
 
+// What can be plotted on: the printers, and the configurations of the search path. unreadable gets the folders that
+// cannot be read.
+ListReport plotterList(const OdString& searchPath, std::vector<OdString>& unreadable);
+
 InstalledDrivers installedDrivers();
 
 // 0 when the printer opens, otherwise what the system answered.

@@ -6,6 +6,7 @@
 #include "host/GmLanguageTag.h"
 #include "host/GmModuleLoader.h"
 #include "kernel/OdRxModule.h"
+#include "pia_tree/FileAccess.h"
 #include "plothost/Paths.h"
 #include "plothost/Printable.h"
 
@@ -19,6 +20,7 @@ namespace plothost
 namespace
 {
 const OdChar* const moduleName = OD_T("GarmPC3Editor.grx");
+const OdChar* const settingsName = OD_T("plothost.ini");
 const OdChar* const searchPathVariable = OD_T("PLOTHOST_SEARCH_PATH");
 const OdChar* const defaultLanguage = OD_T("en");
 
@@ -77,6 +79,26 @@ Session::~Session()
     OdString ignored; // the process ends anyway
     if (m_module)
         GmModuleLoader::unload(m_module, ignored);
+}
+
+bool Session::readSettings(std::string& whyNot) const
+{
+    const OdString file = m_request.settings ? absolutePath(*m_request.settings)
+                                             : CGarmPath::join(programFolder(), OdString(settingsName));
+    if (m_request.settings || isFile(file))
+    {
+        pia::ByteBuffer bytes;
+        const char* const reason = pia::readFile(file.c_str(), bytes);
+        const ResellerSettings read = reason ? ResellerSettings{reason, {}} : parseResellerSettings(bytes.view());
+        if (!read.problem.empty())
+        {
+            whyNot = "the settings file '" + printable(file) + "' cannot be used: " + read.problem;
+            return false;
+        }
+        storeResellerSettings(read.settings);
+    }
+    storeResellerSettings(m_request.reseller);
+    return true;
 }
 
 bool Session::loadModule(std::string& whyNot, std::string& notes)

@@ -18,6 +18,10 @@ public:
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
+    // Fills the reseller data store from the settings. False with the reason, one line of UTF-8 without line end, when
+    // the settings file cannot be read or understood; without --settings it need not be there.
+    bool readSettings(std::string& whyNot) const;
+
     // False with the reason, one line of UTF-8 without line end, when the module cannot be loaded. notes gets what the
     // user should know although it is no failure, one line without line end, "" when there is nothing.
     bool loadModule(std::string& whyNot, std::string& notes);

@@ -3,6 +3,7 @@
 #include "plothost/EditQuery.h"
 #include "plothost/Paths.h"
 #include "plothost/windows/Answers.h"
+#include "plothost/windows/Display.h"
 #include "plothost/windows/Reasons.h"
 
 namespace plothost
@@ -17,6 +18,9 @@ ExitStatus runEdit(const Request& request, const OdString& searchPath)
     if (request.isPrinter && !request.paper.isEmpty())
         note("a printer's new configuration starts with the driver's own paper; --paper changes nothing");
 
+    // The editor would answer as if the user had cancelled it.
+    if (!canShowWindows())
+        return answerNo(noDisplay);
     const EditAnswer answer = edit(question);
     if (!answer.problem.empty())
         return answerNo(answer.problem);

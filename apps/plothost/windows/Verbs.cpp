@@ -1,7 +1,6 @@
 #include "plothost/windows/Verbs.h"
 
 #include "GarmPC3Editor/GmPlotCfg3.h"
-#include "host/FilePath.h"
 #include "kernel/OdEdCommandStack.h"
 #include "pia_tree/CPIAParser.h"
 #include "plothost/Paths.h"
@@ -31,17 +30,10 @@ OdString storedPrinter(const OdString& path)
 
 ExitStatus runList(const Request& request, const OdString& searchPath)
 {
-    ListReport report;
-    report.printers = installedPrinterList();
-    report.folders = FilePath::GetPaths(searchPath);
-    for (const OdString& folder : report.folders)
-    {
-        const auto found = configurationsIn(folder);
-        if (found)
-            report.configurations.insert(report.configurations.end(), found->begin(), found->end());
-        else
-            note("the folder '" + printable(folder) + "' cannot be read");
-    }
+    std::vector<OdString> unreadable;
+    const ListReport report = plotterList(searchPath, unreadable);
+    for (const OdString& folder : unreadable)
+        note("the folder '" + printable(folder) + "' cannot be read");
     return answerYes(request.json ? jsonOf(report) : textOf(report));
 }
 

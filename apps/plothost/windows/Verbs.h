@@ -12,4 +12,5 @@ ExitStatus runEdit(const Request& request, const OdString& searchPath);
 ExitStatus runCreate(const Request& request);
 ExitStatus runShow(const Request& request, const OdString& searchPath);
 ExitStatus runCommands();
+ExitStatus runPlot(const OdString& searchPath);
 } // namespace plothost

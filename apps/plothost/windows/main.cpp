@@ -29,9 +29,11 @@ ExitStatus run(const Request& request, const OdString& searchPath)
     case Verb::show:
         return runShow(request, searchPath);
     case Verb::commands:
+        return runCommands();
+    case Verb::plot:
         break;
     }
-    return runCommands();
+    return runPlot(searchPath);
 }
 
 ExitStatus answer(const std::vector<OdString>& arguments)
@@ -45,6 +47,8 @@ ExitStatus answer(const std::vector<OdString>& arguments)
     Session session(*parsed.request);
     std::string whyNot;
     std::string notes;
+    if (!session.readSettings(whyNot))
+        return answerNo(whyNot);
     const bool loaded = session.loadModule(whyNot, notes);
     if (!notes.empty())
         note(notes);

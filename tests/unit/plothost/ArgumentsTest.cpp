@@ -125,18 +125,51 @@ TEST(PlothostArguments, aNameWithADashGoesBehindTwoDashes)
         << "what follows an option is its value";
 }
 
-TEST(PlothostArguments, withoutACommandTheHelpIsPrinted)
+TEST(PlothostArguments, helpNamesCommandsAndOptions)
 {
-    for (const auto& line : std::vector<std::vector<OdString>>{{}, {OD_T("--help")}, {OD_T("-h")}})
+    for (const auto& line : std::vector<std::vector<OdString>>{{OD_T("--help")}, {OD_T("-h")}})
     {
         const ParsedArguments parsed = parse(line);
         EXPECT_FALSE(parsed.request.has_value());
         EXPECT_EQ(parsed.status, exitYes);
         EXPECT_EQ(parsed.error, "");
-        for (const char* word : {"list", "devmode", "edit", "create", "show", "commands", "--search-path", "--language",
-                                 "--module", "--help", "--version", "PLOTHOST_SEARCH_PATH", "Exit status"})
+        for (const char* word : {"plot",           "list",
+                                 "devmode",        "edit",
+                                 "create",         "show",
+                                 "commands",       "--search-path",
+                                 "--language",     "--module",
+                                 "--settings",     "--reseller",
+                                 "PDFPRINTERNAME", "JPGPRINTERNAME",
+                                 "plothost.ini",   "--help",
+                                 "--version",      "PLOTHOST_SEARCH_PATH",
+                                 "Exit status",    "Without a command the Plot dialog opens"})
             EXPECT_THAT(parsed.output, HasSubstr(word));
     }
+}
+
+TEST(PlothostArguments, withoutACommandThePlotDialogIsMeant)
+{
+    EXPECT_EQ(understood({}).verb, Verb::plot);
+    EXPECT_EQ(understood({OD_T("plot")}).verb, Verb::plot);
+    const Request request = understood({OD_T("--language"), OD_T("de")});
+    EXPECT_EQ(request.verb, Verb::plot);
+    EXPECT_EQ(request.language, OdString(OD_T("de")));
+    EXPECT_THAT(refused({OD_T("plot"), OD_T("x")}), HasSubstr("unexpected argument 'x'"));
+}
+
+TEST(PlothostArguments, resellerSettingsStandSeveralTimes)
+{
+    const Request request = understood({OD_T("--reseller"), OD_T("PDFPRINTERNAME=Acme PDF"), OD_T("list"),
+                                        OD_T("--reseller=a=b=c"), OD_T("--settings"), OD_T("host.ini")});
+    EXPECT_EQ(request.verb, Verb::list) << "one argument belongs to each option";
+    EXPECT_EQ(request.reseller,
+              (std::vector<ResellerSetting>{{OD_T("PDFPRINTERNAME"), OD_T("Acme PDF")}, {OD_T("a"), OD_T("b=c")}}));
+    EXPECT_EQ(request.settings, OdString(OD_T("host.ini")));
+    EXPECT_FALSE(understood({OD_T("list")}).settings.has_value());
+    EXPECT_TRUE(understood({OD_T("list")}).reseller.empty());
+    for (const OdChar* text : {OD_T("PDFPRINTERNAME"), OD_T("=x"), OD_T("k=")})
+        EXPECT_THAT(refused({OD_T("list"), OD_T("--reseller"), text}),
+                    HasSubstr("--reseller needs KEY=VALUE: '" + odToUtf8(text) + "'"));
 }
 
 TEST(PlothostArguments, eachCommandHasItsHelp)
@@ -207,7 +240,8 @@ TEST(PlothostArguments, missingAndSuperfluousArguments)
 
 TEST(PlothostArguments, anOptionWithoutItsValueIsNamed)
 {
-    for (const OdChar* option : {OD_T("--search-path"), OD_T("--language"), OD_T("--module")})
+    for (const OdChar* option :
+         {OD_T("--search-path"), OD_T("--language"), OD_T("--module"), OD_T("--settings"), OD_T("--reseller")})
     {
         EXPECT_THAT(refused({OD_T("list"), option}), HasSubstr(odToUtf8(option) + " needs a value"));
         EXPECT_THAT(refused({OdString(option) + OD_T("="), OD_T("list")}),

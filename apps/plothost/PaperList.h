@@ -1,0 +1,25 @@
+#pragma once
+
+#include "kernel/OdString.h"
+#include "plothost/DriverQuestions.h"
+
+#include <optional>
+#include <span>
+#include <vector>
+
+// The host's paper list, which the dialog of the product family's own printers takes over.
+namespace plothost
+{
+// The paper whose size the user types; a literal that is the same in every language.
+inline constexpr const OdChar* customPaper = OD_T("Custom");
+
+// The driver's papers in its order, after them "Custom". A paper of the configuration's own that is not among them
+// comes first, so that editing does not change it unasked.
+std::vector<OdString> paperList(const std::vector<DriverPaper>& driversPapers, const OdString& ownPaper);
+
+// The first paper of exactly that name, else of that name without regard to case; nothing when there is none.
+std::optional<std::size_t> paperNamed(const std::vector<OdString>& papers, const OdString& name);
+
+// The name of the first paper with the code of a DEVMODE; "" when there is none.
+OdString paperOf(std::span<const BYTE> devMode, const std::vector<DriverPaper>& driversPapers);
+} // namespace plothost

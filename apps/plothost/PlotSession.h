@@ -1,0 +1,87 @@
+#pragma once
+
+#include "plothost/DetailRows.h"
+#include "plothost/DriverQuestions.h"
+#include "plothost/EditQuery.h"
+#include "plothost/PlotDevices.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace plothost
+{
+// The world around the Plot dialog, as far as its decisions need it.
+struct PlotSurroundings
+{
+    std::function<ListReport()> list;
+    std::function<std::vector<DriverPaper>(const OdString& printer)> papers;
+    std::function<std::vector<BYTE>(const OdString& printer)> defaults;
+    std::function<std::string(const OdString& deviceName)> whyNoPrinter;
+    std::function<std::string(const EditQuestion& question)> whyNotEdited;
+    std::function<void()> resetDrivers;
+    // Starts the check of a device in the background; its answer goes to PlotSession::answer together with the
+    // question's number. "" or why it was not started.
+    std::function<std::string(const OdString& deviceName, unsigned question)> startCheck;
+};
+
+// What stands in the controls that the user, and the module's dialogs, may change.
+struct PlotControls
+{
+    OdString paper; // "" when none is selected
+    bool landscape = false;
+};
+
+// What the dialog shows.
+struct PlotView
+{
+    std::vector<PlotDevice> devices;
+    std::optional<std::size_t> device;
+    std::string state;
+    bool isKnown = false; // the rest is empty, or of an earlier device, until the chosen one has been looked at
+    std::vector<OdString> papers;
+    std::optional<std::size_t> paper;
+    bool landscape = false;
+    std::vector<DetailRow> details;
+};
+
+// What the Plot dialog decides. Its state is changed by the user's choices and by the answers of the background checks;
+// after each of these functions the dialog shows the view anew.
+class PlotSession
+{
+public:
+    explicit PlotSession(PlotSurroundings surroundings);
+
+    const PlotView& view() const noexcept { return m_view; }
+
+    // Another device: nothing is known about it until its check has answered. An index outside the list is none.
+    void choose(std::size_t index);
+
+    // The answer of a check. False, and nothing changes, when it belongs to an earlier question: checks end in any
+    // order, and the user may have chosen another device meanwhile.
+    bool answer(unsigned question, bool found);
+
+    // Runs the editor for the chosen device with the chosen paper and looks at everything again afterwards. controls
+    // tells what stands in the dialog, which the editor may change. "" or why the editor did not open, for the user.
+    std::string edit(const std::function<PlotControls()>& controls);
+
+    // The editor is open: answers wait for its end and nothing else can be chosen.
+    bool isEditing() const noexcept { return m_editing; }
+
+private:
+    void chooseAfterEdit(const PlotDevice& before, const EditAnswer& answer);
+    void check();
+    void show(const PlotDevice& device, bool found);
+    void keepFromEditor(const PlotControls& before, const PlotControls& after, const EditAnswer& answer);
+
+    PlotSurroundings m_surroundings;
+    PlotView m_view;
+    unsigned m_question = 0; // 0: none is open
+    unsigned m_lastQuestion = 0;
+    bool m_editing = false;
+    // What stays in the controls when the chosen device is read again.
+    OdString m_keptPaper;
+    std::optional<bool> m_keptLandscape;
+};
+} // namespace plothost

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <functional>
+#include <list>
+#include <windows.h>
+
+namespace plothost
+{
+// Where the answers of background checks arrive: one hidden window for each question, so that an answer tells which
+// question it belongs to. A window stays until its answer has come, also when nobody waits for it any more: were it
+// destroyed earlier, the system might give its number to the window of a later question.
+class CheckWindows
+{
+public:
+    using Answered = std::function<void(unsigned question, bool found)>;
+
+    // answered is called from the message loop of the thread that made this, once for each question.
+    explicit CheckWindows(Answered answered);
+    ~CheckWindows();
+    CheckWindows(const CheckWindows&) = delete;
+    CheckWindows& operator=(const CheckWindows&) = delete;
+
+    // A window for one question; null when the system gives none.
+    HWND open(unsigned question);
+
+    // For a question that was not asked after all.
+    void close(HWND window);
+
+private:
+    struct Window
+    {
+        CheckWindows* owner = nullptr;
+        HWND handle = nullptr;
+        unsigned question = 0;
+    };
+
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second);
+
+    Answered m_answered;
+    std::list<Window> m_windows; // their addresses are what the windows know
+};
+} // namespace plothost
