@@ -11,6 +11,7 @@
 #include "mfc/CDialog.h"
 #include "mfc/CEdit.h"
 #include "mfc/CException.h"
+#include "mfc/CFileDialog.h"
 #include "mfc/CImageList.h"
 #include "mfc/CInvalidArgException.h"
 #include "mfc/CPaintDC.h"

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "mfc/CString.h"
+#include "mfc/CWnd.h"
+
+#include <commdlg.h>
+#include <vector>
+
+// The system's dialog for the name of a file to open or to save. It is the newer one where there is one, else, and for
+// bVistaStyle FALSE, the older one.
+//
+//     CFileDialog dialog(FALSE, L"pc3", path, OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT, filter, this);
+//     dialog.m_ofn.lpstrInitialDir = folder;
+//     if (dialog.DoModal() == IDOK)
+//         ... dialog.GetPathName() ...
+class CFileDialog
+{
+public:
+    // defaultExtension: without a dot, added to a name that has none of the filter's. fileName: what stands in the name
+    // field, with a folder in front where the dialog is to start. filter: pairs of text and pattern, each followed by
+    // "|", with one more "|" at the end. All may be null.
+    explicit CFileDialog(BOOL bOpenFileDialog, LPCWSTR defaultExtension = nullptr, LPCWSTR fileName = nullptr,
+                         DWORD flags = OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT, LPCWSTR filter = nullptr,
+                         CWnd* pParentWnd = nullptr, DWORD size = 0, BOOL bVistaStyle = TRUE);
+    CFileDialog(const CFileDialog&) = delete;
+    CFileDialog& operator=(const CFileDialog&) = delete;
+    virtual ~CFileDialog() = default;
+
+    // lpstrInitialDir, lpstrTitle and nFilterIndex may be set before DoModal. What they point to must outlive it. A
+    // folder of the file name's own counts before the initial one.
+    OPENFILENAMEW m_ofn = {};
+
+    // IDOK when the user chose a name, else IDCANCEL. While it is open the owner is disabled: the parent's top-level
+    // window, without a parent the one in front. Throws on what a handler of any window threw meanwhile.
+    virtual INT_PTR DoModal();
+
+    // What was chosen; before that the name given at construction.
+    CString GetPathName() const { return m_path; }
+    // Without the folder.
+    CString GetFileName() const;
+
+private:
+    INT_PTR runShellDialog(HWND owner, bool& shown);
+    INT_PTR runCommonDialog(HWND owner);
+
+    BOOL m_bOpenFileDialog;
+    BOOL m_bVistaStyle;
+    CString m_defaultExtension;
+    CString m_path;
+    std::vector<CString> m_filter; // text, pattern, text, pattern, ...
+    CWnd* m_pParentWnd;
+};
