@@ -30,10 +30,13 @@ class B(unittest.TestCase):
 
 
 class UnittestRunTest(unittest.TestCase):
+    def setUp(self):
+        self.said = []
+
     def test_only_what_ran_and_held_is_passed(self):
         with tempfile.TemporaryDirectory() as folder:
             Path(folder, "SomeTest.py").write_text(TESTS)
-            result = unittestrun.run(folder, [])
+            result = unittestrun.run(folder, [], self.said.append)
         self.assertEqual(result.passed, 1)
         named = " ".join(name for name, _ in result.failures)
         for name in ("test_bad", "test_broken", "test_skipped", "test_expected", "test_parts", "setUpClass"):
@@ -41,15 +44,16 @@ class UnittestRunTest(unittest.TestCase):
         # Two of the three parts differ; every other failure is one.
         self.assertEqual(len(result.failures), 7)
         self.assertIn("the reason", " ".join(text for _, text in result.failures))
+        self.assertEqual(len(self.said), 7, "a failure is said at once, a success is not")
 
     def test_no_tests_is_a_failure(self):
         with tempfile.TemporaryDirectory() as folder:
-            self.assertEqual(len(unittestrun.run(folder, []).failures), 1)
+            self.assertEqual(len(unittestrun.run(folder, [], self.said.append).failures), 1)
 
     def test_a_file_that_cannot_be_read_is_a_failure(self):
         with tempfile.TemporaryDirectory() as folder:
             Path(folder, "BrokenTest.py").write_text("import no_such_module_of_ours\n")
-            self.assertEqual(len(unittestrun.run(folder, []).failures), 1)
+            self.assertEqual(len(unittestrun.run(folder, [], self.said.append).failures), 1)
 
 
 class StopTest(unittest.TestCase):

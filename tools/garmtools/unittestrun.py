@@ -7,15 +7,18 @@ import sys
 import time
 import unittest
 
-from .processes import run_main
+from .processes import run_main, say
 from .results import Result, report
 
 
 class _Counting(unittest.TestResult):
-    """Says each case as it ends, so that a slow one has a name."""
+    """Counts the cases; says which failed, as soon as they do, and which were slow."""
 
-    def __init__(self):
+    SLOW = 5.0
+
+    def __init__(self, say):
         super().__init__()
+        self._say = say
         self.result = Result()
         self._began = 0.0
 
@@ -26,7 +29,6 @@ class _Counting(unittest.TestResult):
     def addSuccess(self, test):
         super().addSuccess(test)
         self.result.passed += 1
-        self._say(test, "ok")
 
     def addFailure(self, test, err):
         super().addFailure(test, err)
@@ -53,21 +55,24 @@ class _Counting(unittest.TestResult):
         super().addExpectedFailure(test, err)
         self._failed(test, "is marked as expected to fail")
 
+    def stopTest(self, test):
+        super().stopTest(test)
+        seconds = time.monotonic() - self._began
+        if seconds > self.SLOW:
+            self._say(f"  {test.id()} took {seconds:.0f} s")
+
     def _failed(self, test, text):
         self.result.fail(str(test), text)
-        self._say(test, "FAILED")
-
-    def _say(self, test, outcome):
-        print(f"  {test}: {outcome} ({time.monotonic() - self._began:.1f} s)", file=sys.stderr, flush=True)
+        self._say(f"  {test.id()} FAILED")
 
 
-def run(folder, names):
+def run(folder, names, tell=say):
     """Runs the tests of the folder, or the named ones of them."""
     if folder not in sys.path:
         sys.path.insert(0, folder)
     loader = unittest.TestLoader()
     suite = loader.loadTestsFromNames(names) if names else loader.discover(folder, "*Test.py", folder)
-    counting = _Counting()
+    counting = _Counting(tell)
     suite.run(counting)
     if counting.testsRun == 0 and not counting.result.failures:
         counting.result.fail(folder, "has no tests")
