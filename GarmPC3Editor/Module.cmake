@@ -32,7 +32,7 @@ target_link_libraries(gm_dialog_objects PUBLIC garm_options)
 
 add_library(GarmPC3Editor SHARED
     $<TARGET_OBJECTS:gm_module_objects> $<TARGET_OBJECTS:gm_dialog_objects> $<TARGET_OBJECTS:gm_model_objects>)
-target_link_libraries(GarmPC3Editor PRIVATE mfc_subset comdlg32 pia_tree host_services od_win32 od_kernel garm_options)
+target_link_libraries(GarmPC3Editor PRIVATE mfc_subset pia_tree host_services od_win32 od_kernel garm_options)
 set_target_properties(GarmPC3Editor PROPERTIES PREFIX "" SUFFIX .grx IMPORT_PREFIX "" IMPORT_SUFFIX .unused.a)
 # What is marked for export, and nothing of the libraries linked in. The definition file is a by-product that the
 # delay-import library is made of.

@@ -6,32 +6,6 @@
 #include "kernel/OdError.h"
 #include "resources/Resource.h"
 
-#include <commdlg.h>
-
-#include <algorithm>
-
-namespace
-{
-// Empty when the user thought better of it.
-CString askSavePath(const CWnd& owner, const CString& path, const CString& folder, CString filter)
-{
-    WCHAR file[32768] = {};
-    if (path.GetLength() < 32768)
-        std::copy_n(path.GetString(), path.GetLength(), file);
-    filter.Replace(L'|', L'\0');
-    OPENFILENAMEW request = {};
-    request.lStructSize = sizeof(request);
-    request.hwndOwner = owner;
-    request.lpstrFilter = filter;
-    request.lpstrFile = file;
-    request.nMaxFile = 32768;
-    request.lpstrInitialDir = folder.IsEmpty() ? nullptr : folder.GetString();
-    request.lpstrDefExt = L"pc3";
-    request.Flags = OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT | OFN_EXPLORER | OFN_NOCHANGEDIR;
-    return ::GetSaveFileNameW(&request) ? CString(file) : CString();
-}
-} // namespace
-
 // The caption is replaced before anybody sees it.
 GmPCfgDlg::GmPCfgDlg() : CPropertySheet(L"Caption", nullptr, 0)
 {
@@ -73,11 +47,14 @@ void GmPCfgDlg::updateCaption()
 void GmPCfgDlg::saveAs()
 {
     const GmTexts texts = languageTexts();
-    const CString path =
-        askSavePath(*this, m_path, m_path.IsEmpty() ? m_initialDir : CString(), texts(IDS_SAVE_FILTER));
-    if (path.IsEmpty())
+    CFileDialog dialog(FALSE, L"pc3", m_path, OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT, texts(IDS_SAVE_FILTER).c_str(),
+                       this, 0, TRUE);
+    if (m_path.IsEmpty())
+        dialog.m_ofn.lpstrInitialDir = m_initialDir;
+    if (dialog.DoModal() != IDOK)
         return;
 
+    const CString path = dialog.GetPathName();
     if (!cfg().write(path.toOdString()))
     {
         CString title;

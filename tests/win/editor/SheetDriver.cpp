@@ -58,6 +58,9 @@ BOOL CALLBACK lookAtControl(HWND window, LPARAM param)
 
 HWND findControl(HWND window, int id)
 {
+    // The window's own first: a list of files inside has the number of OK.
+    if (const HWND own = ::GetDlgItem(window, id); own && ::IsWindowVisible(own))
+        return own;
     Search search{id};
     ::EnumChildWindows(window, &lookAtControl, reinterpret_cast<LPARAM>(&search));
     return search.visible ? search.visible : search.any;

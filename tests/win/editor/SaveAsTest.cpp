@@ -1,0 +1,174 @@
+#include "tests/win/editor/EditorSheet.h"
+#include "tests/win/editor/EditorTest.h"
+
+#include "resources/Resource.h"
+
+namespace
+{
+// The field for the name in the system's two kinds of dialog.
+constexpr int newerNameField = 1152;
+constexpr int olderNameField = 1148;
+
+HWND fileNameEdit(SheetDriver& user, HWND dialog)
+{
+    return user.control(dialog, ::GetDlgItem(dialog, olderNameField) ? olderNameField : newerNameField);
+}
+
+class SaveAsTest : public EditorTest
+{
+protected:
+    SaveAsTest() { m_cfg->m_meta.m_config_description = L"saved"; }
+
+    // Opens the dialog from the second tab, as a person does, and gives its window.
+    static HWND openSaveAs(SheetDriver& user, HWND sheet)
+    {
+        user.selectTab(sheet, 1);
+        user.press(sheet, IDC_SAVE_AS);
+        return user.awaitWindow();
+    }
+
+    static void saveAs(SheetDriver& user, HWND sheet, const OdString& path)
+    {
+        const HWND dialog = openSaveAs(user, sheet);
+        user.send(fileNameEdit(user, dialog), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
+        user.press(dialog, IDOK);
+        user.awaitClosed(dialog);
+    }
+
+    std::wstring caption(const wchar_t* title) const { return libraryText(IDS_SHEET_TITLE, {OdString(title)}); }
+
+    OdSharedPtr<GmPlotCfg3> m_cfg = newConfiguration();
+    EditorSheet m_sheet;
+};
+
+TEST_F(SaveAsTest, WritesTheFileAndTakesItsName)
+{
+    m_sheet.setConfig(m_cfg, m_folder.at("old.pc3"), L"");
+    m_sheet.m_modified = true;
+    const OdString path = m_folder.at("new.pc3");
+    m_sheet.show(
+        [&](SheetDriver& user, HWND sheet)
+        {
+            saveAs(user, sheet, path);
+            user.settle();
+            EXPECT_EQ(user.text(sheet), caption(L"new.pc3"));
+            EXPECT_EQ(user.textOf(sheet, IDC_FILE_NAME), L"new.pc3");
+            user.press(sheet, IDCANCEL);
+        });
+    EXPECT_TRUE(m_sheet.m_saved);
+    EXPECT_TRUE(m_sheet.m_modified) << "what was saved is saved again under the name that is confirmed";
+    EXPECT_FALSE(m_sheet.m_replaced);
+    EXPECT_EQ(m_sheet.m_path, path.c_str());
+    const OdSharedPtr<GmPlotCfg3> written = read("new.pc3");
+    ASSERT_TRUE(written);
+    EXPECT_EQ(written->m_meta.m_config_description, L"saved");
+    EXPECT_EQ(m_folder.names(), std::set<std::string>{"new.pc3"});
+}
+
+TEST_F(SaveAsTest, TheExtensionIsAddedByTheDialog)
+{
+    m_sheet.setConfig(m_cfg, L"", m_folder.path());
+    m_sheet.show(
+        [&](SheetDriver& user, HWND sheet)
+        {
+            saveAs(user, sheet, m_folder.at("plain"));
+            user.settle();
+            user.press(sheet, IDCANCEL);
+        });
+    EXPECT_EQ(m_folder.names(), std::set<std::string>{"plain.pc3"});
+}
+
+TEST_F(SaveAsTest, ANewConfigurationStartsInTheInitialFolderWithoutAName)
+{
+    m_sheet.setConfig(m_cfg, L"", m_folder.path());
+    m_sheet.show(
+        [&](SheetDriver& user, HWND sheet)
+        {
+            const HWND dialog = openSaveAs(user, sheet);
+            EXPECT_EQ(user.text(fileNameEdit(user, dialog)), L"");
+            user.send(fileNameEdit(user, dialog), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"bare.pc3"));
+            user.press(dialog, IDOK);
+            user.awaitClosed(dialog);
+            user.settle();
+            user.press(sheet, IDCANCEL);
+        });
+    EXPECT_EQ(m_sheet.m_path, m_folder.at("bare.pc3").c_str());
+    EXPECT_EQ(m_folder.names(), std::set<std::string>{"bare.pc3"});
+}
+
+TEST_F(SaveAsTest, CancellingChangesNothing)
+{
+    m_sheet.setConfig(m_cfg, m_folder.at("old.pc3"), L"");
+    m_sheet.show(
+        [&](SheetDriver& user, HWND sheet)
+        {
+            const HWND dialog = openSaveAs(user, sheet);
+            EXPECT_EQ(user.text(fileNameEdit(user, dialog)), L"old.pc3");
+            EXPECT_FALSE(::IsWindowEnabled(sheet)) << "the sheet is not its owner";
+            user.press(dialog, IDCANCEL);
+            user.awaitClosed(dialog);
+            user.settle();
+            EXPECT_EQ(user.text(sheet), caption(L"old.pc3"));
+            user.press(sheet, IDCANCEL);
+        });
+    EXPECT_FALSE(m_sheet.m_saved);
+    EXPECT_EQ(m_sheet.m_path, m_folder.at("old.pc3").c_str());
+    EXPECT_TRUE(m_folder.names().empty());
+}
+
+TEST_F(SaveAsTest, AFailureIsToldAndLeavesTitleAndPath)
+{
+    m_sheet.setConfig(m_cfg, m_folder.at("old.pc3"), L"");
+    const OdString target = m_folder.addFile("locked.pc3", "not ours");
+    ::SetFileAttributesW(target.c_str(), FILE_ATTRIBUTE_READONLY);
+    m_sheet.show(
+        [&](SheetDriver& user, HWND sheet)
+        {
+            const HWND dialog = openSaveAs(user, sheet);
+            user.send(fileNameEdit(user, dialog), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(target.c_str()));
+            user.press(dialog, IDOK);
+            // Whether to replace the file; the dialog is the one that asks.
+            const HWND question = user.awaitWindow();
+            user.answer(question, IDYES);
+            user.awaitClosed(dialog);
+
+            const HWND box = user.awaitWindow();
+            const BoxTexts told = user.read(box);
+            EXPECT_EQ(told.text, libraryText(IDS_SAVE_FAILED));
+            EXPECT_EQ(told.caption, caption(L"old.pc3"));
+            EXPECT_EQ(told.buttons, std::vector<int>{IDOK});
+            EXPECT_EQ(told.icon, ::LoadIconW(nullptr, IDI_EXCLAMATION));
+            EXPECT_EQ(told.owner, sheet);
+            user.answer(box, IDOK);
+            user.settle();
+            EXPECT_EQ(user.text(sheet), caption(L"old.pc3"));
+            EXPECT_EQ(user.textOf(sheet, IDC_FILE_NAME), L"old.pc3");
+            user.press(sheet, IDCANCEL);
+        });
+    EXPECT_FALSE(m_sheet.m_saved);
+    EXPECT_EQ(m_sheet.m_path, m_folder.at("old.pc3").c_str());
+    ::SetFileAttributesW(target.c_str(), FILE_ATTRIBUTE_NORMAL);
+    EXPECT_EQ(m_folder.bytesOf("locked.pc3"), "not ours");
+}
+
+TEST_F(SaveAsTest, NoLabelOfTheTreeIsWrittenAnew)
+{
+    m_sheet.setConfig(m_cfg, m_folder.at("old.pc3"), L"");
+    m_sheet.show(
+        [&](SheetDriver& user, HWND sheet)
+        {
+            saveAs(user, sheet, m_folder.at("new.pc3"));
+            user.settle();
+            const HWND tree = user.control(sheet, IDC_TREE);
+            wchar_t text[128] = {};
+            TVITEMW item = {};
+            item.mask = TVIF_TEXT;
+            item.hItem = reinterpret_cast<HTREEITEM>(user.send(tree, TVM_GETNEXTITEM, TVGN_ROOT));
+            item.pszText = text;
+            item.cchTextMax = 128;
+            user.send(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+            EXPECT_EQ(std::wstring(text), L"old.pc3");
+            user.press(sheet, IDCANCEL);
+        });
+}
+} // namespace
