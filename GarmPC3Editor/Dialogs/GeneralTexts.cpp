@@ -1,5 +1,6 @@
 #include "GarmPC3Editor/Dialogs/GeneralTexts.h"
 
+#include "GarmPC3Editor/AnswerOnThrow.h"
 #include "GarmPC3Editor/GmPrnHelper.h"
 #include "host/CGarmPath.h"
 #include "resources/Resource.h"
@@ -49,8 +50,13 @@ std::vector<OdString> printerNames(const std::function<bool()>& underWine)
                                 PRINTER_ENUM_CONNECTIONS | PRINTER_ENUM_SHARED | PRINTER_ENUM_NETWORK};
     std::vector<OdString> names;
     for (const DWORD flags : passes)
-        for (const InstalledPrinter& printer : installedPrinters(flags, underWine() ? 5 : 1))
+    {
+        const DWORD level = underWine() ? 5 : 1;
+        // Print providers are other people's code: one that throws has nothing to add either.
+        for (const InstalledPrinter& printer :
+             answerOnThrow(std::vector<InstalledPrinter>(), [&] { return installedPrinters(flags, level); }))
             if (printer.name)
                 names.emplace_back(OdStringView(*printer.name));
+    }
     return names;
 }

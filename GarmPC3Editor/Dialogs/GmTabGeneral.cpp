@@ -60,6 +60,8 @@ void GmTabGeneral::DoDataExchange(CDataExchange* pDX)
 BOOL GmTabGeneral::OnInitDialog()
 {
     CPropertyPage::OnInitDialog();
+    // Files may hold longer descriptions than can be typed by default.
+    m_descriptionEdit.LimitText();
     showDriverIcon();
     fillPrinters();
     selectPrinter();

@@ -102,3 +102,40 @@ TEST_F(GeneralTexts, aRefusedPassAndANamelessPrinterAddNothing)
     room.refuse(Call::enumPrinters);
     EXPECT_TRUE(printerNames(noWine).empty());
 }
+
+TEST_F(GeneralTexts, aPassThatFailsOrThrowsAddsNothingAndTheOtherIsAsked)
+{
+    room.allowNetworkPass();
+    room.add({.name = OD_T("A")});
+    room.add({.name = OD_T("Net"), .connection = true});
+    const std::vector<OdString> all = {OD_T("A"), OD_T("Net")};
+    for (const Sabotage sabotage : {&PrinterRoom::failNth, &PrinterRoom::throwNth})
+    {
+        std::vector<std::vector<OdString>> seen;
+        const int spoiled = spoilEachCall(
+            room, sabotage, [] { return printerNames([] { return false; }); },
+            [&](const std::vector<OdString>& names, bool wasSpoiled)
+            {
+                EXPECT_EQ(names == all, !wasSpoiled);
+                seen.push_back(names);
+            });
+        ASSERT_EQ(spoiled, 4);
+        const std::vector<OdString> first = {OD_T("A")};
+        const std::vector<OdString> second = {OD_T("Net")};
+        EXPECT_EQ(seen, (std::vector<std::vector<OdString>>{second, second, first, first, all}));
+    }
+}
+
+TEST_F(GeneralTexts, thePortLineOfAPrinterThatFailsOrThrowsIsTheLeadingText)
+{
+    room.add({.name = OD_T("Plotter A"), .port = OD_T("LPT1:")});
+    cfg.m_meta.m_win_device_name = OD_T("Plotter A");
+    for (const Sabotage sabotage : {&PrinterRoom::failNth, &PrinterRoom::throwNth})
+    {
+        const int spoiled = spoilEachCall(
+            room, sabotage, [this] { return port(); },
+            [](const OdString& line, bool)
+            { EXPECT_TRUE(line == OD_T("[213]") || line == OD_T("[213]LPT1:")) << line; });
+        EXPECT_GT(spoiled, 1);
+    }
+}

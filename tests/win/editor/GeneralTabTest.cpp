@@ -417,6 +417,39 @@ TEST_F(GeneralTabTest, EscapeIsHandledWhereverOnTheTabItArrives)
     }
 }
 
+TEST_F(GeneralTabTest, WhatIsOddInADescriptionStaysAsItIs)
+{
+    for (const wchar_t* text : {L"a\nb", L"\r", L"a\r\r\nb", L"\x1\x2\x7F\t", L"\xD800 \xFFFF", L"  \r\n  ", L"&x"})
+    {
+        m_cfg->m_meta.m_config_description = text;
+        const INT_PTR result = show(
+            [&](SheetDriver& user, HWND sheet)
+            {
+                EXPECT_EQ(user.textOf(sheet, IDC_DESCRIPTION), text);
+                user.press(sheet, IDOK);
+            });
+        EXPECT_EQ(result, IDOK);
+        EXPECT_FALSE(m_sheet.m_modified);
+        EXPECT_EQ(m_cfg->m_meta.m_config_description, text);
+    }
+}
+
+TEST_F(GeneralTabTest, ALongDescriptionCanBeTypedOn)
+{
+    const std::wstring text(70000, L'x');
+    m_cfg->m_meta.m_config_description = text.c_str();
+    look(
+        [&](SheetDriver& user, HWND sheet)
+        {
+            const HWND edit = user.control(sheet, IDC_DESCRIPTION);
+            user.focusOn(edit);
+            user.send(edit, EM_SETSEL, text.size(), static_cast<LPARAM>(text.size()));
+            user.post(edit, WM_CHAR, L'y');
+            user.settle();
+            EXPECT_EQ(user.text(edit), text + L'y');
+        });
+}
+
 TEST_F(GeneralTabTest, ADescriptionOfAnyLengthComesAndGoes)
 {
     std::wstring text;
