@@ -67,6 +67,9 @@
 #define IDS_COMMAND_PC3EDIT 3000
 #define IDS_COMMAND_PC3GETDEVMODE 3002
 
+// What the window library says about a number field: its AFX_IDP_PARSE_REAL (0xF111)
+#define IDS_NO_NUMBER 61713
+
 // Icons
 #define IDI_SYSTEM_PRINTER 301
 #define IDI_MEDIA 302

@@ -1,5 +1,6 @@
 #include "tests/win/resources/LanguageLibrary.h"
 
+#include "mfc/AfxRes.h"
 #include "resources/Resource.h"
 
 #include <gtest/gtest.h>
@@ -24,6 +25,18 @@ TEST_P(LanguageLibrary, HoldsEveryString)
     EXPECT_EQ(stringOf(library.get(), IDS_COMMAND_PC3EDIT), L"PC3EDIT");
     EXPECT_EQ(stringOf(library.get(), IDS_COMMAND_PC3GETDEVMODE), L"PC3GETDEVMODE");
     EXPECT_FALSE(stringOf(library.get(), IDS_SAVE_FAILED).empty());
+}
+
+// Otherwise the window library says it in English.
+TEST_P(LanguageLibrary, HoldsTheWindowLibrarysMessage)
+{
+    static_assert(IDS_NO_NUMBER == AFX_IDP_PARSE_REAL);
+    const Library library = loadLanguage(GetParam());
+    const std::map<std::wstring_view, std::wstring_view> messages = {
+        {L"de", L"Bitte geben Sie eine Zahl ein."},
+        {L"en", L"Please enter a number."},
+        {L"ja", L"\u6570\u5024\u3092\u5165\u529B\u3057\u3066\u304F\u3060\u3055\u3044\u3002"}};
+    EXPECT_EQ(stringOf(library.get(), AFX_IDP_PARSE_REAL), messages.at(GetParam()));
 }
 
 TEST_P(LanguageLibrary, IsGoneWhenFreed)
