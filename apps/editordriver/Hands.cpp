@@ -191,6 +191,12 @@ void Hands::sendCommand(int id)
     m_ui.settle();
 }
 
+void Hands::postCommand(int id)
+{
+    ::PostMessageW(m_dialog, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), 0);
+    m_ui.settle();
+}
+
 void Hands::pressEscape()
 {
     GUITHREADINFO info = {};
@@ -252,9 +258,9 @@ void Hands::selectEntry(int type)
     ::SendMessageW(window, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(wanted));
 }
 
-std::wstring Hands::text(int id) const
+std::wstring Hands::textOf(HWND window)
 {
-    return windowText(control(id));
+    return windowText(window);
 }
 
 std::wstring Hands::title() const
@@ -296,6 +302,21 @@ bool Hands::isEnabled(int id) const
 {
     const HWND window = control(id);
     return ::IsWindowEnabled(window) && ::IsWindowEnabled(::GetParent(window));
+}
+
+std::vector<HWND> Hands::controls() const
+{
+    std::vector<HWND> found;
+    ::EnumChildWindows(
+        m_dialog,
+        [](HWND window, LPARAM parameter) -> BOOL
+        {
+            if (::IsWindowVisible(window))
+                reinterpret_cast<std::vector<HWND>*>(parameter)->push_back(window);
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&found));
+    return found;
 }
 
 int Hands::tab() const

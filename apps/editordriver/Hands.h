@@ -35,6 +35,7 @@ public:
 
     void click(int id);
     void sendCommand(int id); // as Escape or a program would: the dialog's own message, sent
+    void postCommand(int id); // the same, posted: for what opens another window
     void pressEscape();
     void type(int id, const std::wstring& text);     // in place of what is there
     void typeFileName(const std::wstring& fullPath); // into a Save dialog
@@ -43,7 +44,8 @@ public:
     void showTab(int index);
     void selectEntry(int type);
 
-    std::wstring text(int id) const;
+    std::wstring text(int id) const { return textOf(control(id)); }
+    static std::wstring textOf(HWND window);
     std::wstring title() const;
     std::wstring boxText() const; // of a message box
     std::vector<std::wstring> choices(int id) const;
@@ -52,6 +54,7 @@ public:
     static int valueOf(HWND control);
     bool isEnabled(int id) const;
     int tab() const;
+    std::vector<HWND> controls() const; // all that are to be seen
     std::vector<TreeEntry> entries() const;
 
 private:

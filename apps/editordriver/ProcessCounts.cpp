@@ -39,8 +39,9 @@ struct GdiEntry
     std::uint64_t object;
     std::uint16_t processId;
     std::uint16_t count;
-    std::uint16_t unique; // 0 for a free entry
-    std::uint16_t type;
+    std::uint16_t unique;
+    std::uint8_t type; // 0 for a free entry
+    std::uint8_t flags;
     std::uint64_t userPointer;
 };
 static_assert(sizeof(GdiEntry) == 24);
@@ -59,7 +60,7 @@ std::size_t usedGdiEntries()
     if (!table)
         throw std::runtime_error("the system has no table of GDI handles");
     return static_cast<std::size_t>(
-        std::count_if(table, table + gdiTableSize, [](const GdiEntry& entry) { return entry.unique != 0; }));
+        std::count_if(table, table + gdiTableSize, [](const GdiEntry& entry) { return entry.type != 0; }));
 }
 } // namespace
 

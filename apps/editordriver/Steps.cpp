@@ -59,10 +59,10 @@ Waiting
   dialog                  for a dialog in which one can work, other than the present one
   closed                  until the present dialog is gone
 Actions (the control must be visible and enabled)
-  click ID, send ID, escape, tab INDEX, entry TYPE, choose ID INDEX, slide ID POSITION
+  click ID, send ID, post ID, escape, tab INDEX, entry TYPE, choose ID INDEX, slide ID POSITION
   type ID TEXT, type-many ID COUNT TEXT, file-name PATH
 Questions
-  title, box, text ID, value ID, choices ID, enabled ID, present ID, which-tab, tree, owner-enabled, counts
+  title, box, text ID, value ID, choices ID, enabled ID, present ID, which-tab, tree, controls, owner-enabled, counts
   host-value ID           of the window that the editor is opened from
   picture NAME            writes NAME.bmp
 )";
@@ -107,6 +107,8 @@ bool Steps::runAction(const std::string& verb, std::string rest)
         m_hands.click(number());
     else if (verb == "send")
         m_hands.sendCommand(number());
+    else if (verb == "post")
+        m_hands.postCommand(number());
     else if (verb == "escape")
         m_hands.pressEscape();
     else if (verb == "tab")
@@ -157,6 +159,9 @@ bool Steps::runQuestion(const std::string& verb, std::string rest)
         tellFlag(m_hands.isEnabled(number()));
     else if (verb == "present")
         tellFlag(m_hands.hasControl(number()));
+    else if (verb == "controls")
+        for (const HWND control : m_hands.controls())
+            tell("control " + std::to_string(::GetDlgCtrlID(control)), oneLine(Hands::textOf(control)));
     else if (verb == "which-tab")
         tell(name, std::to_string(m_hands.tab()));
     else if (verb == "owner-enabled")
