@@ -1,0 +1,100 @@
+"""Configurations that nobody would write by hand, and many sessions in one process."""
+
+import unittest
+
+from editorcase import EditorCase, Script, ed
+from hostcase import WITH_MARGINS
+from pc3file import edit, read_text, write_plain
+
+EVERY_PAGE = tuple(ed.ENTRIES)
+
+
+class HostileConfigurationTest(EditorCase):
+    def replaced(self, **values):
+        """A new file in which some keys (each there once) have other values."""
+        path, _ = self.created()
+        lines = read_text(path).split("\n")
+        for key, value in values.items():
+            (index,) = [i for i, line in enumerate(lines) if line.strip().startswith(key + "=")]
+            lines[index] = lines[index].split("=")[0] + "=" + value
+        write_plain(path, "\n".join(lines))
+        return path
+
+    def all_pages(self, end=ed.CANCEL):
+        script = self.opened().add("title").device_tab()
+        for name in EVERY_PAGE:
+            script.entry(name)
+        return script.add("tree", "tab 0", "tab 1", f"click {end}")
+
+    def test_values_outside_a_sliders_range_are_cut_to_it_when_the_page_is_left(self):
+        self.replaced(ism_max="99", ole_max="-5", preference="1000")
+        script = self.opened().device_tab().entry("raster").add(f"value {ed.RASTER_IMAGES}", f"value {ed.OLE_OBJECTS}",
+                                                                f"value {ed.PREFERENCE}", "tree")
+        script.entry("root").add("tree", f"click {ed.OK}", "dialog", f"click {ed.OK}", "end")
+        answers = self.session(script)
+        self.assertEqual([answers.one(f"value {control}")
+                          for control in (ed.RASTER_IMAGES, ed.OLE_OBJECTS, ed.PREFERENCE)], ["6", "0", "100"])
+        self.assertEqual(answers.tree(0)["raster"],
+                         (2, False, "Raster graphics <Preference: 1000> <Raster images: 99> <OLE objects: -5>"))
+        self.assertEqual(answers.tree(1)["raster"],
+                         (2, True, "Raster graphics <Preference: 100> <Raster images: 6> <OLE objects: 0>"))
+        color = self.configuration("x.pc3")["res_color_mem"]
+        # A file does not hold 0 of these; without a value the OLE objects are 6.
+        self.assertEqual((color["ism_max"], color["ole_max"], color["preference"]), (6, 6, 100))
+
+    def test_numbers_of_no_meaning_do_no_harm(self):
+        self.replaced(collating_type="77", num_colors="-1", color_depth="2147483647", dm_color="-32768",
+                      number_of_copies="0")
+        tree = self.session(self.all_pages().add("end")).tree()
+        self.assertEqual(tree["vector"][2].split("> <")[0], "Vector graphics <Colors: -1, depth 2147483647")
+        self.assertIn("collating", tree)
+
+    def test_very_long_texts(self):
+        long = "W" * 20_000
+        self.replaced(config_description='"' + long, win_device_name='"' + WITH_MARGINS, collating_name='"' + long,
+                      canonical_model_name='"' + long)
+        path = self.folder / "x.pc3"
+        edit(path, ('destination{\n  name="Default', f'destination{{\n  name="{long}'))
+        answers = self.session(self.all_pages(ed.OK).add("end"))
+        self.assertEqual(answers.one("title"), "x.pc3 - Plotter configuration")
+        self.assertTrue(answers.tree()["destination"][2].startswith("Media destination <WWW"))
+
+    def test_texts_that_look_like_formats_and_access_keys(self):
+        self.replaced(config_description='"%s%n%d R&D "quoted" <b>')
+        path = self.folder / "x.pc3"
+        path.rename(self.folder / "R&D %s %d.pc3")
+        script = self.opened("R&D %s %d.pc3").add("title", f"text {ed.FILE_NAME}", f"text {ed.DESCRIPTION}")
+        answers = self.session(script.add(f"click {ed.OK}", "end"))
+        self.assertEqual(answers.one("title"), "R&D %s %d.pc3 - Plotter configuration")
+        self.assertEqual(answers.one(f"text {ed.FILE_NAME}"), "R&D %s %d.pc3")
+        self.assertEqual(answers.one(f"text {ed.DESCRIPTION}"), '%s%n%d R&D "quoted" <b>')
+
+    def test_control_characters(self):
+        self.replaced(config_description='"a\x01\x07\x1bz\ttab')
+        script = self.opened().add(f"text {ed.DESCRIPTION}", f"click {ed.OK}", "end")
+        answers = self.session(script)
+        self.assertEqual(answers.outputs()["fileName"], "x.pc3")
+
+
+class ManySessionsTest(EditorCase):
+    def test_nothing_leaks_over_a_hundred_openings_with_all_pages(self):
+        self.create(WITH_MARGINS)
+        one = self.opened().device_tab()
+        for name in EVERY_PAGE:
+            one.entry(name)
+        one.add("tab 0", f"click {ed.CANCEL}", "end")
+        script = Script()
+        # The first ones fill caches of the system.
+        for count in (10, 100):
+            for _ in range(count):
+                script.add(*one.lines)
+            script.add("counts")
+        answers = self.session(script, seconds=300)
+        self.assertEqual(len(answers.all("output fileName")), 110)
+        for what in ("handles", "gdi", "windows"):
+            before, after = map(int, answers.all(what))
+            self.assertEqual(after, before, what)
+
+
+if __name__ == "__main__":
+    unittest.main()
