@@ -24,6 +24,6 @@ OdString portLine(const GmPlotCfg3& cfg, const GmTexts& texts);
 OdString notInstalledEntry(const OdString& printerName, const GmTexts& texts);
 
 // The installed printers in the spooler's order, in two passes: local printers, then connected, shared and network
-// ones. A pass that the spooler refuses, or that throws, adds nothing. Wine tells names at information level 5 only; elsewhere level 1
-// is the one that names printers the way users know them. underWine is asked in each pass.
+// ones. A pass that the spooler refuses, or that throws, adds nothing. Wine tells names at information level 5 only;
+// elsewhere level 1 is the one that names printers the way users know them. underWine is asked in each pass.
 std::vector<OdString> printerNames(const std::function<bool()>& underWine);

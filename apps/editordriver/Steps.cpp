@@ -74,7 +74,7 @@ void Steps::run(const ScriptLine& line)
         throw std::runtime_error("there is no such verb");
 }
 
-bool Steps::runSession(const std::string& verb, std::string rest)
+bool Steps::runSession(const std::string& verb, const std::string& rest)
 {
     const std::size_t bar = rest.find('|');
     const std::string first = rest.substr(0, bar);

@@ -29,7 +29,7 @@ public:
 private:
     bool runAction(const std::string& verb, std::string rest);
     bool runQuestion(const std::string& verb, std::string rest);
-    bool runSession(const std::string& verb, std::string rest);
+    bool runSession(const std::string& verb, const std::string& rest);
 
     void edit(EditRequest request);
     void awaitEnd();
