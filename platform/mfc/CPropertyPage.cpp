@@ -25,6 +25,14 @@ UINT CALLBACK pageCallback(HWND /*hWnd*/, UINT message, PROPSHEETPAGEW* page) no
         return 0;
     }
 }
+
+LRESULT refusal(UINT code)
+{
+    if (code == PSN_APPLY)
+        return PSNRET_INVALID_NOCHANGEPAGE;
+    // Another page instead of this one would not be better.
+    return code == PSN_SETACTIVE ? 0 : TRUE;
+}
 } // namespace
 
 CPropertyPage::CPropertyPage(UINT templateId, UINT captionId) : CPropertyPage(MAKEINTRESOURCEW(templateId), captionId)
@@ -111,24 +119,39 @@ BOOL CPropertyPage::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult)
     const auto* header = reinterpret_cast<const NMHDR*>(lParam);
     if (!header || header->hwndFrom != ::GetParent(m_hWnd))
         return FALSE;
-    switch (header->code)
+    try
+    {
+        return answerSheet(header->code, *pResult) ? TRUE : FALSE;
+    }
+    catch (...)
+    {
+        // The sheet ends, but not as if this page had agreed: no other page is to be told that all is well.
+        AfxKeepException();
+        *pResult = refusal(header->code);
+        return TRUE;
+    }
+}
+
+bool CPropertyPage::answerSheet(UINT code, LRESULT& result)
+{
+    switch (code)
     {
     case PSN_SETACTIVE:
-        *pResult = OnSetActive() ? 0 : -1;
-        return TRUE;
+        result = OnSetActive() ? 0 : -1;
+        return true;
     case PSN_KILLACTIVE:
-        *pResult = OnKillActive() ? FALSE : TRUE;
-        return TRUE;
+        result = OnKillActive() ? FALSE : TRUE;
+        return true;
     case PSN_APPLY:
-        *pResult = OnApply() ? PSNRET_NOERROR : PSNRET_INVALID_NOCHANGEPAGE;
-        return TRUE;
+        result = OnApply() ? PSNRET_NOERROR : PSNRET_INVALID_NOCHANGEPAGE;
+        return true;
     case PSN_QUERYCANCEL:
-        *pResult = OnQueryCancel() ? FALSE : TRUE;
-        return TRUE;
+        result = OnQueryCancel() ? FALSE : TRUE;
+        return true;
     case PSN_RESET:
         OnReset();
-        return TRUE;
+        return true;
     default:
-        return FALSE;
+        return false;
     }
 }

@@ -50,6 +50,8 @@ private:
 
     // Fills m_psp for a new start. False when the current resource library has no such template.
     bool prepare();
+    // Answers what the sheet asks of its pages; false for other notifications.
+    bool answerSheet(UINT code, LRESULT& result);
 
     CString m_strCaption;
     std::vector<DWORD> m_template; // a template begins at a multiple of four

@@ -281,6 +281,21 @@ LRESULT CPropertySheet::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
     return result;
 }
 
+BOOL CPropertySheet::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult)
+{
+    try
+    {
+        return CWnd::OnNotify(wParam, lParam, pResult);
+    }
+    catch (...)
+    {
+        // The sheet ends where it is: TRUE keeps the tab control from going on to another page.
+        AfxKeepException();
+        *pResult = TRUE;
+        return TRUE;
+    }
+}
+
 LRESULT CPropertySheet::TabControl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
     const LRESULT result = CWnd::WindowProc(message, wParam, lParam);

@@ -64,6 +64,7 @@ public:
 
 protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+    BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
 
     afx_msg LRESULT HandleInitDialog(WPARAM focus, LPARAM param);
     afx_msg LRESULT HandleWindowPosChanging(WPARAM wParam, LPARAM lParam);

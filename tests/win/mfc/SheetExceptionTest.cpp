@@ -86,6 +86,8 @@ TEST_F(SheetExceptionTest, InANotificationOfTheTab)
     m_sheet.m_refuses = []() -> bool { throw std::runtime_error("changing"); };
     m_sheet.addStep([](auto& s) { s.clickTab(1); });
     expectThrown("changing");
+    EXPECT_EQ(m_sheet.m_events, (Events{"first init", "first active", "sheet init", "sheet changing"}))
+        << "the page was switched all the same";
 }
 
 TEST_F(SheetExceptionTest, WhileAPageSavesItsValues)
@@ -97,6 +99,16 @@ TEST_F(SheetExceptionTest, WhileAPageSavesItsValues)
     };
     m_sheet.addStep([](auto& s) { ::SendMessageW(s.button(IDOK), BM_CLICK, 0, 0); });
     expectThrown("exchange");
+    EXPECT_EQ(m_sheet.m_events.back(), "first kill") << "the page was told that all is well";
+}
+
+TEST_F(SheetExceptionTest, WhileAPageIsAppliedTheOthersAreNot)
+{
+    m_sheet.m_first.m_onApply = [] { fail("apply"); };
+    m_sheet.addStep([](auto& s) { s.clickTab(1); });
+    m_sheet.addStep([](auto& s) { ::SendMessageW(s.button(IDOK), BM_CLICK, 0, 0); });
+    expectThrown("apply");
+    EXPECT_EQ(m_sheet.m_events.back(), "first apply");
 }
 
 TEST_F(SheetExceptionTest, InPreTranslation)

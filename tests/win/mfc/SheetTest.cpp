@@ -41,6 +41,8 @@ BOOL ScriptedPage::OnKillActive()
 BOOL ScriptedPage::OnApply()
 {
     note("apply");
+    if (m_onApply)
+        m_onApply();
     return CPropertyPage::OnApply() && m_applies;
 }
 

@@ -28,6 +28,7 @@ public:
     Action m_onInit;
     Action m_onRun; // click on IDC_RUN
     std::function<BOOL(MSG*)> m_preTranslate;
+    std::function<void()> m_onApply;
     std::function<void(CDataExchange*)> m_exchange;
     BOOL m_letsGo = TRUE;
     BOOL m_applies = TRUE;
