@@ -3,7 +3,6 @@
 #include "tests/win/editor/DeviceTabTest.h"
 
 #include "resources/Resource.h"
-#include "tests/support/RecordedAsserts.h"
 
 namespace
 {
@@ -290,16 +289,14 @@ TEST_F(DevicePages, mergeControlWithoutAValueIsDisabledAndStaysSo)
 
 TEST_F(DevicePages, mergeControlWhoseValueWentIsAssertedAndWritesNothing)
 {
-    const RecordedAsserts asserts;
+    m_expectedAsserts = {"m_dlg.cfg().m_res_color_mem.m_lines_overwrite | GarmPC3Editor/Dialogs/GmDeviceSubDlg"};
     run(
         [this](DeviceTabUser& tab)
         {
             tab.select(eMergeCtrl);
             color().m_lines_overwrite = nullptr;
             tab.click(IDC_LINES_MERGE);
-            EXPECT_EQ(RecordedAsserts::reports(),
-                      std::vector<std::string>{"m_dlg.cfg().m_res_color_mem.m_lines_overwrite | "
-                                               "GarmPC3Editor/Dialogs/GmDeviceSubDlg"});
+            EXPECT_EQ(RecordedAsserts::reports(), m_expectedAsserts);
             EXPECT_TRUE(color().m_lines_overwrite.isNull());
             EXPECT_TRUE(tab.markedEntries().empty());
         });

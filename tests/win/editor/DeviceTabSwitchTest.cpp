@@ -4,7 +4,6 @@
 #include "tests/win/editor/SentMessages.h"
 
 #include "resources/Resource.h"
-#include "tests/support/RecordedAsserts.h"
 
 using DeviceTabSwitch = DeviceTabTest;
 
@@ -153,7 +152,6 @@ TEST_F(DeviceTabSwitch, leavingAPageUnchangedIsNoChange)
 
 TEST_F(DeviceTabSwitch, aPageThatHasAWindowIsNotMadeAgain)
 {
-    const RecordedAsserts asserts;
     run(
         [this](DeviceTabUser& tab)
         {
@@ -163,7 +161,7 @@ TEST_F(DeviceTabSwitch, aPageThatHasAWindowIsNotMadeAgain)
             EXPECT_TRUE(answer);
             EXPECT_EQ(tab.pages(), std::vector<HWND>{page});
         });
-    EXPECT_EQ(RecordedAsserts::reports(), std::vector<std::string>{"!*this | GarmPC3Editor/Dialogs/GmDeviceSubDlg"});
+    m_expectedAsserts = {"!*this | GarmPC3Editor/Dialogs/GmDeviceSubDlg"};
 }
 
 TEST_F(DeviceTabSwitch, neitherReturnNorEscapeInAPageClosesIt)
@@ -181,7 +179,6 @@ TEST_F(DeviceTabSwitch, neitherReturnNorEscapeInAPageClosesIt)
 
 TEST_F(DeviceTabSwitch, aChangeThatWasNotSeenToIsAssertedAndSeenTo)
 {
-    const RecordedAsserts asserts;
     run(
         [this](DeviceTabUser& tab)
         {
@@ -191,14 +188,12 @@ TEST_F(DeviceTabSwitch, aChangeThatWasNotSeenToIsAssertedAndSeenTo)
             tab.select(eRoot);
             onSheetsThread(tab, [&] { EXPECT_FALSE(pageObject(page).bModified); });
         });
-    EXPECT_EQ(RecordedAsserts::reports(),
-              std::vector<std::string>{"bModified == false | GarmPC3Editor/Dialogs/GmTabDevice"});
+    m_expectedAsserts = {"bModified == false | GarmPC3Editor/Dialogs/GmTabDevice"};
     EXPECT_TRUE(m_sheet.m_modified);
 }
 
 TEST_F(DeviceTabSwitch, aChangeOfTheCustomPropertiesPageIsAsserted)
 {
-    const RecordedAsserts asserts;
     run(
         [this](DeviceTabUser& tab)
         {
@@ -207,15 +202,13 @@ TEST_F(DeviceTabSwitch, aChangeOfTheCustomPropertiesPageIsAsserted)
             tab.select(eRoot);
             onSheetsThread(tab, [&] { EXPECT_FALSE(pageObject(page).bModified); });
         });
-    EXPECT_EQ(RecordedAsserts::reports(),
-              (std::vector<std::string>{"bModified == false | GarmPC3Editor/Dialogs/GmTabDevice",
-                                        "dlg->eType() != eCustomProp | GarmPC3Editor/Dialogs/GmTabDevice"}));
+    m_expectedAsserts = {"bModified == false | GarmPC3Editor/Dialogs/GmTabDevice",
+                         "dlg->eType() != eCustomProp | GarmPC3Editor/Dialogs/GmTabDevice"};
     EXPECT_TRUE(m_sheet.m_modified);
 }
 
 TEST_F(DeviceTabSwitch, aNotificationWithoutASelectedPageIsAssertedAndDropped)
 {
-    const RecordedAsserts asserts;
     run(
         [](DeviceTabUser& tab)
         {
@@ -228,8 +221,8 @@ TEST_F(DeviceTabSwitch, aNotificationWithoutASelectedPageIsAssertedAndDropped)
             EXPECT_EQ(RecordedAsserts::reports(), std::vector<std::string>{"0 | GarmPC3Editor/Dialogs/GmTabDevice"});
             tab.select(eRoot);
             tab.user.send(page, WM_HSCROLL, TB_ENDTRACK, reinterpret_cast<LPARAM>(slider));
-            EXPECT_EQ(RecordedAsserts::reports(), std::vector<std::string>(2, "0 | GarmPC3Editor/Dialogs/GmTabDevice"));
         });
+    m_expectedAsserts.assign(2, "0 | GarmPC3Editor/Dialogs/GmTabDevice");
     EXPECT_FALSE(m_sheet.m_modified);
 }
 

@@ -5,6 +5,11 @@ DeviceTabTest::DeviceTabTest()
     m_sheet.setConfig(m_cfg, L"C:\\plot\\plotter.pc3", L"");
 }
 
+DeviceTabTest::~DeviceTabTest()
+{
+    EXPECT_EQ(RecordedAsserts::reports(), m_expectedAsserts);
+}
+
 INT_PTR DeviceTabTest::run(const Script& script)
 {
     return m_sheet.show(

@@ -1,18 +1,23 @@
 #pragma once
 
+#include "tests/support/RecordedAsserts.h"
 #include "tests/win/editor/DeviceTabUser.h"
 #include "tests/win/editor/EditorSheet.h"
 #include "tests/win/editor/EditorTest.h"
 
 #include <functional>
+#include <string>
+#include <vector>
 
-// A sheet on a configuration of "Plotter A", with its second tab on show.
+// A sheet on a configuration of "Plotter A", with its second tab on show. Any assertion that a test does not expect
+// fails it.
 class DeviceTabTest : public EditorTest
 {
 protected:
     using Script = std::function<void(DeviceTabUser& tab)>;
 
     DeviceTabTest();
+    ~DeviceTabTest() override;
 
     // Shows the sheet and its device tab; the script must not close it, it is closed with OK. Returns what DoModal did.
     INT_PTR run(const Script& script);
@@ -24,4 +29,8 @@ protected:
 
     OdSharedPtr<GmPlotCfg3> m_cfg = newConfiguration();
     EditorSheet m_sheet;
+    std::vector<std::string> m_expectedAsserts; // all there may be in the end
+
+private:
+    RecordedAsserts m_asserts;
 };
