@@ -282,6 +282,38 @@ TEST_F(CustomProperties, theSheetIsDisabledMeanwhileAndGetsTheFocusBack)
     m_room.forgetHooks();
 }
 
+TEST_F(CustomProperties, theSheetIsActiveAfterwardsAlsoWhenNothingHadTheFocus)
+{
+    HWND other = nullptr;
+    m_room.onCall(Call::documentProperties, L"Plotter A",
+                  [&other](const room::CallRecord& call)
+                  {
+                      if (call.detail == withDialog)
+                          ::SetActiveWindow(other);
+                  });
+    run(
+        [&](DeviceTabUser& tab)
+        {
+            const HWND page = tab.shownPage();
+            HWND active = nullptr;
+            onSheetsThread(tab,
+                           [&]
+                           {
+                               other = ::CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 50, 50,
+                                                         nullptr, nullptr, nullptr, nullptr);
+                               ::SetActiveWindow(tab.sheet);
+                               ::SetFocus(nullptr);
+                               ::SendMessageW(page, WM_COMMAND, MAKEWPARAM(IDC_DRIVER_SETTINGS, BN_CLICKED),
+                                              reinterpret_cast<LPARAM>(::GetDlgItem(page, IDC_DRIVER_SETTINGS)));
+                               active = ::GetActiveWindow();
+                               ::DestroyWindow(other);
+                           });
+            EXPECT_EQ(active, tab.sheet);
+        });
+    m_room.forgetHooks();
+    EXPECT_EQ(dialogCalls().size(), 1U);
+}
+
 TEST_F(CustomProperties, aDriverThatThrowsOrFailsAtAnyMomentLeavesTheSheetUsable)
 {
     driverChanges([](DEVMODEW& dm) { dm.dmCopies = 3; });

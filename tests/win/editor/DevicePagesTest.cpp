@@ -85,6 +85,23 @@ TEST_F(DevicePages, theSameCollatingChosenAgainRewritesItsTextOnly)
     EXPECT_FALSE(m_sheet.m_modified);
 }
 
+TEST_F(DevicePages, collatingWithNothingSelectedIsOff)
+{
+    destination().setCollating(true);
+    run(
+        [this](DeviceTabUser& tab)
+        {
+            tab.select(eCollating);
+            const HWND page = tab.shownPage();
+            tab.user.send(tab.control(IDC_COLLATING), CB_SETCURSEL, static_cast<WPARAM>(-1));
+            tab.select(eRoot);
+            EXPECT_EQ(destination().m_collating_type, 0);
+            // Loaded again, the page shows the choice it holds.
+            onSheetsThread(tab, [page] { pageObject(page).UpdateData(FALSE); });
+            EXPECT_EQ(tab.selectionOf(IDC_COLLATING), 0);
+        });
+}
+
 TEST_F(DevicePages, collatingWithoutADestinationShowsOffAndWritesNothing)
 {
     destination().setCollating(true);
@@ -144,6 +161,23 @@ TEST_F(DevicePages, movingARasterSliderIsWrittenAtOnce)
             EXPECT_EQ(tab.markedEntries(), Types{eRasterGraphics});
         });
     EXPECT_TRUE(m_sheet.m_modified);
+}
+
+TEST_F(DevicePages, rasterSlidersLoadedAgainShowTheHeldValues)
+{
+    m_cfg->m_res_color_mem.m_ism_max = 2;
+    run(
+        [this](DeviceTabUser& tab)
+        {
+            tab.select(eRasterGraphics);
+            const HWND page = tab.shownPage();
+            for (const int id : {IDC_ISM_MAX, IDC_OLE_MAX, IDC_PREFERENCE})
+                tab.user.send(tab.control(id), TBM_SETPOS, TRUE, 4);
+            onSheetsThread(tab, [page] { pageObject(page).UpdateData(FALSE); });
+            EXPECT_EQ(tab.sliderAt(IDC_ISM_MAX), 2);
+            EXPECT_EQ(tab.sliderAt(IDC_OLE_MAX), 6);
+            EXPECT_EQ(tab.sliderAt(IDC_PREFERENCE), 50);
+        });
 }
 
 TEST_F(DevicePages, movingARasterSliderAndBackBetweenTwoCommitsWritesNothing)
