@@ -80,8 +80,7 @@ BOOL CPDFPrintDlg::OnInitDialog()
     showOrientationImages();
     SendDlgItemMessage(IDC_PAPER, CB_RESETCONTENT);
     SendDlgItemMessage(IDC_QUALITY, CB_RESETCONTENT);
-    const HWND hostPapers = hostControl(hostPaperList);
-    if (hostPapers)
+    if (const HWND hostPapers = hostControl(hostPaperList))
         copyHostPapers(hostPapers);
     fillQualities();
     SetIcon(m_icon, TRUE);
@@ -90,7 +89,8 @@ BOOL CPDFPrintDlg::OnInitDialog()
     const HWND hostButton = hostControl(hostPortrait);
     m_orientation = hostButton && send(hostButton, BM_GETCHECK) != BST_CHECKED ? landscape : portrait;
 
-    const bool isCustom = hostPapers && selectedPaper().view() == customPaper;
+    // Without the host's list there is no paper, and so no custom one.
+    const bool isCustom = selectedPaper().view() == customPaper;
     if (!isCustom)
         enableCustomSize(false);
     m_width = isCustom ? wholeMillimetres(m_devMode->dmPaperWidth) : 0.0;

@@ -236,6 +236,14 @@ TEST_F(VirtualPrinterOk, aDriverThatRefusesLeavesWhatWasWritten)
     EXPECT_EQ(devMode().dmFields, always | DM_ORIENTATION);
 }
 
+TEST_F(VirtualPrinterOk, whatADriverWritesAndRefusesIsNotTaken)
+{
+    printer->lies.mergeAnswer = -1;
+    EXPECT_EQ(run([](ScriptedPrintDlg& dialog) { dialog.click(IDOK); }), IDOK);
+    EXPECT_EQ(handedToDriver().size(), 1U);
+    EXPECT_EQ(devMode().dmFields, always | DM_ORIENTATION);
+}
+
 TEST_F(VirtualPrinterOk, aBlockThatGrewIsNotTaken)
 {
     m_room.remove(printerName);

@@ -5,11 +5,11 @@
 
 VirtualPrinterTest::VirtualPrinterTest()
 {
-    m_room.add({.name = printerName,
-                .driver = L"Virtual",
-                .port = L"PDF:",
-                .papers = {{8, L"A3"}, {9, L"A4"}, {300, L"Roll"}},
-                .driverExtra = 8});
+    printer = &m_room.add({.name = printerName,
+                           .driver = L"Virtual",
+                           .port = L"PDF:",
+                           .papers = {{8, L"A3"}, {9, L"A4"}, {300, L"Roll"}},
+                           .driverExtra = 8});
     std::array<BYTE, sizeof(DEVMODEW) + 8> bytes = {};
     auto& dm = reinterpret_cast<DEVMODEW&>(bytes);
     dm.dmSize = sizeof(DEVMODEW);

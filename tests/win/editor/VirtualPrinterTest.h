@@ -27,6 +27,7 @@ protected:
 
     static constexpr const WCHAR* printerName = L"R&D PDF";
     std::optional<HostDialog> host;
+    room::Printer* printer = nullptr;
 
 private:
     DevModeBlock m_block;
