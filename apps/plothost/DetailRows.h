@@ -19,7 +19,7 @@ struct DetailRow
     friend bool operator==(const DetailRow&, const DetailRow&) = default;
 };
 
-// A configuration: what the module says about it, and its DEVMODE taken apart.
+// A configuration: what the module says about it, and its DEVMODE taken apart. Nothing for one that it cannot read.
 std::vector<DetailRow> configurationRows(const DevModeReport& report);
 
 // A printer: the default DEVMODE of its driver.

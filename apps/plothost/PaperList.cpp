@@ -10,6 +10,7 @@ namespace plothost
 std::vector<OdString> paperList(const std::vector<DriverPaper>& driversPapers, const OdString& ownPaper)
 {
     std::vector<OdString> papers;
+    papers.reserve(driversPapers.size() + 2);
     for (const DriverPaper& paper : driversPapers)
         papers.push_back(paper.name);
     if (!paperNamed(papers, customPaper))

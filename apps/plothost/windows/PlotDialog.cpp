@@ -45,8 +45,29 @@ void fill(HWND combo, const std::vector<OdString>& entries, std::optional<std::s
         ::SelectObject(device, before);
     ::ReleaseDC(combo, device);
     const int frame = ::GetSystemMetrics(SM_CXVSCROLL) + 4 * ::GetSystemMetrics(SM_CXEDGE);
-    ::SendMessageW(combo, CB_SETDROPPEDWIDTH, static_cast<WPARAM>(widest + frame), 0);
+    ::SendMessageW(combo, CB_SETDROPPEDWIDTH, static_cast<WPARAM>(widest) + static_cast<WPARAM>(frame), 0);
     ::SendMessageW(combo, CB_SETCURSEL, choice ? static_cast<WPARAM>(*choice) : static_cast<WPARAM>(-1), 0);
+}
+
+// Each column as wide as what stands in it; the last one takes the rest, less the room of the scroll bar.
+void fitColumns(HWND details)
+{
+    RECT frame = {};
+    ::GetWindowRect(details, &frame);
+    int rest = frame.right - frame.left - ::GetSystemMetrics(SM_CXVSCROLL) - 2 * ::GetSystemMetrics(SM_CXEDGE);
+    const int last = static_cast<int>(std::size(columnTitles)) - 1;
+    for (int column = 0; column < last; ++column)
+    {
+        ListView_SetColumnWidth(details, column, LVSCW_AUTOSIZE);
+        // The system's own answer for the title is too narrow on some systems.
+        const int title = ListView_GetStringWidth(details, columnTitles[column]) + 8 * ::GetSystemMetrics(SM_CXEDGE);
+        if (ListView_GetColumnWidth(details, column) < title)
+            ListView_SetColumnWidth(details, column, title);
+        rest -= ListView_GetColumnWidth(details, column);
+    }
+    ListView_SetColumnWidth(details, last, LVSCW_AUTOSIZE);
+    if (ListView_GetColumnWidth(details, last) < rest)
+        ListView_SetColumnWidth(details, last, rest);
 }
 
 // The program's icon as the title bar and the task switcher show it; shared, so it is not destroyed.
@@ -250,8 +271,7 @@ void PlotDialog::showDetails()
     }
     // The arrow keys begin at the first line.
     ListView_SetItemState(details, 0, LVIS_FOCUSED, LVIS_FOCUSED);
-    for (int column = 0; column < static_cast<int>(std::size(columnTitles)); ++column)
-        ListView_SetColumnWidth(details, column, LVSCW_AUTOSIZE_USEHEADER);
+    fitColumns(details);
     ::SendMessageW(details, WM_SETREDRAW, TRUE, 0);
     ::InvalidateRect(details, nullptr, TRUE);
 }

@@ -14,6 +14,9 @@ int addPrinter(const ActionArguments& arguments);
 int deletePrinter(const ActionArguments& arguments);
 // PRINTER FILE: gives the driver the file's bytes as a DEVMODE, in and out, and prints what came back.
 int acceptDevMode(const ActionArguments& arguments);
+// PRINTER: gives the driver a landscape device mode, in and out, then resets the drivers as the reference host does
+// between two runs of the editor, and prints the driver's default orientation at each stage.
+int resetDrivers(const ActionArguments& arguments);
 // MODULE DEVICE ROUNDS: loads the module, asks it for the device, switches the language, unloads it, that many times;
 // fails when handles or libraries of the process have grown after the first rounds.
 int repeatLoading(const ActionArguments& arguments);

@@ -1,5 +1,8 @@
 #include "Actions.h"
 #include "kernel/OdText.h"
+#include "plothost/DriverQuestions.h"
+#include "win32/Handles.h"
+#include "win32/PrinterQueries.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -20,6 +23,12 @@ std::vector<BYTE> contentOf(const OdString& path)
         std::fclose(file);
     }
     return bytes;
+}
+
+void printOrientation(const char* stage, const OdString& printer)
+{
+    const std::vector<BYTE> bytes = plothost::driverDefaults(printer);
+    std::printf("%s: %d\n", stage, DevModeView(bytes).fields().dmOrientation);
 }
 } // namespace
 
@@ -53,4 +62,25 @@ int acceptDevMode(const ActionArguments& arguments)
     std::printf("orientation: %d\npaper: %d\ncopies: %d\nscale: %d\nquality: %d\ncolor: %d\n", out->dmOrientation,
                 out->dmPaperSize, out->dmCopies, out->dmScale, out->dmPrintQuality, out->dmColor);
     return answer == IDOK ? 0 : 1;
+}
+
+int resetDrivers(const ActionArguments& arguments)
+{
+    const OdString& name = arguments[0];
+    const PrinterHandle printer = openPrinter(name.c_str());
+    DevModeBlock block = printer ? defaultDevMode(printer.get(), name.c_str()) : DevModeBlock();
+    if (!block.view())
+    {
+        std::fputs("the driver gives no default DEVMODE\n", stderr);
+        return 1;
+    }
+    printOrientation("before", name);
+    block.get()->dmOrientation = DMORIENT_LANDSCAPE;
+    const DevModeMerge merge =
+        mergeDevMode(nullptr, printer.get(), name.c_str(), block.view().bytes(), DM_IN_BUFFER | DM_OUT_BUFFER);
+    std::printf("answer: %ld\n", merge.result);
+    printOrientation("merged", name);
+    plothost::resetDriverDefaults();
+    printOrientation("reset", name);
+    return 0;
 }

@@ -13,8 +13,8 @@ struct Action
 };
 
 constexpr Action actions[] = {
-    {OD_T("add"), 2, addPrinter},       {OD_T("delete"), 1, deletePrinter},      {OD_T("accept"), 2, acceptDevMode},
-    {OD_T("repeat"), 3, repeatLoading}, {OD_T("languages"), 1, switchLanguages},
+    {OD_T("add"), 2, addPrinter},     {OD_T("delete"), 1, deletePrinter}, {OD_T("accept"), 2, acceptDevMode},
+    {OD_T("reset"), 1, resetDrivers}, {OD_T("repeat"), 3, repeatLoading}, {OD_T("languages"), 1, switchLanguages},
 };
 } // namespace
 

@@ -53,6 +53,7 @@ TEST(DetailRows, anotherDriverTypeHasNoMeaning)
 {
     DevModeReport report;
     report.driverType = 3;
+    report.canonicalModelName = OD_T("M");
     EXPECT_THAT(configurationRows(report), Contains(DetailRow{"Driver type", "3", "", ""}));
 }
 
@@ -61,7 +62,14 @@ TEST(DetailRows, withoutADevModeOneLineSaysSo)
     EXPECT_EQ(printerRows({}), (std::vector<DetailRow>{{"DEVMODE", "none", "", ""}}));
     const std::vector<BYTE> few(3);
     EXPECT_EQ(printerRows(few), (std::vector<DetailRow>{{"DEVMODE", "3 bytes are too few for a DEVMODEW", "", ""}}));
-    EXPECT_THAT(configurationRows({}), Contains(DetailRow{"DEVMODE", "none", "", ""}));
+    DevModeReport report;
+    report.paperName = OD_T("A4");
+    EXPECT_THAT(configurationRows(report), Contains(DetailRow{"DEVMODE", "none", "", ""}));
+}
+
+TEST(DetailRows, aConfigurationThatCannotBeReadHasNone)
+{
+    EXPECT_TRUE(configurationRows({}).empty());
 }
 
 TEST(DetailRows, flagsWithoutANameAreTold)
