@@ -14,7 +14,8 @@ CCollating::CCollating(GmTabDevice& tab)
 BOOL CCollating::OnInitDialog()
 {
     GmDeviceSubDlg::OnInitDialog();
-    for (const UINT id : {IDS_COLLATING_OFF, IDS_COLLATING_ON})
+    constexpr UINT names[] = {IDS_COLLATING_OFF, IDS_COLLATING_ON};
+    for (const UINT id : names)
     {
         const int index = m_list.AddString(CString(languageTexts()(id)));
         m_list.SetItemData(index, static_cast<DWORD_PTR>(index));

@@ -141,7 +141,8 @@ void CPDFPrintDlg::copyHostPapers(HWND hostPapers)
 
 void CPDFPrintDlg::fillQualities() const
 {
-    for (const UINT id : {IDS_QUALITY_72, IDS_QUALITY_150, IDS_QUALITY_300, IDS_QUALITY_600, IDS_QUALITY_1200})
+    constexpr UINT names[] = {IDS_QUALITY_72, IDS_QUALITY_150, IDS_QUALITY_300, IDS_QUALITY_600, IDS_QUALITY_1200};
+    for (const UINT id : names)
         SendDlgItemMessage(IDC_QUALITY, CB_ADDSTRING, 0,
                            reinterpret_cast<LPARAM>(CString(languageTexts()(id)).GetString()));
 }
