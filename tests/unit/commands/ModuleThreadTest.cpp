@@ -2,15 +2,41 @@
 
 #include <gtest/gtest.h>
 
-#include <semaphore>
+#include <condition_variable>
+#include <mutex>
 #include <thread>
 
 namespace
 {
+// What one thread waits for and another one gives. The library's semaphores lose a wake-up now and then where the
+// system offers them no waiting on addresses.
+class Signal
+{
+public:
+    void give()
+    {
+        const std::lock_guard lock(m_mutex);
+        m_given = true;
+        m_changed.notify_one();
+    }
+
+    void await()
+    {
+        std::unique_lock lock(m_mutex);
+        m_changed.wait(lock, [this] { return m_given; });
+        m_given = false;
+    }
+
+private:
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    bool m_given = false;
+};
+
 // Static: nobody waits for the end of such a thread, so it may still touch them when the test is over.
-std::binary_semaphore entered(0);
-std::binary_semaphore mayLeave(0);
-std::binary_semaphore left(0);
+Signal entered;
+Signal mayLeave;
+Signal left;
 std::thread::id workThread;
 void* workContext = nullptr;
 
@@ -22,10 +48,10 @@ TEST(ModuleThread, RunsTheWorkWithItsContextOnAThreadOfItsOwn)
         {
             workThread = std::this_thread::get_id();
             workContext = given;
-            left.release();
+            left.give();
         },
         &context));
-    left.acquire();
+    left.await();
     EXPECT_NE(workThread, std::this_thread::get_id());
     EXPECT_EQ(workContext, &context);
 }
@@ -35,14 +61,14 @@ TEST(ModuleThread, StartingDoesNotWaitForTheWork)
     ASSERT_TRUE(startModuleThread(
         [](void*) noexcept
         {
-            entered.release();
-            mayLeave.acquire();
-            left.release();
+            entered.give();
+            mayLeave.await();
+            left.give();
         },
         nullptr));
     // Here while the work still waits for us.
-    entered.acquire();
-    mayLeave.release();
-    left.acquire();
+    entered.await();
+    mayLeave.give();
+    left.await();
 }
 } // namespace
