@@ -25,6 +25,6 @@ configure_preset() {
 }
 
 show_errors() {
-    grep -E -A12 'error|Error|FAILED' "$1" | head -100 >&2 || tail -50 "$1" >&2
+    grep -E -A12 'error:|Error |^FAILED|undefined reference|^ninja: ' "$1" | head -100 >&2 || tail -50 "$1" >&2
     say "that failed; the whole log is $1"
 }

@@ -19,7 +19,7 @@ std::string shownName(const OdString& name)
 // What keeps the module from reading a file; "" when it reads it.
 std::string whyUnreadable(const OdString& path, OdSharedPtr<GmPlotCfg3>& configuration)
 {
-    const std::string why = whyNotRead(path, installedDrivers());
+    std::string why = whyNotRead(path, installedDrivers());
     if (!why.empty())
         return why;
     bool modified = false;
