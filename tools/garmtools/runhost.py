@@ -2,7 +2,8 @@
 
     python3 -m garmtools.runhost private|system [ARGUMENTS of plothost]
 
-Without arguments: the tour.
+Without arguments: the Plot dialog where there is a display; elsewhere the tour, and pictures of a scripted editing
+session on a display of its own.
 """
 
 import contextlib
@@ -11,13 +12,16 @@ import shlex
 import sys
 import tempfile
 
-from . import privatecups, wineprefix
+from . import privatecups, screenshots, wineprefix, xdisplay
 from .places import BUILD, ROOT, WINDOWS_BIN, windows_path
 from .processes import TIMED_OUT, run_main, run_to_end, say
 
 HOST = WINDOWS_BIN / "plothost.exe"
 # Longer than anything the host waits for; a message box that nobody sees must not hold a script for good.
 SECONDS = 600
+# What shows windows takes as long as the person in front of it.
+WINDOWS = ("plot", "edit")
+PICTURES = BUILD / "pictures"
 
 
 def host_environment():
@@ -25,13 +29,13 @@ def host_environment():
     return {"PLOTHOST_SEARCH_PATH": f".;{windows_path(ROOT / 'samples')}", **os.environ}
 
 
-def start(prefix, arguments):
+def start(prefix, arguments, seconds=SECONDS):
     """Runs the host once; what it prints goes straight to our own output, its errors follow at the end, because they
     decide whether Wine deserves a second try."""
     environment = {**host_environment(), **prefix.env}
     for attempt in (1, 2):
         with tempfile.TemporaryFile() as errors:
-            status = run_to_end(prefix.command([HOST, *arguments], SECONDS), env=environment, stderr=errors)
+            status = run_to_end(prefix.command([HOST, *arguments], seconds), env=environment, stderr=errors)
             errors.seek(0)
             text = errors.read()
         if attempt == 2 or not wineprefix.is_hiccup(text.decode(errors="replace")):
@@ -39,7 +43,7 @@ def start(prefix, arguments):
     sys.stderr.buffer.write(text)
     sys.stderr.flush()
     if status == TIMED_OUT:
-        say(f"plothost was ended after {SECONDS} seconds")
+        say(f"plothost was ended after {seconds} seconds")
     return status
 
 
@@ -65,14 +69,29 @@ def tour(prefix):
     return 1 if failed else 0
 
 
+def pictures(cups):
+    """A scripted editing session, with a picture of each step."""
+    print(f"\n# An editing session: every step has a picture in {PICTURES}", flush=True)
+    with xdisplay.private_display() as display, wineprefix.clone(cups=cups, display=display) as prefix:
+        screenshots.take_all(prefix, "en", PICTURES)
+
+
 def main(printers, arguments):
+    display = os.environ.get("DISPLAY")
     with contextlib.ExitStack() as stack:
         if printers == "private":
             cups = stack.enter_context(privatecups.private_cups(keep_output=BUILD / "printed")).socket
         else:
             cups = os.environ.get("CUPS_SERVER", wineprefix.MACHINE)
-        prefix = stack.enter_context(wineprefix.clone(cups=cups))
-        return start(prefix, arguments) if arguments else tour(prefix)
+        if any(word in arguments for word in WINDOWS) or (not arguments and display):
+            # Without a display the host says so itself; windows that nobody can see would wait for good.
+            prefix = stack.enter_context(wineprefix.clone(cups=cups, display=display or ":0"))
+            return start(prefix, arguments, seconds=None)
+        with wineprefix.clone(cups=cups) as prefix:
+            status = start(prefix, arguments) if arguments else tour(prefix)
+        if not arguments and printers == "private":
+            pictures(cups)
+        return status
 
 
 if __name__ == "__main__":

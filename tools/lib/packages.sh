@@ -7,6 +7,8 @@ packages_windows=(cmake ninja-build g++ googletest g++-mingw-w64-x86-64-posix mi
     libcli11-dev nlohmann-json3-dev)
 # The Japanese font is for measuring and showing the Japanese dialogs.
 packages_wine=(wine64 fonts-wine fonts-ipafont-gothic)
+# Pictures of windows are taken on a display of our own.
+packages_display=(xvfb)
 packages_checks=(clang-format clang-tidy git)
 # libcups2 is what Wine reaches a CUPS server through; the server itself is started by us, never the system's.
 packages_printing=(cups cups-client cups-daemon cups-filters libcups2 openprinting-ppds)
