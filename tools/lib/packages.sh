@@ -25,6 +25,7 @@ need_packages() {
     done
     [ ${#missing[@]} -gt 0 ] || return 0
     command -v apt-get >/dev/null || die "These Debian packages are missing and there is no apt-get: ${missing[*]}"
+    mkdir -p "$build"
     say "installing: ${missing[*]}"
     apt update
     apt install "${missing[@]}"
