@@ -2,8 +2,8 @@
 
 #include "editordriver/Picture.h"
 #include "editordriver/Printers.h"
-#include "editordriver/ProcessCounts.h"
 #include "kernel/OdText.h"
+#include "processcounts/ProcessCounts.h"
 
 #include <cstdio>
 #include <stdexcept>
@@ -213,7 +213,7 @@ void Steps::tellTree() const
 void Steps::tellCounts() const
 {
     m_ui.settle();
-    tell("handles", std::to_string(systemHandles()));
+    tell("handles", std::to_string(openSystemHandles()));
     tell("gdi", std::to_string(gdiObjects()));
     tell("windows", std::to_string(windowsOf(m_ui.id())));
 }

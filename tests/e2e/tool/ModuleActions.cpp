@@ -5,6 +5,7 @@
 #include "kernel/OdEdCommandStack.h"
 #include "kernel/OdResBuf.h"
 #include "kernel/OdText.h"
+#include "processcounts/ProcessCounts.h"
 #include "resources/Resource.h"
 
 #include <algorithm>
@@ -24,7 +25,7 @@ constexpr int warmUp = 3;
 
 struct Counts
 {
-    DWORD handles = 0;
+    std::size_t handles = 0;
     std::size_t libraries = 0;
 };
 
@@ -42,7 +43,7 @@ std::vector<HMODULE> librariesInProcess()
 Counts countsNow()
 {
     Counts counts;
-    ::GetProcessHandleCount(::GetCurrentProcess(), &counts.handles);
+    counts.handles = openSystemHandles();
     counts.libraries = librariesInProcess().size();
     return counts;
 }
@@ -120,7 +121,7 @@ int repeatLoading(const ActionArguments& arguments)
             return 1;
     }
     const Counts after = countsNow();
-    std::printf("rounds: %d\nhandles: %lu\nhandles before: %lu\nlibraries: %zu\nlibraries before: %zu\ncommands: %zu\n",
+    std::printf("rounds: %d\nhandles: %zu\nhandles before: %zu\nlibraries: %zu\nlibraries before: %zu\ncommands: %zu\n",
                 rounds, after.handles, before.handles, after.libraries, before.libraries,
                 odedRegCmds()->commands().size());
     return after.handles <= before.handles && after.libraries <= before.libraries ? 0 : 1;

@@ -4,7 +4,7 @@
 #include "mfc/AfxModuleState.h"
 #include "mfc/AfxRes.h"
 #include "mfc/CInvalidArgException.h"
-#include "tests/win/module/ProcessCounts.h"
+#include "processcounts/ProcessCounts.h"
 
 #include <commctrl.h>
 #include <stdexcept>

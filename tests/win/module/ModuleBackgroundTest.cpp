@@ -4,7 +4,7 @@
 #include "kernel/OdResBuf.h"
 #include "tests/win/module/ImportPatch.h"
 #include "tests/win/module/LoadedModule.h"
-#include "tests/win/module/ProcessCounts.h"
+#include "processcounts/ProcessCounts.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 #include "kernel/OdEdCommandStack.h"
 #include "kernel/OdError.h"
 #include "tests/win/module/LoadedModule.h"
-#include "tests/win/module/ProcessCounts.h"
+#include "processcounts/ProcessCounts.h"
 
 #include <gtest/gtest.h>
 

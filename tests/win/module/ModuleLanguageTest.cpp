@@ -2,7 +2,7 @@
 #include "kernel/OdEdCommandStack.h"
 #include "resources/Resource.h"
 #include "tests/win/module/LoadedModule.h"
-#include "tests/win/module/MessageBoxAnswerer.h"
+#include "tests/win/support/MessageBoxAnswerer.h"
 
 #include <gtest/gtest.h>
 

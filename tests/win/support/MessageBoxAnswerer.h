@@ -2,6 +2,7 @@
 
 #include "win32/Win32.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -14,19 +15,27 @@ public:
     {
         std::wstring caption;
         std::wstring text;
+        HWND owner;
     };
 
-    MessageBoxAnswerer();
+    // Dialogs look like message boxes: a program that has some says which.
+    using IsDialog = bool (*)(HWND window);
+
+    explicit MessageBoxAnswerer(IsDialog isDialog = nullptr);
     ~MessageBoxAnswerer();
     MessageBoxAnswerer(const MessageBoxAnswerer&) = delete;
     MessageBoxAnswerer& operator=(const MessageBoxAnswerer&) = delete;
 
     const std::vector<Box>& boxes() const noexcept { return m_boxes; }
 
+    // Runs when a box is up, before it is answered.
+    std::function<void()> m_whileOpen;
+
 private:
     static LRESULT CALLBACK hook(int code, WPARAM wParam, LPARAM lParam);
     void answer(HWND box);
 
+    IsDialog m_isDialog;
     HHOOK m_hook;
     std::vector<Box> m_boxes;
 };

@@ -1,6 +1,7 @@
-#include "tests/win/module/MessageBoxAnswerer.h"
+#include "tests/win/support/MessageBoxAnswerer.h"
 
 #include <stdexcept>
+#include <string_view>
 
 namespace
 {
@@ -16,7 +17,7 @@ std::wstring windowText(HWND window)
     return text;
 }
 
-bool isDialog(HWND window)
+bool looksLikeABox(HWND window)
 {
     wchar_t name[16] = {};
     ::GetClassNameW(window, name, 16);
@@ -24,8 +25,9 @@ bool isDialog(HWND window)
 }
 } // namespace
 
-MessageBoxAnswerer::MessageBoxAnswerer()
-    : m_hook(::SetWindowsHookExW(WH_CBT, &MessageBoxAnswerer::hook, nullptr, ::GetCurrentThreadId()))
+MessageBoxAnswerer::MessageBoxAnswerer(IsDialog isDialog)
+    : m_isDialog(isDialog),
+      m_hook(::SetWindowsHookExW(WH_CBT, &MessageBoxAnswerer::hook, nullptr, ::GetCurrentThreadId()))
 {
     if (!m_hook || current)
         throw std::runtime_error("no hook for message boxes");
@@ -41,13 +43,16 @@ MessageBoxAnswerer::~MessageBoxAnswerer()
 LRESULT CALLBACK MessageBoxAnswerer::hook(int code, WPARAM wParam, LPARAM lParam)
 {
     const auto window = reinterpret_cast<HWND>(wParam);
-    if (code == HCBT_ACTIVATE && current && isDialog(window))
+    if (code == HCBT_ACTIVATE && current && looksLikeABox(window) &&
+        !(current->m_isDialog && current->m_isDialog(window)))
         current->answer(window);
     return ::CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
 void MessageBoxAnswerer::answer(HWND box)
 {
-    m_boxes.push_back({windowText(box), windowText(::GetDlgItem(box, textControl))});
+    m_boxes.push_back({windowText(box), windowText(::GetDlgItem(box, textControl)), ::GetParent(box)});
+    if (m_whileOpen)
+        m_whileOpen();
     ::PostMessageW(box, WM_COMMAND, IDOK, 0);
 }

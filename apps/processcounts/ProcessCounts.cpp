@@ -1,4 +1,4 @@
-#include "tests/win/module/ProcessCounts.h"
+#include "processcounts/ProcessCounts.h"
 
 #include "win32/Win32.h"
 
@@ -56,6 +56,19 @@ Query systemQuery()
         throw std::runtime_error("no NtQuerySystemInformation");
     return query;
 }
+
+std::size_t usedGdiEntries()
+{
+    const auto* block = reinterpret_cast<const char*>(::NtCurrentTeb()->ProcessEnvironmentBlock);
+    const GdiEntry* table = *reinterpret_cast<const GdiEntry* const*>(block + gdiTableOffset);
+    if (!table)
+        throw std::runtime_error("the process has no table of graphics objects");
+    // Where each process has a table of its own, as under Wine, no entry names its process.
+    const auto own = static_cast<USHORT>(::GetCurrentProcessId());
+    const auto isOwn = [own](const GdiEntry& entry)
+    { return entry.type && (entry.processId == own || entry.processId == 0); };
+    return static_cast<std::size_t>(std::count_if(table, table + gdiEntries, isOwn));
+}
 } // namespace
 
 std::size_t openSystemHandles()
@@ -101,16 +114,35 @@ std::size_t mappedViews()
 
 std::size_t gdiObjects()
 {
-    const auto* block = reinterpret_cast<const char*>(::NtCurrentTeb()->ProcessEnvironmentBlock);
-    const GdiEntry* table = *reinterpret_cast<const GdiEntry* const*>(block + gdiTableOffset);
-    if (!table)
-        throw std::runtime_error("the process has no table of graphics objects");
-    // Where each process has a table of its own, as under Wine, no entry names its process.
-    const auto own = static_cast<USHORT>(::GetCurrentProcessId());
-    const auto isOwn = [own](const GdiEntry& entry)
-    { return entry.type && (entry.processId == own || entry.processId == 0); };
-    const auto count = std::count_if(table, table + gdiEntries, isOwn);
-    if (count == 0)
-        throw std::runtime_error("a process without any graphics object");
-    return static_cast<std::size_t>(count);
+    // A count that does not see a new object would never see a leak either.
+    const std::size_t before = usedGdiEntries();
+    const HPEN pen = ::CreatePen(PS_SOLID, 3, RGB(1, 2, 3));
+    const std::size_t with = usedGdiEntries();
+    ::DeleteObject(pen);
+    if (with != before + 1)
+        throw std::runtime_error("the table of graphics objects does not tell the objects");
+    return before;
+}
+
+std::size_t windowsOf(unsigned long thread)
+{
+    std::size_t count = 0;
+    ::EnumThreadWindows(
+        thread,
+        [](HWND window, LPARAM parameter) -> BOOL
+        {
+            auto* counter = reinterpret_cast<std::size_t*>(parameter);
+            ++*counter;
+            ::EnumChildWindows(
+                window,
+                [](HWND, LPARAM inner) -> BOOL
+                {
+                    ++*reinterpret_cast<std::size_t*>(inner);
+                    return TRUE;
+                },
+                parameter);
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&count));
+    return count;
 }
