@@ -27,3 +27,7 @@ if(GARM_SANITIZERS)
     target_compile_options(garm_options INTERFACE ${sanitize})
     target_link_options(garm_options INTERFACE ${sanitize})
 endif()
+if(GARM_FUZZ)
+    # Tells the fuzzer which branches an input took. The fuzz targets link its engine.
+    target_compile_options(garm_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
