@@ -11,6 +11,8 @@ packages_wine=(wine64 fonts-wine fonts-ipafont-gothic)
 packages_display=(xvfb)
 # The fuzzer's engine is part of the compiler's run-time library; llvm names the functions in its stack traces.
 packages_fuzz=(cmake ninja-build clang libclang-rt-14-dev llvm googletest zlib1g-dev)
+# A mutant is linked in no time by this linker.
+packages_mutants=(lld)
 packages_checks=(clang-format clang-tidy git)
 # libcups2 is what Wine reaches a CUPS server through; the server itself is started by us, never the system's.
 packages_printing=(cups cups-client cups-daemon cups-filters libcups2 openprinting-ppds)
