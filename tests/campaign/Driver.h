@@ -1,0 +1,68 @@
+#pragma once
+
+#include "campaign/Transcript.h"
+#include "kernel/OdString.h"
+#include "win32/DevModeView.h"
+#include "win32/Handles.h"
+
+#include <utility>
+#include <vector>
+
+namespace campaign
+{
+// The public fields of a block that a driver may answer, as far as they are flagged.
+Json fieldsOf(const DevModeView& block);
+
+// What a driver made of a device mode, with the call.
+struct Merged
+{
+    LONG result = -1;
+    DevModeBlock block;
+    Call call;
+
+    bool isBlock() const { return result == IDOK && block.view().isValid(); }
+};
+
+// A paper of the driver's list. Its size is in millimetres; 0 when the driver's lists do not fit each other.
+struct ListedPaper
+{
+    OdString name;
+    WORD code = 0;
+    double width = 0;
+    double length = 0;
+};
+
+// The system's side of one queue, asked without the module.
+class Driver
+{
+public:
+    explicit Driver(const OdString& printer);
+
+    bool isOpen() const { return static_cast<bool>(m_printer); }
+    const OdString& printerName() const { return m_name; }
+
+    // In the driver's order.
+    std::vector<ListedPaper> papers() const;
+    DevModeBlock defaults() const;
+
+    // DocumentPropertiesW, in and out. It leaves what was merged as the driver's default for the rest of the process.
+    Merged merge(std::span<const BYTE> bytes) const;
+
+    // The size of the sheet that the device would print on in this mode, in millimetres; 0 when it does not say.
+    std::pair<double, double> sheet(const DevModeView& mode) const;
+
+    // Whether the device has a margin on both the left and the lower side for this mode. One without counts as a device
+    // whose bounds are not known.
+    bool hasMargins(const DevModeView& mode) const;
+
+    // Every call that a new configuration rests on, in its order, with what it answered.
+    std::vector<Call> interview() const;
+
+private:
+    DeviceContext contextFor(const DevModeView& mode) const;
+
+    OdString m_name;
+    Call m_open;
+    PrinterHandle m_printer;
+};
+} // namespace campaign

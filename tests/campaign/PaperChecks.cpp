@@ -1,0 +1,153 @@
+#include "campaign/Checks.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+namespace campaign
+{
+namespace
+{
+constexpr int firstOwnCode = 256; // codes below mean the same on every printer
+constexpr int longestFormName = 31;
+
+const ListedPaper* firstNamed(const std::vector<ListedPaper>& papers, const OdString& name)
+{
+    const auto found = std::ranges::find_if(papers, [&](const ListedPaper& p) { return odEqualNoCase(p.name, name); });
+    return found == papers.end() ? nullptr : &*found;
+}
+
+const ListedPaper* firstCoded(const std::vector<ListedPaper>& papers, WORD code)
+{
+    const auto found = std::ranges::find(papers, code, &ListedPaper::code);
+    return found == papers.end() ? nullptr : &*found;
+}
+
+// The name a paper must come back under, and the rule when that is not the name it was chosen by. A code of the
+// system's own decides alone; one of the driver's is told by the form name, as far as that can hold the name.
+struct ExpectedName
+{
+    OdString name;
+    const char* rule;
+};
+
+ExpectedName expectedName(const ListedPaper& chosen, const std::vector<ListedPaper>& papers)
+{
+    const ListedPaper& meant = *firstNamed(papers, chosen.name);
+    const char* const rule = &meant == &chosen ? "code listed twice" : "name listed twice";
+    if (meant.code < firstOwnCode)
+        return {firstCoded(papers, meant.code)->name, rule};
+    if (meant.name.getLength() > longestFormName)
+        return {OdString(odFromUtf8("User" + std::to_string(meant.code))), "name longer than a form name"};
+    return {meant.name, rule};
+}
+
+std::string wordsFor(const ListedPaper& paper)
+{
+    return "'" + odToUtf8(paper.name) + "' (" + std::to_string(paper.code) + ")";
+}
+
+void tellOfList(const std::vector<ListedPaper>& papers, Transcript& transcript)
+{
+    transcript.fact("papers", papers.size());
+    transcript.fact("own papers",
+                    std::ranges::count_if(papers, [](const ListedPaper& p) { return p.code >= firstOwnCode; }));
+    for (const ListedPaper& paper : papers)
+        if (firstCoded(papers, paper.code) != &paper)
+            transcript.fact("code listed twice", wordsFor(*firstCoded(papers, paper.code)) + ", " + wordsFor(paper));
+    for (const ListedPaper& paper : papers)
+        if (firstNamed(papers, paper.name) != &paper)
+            transcript.fact("name listed twice", wordsFor(*firstNamed(papers, paper.name)) + ", " + wordsFor(paper));
+    for (const ListedPaper& paper : papers)
+        if (paper.name.getLength() > longestFormName)
+            transcript.fact("long name", wordsFor(paper));
+}
+
+bool sameLength(double one, double other)
+{
+    // Devices count in dots; the coarsest have 72 to an inch.
+    return std::abs(one - other) <= 0.5;
+}
+
+// The size that was taken over must be that of the driver's list.
+void checkSize(const GmPlotCfg3& configuration, const ListedPaper& paper, const Merged& answer, const Driver& driver,
+               Transcript& transcript)
+{
+    const GmMediaBoundsNode& bounds = configuration.m_media.m_size.m_media_description.m_media_bounds;
+    if (sameLength(bounds.m_urx, paper.width) && sameLength(bounds.m_ury, paper.length))
+        return transcript.held("paper size");
+    const auto [width, length] = driver.sheet(answer.block.view());
+    const std::string sizes = wordsFor(paper) + " is listed with " + std::to_string(paper.width) + " x " +
+                              std::to_string(paper.length) + " mm, its device context has " + std::to_string(width) +
+                              " x " + std::to_string(length) + ", taken over is " + std::to_string(bounds.m_urx) +
+                              " x " + std::to_string(bounds.m_ury);
+    // What the device context says is what is taken over, whatever the driver lists.
+    if (width > 0 && sameLength(bounds.m_urx, width) && sameLength(bounds.m_ury, length))
+    {
+        transcript.heldByRule("paper size", "driver lists another size");
+        return transcript.fact("driver lists another size", sizes);
+    }
+    transcript.failed("paper size", sizes, {answer.call});
+}
+
+// The driver must answer the code of the paper that a configuration names.
+bool answersCode(const Merged& answer, const ListedPaper& chosen, const ListedPaper& meant, const char* check,
+                 Transcript& transcript)
+{
+    const WORD code = static_cast<WORD>(answer.block.view().fields().dmPaperSize);
+    return transcript.require(check, answer.isBlock(), wordsFor(chosen) + " is refused", {answer.call}) &&
+           transcript.require(check, code == meant.code,
+                              wordsFor(chosen) + " was chosen and the driver answers code " + std::to_string(code),
+                              {answer.call});
+}
+
+void checkName(const GmPlotCfg3& configuration, const ListedPaper& paper, const std::vector<ListedPaper>& papers,
+               const Merged& answer, Transcript& transcript)
+{
+    const OdString& name = configuration.m_media.m_size.m_name;
+    const ExpectedName expected = expectedName(paper, papers);
+    if (!(name == expected.name))
+        transcript.failed("paper name", wordsFor(paper) + " comes back as '" + odToUtf8(name) + "'", {answer.call});
+    else if (name == paper.name)
+        transcript.held("paper name");
+    else
+        transcript.heldByRule("paper name", expected.rule);
+}
+
+void checkPaper(GmPlotCfg3& configuration, const ListedPaper& paper, const std::vector<ListedPaper>& papers,
+                const Driver& driver, Transcript& transcript)
+{
+    // Of two papers of one name only the first can be chosen by name.
+    const ListedPaper& meant = *firstNamed(papers, paper.name);
+
+    // The choice is made in copies, as if in a file and in the driver's own dialog: the configuration learns of it from
+    // the driver's answer.
+    GmPlotCfg3 choice(configuration);
+    choice.m_media.m_size.m_name = paper.name;
+    choice.m_devModeFields = 0; // as after reading a file
+    if (answersCode(driver.merge(blockOf(choice)), paper, meant, "paper in a file", transcript))
+        transcript.held("paper in a file");
+
+    choice.m_devModeFields = configuration.m_devModeFields;
+    const Merged answer = driver.merge(blockOf(choice));
+    if (!answersCode(answer, paper, meant, "paper", transcript) ||
+        !takeBack(configuration, answer, driver, "paper", transcript) ||
+        // Whatever the paper is called now, it is still the one that was chosen.
+        !answersCode(driver.merge(blockOf(configuration)), paper, meant, "paper", transcript))
+        return;
+    transcript.held("paper");
+    checkName(configuration, paper, papers, answer, transcript);
+    checkSize(configuration, meant, answer, driver, transcript);
+}
+} // namespace
+
+void checkPapers(GmPlotCfg3& configuration, const Driver& driver, Transcript& transcript)
+{
+    const std::vector<ListedPaper> papers = driver.papers();
+    tellOfList(papers, transcript);
+    if (transcript.require("papers", !papers.empty(), "no papers are listed", driver.interview()))
+        transcript.held("papers");
+    for (const ListedPaper& paper : papers)
+        checkPaper(configuration, paper, papers, driver, transcript);
+}
+} // namespace campaign
