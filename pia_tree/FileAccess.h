@@ -19,6 +19,6 @@ const char* readFile(const OdChar* path, ByteBuffer& bytes);
 // to the disk, and then take its place. On any failure the old file is intact and the temporary one is gone.
 //
 // A symbolic link is followed, a read-only file is refused, the file's permissions are kept where the platform lets
-// us. Temporary files that killed processes left in the folder are removed first.
+// us. Temporary files that killed processes left in the folder are removed first; those of writers that live stay.
 const char* replaceFile(const OdChar* path, std::string_view bytes);
 } // namespace pia

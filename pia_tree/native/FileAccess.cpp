@@ -2,46 +2,20 @@
 
 #include "kernel/OdText.h"
 #include "pia_tree/Limits.h"
-#include "pia_tree/TempName.h"
+#include "pia_tree/native/TempFile.h"
 
-#include <dirent.h>
 #include <fcntl.h>
-#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <climits>
-#include <memory>
 #include <string>
-#include <utility>
 
 namespace pia
 {
 namespace
 {
-class File
-{
-public:
-    explicit File(int descriptor) : m_descriptor(descriptor) {}
-    File(const File&) = delete;
-    File& operator=(const File&) = delete;
-    ~File() { close(); }
-
-    explicit operator bool() const noexcept { return m_descriptor >= 0; }
-    int get() const noexcept { return m_descriptor; }
-
-    // False when what was written did not arrive, which some file systems notice only now.
-    bool close() noexcept
-    {
-        const int descriptor = std::exchange(m_descriptor, -1);
-        return descriptor < 0 || ::close(descriptor) == 0;
-    }
-
-private:
-    int m_descriptor;
-};
-
 const char* reasonOf(int error, const char* otherwise) noexcept
 {
     switch (error)
@@ -109,76 +83,6 @@ bool writeAll(int file, std::string_view bytes) noexcept
     }
     return true;
 }
-
-bool isGone(std::uint32_t process) noexcept
-{
-    // What does not fit would name a whole group of processes.
-    if (process > INT_MAX)
-        return false;
-    return ::kill(static_cast<pid_t>(process), 0) != 0 && errno == ESRCH;
-}
-
-void removeStaleFiles(int folder) noexcept
-{
-    const auto closeDir = [](DIR* dir) { ::closedir(dir); };
-    const int copy = ::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (copy < 0)
-        return;
-    const std::unique_ptr<DIR, decltype(closeDir)> entries(::fdopendir(copy));
-    if (!entries)
-    {
-        ::close(copy);
-        return;
-    }
-    while (const dirent* entry = ::readdir(entries.get()))
-        if (const auto process = processOfTempName(entry->d_name); process && isGone(*process))
-            ::unlinkat(folder, entry->d_name, 0);
-}
-
-// A new file beside its target, removed again unless it took the target's place.
-class TempFile
-{
-public:
-    TempFile(int folder, mode_t mode) : m_folder(folder), m_file(create(folder, mode, m_name)) {}
-    TempFile(const TempFile&) = delete;
-    TempFile& operator=(const TempFile&) = delete;
-    ~TempFile()
-    {
-        m_file.close();
-        if (!m_name.empty())
-            ::unlinkat(m_folder, m_name.c_str(), 0);
-    }
-
-    File& file() noexcept { return m_file; }
-
-    bool takePlaceOf(const char* target) noexcept
-    {
-        if (::renameat(m_folder, m_name.c_str(), m_folder, target) != 0)
-            return false;
-        m_name.clear();
-        return true;
-    }
-
-private:
-    static int create(int folder, mode_t mode, std::string& name)
-    {
-        for (;;)
-        {
-            name = nextTempName(static_cast<std::uint32_t>(::getpid()));
-            const int file = ::openat(folder, name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
-            // A name is taken when a killed process had our number.
-            if (file < 0 && errno == EEXIST)
-                continue;
-            if (file < 0)
-                name.clear();
-            return file;
-        }
-    }
-
-    int m_folder;
-    std::string m_name;
-    File m_file;
-};
 
 // Owner and group need rights that we mostly lack; the mode comes last because they may change it.
 bool copyPermissions(int file, const struct stat& target) noexcept

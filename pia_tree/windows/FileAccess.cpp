@@ -1,12 +1,11 @@
 #include "pia_tree/FileAccess.h"
 
 #include "pia_tree/Limits.h"
-#include "pia_tree/TempName.h"
+#include "pia_tree/windows/TempFile.h"
 
 #include <windows.h>
 
 #include <string>
-#include <utility>
 
 namespace pia
 {
@@ -14,27 +13,6 @@ namespace
 {
 constexpr auto cannotWrite = "the file cannot be written";
 constexpr auto notAFile = "that is a folder or a device, not a file";
-
-class File
-{
-public:
-    explicit File(HANDLE handle) : m_handle(handle) {}
-    File(const File&) = delete;
-    File& operator=(const File&) = delete;
-    ~File() { close(); }
-
-    explicit operator bool() const noexcept { return m_handle != INVALID_HANDLE_VALUE; }
-    HANDLE get() const noexcept { return m_handle; }
-
-    bool close() noexcept
-    {
-        const HANDLE handle = std::exchange(m_handle, INVALID_HANDLE_VALUE);
-        return handle == INVALID_HANDLE_VALUE || ::CloseHandle(handle);
-    }
-
-private:
-    HANDLE m_handle;
-};
 
 const char* reasonOf(DWORD error, const char* otherwise) noexcept
 {
@@ -174,103 +152,6 @@ const char* findTarget(const wchar_t* path, Target& target)
     return nullptr;
 }
 
-bool isGone(DWORD process) noexcept
-{
-    const HANDLE handle = ::OpenProcess(SYNCHRONIZE, FALSE, process);
-    if (!handle)
-        return ::GetLastError() == ERROR_INVALID_PARAMETER;
-    // Somebody may still hold a handle of a process that has ended.
-    const bool ended = ::WaitForSingleObject(handle, 0) == WAIT_OBJECT_0;
-    ::CloseHandle(handle);
-    return ended;
-}
-
-void removeStaleFiles(const std::wstring& folder)
-{
-    const std::wstring pattern = folder + std::wstring(tempNameStart.begin(), tempNameStart.end()) + L'*' +
-                                 std::wstring(tempNameEnd.begin(), tempNameEnd.end());
-    WIN32_FIND_DATAW entry = {};
-    const HANDLE search = ::FindFirstFileW(pattern.c_str(), &entry);
-    if (search == INVALID_HANDLE_VALUE)
-        return;
-    do
-    {
-        char name[MAX_PATH] = {};
-        for (std::size_t i = 0; i + 1 < MAX_PATH && entry.cFileName[i]; ++i)
-            name[i] = entry.cFileName[i] < 0x80 ? static_cast<char>(entry.cFileName[i]) : '?';
-        if (const auto process = processOfTempName(name); process && isGone(*process))
-            ::DeleteFileW((folder + entry.cFileName).c_str());
-    } while (::FindNextFileW(search, &entry));
-    ::FindClose(search);
-}
-
-// A new file beside its target, removed again unless it took the target's place.
-class TempFile
-{
-public:
-    explicit TempFile(const std::wstring& folder) : m_file(create(folder, m_path)) {}
-    TempFile(const TempFile&) = delete;
-    TempFile& operator=(const TempFile&) = delete;
-    ~TempFile()
-    {
-        m_file.close();
-        if (!m_path.empty())
-            ::DeleteFileW(m_path.c_str());
-    }
-
-    File& file() noexcept { return m_file; }
-
-    bool takePlaceOf(const Target& target) noexcept
-    {
-        const wchar_t* path = target.path.c_str();
-        // Keeps the target's permissions, as far as they can be had.
-        bool done = target.exists &&
-                    ::ReplaceFileW(path, m_path.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr);
-        // There is no target, or the exchange failed halfway and took it away: then ours is the only copy.
-        if (!done && (!target.exists || isMissing(path)))
-        {
-            done = ::MoveFileExW(m_path.c_str(), path, MOVEFILE_WRITE_THROUGH);
-            if (!done && target.exists)
-                m_path.clear();
-        }
-        if (done)
-            m_path.clear();
-        return done;
-    }
-
-private:
-    static bool isMissing(const wchar_t* path) noexcept
-    {
-        const DWORD before = ::GetLastError();
-        const bool missing =
-            ::GetFileAttributesW(path) == INVALID_FILE_ATTRIBUTES && ::GetLastError() == ERROR_FILE_NOT_FOUND;
-        ::SetLastError(before);
-        return missing;
-    }
-
-    // Nobody else may open or delete it before it is complete.
-    static HANDLE create(const std::wstring& folder, std::wstring& path)
-    {
-        for (;;)
-        {
-            const std::string name = nextTempName(::GetCurrentProcessId());
-            path = folder;
-            path.append(name.begin(), name.end());
-            const HANDLE file =
-                ::CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
-            // A name is taken when a killed process had our number.
-            if (file == INVALID_HANDLE_VALUE && ::GetLastError() == ERROR_FILE_EXISTS)
-                continue;
-            if (file == INVALID_HANDLE_VALUE)
-                path.clear();
-            return file;
-        }
-    }
-
-    std::wstring m_path;
-    File m_file;
-};
-
 bool writeAll(HANDLE file, std::string_view bytes) noexcept
 {
     while (!bytes.empty())
@@ -329,8 +210,10 @@ const char* replaceFile(const OdChar* path, std::string_view bytes)
     removeStaleFiles(folder);
 
     TempFile temp(folder);
+    if (temp.file() && target.exists)
+        temp.takeOverProperties(target.path);
     if (!temp.file() || !writeAll(temp.file().get(), bytes) || !::FlushFileBuffers(temp.file().get()) ||
-        !temp.file().close() || !temp.takePlaceOf(target))
+        !temp.takePlaceOf(target.path, target.exists))
         return reasonOf(::GetLastError(), cannotWrite);
     return nullptr;
 }

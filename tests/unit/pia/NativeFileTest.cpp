@@ -1,39 +1,23 @@
 // What only this platform's files can do: links, modes, pipes, full disks, and system calls that fail one by one.
 
+#include "FileCalls.h"
 #include "FolderTools.h"
 #include "pia_tree/FileAccess.h"
-#include "pia_tree/TempName.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <fcntl.h>
 #include <signal.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <climits>
-#include <cstdarg>
 
 namespace
 {
 using Names = std::vector<std::string>;
-
-// The n-th of the calls below fails with this error; 0: none does.
-int failAt = 0;
-int calls = 0;
-int failure = EIO;
-
-bool failsNow()
-{
-    if (failAt == 0 || ++calls != failAt)
-        return false;
-    errno = failure;
-    return true;
-}
 
 std::string nativeName(const OdString& name)
 {
@@ -65,54 +49,23 @@ class NativeFile : public testing::Test
 protected:
     void link(const char* target, const OdString& name) { ASSERT_EQ(::symlink(target, nativeName(name).c_str()), 0); }
 
+    // Writes with the n-th call failing; the reason, null after success. reached: there was such a call.
+    const char* writeFailing(int n, int error, const OdString& name, bool& reached)
+    {
+        FileCalls::now() = {};
+        FileCalls::now().failAt = n;
+        FileCalls::now().failure = error;
+        FileCalls::now().inPieces = true;
+        const char* reason = pia::replaceFile(name.c_str(), "brand new");
+        reached = FileCalls::now().made >= n;
+        FileCalls::now() = {};
+        return reason;
+    }
+
+    FileCallsReset m_reset;
     TemporaryFolder m_folder;
 };
 } // namespace
-
-// The linker puts these in the place of the functions the file layer calls.
-extern "C"
-{
-    int __real_openat(int folder, const char* name, int flags, mode_t mode);
-    ssize_t __real_write(int file, const void* bytes, size_t size);
-    int __real_fchmod(int file, mode_t mode);
-    int __real_fsync(int file);
-    int __real_close(int file);
-    int __real_renameat(int oldFolder, const char* oldName, int newFolder, const char* newName);
-
-    int __wrap_openat(int folder, const char* name, int flags, ...)
-    {
-        std::va_list list;
-        va_start(list, flags);
-        const auto mode = static_cast<mode_t>((flags & O_CREAT) ? va_arg(list, unsigned) : 0U);
-        va_end(list);
-        return failsNow() ? -1 : __real_openat(folder, name, flags, mode);
-    }
-    ssize_t __wrap_write(int file, const void* bytes, size_t size)
-    {
-        if (failsNow())
-            return -1;
-        // In pieces, as a disk may do it.
-        return __real_write(file, bytes, failAt && size > 2 ? 2 : size);
-    }
-    int __wrap_fchmod(int file, mode_t mode)
-    {
-        return failsNow() ? -1 : __real_fchmod(file, mode);
-    }
-    int __wrap_fsync(int file)
-    {
-        return failsNow() ? -1 : __real_fsync(file);
-    }
-    int __wrap_close(int file)
-    {
-        // A failing close has closed the file all the same.
-        const int result = __real_close(file);
-        return failsNow() ? -1 : result;
-    }
-    int __wrap_renameat(int oldFolder, const char* oldName, int newFolder, const char* newName)
-    {
-        return failsNow() ? -1 : __real_renameat(oldFolder, oldName, newFolder, newName);
-    }
-}
 
 TEST_F(NativeFile, whateverFailsTheOldFileIsIntactAndNothingIsLeftBehind)
 {
@@ -121,11 +74,8 @@ TEST_F(NativeFile, whateverFailsTheOldFileIsIntactAndNothingIsLeftBehind)
     for (int n = 1;; ++n)
     {
         putContent(name, "old");
-        failAt = n;
-        calls = 0;
-        const char* reason = pia::replaceFile(name.c_str(), "brand new");
-        const bool reached = calls >= n;
-        failAt = 0;
+        bool reached = false;
+        const char* reason = writeFailing(n, EIO, name, reached);
         refused += reason ? 1 : 0;
         EXPECT_EQ(contentOf(name), reason ? "old" : "brand new") << n;
         EXPECT_EQ(namesIn(m_folder.path()), Names{"A4.pc3"}) << n;
@@ -135,9 +85,9 @@ TEST_F(NativeFile, whateverFailsTheOldFileIsIntactAndNothingIsLeftBehind)
             break;
         }
     }
-    // The temporary file, its mode, five pieces, the flush, the close, the exchange. Looking for stale files and what
-    // comes after the exchange may fail.
-    EXPECT_EQ(refused, 1 + 1 + 5 + 1 + 1 + 1);
+    // The temporary file, its second handle, its mode, five pieces, the flush, the close, the exchange. Looking for
+    // stale files, the lock and what comes after the exchange may fail.
+    EXPECT_EQ(refused, 1 + 1 + 1 + 5 + 1 + 1 + 1);
 }
 
 TEST_F(NativeFile, whateverFailsANewFileIsWholeOrAbsent)
@@ -147,35 +97,35 @@ TEST_F(NativeFile, whateverFailsANewFileIsWholeOrAbsent)
     for (int n = 1;; ++n)
     {
         std::filesystem::remove(pathOf(name));
-        failAt = n;
-        calls = 0;
-        const char* reason = pia::replaceFile(name.c_str(), "brand new");
-        const bool reached = calls >= n;
-        failAt = 0;
+        bool reached = false;
+        const char* reason = writeFailing(n, EIO, name, reached);
         refused += reason ? 1 : 0;
         EXPECT_EQ(namesIn(m_folder.path()), reason ? Names{} : Names{"A4.pc3"}) << n;
         EXPECT_EQ(contentOf(name), reason ? "" : "brand new") << n;
         if (!reached)
             break;
     }
-    EXPECT_EQ(refused, 1 + 5 + 1 + 1 + 1);
+    EXPECT_EQ(refused, 1 + 1 + 5 + 1 + 1 + 1);
 }
 
-TEST_F(NativeFile, aCallThatWasInterruptedIsRepeated)
+TEST_F(NativeFile, aWriteThatWasInterruptedIsRepeated)
 {
     const OdString name = m_folder.at("A4.pc3");
-    failure = EINTR;
-    // Before the five pieces come the look for stale files, the temporary file and its mode.
-    for (int n = 4; n <= 8; ++n)
+    putContent(name, "old");
+    int interrupted = 0;
+    FileCalls::now().inPieces = true;
+    FileCalls::now().failure = EINTR;
+    FileCalls::now().before = [&](FileCall call)
     {
-        putContent(name, "old");
-        failAt = n;
-        calls = 0;
-        EXPECT_EQ(pia::replaceFile(name.c_str(), "brand new"), nullptr) << n;
-        failAt = 0;
-        EXPECT_GE(calls, n);
-    }
-    failure = EIO;
+        // Each piece once.
+        if (call == FileCall::write && FileCalls::now().failAt != FileCalls::now().made - 1)
+        {
+            FileCalls::now().failAt = FileCalls::now().made;
+            ++interrupted;
+        }
+    };
+    EXPECT_EQ(refusal(name, "brand new"), "was written");
+    EXPECT_EQ(interrupted, 5);
     EXPECT_EQ(contentOf(name), "brand new");
 }
 
@@ -289,41 +239,4 @@ TEST_F(NativeFile, aNameThatCannotBeOneHereIsRefused)
     const OdChar lone[] = {'x', 0xD800, 0};
     EXPECT_EQ(refusal(lone), "no file has that name");
     EXPECT_EQ(refusalToRead(lone), "no file has that name");
-}
-
-TEST_F(NativeFile, aTemporaryFileStaysUntilItsProcessIsGone)
-{
-    int toChild[2];
-    ASSERT_EQ(::pipe(toChild), 0);
-    const pid_t child = ::fork();
-    if (child == 0)
-    {
-        ::close(toChild[1]);
-        char byte = 0;
-        // Ends when the other end is closed.
-        ::_exit(::read(toChild[0], &byte, 1) == 0 ? 0 : 1);
-    }
-    ASSERT_GT(child, 0);
-    ::close(toChild[0]);
-
-    const std::string name = pia::nextTempName(static_cast<std::uint32_t>(child));
-    putContent(m_folder.at(name), "being written");
-    EXPECT_EQ(refusal(m_folder.at("A4.pc3")), "was written");
-    EXPECT_EQ(namesIn(m_folder.path()), (Names{"A4.pc3", name}));
-
-    ::close(toChild[1]);
-    int status = -1;
-    ASSERT_EQ(::waitpid(child, &status, 0), child);
-    EXPECT_EQ(status, 0);
-    EXPECT_EQ(refusal(m_folder.at("A4.pc3")), "was written");
-    EXPECT_EQ(namesIn(m_folder.path()), Names{"A4.pc3"});
-}
-
-TEST_F(NativeFile, ourOwnTemporaryFilesAreLeftAlone)
-{
-    // Another thread may be writing it.
-    const std::string name = pia::nextTempName(static_cast<std::uint32_t>(::getpid()));
-    putContent(m_folder.at(name), "being written");
-    EXPECT_EQ(refusal(m_folder.at("A4.pc3")), "was written");
-    EXPECT_EQ(namesIn(m_folder.path()), (Names{"A4.pc3", name}));
 }

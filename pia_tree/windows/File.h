@@ -1,0 +1,30 @@
+#pragma once
+
+#include <windows.h>
+
+#include <utility>
+
+namespace pia
+{
+// Owns a file handle; INVALID_HANDLE_VALUE: none.
+class File
+{
+public:
+    explicit File(HANDLE handle = INVALID_HANDLE_VALUE) noexcept : m_handle(handle) {}
+    File(const File&) = delete;
+    File& operator=(const File&) = delete;
+    ~File() { close(); }
+
+    explicit operator bool() const noexcept { return m_handle != INVALID_HANDLE_VALUE; }
+    HANDLE get() const noexcept { return m_handle; }
+
+    bool close() noexcept
+    {
+        const HANDLE handle = std::exchange(m_handle, INVALID_HANDLE_VALUE);
+        return handle == INVALID_HANDLE_VALUE || ::CloseHandle(handle);
+    }
+
+private:
+    HANDLE m_handle;
+};
+} // namespace pia
