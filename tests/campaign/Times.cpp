@@ -58,6 +58,7 @@ void tellTimes(const OdString& printer, const OdString& folder, Transcript& tran
     // What the system needs, for comparison.
     tell("OpenPrinterW", transcript, [&] { return static_cast<bool>(openPrinter(printer.c_str())); });
     tell("EnumPrintersW 1", transcript, [] { return isEnumerated(1); });
+    tell("EnumPrintersW 4", transcript, [] { return isEnumerated(4); });
     tell("EnumPrintersW 5", transcript, [] { return isEnumerated(5); });
     tell("EnumPrintersW 2", transcript, [] { return isEnumerated(2); });
 

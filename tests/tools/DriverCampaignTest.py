@@ -9,7 +9,7 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "tools"))
-from garmtools import compatibility, drivercampaign, ppds
+from garmtools import compatibility, drivercampaign, manyqueues, ppds
 from garmtools.ppds import Model
 
 HELD = {"held": 1, "failed": 0, "rules": {}}
@@ -157,6 +157,26 @@ class PageTest(unittest.TestCase):
     def test_names_cannot_break_the_table(self):
         made = self.page((Model("a", "M", "M a|b", "en"), result()))
         self.assertIn("| M a\\|b | 1 |", made)
+
+
+class ManyQueuesTest(unittest.TestCase):
+    def test_the_queues_are_taken_from_the_whole_list_each_once(self):
+        self.assertEqual(manyqueues.spread(list("abcdefghij"), 4), ["a", "c", "f", "h"])
+        self.assertEqual(manyqueues.spread(list("abc"), 3), ["a", "b", "c"])
+
+    def test_the_table_has_every_time_of_both(self):
+        keys = [*manyqueues.INSIDE, *manyqueues.PROGRAMS]
+        few, many = ({**{key: at + offset for at, key in enumerate(keys)}, "first": 2.0} for offset in (0.5, 100))
+        lines = manyqueues.table(few, many, 500)
+        self.assertEqual(lines[0], "| Milliseconds | 4 queues | 500 queues |")
+        self.assertEqual(len(lines), 2 + len(keys) + 1)
+        self.assertTrue(lines[2].endswith("| 0.50 | 100 |"))
+        self.assertTrue(lines[-1].endswith("| 2000 | 2000 |"))
+
+    def test_every_time_inside_is_one_that_the_checker_tells(self):
+        source = (ROOT / "tests" / "campaign" / "Times.cpp").read_text()
+        for fact in manyqueues.INSIDE:
+            self.assertIn(f'tell("{fact}"', source)
 
 
 if __name__ == "__main__":

@@ -14,6 +14,7 @@ import os
 import re
 import sys
 import tempfile
+import time
 from pathlib import Path
 
 from . import privatecups, wineprefix
@@ -136,6 +137,7 @@ class Batch:
         self.models = models
         self.names = queue_names(models)
         self.refused = {}  # model: why CUPS does not take its PPD
+        self.seconds_to_load = 0.0  # until the first program knew the queues
         self._cpu = cpu
         self._stack = contextlib.ExitStack()
 
@@ -172,9 +174,11 @@ class Batch:
     def _hold_spooler(self):
         """Every program would read all queues anew if no other one had the spooler loaded."""
         log = self.folder / "holder.log"
+        began = time.monotonic()
         holder = start_server(self.prefix.command([CHECKER, "hold"]), log, self.prefix.env)
         if not wait_until(lambda: holder.poll() is not None or "held" in log.read_text(errors="replace"), 300):
             raise RuntimeError("the spooler does not come up in the prefix:\n" + log.read_text(errors="replace"))
+        self.seconds_to_load = time.monotonic() - began
         return holder
 
 

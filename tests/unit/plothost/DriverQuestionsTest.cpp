@@ -142,3 +142,18 @@ TEST_F(DriverQuestions, connectionsAreLeftAlone)
     resetDriverDefaults();
     EXPECT_EQ(room.count(room::Call::openPrinter), 0);
 }
+
+TEST_F(DriverQuestions, toResetTheDriversOnlyTheNamesOfThePrintersAreListed)
+{
+    addPlotter();
+    resetDriverDefaults();
+    int listings = 0;
+    for (const room::CallRecord& call : room.calls())
+        if (call.call == room::Call::enumPrinters)
+        {
+            // Level 2 would ask every printer for all it has; with hundreds of them a user waits for that.
+            EXPECT_EQ(call.level, 4U);
+            ++listings;
+        }
+    EXPECT_EQ(listings, 2) << "one for the size, one to fill";
+}
