@@ -4,6 +4,8 @@
 #include "tests/unit/commands/CommandTest.h"
 
 #include <stdexcept>
+#include <utility>
+#include <vector>
 
 namespace
 {
@@ -89,6 +91,53 @@ TEST_F(PrinterQueryTest, ConfigurationAnswersEverythingOfIt)
     EXPECT_EQ(m_answer.paperName, OD_T("A3"));
     EXPECT_EQ(m_answer.driverType, 1);
     EXPECT_EQ(m_answer.canonicalModelName, OD_T("Canonical"));
+}
+
+// Each of these calls takes the spooler a good part of a millisecond.
+TEST_F(PrinterQueryTest, AskingForAConfigurationCostsTheseCallsAndNoMore)
+{
+    using room::Call;
+    putConfiguration(OD_T("a.pc3"));
+    m_room.forgetCalls();
+    ASSERT_TRUE(ask(OD_T("a.pc3")));
+    std::vector<std::pair<Call, bool>> calls;
+    for (const room::CallRecord& record : m_room.calls())
+        calls.emplace_back(record.call, record.fill);
+    const std::vector<std::pair<Call, bool>> expected = {
+        // Is the printer still there, and does it still have the configuration's driver?
+        {Call::openPrinter, false},
+        {Call::getPrinterDriver, false},
+        {Call::getPrinterDriver, true},
+        {Call::closePrinter, false},
+        // The printer of the device mode, and its papers through a handle of their own: counts, then lists.
+        {Call::openPrinter, false},
+        {Call::openPrinter, false},
+        {Call::getPrinter, false},
+        {Call::getPrinter, true},
+        {Call::deviceCapabilities, false},
+        {Call::deviceCapabilities, false},
+        {Call::deviceCapabilities, true},
+        {Call::deviceCapabilities, true},
+        {Call::closePrinter, false},
+        {Call::closePrinter, false},
+    };
+    EXPECT_EQ(calls, expected);
+}
+
+TEST_F(PrinterQueryTest, ManyQuestionsCostAsManyTimesAsMuchAndLeaveNothingOpen)
+{
+    putConfiguration(OD_T("a.pc3"));
+    m_room.forgetCalls();
+    ASSERT_TRUE(ask(OD_T("a.pc3")));
+    const std::size_t once = m_room.calls().size();
+    m_room.forgetCalls();
+    constexpr std::size_t many = 50;
+    for (std::size_t i = 0; i < many; ++i)
+    {
+        ASSERT_TRUE(ask(OD_T("a.pc3")));
+        ASSERT_EQ(m_room.openHandles(), 0);
+    }
+    EXPECT_EQ(m_room.calls().size(), many * once);
 }
 
 TEST_F(PrinterQueryTest, EndingIsComparedWithoutCase)

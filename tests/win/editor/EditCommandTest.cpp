@@ -8,6 +8,9 @@
 #include "mfc/AfxModuleState.h"
 #include "resources/Resource.h"
 
+#include <utility>
+#include <vector>
+
 namespace
 {
 // The command with its real windows. What it decides without windows is tested elsewhere.
@@ -68,6 +71,43 @@ TEST_F(EditCommandTest, ANewConfigurationIsEditedNamedWrittenAndReadAgain)
          });
     EXPECT_EQ(textOf(L"fileName"), L"Office.pc3");
     EXPECT_EQ(m_folder.names(), std::set<std::string>{"Office.pc3"});
+}
+
+// What opening a sheet costs beside its windows. The second tab asks for nothing more.
+TEST_F(EditCommandTest, OpeningAFileCostsTheseCallsAndNoMore)
+{
+    using room::Call;
+    const OdSharedPtr<GmPlotCfg3> cfg = newConfiguration();
+    cfg->m_io.m_plot_to_file = false;
+    ASSERT_TRUE(cfg->write(m_folder.at("a.pc3")));
+    m_room.forgetCalls();
+    edit(L"a", false,
+         [](SheetDriver& user)
+         {
+             const HWND sheet = user.awaitWindow();
+             user.selectTab(sheet, 1);
+             user.press(sheet, IDCANCEL);
+         });
+    std::vector<std::pair<Call, bool>> calls;
+    for (const room::CallRecord& record : m_room.calls())
+        calls.emplace_back(record.call, record.fill);
+    const std::vector<std::pair<Call, bool>> expected = {
+        // Is the printer still there, and does it still have the configuration's driver?
+        {Call::openPrinter, false},
+        {Call::getPrinterDriver, false},
+        {Call::getPrinterDriver, true},
+        {Call::closePrinter, false},
+        // Its port.
+        {Call::openPrinter, false},
+        {Call::getPrinter, false},
+        {Call::getPrinter, true},
+        {Call::closePrinter, false},
+        // The installed printers: those of this machine, and the others, of which there are none.
+        {Call::enumPrinters, false},
+        {Call::enumPrinters, true},
+        {Call::enumPrinters, false},
+    };
+    EXPECT_EQ(calls, expected);
 }
 
 TEST_F(EditCommandTest, ACancelledSheetWritesNothing)
