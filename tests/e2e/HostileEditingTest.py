@@ -1,4 +1,4 @@
-"""Configurations that nobody would write by hand, and many sessions in one process."""
+"""Configurations that nobody would write by hand."""
 
 import unittest
 
@@ -74,26 +74,6 @@ class HostileConfigurationTest(EditorCase):
         script = self.opened().add(f"text {ed.DESCRIPTION}", f"click {ed.OK}", "end")
         answers = self.session(script)
         self.assertEqual(answers.outputs()["fileName"], "x.pc3")
-
-
-class ManySessionsTest(EditorCase):
-    def test_nothing_leaks_over_a_hundred_openings_with_all_pages(self):
-        self.create(WITH_MARGINS)
-        one = self.opened().device_tab()
-        for name in EVERY_PAGE:
-            one.entry(name)
-        one.add("tab 0", f"click {ed.CANCEL}", "end")
-        script = Script()
-        # The first ones fill caches of the system.
-        for count in (10, 100):
-            for _ in range(count):
-                script.add(*one.lines)
-            script.add("counts")
-        answers = self.session(script, seconds=300)
-        self.assertEqual(len(answers.all("output fileName")), 110)
-        for what in ("handles", "gdi", "windows"):
-            before, after = map(int, answers.all(what))
-            self.assertEqual(after, before, what)
 
 
 if __name__ == "__main__":

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "kernel/OdString.h"
+
+namespace modulebench
+{
+// What all actions work on.
+struct Subject
+{
+    OdString configuration; // its full path
+    OdString printer;       // that it is bound to
+};
+
+// Each prints lines "name: value" and throws std::runtime_error when something does not work.
+
+// What is repeated in one process.
+struct Load
+{
+    unsigned calls = 0;    // of PC3GETDEVMODE
+    unsigned checks = 0;   // background checks
+    unsigned openings = 0; // of the editor, with all its pages
+};
+
+// Each of the three, and then as many times the bare system calls, windows and threads that it needs. Before the first
+// and after every part (there are at most twenty) it prints what the process holds of the system ("calls heap: 123").
+// At the end the module must be gone from the process.
+void runLoad(const Subject& subject, const Load& load);
+
+// Times PC3GETDEVMODE and its bare calls in turn, in nanoseconds: "command: 123", "bare: 123".
+void timeCommand(const Subject& subject, unsigned rounds);
+
+// Times the editor, a bare sheet, and a bare sheet after the system calls that the editor needs, in turn: until they
+// are painted ("editor opened: 123"), and from there to their second page ("editor switched: 123").
+void timeEditor(const Subject& subject, unsigned rounds);
+} // namespace modulebench

@@ -1,0 +1,79 @@
+#include "bench/module/AllPages.h"
+
+#include "bench/module/BareSheet.h"
+#include "bench/module/OpenedSheet.h"
+#include "resources/Resource.h"
+
+#include <commctrl.h>
+#include <iterator>
+#include <stdexcept>
+
+namespace modulebench
+{
+namespace
+{
+constexpr UINT treePages[] = {IDD_VECTOR_GRAPHICS, IDD_CUSTOM_PROP, IDD_RASTER_GRAPHICS,
+                              IDD_COLLATING,       IDD_TRUETYPE,    IDD_MERGE_CTRL};
+
+HTREEITEM next(HWND tree, WPARAM which, HTREEITEM item)
+{
+    return reinterpret_cast<HTREEITEM>(::SendMessageW(tree, TVM_GETNEXTITEM, which, reinterpret_cast<LPARAM>(item)));
+}
+
+void selectEach(HWND tree, HTREEITEM item)
+{
+    for (; item; item = next(tree, TVGN_NEXT, item))
+    {
+        ::SendMessageW(tree, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(item));
+        paint(::GetParent(tree));
+        selectEach(tree, next(tree, TVGN_CHILD, item));
+    }
+}
+
+std::size_t dialogsIn(HWND page)
+{
+    std::size_t count = 0;
+    HWND dialog = nullptr;
+    while ((dialog = ::FindWindowExW(page, dialog, L"#32770", nullptr)) != nullptr)
+        ++count;
+    return count;
+}
+
+template <class MakePages>
+void showBothTabs(HWND sheet, MakePages makePages)
+{
+    paint(sheet);
+    showTab(sheet, 1);
+    paint(sheet);
+    const HWND page = shownPage(sheet);
+    makePages(page);
+    if (dialogsIn(page) != std::size(treePages))
+        throw std::runtime_error("not all pages of the device tree have been made");
+    showTab(sheet, 0);
+    paint(sheet);
+}
+} // namespace
+
+void showAllPages(HWND sheet)
+{
+    showBothTabs(sheet,
+                 [](HWND page)
+                 {
+                     const HWND tree = ::GetDlgItem(page, IDC_TREE);
+                     selectEach(tree, next(tree, TVGN_ROOT, nullptr));
+                 });
+}
+
+void showAllBarePages(HWND sheet, HINSTANCE resources)
+{
+    showBothTabs(sheet,
+                 [resources](HWND page)
+                 {
+                     for (const UINT dialog : treePages)
+                     {
+                         ::ShowWindow(createBareDialog(resources, dialog, page), SW_SHOW);
+                         paint(page);
+                     }
+                 });
+}
+} // namespace modulebench

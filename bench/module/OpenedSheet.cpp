@@ -1,0 +1,137 @@
+#include "bench/module/OpenedSheet.h"
+
+#include <commctrl.h>
+#include <exception>
+#include <prsht.h>
+#include <stdexcept>
+
+namespace modulebench
+{
+namespace
+{
+constexpr UINT openedMessage = WM_APP + 1;
+constexpr int tabControl = 0x3020; // of a property sheet
+const wchar_t* const watcherClass = L"ModuleBenchWatcher";
+const wchar_t* const ownerClass = L"ModuleBenchOwner";
+
+// The sheet that is waited for; hooks and window procedures have no other place for it.
+struct Awaited
+{
+    const std::function<void(HWND)>& use;
+    HWND watcher = nullptr;
+    HWND sheet = nullptr;
+    bool used = false;
+    std::exception_ptr thrown = {};
+};
+Awaited* awaited = nullptr;
+
+bool isSheet(HWND window)
+{
+    return ::GetDlgItem(window, tabControl) != nullptr && !(::GetWindowLongW(window, GWL_STYLE) & WS_CHILD);
+}
+
+LRESULT CALLBACK watchActivation(int code, WPARAM window, LPARAM details) noexcept
+{
+    const HWND activated = reinterpret_cast<HWND>(window);
+    if (code == HCBT_ACTIVATE && awaited && !awaited->sheet && isSheet(activated))
+    {
+        awaited->sheet = activated;
+        // Taken from the queue by the sheet's own message loop, when everything before that is done.
+        ::PostMessageW(awaited->watcher, openedMessage, 0, 0);
+    }
+    return ::CallNextHookEx(nullptr, code, window, details);
+}
+
+LRESULT CALLBACK watcherProcedure(HWND window, UINT message, WPARAM first, LPARAM second) noexcept
+{
+    if (message != openedMessage || !awaited)
+        return ::DefWindowProcW(window, message, first, second);
+    try
+    {
+        awaited->use(awaited->sheet);
+    }
+    catch (...)
+    {
+        awaited->thrown = std::current_exception();
+    }
+    awaited->used = true;
+    ::PostMessageW(awaited->sheet, PSM_PRESSBUTTON, PSBTN_CANCEL, 0);
+    return 0;
+}
+
+HWND createWindow(const wchar_t* className, WNDPROC procedure, DWORD style, int size, HWND parent)
+{
+    WNDCLASSW windowClass = {};
+    windowClass.lpfnWndProc = procedure;
+    windowClass.hInstance = ::GetModuleHandleW(nullptr);
+    windowClass.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(COLOR_BTNFACE + 1));
+    windowClass.lpszClassName = className;
+    ::RegisterClassW(&windowClass);
+    const HWND window = ::CreateWindowExW(0, className, L"Host", style, 20, 20, size, size, parent, nullptr,
+                                          windowClass.hInstance, nullptr);
+    if (!window)
+        throw std::runtime_error("the system gives no window");
+    return window;
+}
+
+// What is waited for, with the hook and the window that it takes, as long as the object lives.
+class Watch
+{
+public:
+    explicit Watch(Awaited& sheet)
+        : m_sheet(sheet), m_hook(::SetWindowsHookExW(WH_CBT, &watchActivation, nullptr, ::GetCurrentThreadId()))
+    {
+        m_sheet.watcher = createWindow(watcherClass, &watcherProcedure, 0, 0, HWND_MESSAGE);
+        awaited = &m_sheet;
+    }
+    ~Watch()
+    {
+        awaited = nullptr;
+        ::UnhookWindowsHookEx(m_hook);
+        ::DestroyWindow(m_sheet.watcher);
+    }
+    Watch(const Watch&) = delete;
+    Watch& operator=(const Watch&) = delete;
+
+private:
+    Awaited& m_sheet;
+    HHOOK m_hook;
+};
+} // namespace
+
+void withSheet(HWND owner, const std::function<void()>& show, const std::function<void(HWND)>& use)
+{
+    ::SetActiveWindow(owner);
+    Awaited sheet{use};
+    {
+        const Watch watch(sheet);
+        show();
+    }
+    if (sheet.thrown)
+        std::rethrow_exception(sheet.thrown);
+    if (!sheet.used)
+        throw std::runtime_error("no property sheet came up");
+}
+
+HWND createOwner()
+{
+    const HWND owner = createWindow(ownerClass, &::DefWindowProcW, WS_POPUP | WS_CAPTION | WS_VISIBLE, 300, nullptr);
+    paint(owner);
+    return owner;
+}
+
+void paint(HWND window)
+{
+    ::RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
+
+void showTab(HWND sheet, int index)
+{
+    ::SendDlgItemMessageW(sheet, tabControl, TCM_SETCURFOCUS, static_cast<WPARAM>(index), 0);
+}
+
+HWND shownPage(HWND sheet)
+{
+    return reinterpret_cast<HWND>(::SendMessageW(sheet, PSM_GETCURRENTPAGEHWND, 0, 0));
+}
+} // namespace modulebench

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "kernel/OdString.h"
+
+namespace modulebench
+{
+// The full path of a file that lies in this program's folder, or below it.
+OdString besideThisProgram(const OdChar* name);
+} // namespace modulebench
