@@ -2,10 +2,13 @@
 
 #include "editordriver/Picture.h"
 #include "editordriver/Printers.h"
+#include "host/GmLanguage.h"
 #include "kernel/OdText.h"
 #include "processcounts/ProcessCounts.h"
 
 #include <cstdio>
+#include <fstream>
+#include <optional>
 #include <stdexcept>
 #include <utility>
 
@@ -53,7 +56,12 @@ const char* Steps::help() noexcept
   edit NAME               starts PC3EDIT for a configuration of the search path
   edit-printer NAME       starts it for a new configuration of a printer
   edit-paper PAPER|NAME   starts it for a configuration and the paper
-  end                     waits until it has ended, and tells what it left
+  get-devmode DEVICE      starts PC3GETDEVMODE
+  end                     waits until the one that was started has ended, and tells what it left
+  start-check DEVICE      the same in the background; it returns at once
+  checked                 waits for the message of a check, and tells what it said
+  language TAG            switches the host's language
+  outside TEXT            has the caller do something, and waits until it is done
   add-printer NAME|DRIVER, delete-printer NAME
 Waiting
   dialog                  for a dialog in which one can work, other than the present one
@@ -80,13 +88,34 @@ bool Steps::runSession(const std::string& verb, const std::string& rest)
     const std::string first = rest.substr(0, bar);
     const std::string second = bar == std::string::npos ? std::string() : rest.substr(bar + 1);
     if (verb == "edit")
-        edit({OdString(odFromUtf8(rest))});
+        start([request = EditRequest{OdString(odFromUtf8(rest))}] { return runEdit(request); });
     else if (verb == "edit-printer")
-        edit({OdString(odFromUtf8(rest)), true});
+        start([request = EditRequest{OdString(odFromUtf8(rest)), true}] { return runEdit(request); });
     else if (verb == "edit-paper")
-        edit({OdString(odFromUtf8(second)), false, OdString(odFromUtf8(first))});
+        start([request = EditRequest{OdString(odFromUtf8(second)), false, OdString(odFromUtf8(first))}]
+              { return runEdit(request); });
+    else if (verb == "get-devmode")
+        start([device = OdString(odFromUtf8(rest))] { return runGetDevMode(device); });
     else if (verb == "end")
         awaitEnd();
+    else if (!runSurroundings(verb, rest))
+        return false;
+    return true;
+}
+
+bool Steps::runSurroundings(const std::string& verb, const std::string& rest)
+{
+    const std::size_t bar = rest.find('|');
+    const std::string first = rest.substr(0, bar);
+    const std::string second = bar == std::string::npos ? std::string() : rest.substr(bar + 1);
+    if (verb == "start-check")
+        startCheck(OdString(odFromUtf8(rest)));
+    else if (verb == "checked")
+        awaitCheck();
+    else if (verb == "language")
+        switchLanguage(OdString(odFromUtf8(rest)));
+    else if (verb == "outside")
+        askOutside(rest);
     else if (verb == "add-printer")
         addPrinter(wide(first), wide(second));
     else if (verb == "delete-printer")
@@ -179,28 +208,68 @@ bool Steps::runQuestion(const std::string& verb, std::string rest)
     return true;
 }
 
-void Steps::edit(EditRequest request)
+void Steps::start(std::function<std::string()> command)
 {
-    if (m_edit)
-        throw std::runtime_error("a session is running");
-    m_edit = std::make_shared<EditCommand>();
-    m_ui.start([command = m_edit, request = std::move(request)] { command->run(request); });
+    if (m_command)
+        throw std::runtime_error("a command is running");
+    m_command = std::make_shared<CommandRun>();
+    m_ui.start([run = m_command, work = std::move(command)] { run->run(work); });
 }
 
 void Steps::awaitEnd()
 {
-    if (!m_edit)
-        throw std::runtime_error("no session is running");
-    await("the end of the session", [this] { return m_edit->ended(); });
-    std::fputs(m_edit->report().c_str(), stdout);
+    if (!m_command)
+        throw std::runtime_error("no command is running");
+    await("the end of the command", [this] { return m_command->ended(); });
+    std::fputs(m_command->report().c_str(), stdout);
     std::fflush(stdout);
-    m_edit.reset();
+    m_command.reset();
+}
+
+void Steps::startCheck(const OdString& device) const
+{
+    std::string report;
+    m_ui.doNow([&] { report = editordriver::startCheck(device, m_place.checks.handle()); });
+    std::fputs(report.c_str(), stdout);
+    std::fflush(stdout);
+}
+
+void Steps::awaitCheck() const
+{
+    std::optional<bool> found;
+    await("the message of a check",
+          [&]
+          {
+              found = m_place.checks.next();
+              return found.has_value();
+          });
+    tell("checked", *found ? "found" : "not found");
+}
+
+void Steps::switchLanguage(const OdString& tag) const
+{
+    bool switched = false;
+    m_ui.doNow([&] { switched = setUiLanguage(tag); });
+    tell("language " + odToUtf8(tag), switched ? "switched" : "refused");
+}
+
+void Steps::askOutside(const std::string& what) const
+{
+    if (m_place.requests.empty())
+        throw std::runtime_error("there is nobody to ask: no --requests");
+    const std::filesystem::path request = m_place.requests / L"request";
+    const std::filesystem::path draft = m_place.requests / L"request.draft";
+    if (!(std::ofstream(draft, std::ios::binary) << what << std::flush))
+        throw std::runtime_error("the request cannot be written");
+    // At once whole, and gone when it is done.
+    std::filesystem::rename(draft, request);
+    await("what is done outside", [&] { return !std::filesystem::exists(request); });
 }
 
 void Steps::takePicture(const std::string& name)
 {
     const HWND dialog = m_hands.dialog();
-    m_ui.doNow([&] { savePicture(dialog, m_pictures / (wide(name) + L".bmp")); });
+    m_ui.doNow([&] { savePicture(dialog, m_place.pictures / (wide(name) + L".bmp")); });
 }
 
 void Steps::tellTree() const

@@ -1,12 +1,14 @@
 #pragma once
 
-#include "editordriver/EditCommand.h"
+#include "editordriver/CheckWindow.h"
 #include "editordriver/Hands.h"
+#include "editordriver/HostCommands.h"
 #include "editordriver/HostWindow.h"
 #include "editordriver/Script.h"
 #include "editordriver/UiThread.h"
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 
 namespace editordriver
@@ -15,10 +17,16 @@ namespace editordriver
 class Steps
 {
 public:
-    Steps(UiThread& ui, const HostWindow* host, std::filesystem::path pictures)
-        : m_ui(ui), m_host(host), m_pictures(std::move(pictures)), m_hands(ui)
+    struct Place
     {
-    }
+        UiThread& ui;
+        CheckWindow& checks;
+        const HostWindow* host; // null for a host without one
+        std::filesystem::path pictures;
+        std::filesystem::path requests; // where it asks for what is to be done outside
+    };
+
+    explicit Steps(const Place& place) : m_place(place), m_ui(place.ui), m_host(place.host), m_hands(place.ui) {}
 
     // Throws std::runtime_error when the step cannot be done.
     void run(const ScriptLine& line);
@@ -30,17 +38,22 @@ private:
     bool runAction(const std::string& verb, std::string rest);
     bool runQuestion(const std::string& verb, std::string rest);
     bool runSession(const std::string& verb, const std::string& rest);
+    bool runSurroundings(const std::string& verb, const std::string& rest);
 
-    void edit(EditRequest request);
+    void start(std::function<std::string()> command);
     void awaitEnd();
+    void startCheck(const OdString& device) const;
+    void awaitCheck() const;
+    void switchLanguage(const OdString& tag) const;
+    void askOutside(const std::string& what) const;
     void takePicture(const std::string& name);
     void tellTree() const;
     void tellCounts() const;
 
+    Place m_place;
     UiThread& m_ui;
     const HostWindow* m_host;
-    std::filesystem::path m_pictures;
     Hands m_hands;
-    std::shared_ptr<EditCommand> m_edit;
+    std::shared_ptr<CommandRun> m_command; // the one that runs
 };
 } // namespace editordriver

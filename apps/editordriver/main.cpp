@@ -1,6 +1,6 @@
 // editordriver: operates the editor by script.
 //
-//   editordriver [--language TAG] [--search PATHS] [--pictures FOLDER] [--no-host-window] SCRIPT
+//   editordriver [--language TAG] [--search PATHS] [--pictures FOLDER] [--requests FOLDER] [--no-host-window] SCRIPT
 //   editordriver --help
 //
 // Exit status 0 when every line was done, 1 when one could not be (standard error says which and why), 2 for wrong
@@ -29,6 +29,7 @@ struct Options
     OdString language = OD_T("en");
     OdString searchPath;
     OdString pictures = OD_T(".");
+    OdString requests;
     OdString script;
     bool hostWindow = true;
 };
@@ -46,6 +47,8 @@ std::optional<Options> optionsFrom(int count, wchar_t** values)
             options.searchPath = values[++i];
         else if (takesValue(OD_T("--pictures")))
             options.pictures = values[++i];
+        else if (takesValue(OD_T("--requests")))
+            options.requests = values[++i];
         else if (word == OD_T("--no-host-window"))
             options.hostWindow = false;
         else if (options.script.isEmpty() && !odStartsWithNoCase(word, OD_T("-")))
@@ -93,9 +96,9 @@ private:
     std::_Exit(1);
 }
 
-void operate(UiThread& ui, const HostWindow* host, const Options& options, const std::vector<ScriptLine>& lines)
+void operate(const Steps::Place& place, const std::vector<ScriptLine>& lines)
 {
-    Steps steps(ui, host, std::filesystem::path(options.pictures.c_str()));
+    Steps steps(place);
     for (const ScriptLine& line : lines)
     {
         try
@@ -107,7 +110,7 @@ void operate(UiThread& ui, const HostWindow* host, const Options& options, const
             giveUp(line, error);
         }
     }
-    ui.quit();
+    place.ui.quit();
 }
 
 int run(const Options& options)
@@ -122,7 +125,9 @@ int run(const Options& options)
     std::optional<HostWindow> host;
     if (options.hostWindow)
         host.emplace();
-    std::jthread hands([&] { operate(ui, host ? &*host : nullptr, options, lines); });
+    CheckWindow checks;
+    const Steps::Place place{ui, checks, host ? &*host : nullptr, options.pictures.c_str(), options.requests.c_str()};
+    std::jthread hands([&] { operate(place, lines); });
     ui.run();
     return 0;
 }
@@ -135,9 +140,9 @@ extern "C" int wmain(int count, wchar_t** values)
     const auto options = optionsFrom(count, values);
     if (!options)
     {
-        std::fputs(
-            "usage: editordriver [--language TAG] [--search PATHS] [--pictures FOLDER] [--no-host-window] SCRIPT\n",
-            stderr);
+        std::fputs("usage: editordriver [--language TAG] [--search PATHS] [--pictures FOLDER] [--requests FOLDER]\n"
+                   "                    [--no-host-window] SCRIPT\n",
+                   stderr);
         return 2;
     }
     try

@@ -78,12 +78,23 @@ class Answers:
         return result
 
 
-def run(prefix, script, search=(), language="en", pictures=None, host_window=True, seconds=120, cwd=None):
-    """Runs the script to its end; the finished process."""
-    with tempfile.NamedTemporaryFile("w", suffix=".script", encoding="utf-8") as file:
-        file.write("\n".join(script.lines) + "\n")
-        file.flush()
+def run(prefix, script, search=(), language="en", pictures=None, host_window=True, seconds=120, cwd=None, outside=None,
+        driver=DRIVER):
+    """Runs the script to its end; the finished process. outside is called with the text of each "outside" line, while
+    the script waits."""
+    with tempfile.TemporaryDirectory(prefix="garm-script-") as folder:
+        file = Path(folder, "script")
+        file.write_text("\n".join(script.lines) + "\n", encoding="utf-8")
         arguments = ["--language", language, "--search", ";".join(windows_path(folder) for folder in search),
                      *(["--pictures", windows_path(pictures)] if pictures else []),
-                     *([] if host_window else ["--no-host-window"]), windows_path(Path(file.name))]
-        return prefix.run([DRIVER, *arguments], seconds=seconds, cwd=cwd)
+                     *(["--requests", windows_path(folder)] if outside else []),
+                     *([] if host_window else ["--no-host-window"]), windows_path(file)]
+        return prefix.run([driver, *arguments], seconds=seconds, cwd=cwd,
+                          meanwhile=outside and (lambda: _attend(Path(folder, "request"), outside)))
+
+
+def _attend(request, outside):
+    """Does what the script asks for, if it does; it goes on when its request is gone."""
+    if request.exists():
+        outside(request.read_text(encoding="utf-8"))
+        request.unlink()

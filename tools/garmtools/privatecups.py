@@ -13,6 +13,7 @@ import grp
 import os
 import pwd
 import shutil
+import signal
 import subprocess
 import tempfile
 from pathlib import Path
@@ -40,6 +41,7 @@ WebInterface No
 DefaultAuthType None
 LogLevel warn
 MaxLogSize 0
+DirtyCleanInterval 0
 <Location />
   Order allow,deny
   Allow all
@@ -81,8 +83,27 @@ class Cups:
 
     def stop(self):
         """Ends the server; the queues stay and are there again after start()."""
+        self.thaw()
         end_server(self._server)
         self._server = None
+
+    def kill(self):
+        """Ends the server as a crash does: its socket stays behind, with nobody at it."""
+        if self._server:
+            self._server.kill()
+            self._server.wait()
+        self._server = None
+
+    def running(self):
+        return self._server is not None
+
+    def freeze(self):
+        """The server takes connections and answers nothing, until thaw()."""
+        self._server.send_signal(signal.SIGSTOP)
+
+    def thaw(self):
+        if self._server:
+            self._server.send_signal(signal.SIGCONT)
 
     def add(self, name, ppd_file, *options):
         """A queue that prints into a file of its name; options as for lpadmin, e.g. "PageSize=AnsiE"."""
@@ -98,6 +119,9 @@ class Cups:
     def remove(self, name):
         self._lpadmin("-x", name)
 
+    def has(self, name):
+        return self._client("lpstat", "-p", name).returncode == 0
+
     def log(self):
         texts = [path.read_text(errors="replace") for path in sorted((self.root / "log").glob("*"))]
         return "".join(texts)
@@ -105,7 +129,8 @@ class Cups:
     def _answers(self):
         if self._server.poll() is not None:
             raise RuntimeError(f"the private CUPS ended with status {self._server.returncode}:\n{self.log()}")
-        return os.path.exists(self.socket) and self._client("lpstat", "-r").returncode == 0
+        # It says so with status 0 in either case; the socket of one that was killed is still there.
+        return os.path.exists(self.socket) and "is running" in self._client("lpstat", "-r").stdout
 
     def _lpadmin(self, *words):
         done = self._client("lpadmin", *words)
@@ -113,7 +138,7 @@ class Cups:
             raise RuntimeError(f"lpadmin {' '.join(words)} failed: {done.stderr}\n{self.log()}")
 
     def _client(self, *words):
-        env = {**os.environ, "CUPS_SERVER": self.socket, "PATH": os.environ.get("PATH", "") + ":/usr/sbin:/usr/bin"}
+        env = {**os.environ, "CUPS_SERVER": self.socket, "LC_ALL": "C", "PATH": os.environ.get("PATH", "") + ":/usr/sbin:/usr/bin"}
         return subprocess.run(limited(30, list(words)), env=env, stdin=subprocess.DEVNULL, capture_output=True,
                               text=True, errors="replace", check=False)
 

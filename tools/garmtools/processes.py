@@ -86,13 +86,27 @@ def end_server(server, patience=5.0):
         server.wait()
 
 
-def run_to_end(command, **settings):
-    """Like subprocess.call without input, but the program ends with us when a signal stops us."""
+def run_to_end(command, meanwhile=None, **settings):
+    """Like subprocess.call without input, but the program ends with us when a signal stops us. meanwhile is called
+    again and again as long as the program runs; when it throws, the program is ended first."""
     child = _start(command, **settings)
     try:
+        if meanwhile:
+            _attend(child, meanwhile)
         return child.wait()
     finally:
         _running.discard(child)
+
+
+def _attend(child, meanwhile, pause=0.005):
+    try:
+        while child.poll() is None:
+            meanwhile()
+            time.sleep(pause)
+    except BaseException:
+        child.terminate()
+        child.wait()
+        raise
 
 
 def _start(command, **settings):

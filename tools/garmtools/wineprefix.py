@@ -98,16 +98,17 @@ class Prefix:
         command = [*self._pinned(), *steady_addresses(), WINE, *map(str, arguments)]
         return limited(seconds, command) if seconds else command
 
-    def run(self, arguments, seconds=120, cwd=None, env=None):
-        """Runs a program to its end and answers a CompletedProcess with text in stdout and stderr."""
-        done = self._run_once(arguments, seconds, cwd, env)
-        return self._run_once(arguments, seconds, cwd, env) if is_hiccup(done.stderr) else done
+    def run(self, arguments, seconds=120, cwd=None, env=None, meanwhile=None):
+        """Runs a program to its end and answers a CompletedProcess with text in stdout and stderr. meanwhile is what
+        we do as long as it runs, again and again."""
+        done = self._run_once(arguments, seconds, cwd, env, meanwhile)
+        return self._run_once(arguments, seconds, cwd, env, meanwhile) if is_hiccup(done.stderr) else done
 
-    def _run_once(self, arguments, seconds, cwd, env):
+    def _run_once(self, arguments, seconds, cwd, env, meanwhile):
         # Into files, not pipes: the first program starts Wine's services, which would hold a pipe open for good.
         with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
             command = self.command(arguments, seconds)
-            status = run_to_end(command, cwd=cwd, env={**self.env, **(env or {})}, stdout=out, stderr=err)
+            status = run_to_end(command, meanwhile, cwd=cwd, env={**self.env, **(env or {})}, stdout=out, stderr=err)
             return subprocess.CompletedProcess(command, status, _text(out), _text(err))
 
     def _socket_folder(self):

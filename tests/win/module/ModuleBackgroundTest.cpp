@@ -2,9 +2,9 @@
 #include "host/GmResBufExtention.h"
 #include "kernel/OdEdCommandStack.h"
 #include "kernel/OdResBuf.h"
+#include "processcounts/ProcessCounts.h"
 #include "tests/win/module/ImportPatch.h"
 #include "tests/win/module/LoadedModule.h"
-#include "processcounts/ProcessCounts.h"
 
 #include <gtest/gtest.h>
 

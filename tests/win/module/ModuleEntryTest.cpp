@@ -2,8 +2,8 @@
 #include "kernel/OdAssert.h"
 #include "kernel/OdEdCommandStack.h"
 #include "kernel/OdError.h"
-#include "tests/win/module/LoadedModule.h"
 #include "processcounts/ProcessCounts.h"
+#include "tests/win/module/LoadedModule.h"
 
 #include <gtest/gtest.h>
 

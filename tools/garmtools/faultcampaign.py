@@ -1,0 +1,151 @@
+"""Every way to lose the print server or a printer, at every step of every session, each by itself; see
+tools/fault-campaign."""
+
+import shutil
+import tempfile
+import time
+from collections import Counter, defaultdict
+from pathlib import Path
+
+from . import editorscript as ed
+from . import spoolerfaults as faults
+from .editorscript import Answers, Script
+from .places import ROOT, WINDOWS_BIN
+from .processes import say
+from .spoolerfaults import BUILT_IN, UNDISTURBED
+
+
+class Report:
+    """What came out, for a person: rows of a table, and every cell that went wrong."""
+
+    def __init__(self):
+        self.rows = []  # (session, fault, plays, {outcome: how often}, wrong)
+        self.wrong = []  # texts
+
+    def add(self, session, fault, outcomes, wrong):
+        self.rows.append((session, fault, sum(outcomes.values()), outcomes, len(wrong)))
+        self.wrong += wrong
+        say(f"  {session} | {fault}: {dict(outcomes)}{f', {len(wrong)} WRONG' if wrong else ''}")
+
+    def plays(self):
+        return sum(row[2] for row in self.rows)
+
+    def table(self):
+        """As a table of docs/reliability.md."""
+        lines = ["| Session | Fault | Plays | Outcomes | Wrong |", "|---|---|--:|---|--:|"]
+        for session, fault, plays, outcomes, wrong in self.rows:
+            texts = ", ".join(f"{count} {name}" for name, count in sorted(outcomes.items()))
+            lines.append(f"| {session} | {fault} | {plays} | {texts} | {wrong} |")
+        return "\n".join(lines)
+
+
+def judge(outcome, references, expected):
+    """The name of the reference that an outcome equals, and what is wrong with it, if anything is."""
+    name = next((name for name, reference in references.items() if outcome == reference), "something else")
+    if name in expected:
+        return name, None
+    return name, f"expected {' or '.join(expected)}, came {name}"
+
+
+def run_server_cells(bench, report):
+    """The matrix of the server: each session, each fault, each step."""
+    for session, steps in faults.SESSIONS.items():
+        references = {UNDISTURBED: bench.play(steps), BUILT_IN: bench.play(steps, {0: "kill"})}
+        if bench.play(steps) != references[UNDISTURBED]:
+            raise RuntimeError(f"'{session}' does not always come out the same: there is nothing to compare with")
+        outcomes, wrong = defaultdict(Counter), defaultdict(list)
+        for cell in faults.cells(steps):
+            where = f"{session}, {cell.fault}, before step {cell.step} ({steps[cell.step].line})"
+            try:
+                name, problem = judge(bench.play(steps, cell.actions), references, cell.expected)
+            except RuntimeError as error:
+                name, problem = "broken off", str(error)
+            outcomes[cell.fault][name] += 1
+            if problem:
+                wrong[cell.fault].append(f"{where}: {problem}")
+        for fault, counts in outcomes.items():
+            report.add(session, fault, counts, wrong[fault])
+
+
+def run_deletion_cells(bench, report):
+    """The matrix of the deleted printer: all places of one kind must come out the same."""
+    twin = bench.play(faults.TWIN_MADE).files["x.pc3"]
+    outcomes, wrong, references = Counter(), [], {}
+    for index, kind in faults.deletions():
+        try:
+            outcome = bench.play(faults.with_deletion(index), content=twin)
+        except RuntimeError as error:
+            outcomes["broken off"] += 1
+            wrong.append(f"printer deleted before step {index}: {error}")
+            continue
+        outcomes[kind] += 1
+        if outcome != references.setdefault(kind, outcome):
+            wrong.append(f"printer deleted before step {index}: not as the others of '{kind}'")
+    report.add("a file is edited", "delete its printer", outcomes, wrong)
+
+
+def run_without_printers(bench, report):
+    """Processes that start when the server or the queue is gone."""
+    outcomes, wrong = Counter(), []
+    for gone in ("stop", "kill", "remove"):
+        outcome = bench.play(faults.WITHOUT_PRINTERS, before=gone)
+        answers = Answers(outcome.said)
+        right = (answers.all("outputs") == ["none"] * 4 and answers.all("output result") == ["false"] * 2
+                 and answers.all("checked") == ["not found"] * 2 and outcome.files == {"x.pc3": bench.original})
+        outcomes["no printers" if right else "something else"] += 1
+        if not right:
+            wrong.append(f"{gone} before the process: {outcome.said}")
+    report.add("all at once", "gone before the process starts", outcomes, wrong)
+
+
+def run_long_waits(bench, report, seconds=30):
+    """A server that does not answer for a long time, in real time."""
+    with tempfile.TemporaryDirectory(prefix="garm-faults-") as name:
+        folder = Path(name)
+        (folder / "x.pc3").write_bytes(bench.original)
+        shutil.copy(ROOT / "samples" / "virtual-pdf.pc3", folder / "file.pc3")
+
+        moments = {}
+
+        def outside(action):
+            if action == "sleep":
+                time.sleep(seconds / 2)
+            elif action.startswith("now"):
+                moments[action] = time.monotonic()
+            else:
+                bench.act(action)
+
+        script = Script("outside freeze", "outside now start", "start-check x.pc3", "outside now started", "edit file.pc3",
+                        "dialog", "tab 1", "tree", f"click {ed.CANCEL}", "end",
+                        "outside now edited", "outside sleep", "outside sleep", "outside thaw", "checked",
+                        "outside now checked")
+        try:
+            done = ed.run(bench.prefix, script, [folder], cwd=folder, outside=outside, seconds=seconds + 120)
+        finally:
+            bench.mend()
+        wrong = [] if done.returncode == 0 and Answers(done.stdout).all("checked") == ["found"] else [done.stderr]
+        report.add("a device is checked", f"no answer for {seconds} s", Counter({UNDISTURBED: 1}), wrong)
+        if not wrong:
+            start = moments["now start"]
+            for what in ("started", "edited", "checked"):
+                say(f"    {what} after {moments[f'now {what}'] - start:.2f} s")
+
+        bench.act("freeze")
+        began = time.monotonic()
+        try:
+            done = bench.prefix.run([WINDOWS_BIN / "plothost.exe", "list"], cwd=folder, seconds=600)
+        finally:
+            bench.mend()
+        waited = time.monotonic() - began
+        wrong = [] if done.returncode == 0 and "No printers" in done.stdout else [f"{done.returncode}: {done.stderr}"]
+        report.add("plothost list", f"no answer at all; it waited {waited:.0f} s", Counter({"no printers": 1}), wrong)
+
+
+def run_all(bench, long_waits=False):
+    report = Report()
+    run_server_cells(bench, report)
+    run_deletion_cells(bench, report)
+    run_without_printers(bench, report)
+    if long_waits:
+        run_long_waits(bench, report)
+    return report
