@@ -170,7 +170,7 @@ class DeletedPrinterTest(FaultCase):
     def test_before_ok_and_while_the_name_is_asked_for(self):
         answers, outcome = self.deleted(faults.RESET)
         self.assertEqual(answers.tree()["collating"], (3, True, "Collating <Not collated>"))
-        self.assertEqual(self.deleted(faults.RESET, -4)[1].files, outcome.files)
+        self.assertEqual(self.deleted(faults.RESET, -3)[1].files, outcome.files)
 
 
 if __name__ == "__main__":

@@ -81,12 +81,12 @@ REBOUND, NO_DRIVER, SETTINGS_TAKEN, RESET = "bound to the queue", "no driver any
 
 
 def deletions():
-    """Where in the session the printer can be deleted: (index, what comes of it). Not between "edit" and the dialog:
-    how far the command is there nobody knows."""
+    """Where in the session the printer can be deleted, up to the question at its end: (index, what comes of it). Not
+    between "edit" and the dialog: how far the command is there nobody knows."""
     opened = TWIN_SESSION.index("dialog")
     accepted = TWIN_SESSION.index(DRIVER_DIALOG[-1])
     reset = TWIN_SESSION.index(DEFAULTS[-1], TWIN_SESSION.index(DEFAULTS[0]))
-    for index in range(1, len(TWIN_SESSION) + 1):
+    for index in range(1, TWIN_SESSION.index("get-devmode x.pc3") + 1):
         if index < opened:
             yield index, REBOUND
         elif index > opened:

@@ -3,12 +3,31 @@
 #include "GarmPC3Editor/Dialogs/GmChangeCfgDlg.h"
 #include "GarmPC3Editor/Dialogs/GmPCfgDlg.h"
 
+namespace
+{
+// What the window library throws, when a language library has other dialogs under our numbers, ends a window like its
+// Cancel: a host need not know such exceptions. Everything else passes through.
+template <class Window>
+bool isConfirmed(Window& window)
+{
+    try
+    {
+        return window.DoModal() == IDOK;
+    }
+    catch (CException* exception)
+    {
+        exception->Delete();
+        return false;
+    }
+}
+} // namespace
+
 EditorOutcome runEditor(const OdSharedPtr<GmPlotCfg3>& cfg, const OdString& path)
 {
     GmPCfgDlg sheet;
     sheet.setConfig(cfg, path, {});
     EditorOutcome outcome;
-    outcome.confirmed = sheet.DoModal() == IDOK;
+    outcome.confirmed = isConfirmed(sheet);
     outcome.modified = sheet.m_modified;
     outcome.replaced = sheet.m_replaced;
     outcome.cfg = sheet.sharedCfg();
@@ -20,7 +39,7 @@ EditorOutcome runEditor(const OdSharedPtr<GmPlotCfg3>& cfg, const OdString& path
 std::optional<OdString> askForName(const OdString& proposedPath)
 {
     GmChangeCfgDlg dialog(proposedPath);
-    if (dialog.DoModal() != IDOK)
+    if (!isConfirmed(dialog))
         return std::nullopt;
     return dialog.m_path.toOdString();
 }
