@@ -4,8 +4,9 @@
 #include "pia_tree/FileAccess.h"
 
 #include <algorithm>
-#include <cstring>
+#include <cmath>
 #include <string>
+#include <utility>
 
 namespace campaign
 {
@@ -65,6 +66,7 @@ private:
     bool devMode();
     bool passThroughDriver();
     void orientations();
+    void turned(const Merged& answer, bool lackedMargin);
     void customSettings();
 
     Driver m_driver;
@@ -74,6 +76,7 @@ private:
     OdSharedPtr<GmPlotCfg3> m_made;
     OdSharedPtr<GmPlotCfg3> m_read;
     std::vector<BYTE> m_defaults;
+    bool m_exchanged = false; // width and length, by a rule of the takeover
 };
 
 void QueueCheck::run()
@@ -177,15 +180,41 @@ void QueueCheck::orientations()
 {
     for (const short orientation : {short{DMORIENT_LANDSCAPE}, short{DMORIENT_PORTRAIT}})
     {
-        m_read->m_media.m_dm_orientation = orientation;
-        const Merged answer = m_driver.merge(blockOf(*m_read));
+        GmPlotCfg3 choice(*m_read);
+        choice.m_media.m_dm_orientation = orientation;
+        const Merged answer = m_driver.merge(blockOf(choice));
         const bool answered = answer.isBlock() && answer.block.view().fields().dmOrientation == orientation;
+        const bool lackedMargin = lacksMargin(*m_read);
         if (m_transcript.require("orientation", answered, "not the orientation that was chosen", {answer.call}) &&
             takeBack(*m_read, answer, m_driver, "orientation", m_transcript) &&
             m_transcript.require("orientation", m_read->m_media.m_dm_orientation == orientation,
                                  "taken back as " + std::to_string(m_read->m_media.m_dm_orientation), {answer.call}))
-            m_transcript.held("orientation");
+            turned(answer, lackedMargin);
     }
+}
+
+// Width and length must be those of the device in its new orientation. But unknown bounds are taken from the device,
+// which is turned already, and then turned with the orientation; what is known afterwards stays like that.
+void QueueCheck::turned(const Merged& answer, bool lackedMargin)
+{
+    if (lacksMargin(*m_read))
+        m_exchanged = false; // they were computed anew by the second takeover, which turned nothing
+    else if (lackedMargin)
+        m_exchanged = true;
+
+    Sheet expected = m_driver.sheet(answer.block.view());
+    if (m_exchanged)
+        std::swap(expected.width, expected.length);
+    const GmMediaBoundsNode& bounds = m_read->m_media.m_size.m_media_description.m_media_bounds;
+    if (!sameLength(bounds.m_urx, expected.width) || !sameLength(bounds.m_ury, expected.length))
+        m_transcript.failed("orientation",
+                            std::to_string(bounds.m_urx) + " x " + std::to_string(bounds.m_ury) + " mm instead of " +
+                                std::to_string(expected.width) + " x " + std::to_string(expected.length),
+                            {answer.call});
+    else if (m_exchanged)
+        m_transcript.heldByRule("orientation", "one margin");
+    else
+        m_transcript.held("orientation");
 }
 
 void QueueCheck::customSettings()
@@ -218,6 +247,17 @@ void QueueCheck::customSettings()
 }
 } // namespace
 
+bool lacksMargin(const GmPlotCfg3& configuration)
+{
+    return configuration.m_media.m_actual_printable_bounds_llx <= 0 ||
+           configuration.m_media.m_actual_printable_bounds_lly <= 0;
+}
+
+bool sameLength(double one, double other)
+{
+    return std::abs(one - other) <= 0.5;
+}
+
 std::vector<BYTE> blockOf(const GmPlotCfg3& configuration)
 {
     const OdArray<unsigned char> bytes = configuration.toDevMode();
@@ -236,7 +276,7 @@ bool takeBack(GmPlotCfg3& configuration, const Merged& answer, const Driver& dri
     if (!transcript.require(check, configuration.updateFromDevMode(answer.block.view(), name, modified),
                             "the answer is not taken over again", {answer.call}))
         return false;
-    const bool expected = !driver.hasMargins(answer.block.view());
+    const bool expected = lacksMargin(configuration);
     if (modified != expected)
         transcript.failed("again", modified ? "a change the second time" : "no change, although there are no margins",
                           {answer.call});

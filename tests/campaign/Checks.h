@@ -18,6 +18,12 @@ bool takeBack(GmPlotCfg3& configuration, const Merged& answer, const Driver& dri
 // Chooses every paper by its name, one after the other, and takes each answer back into the configuration.
 void checkPapers(GmPlotCfg3& configuration, const Driver& driver, Transcript& transcript);
 
+// Whether a configuration's bounds count as unknown: without a margin at the left or at the bottom they do.
+bool lacksMargin(const GmPlotCfg3& configuration);
+
+// Lengths in millimetres that are the same but for rounding to dots, of which the coarsest devices have 72 to an inch.
+bool sameLength(double one, double other);
+
 // The bytes of a configuration's device mode.
 std::vector<BYTE> blockOf(const GmPlotCfg3& configuration);
 } // namespace campaign

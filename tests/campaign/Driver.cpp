@@ -87,27 +87,18 @@ std::vector<ListedPaper> Driver::papers() const
     return papers;
 }
 
-DeviceContext Driver::contextFor(const DevModeView& mode) const
+Sheet Driver::sheet(const DevModeView& mode) const
 {
     const DevModeBlock block = DevModeBlock::copyOf(mode);
-    return createDeviceContext(driverName(m_printer.get()).c_str(), m_name.c_str(), block.get());
-}
-
-std::pair<double, double> Driver::sheet(const DevModeView& mode) const
-{
-    const DeviceContext dc = contextFor(mode);
+    const DeviceContext dc = createDeviceContext(driverName(m_printer.get()).c_str(), m_name.c_str(), block.get());
     const int dpiX = dc ? ::GetDeviceCaps(dc.get(), LOGPIXELSX) : 0;
     const int dpiY = dc ? ::GetDeviceCaps(dc.get(), LOGPIXELSY) : 0;
     if (dpiX == 0 || dpiY == 0)
-        return {0, 0};
-    return {::GetDeviceCaps(dc.get(), PHYSICALWIDTH) * 25.4 / dpiX,
-            ::GetDeviceCaps(dc.get(), PHYSICALHEIGHT) * 25.4 / dpiY};
-}
-
-bool Driver::hasMargins(const DevModeView& mode) const
-{
-    const DeviceContext dc = contextFor(mode);
-    return dc && ::GetDeviceCaps(dc.get(), PHYSICALOFFSETX) > 0 && ::GetDeviceCaps(dc.get(), PHYSICALOFFSETY) > 0;
+        return {};
+    const auto millimetres = [&](int capability, int dpi)
+    { return ::GetDeviceCaps(dc.get(), capability) * 25.4 / dpi; };
+    return {millimetres(PHYSICALWIDTH, dpiX), millimetres(PHYSICALHEIGHT, dpiY), millimetres(PHYSICALOFFSETX, dpiX),
+            millimetres(PHYSICALOFFSETY, dpiY)};
 }
 
 std::vector<Call> Driver::interview() const

@@ -5,7 +5,6 @@
 #include "win32/DevModeView.h"
 #include "win32/Handles.h"
 
-#include <utility>
 #include <vector>
 
 namespace campaign
@@ -32,6 +31,16 @@ struct ListedPaper
     double length = 0;
 };
 
+// What a device context says about the paper, in millimetres: its size, and what cannot be printed on at the left and
+// at the bottom.
+struct Sheet
+{
+    double width = 0;
+    double length = 0;
+    double left = 0;
+    double bottom = 0;
+};
+
 // The system's side of one queue, asked without the module.
 class Driver
 {
@@ -48,19 +57,13 @@ public:
     // DocumentPropertiesW, in and out. It leaves what was merged as the driver's default for the rest of the process.
     Merged merge(std::span<const BYTE> bytes) const;
 
-    // The size of the sheet that the device would print on in this mode, in millimetres; 0 when it does not say.
-    std::pair<double, double> sheet(const DevModeView& mode) const;
-
-    // Whether the device has a margin on both the left and the lower side for this mode. One without counts as a device
-    // whose bounds are not known.
-    bool hasMargins(const DevModeView& mode) const;
+    // What the device would print on in this mode; all 0 when it does not say.
+    Sheet sheet(const DevModeView& mode) const;
 
     // Every call that a new configuration rests on, in its order, with what it answered.
     std::vector<Call> interview() const;
 
 private:
-    DeviceContext contextFor(const DevModeView& mode) const;
-
     OdString m_name;
     Call m_open;
     PrinterHandle m_printer;

@@ -1,7 +1,6 @@
 #include "campaign/Checks.h"
 
 #include <algorithm>
-#include <cmath>
 #include <iterator>
 
 namespace campaign
@@ -63,31 +62,33 @@ void tellOfList(const std::vector<ListedPaper>& papers, Transcript& transcript)
             transcript.fact("long name", wordsFor(paper));
 }
 
-bool sameLength(double one, double other)
+std::string wordsFor(double width, double length)
 {
-    // Devices count in dots; the coarsest have 72 to an inch.
-    return std::abs(one - other) <= 0.5;
+    return std::to_string(width) + " x " + std::to_string(length) + " mm";
 }
 
-// The size that was taken over must be that of the driver's list.
+// What was taken over must be what the device context says, and that should be what the driver lists.
 void checkSize(const GmPlotCfg3& configuration, const ListedPaper& paper, const Merged& answer, const Driver& driver,
                Transcript& transcript)
 {
-    const GmMediaBoundsNode& bounds = configuration.m_media.m_size.m_media_description.m_media_bounds;
-    if (sameLength(bounds.m_urx, paper.width) && sameLength(bounds.m_ury, paper.length))
-        return transcript.held("paper size");
-    const auto [width, length] = driver.sheet(answer.block.view());
-    const std::string sizes = wordsFor(paper) + " is listed with " + std::to_string(paper.width) + " x " +
-                              std::to_string(paper.length) + " mm, its device context has " + std::to_string(width) +
-                              " x " + std::to_string(length) + ", taken over is " + std::to_string(bounds.m_urx) +
-                              " x " + std::to_string(bounds.m_ury);
-    // What the device context says is what is taken over, whatever the driver lists.
-    if (width > 0 && sameLength(bounds.m_urx, width) && sameLength(bounds.m_ury, length))
+    const GmMediaNode& media = configuration.m_media;
+    const GmMediaBoundsNode& bounds = media.m_size.m_media_description.m_media_bounds;
+    const Sheet sheet = driver.sheet(answer.block.view());
+    const std::string sizes = wordsFor(paper) + " is listed with " + wordsFor(paper.width, paper.length) +
+                              ", its device context has " + wordsFor(sheet.width, sheet.length);
+    const bool isSheet = sameLength(bounds.m_urx, sheet.width) && sameLength(bounds.m_ury, sheet.length) &&
+                         sameLength(media.m_actual_printable_bounds_llx, sheet.left) &&
+                         sameLength(media.m_actual_printable_bounds_lly, sheet.bottom);
+    if (sheet.width <= 0 || !isSheet)
+        transcript.failed("paper size", sizes + ", taken over is " + wordsFor(bounds.m_urx, bounds.m_ury),
+                          {answer.call});
+    else if (sameLength(bounds.m_urx, paper.width) && sameLength(bounds.m_ury, paper.length))
+        transcript.held("paper size");
+    else
     {
         transcript.heldByRule("paper size", "driver lists another size");
-        return transcript.fact("driver lists another size", sizes);
+        transcript.fact("driver lists another size", sizes);
     }
-    transcript.failed("paper size", sizes, {answer.call});
 }
 
 // The driver must answer the code of the paper that a configuration names.

@@ -1,5 +1,6 @@
 """The driver campaign picks PostScript PPDs, keeps what it found out, and tells it the same way each time."""
 
+import base64
 import json
 import lzma
 import sys
@@ -46,6 +47,11 @@ class PostScriptTest(unittest.TestCase):
         self.assertEqual(ppds.described(lines), Model("Utax/EU/TA2506ci.ppd", "UTAX/TA", "UTAX/TA 2506ci (KPDL)", "en"))
         lines = ['"0/ppd/openprinting/HP/x.ppd" en "HP" "hp Plotter PS3 (recommended" ""']
         self.assertEqual(ppds.described(lines).name, "hp Plotter PS3")
+
+    def test_the_largest_paper_is_told_in_millimetres(self):
+        ppd = b'*PaperDimension A4/A4: "595 842"\n*PaperDimension A0.Any/A0: "2384 3370"\n*PaperDimension B/B: "72 7200"\n'
+        self.assertEqual(ppds.largest_paper(ppd), (841, 1189))
+        self.assertEqual(ppds.largest_paper(b""), (0, 0))
 
     def test_the_archive_is_read_in_one_pass(self):
         content = bytes(range(256)) * 10_000  # more than one chunk
@@ -102,6 +108,28 @@ class SummaryTest(unittest.TestCase):
         self.assertEqual((len(found["failures"]), found["failed"]), (drivercampaign.KEPT_FAILURES, 50))
 
 
+class CatalogueTest(unittest.TestCase):
+    def test_what_is_kept_is_the_same_again_and_can_be_looked_up(self):
+        with tempfile.TemporaryDirectory() as folder:
+            file = Path(folder, "new", "models.json")
+            models = [Model("A/x.ppd", "A", "A x", "en", (210, 297))]
+            drivercampaign.keep_models(models, file)
+            self.assertEqual(drivercampaign.models_in(file), models)
+            self.assertIn(drivercampaign.models_in(file)[0], {models[0]: "found"})
+
+    def test_another_package_has_another_catalogue(self):
+        with tempfile.TemporaryDirectory() as folder:
+            found = []
+            for number, ppd in enumerate((b'*LanguageLevel: "3"\n', b'*PaperDimension A/A: "720 72"\n')):
+                lines = [f'"0/ppd/openprinting/A/{number}.ppd" en "A" "x {number}" ""']
+                archive = base64.b64encode(lzma.compress(ppd)).decode()
+                program = Path(folder, str(number))
+                program.write_text(f"def load(): return {{'ARCHIVE': {archive!r}, 'x': [0, {len(ppd)}, {lines!r}]}}\n")
+                found.append(drivercampaign.catalogue(folder, str(program)))
+            self.assertEqual(found, [[Model("A/0.ppd", "A", "A x 0", "en", (0, 0))],
+                                     [Model("A/1.ppd", "A", "A x 1", "en", (254, 25))]])
+
+
 class ResultsTest(unittest.TestCase):
     def setUp(self):
         folder = tempfile.TemporaryDirectory()
@@ -128,7 +156,7 @@ class PageTest(unittest.TestCase):
 
     def test_languages_of_a_model_are_one_row(self):
         made = self.page((Model("a", "M", "M one", "en"), result(papers=5)), (Model("b", "M", "M one", "de"), result(papers=7)))
-        self.assertIn("| M one | 2 | 5 to 7 | held |", made)
+        self.assertIn("| M one | 2 | 5 to 7 | 0 x 0 | held |", made)
 
     def test_the_order_of_the_results_does_not_matter(self):
         entries = [(Model(f"{name}.ppd", "M", f"M {name}", "en"), result()) for name in "bca"]
@@ -140,11 +168,11 @@ class PageTest(unittest.TestCase):
         self.assertIn("### paper: ... is refused", made)
         self.assertIn("2 models: M one, M two.", made)
         self.assertIn("OpenPrinterW(x) -> error 5", made)
-        self.assertIn("| M one | 1 | 5 | **paper failed** |", made)
+        self.assertIn("| M one | 1 | 5 | 0 x 0 | **paper failed** |", made)
 
     def test_a_rule_is_named_with_its_model_and_explained(self):
         made = self.page((Model("a", "M", "M one", "en"), result(rules=["no margins"])))
-        self.assertIn("| M one | 1 | 5 | no margins |", made)
+        self.assertIn("| M one | 1 | 5 | 0 x 0 | no margins (1) |", made)
         self.assertIn("| no margins | " + compatibility.RULES["no margins"], made)
         self.assertIn("| again |", made)
         self.assertIn("| 2 | 1 | 0 |", made)

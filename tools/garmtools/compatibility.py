@@ -21,8 +21,8 @@ CHECKS = {
     "paper in a file": "a listed paper, chosen by name in a configuration as it is read, is answered with its code",
     "paper": "one chosen by name after a takeover is answered with its code, taken back, and answered so again",
     "paper name": "the configuration then has the paper's name",
-    "paper size": "and its size",
-    "orientation": "portrait and landscape are answered and taken back",
+    "paper size": "and the size and margins of its device context, which are those of the driver's list",
+    "orientation": "landscape and then portrait are answered, taken back, and turn width and length",
     "custom": "the driver's private bytes are kept byte for byte: written, read, in the block, and from the answer",
 }
 
@@ -30,6 +30,8 @@ CHECKS = {
 RULES = {
     "no margins": "The device has no margin on the left or at the bottom. Bounds with a margin of 0 count as unknown, so "
                   "every takeover computes them again and reports a change.",
+    "one margin": "In one orientation a margin is 0, in the other none. Unknown bounds are computed for the new orientation "
+                  "and then turned with it, so width and length stand exchanged until the next paper is taken over.",
     "name listed twice": "The driver lists two papers of this name; only the first can be chosen by name.",
     "code listed twice": "The driver lists two papers of this code; the code means the first of them.",
     "name longer than a form name": "The paper has a code of the driver's own (256 and more) and a name that a DEVMODE "
@@ -38,14 +40,19 @@ RULES = {
                                  "the device context's.",
 }
 
+LARGE_FORMAT = 594  # A1
+
 INTRODUCTION = """# Compatibility
 
 What held with which printer driver. Each model is a print queue made of its PPD, with the PostScript driver that Wine
-makes of it, and is checked by a program that uses the module's exported classes like a host. The page is written by
+makes of it, and is checked by a program that uses the module's exported classes like a host. What must hold is computed
+from the driver's own lists and answers; what a rule explains must happen exactly where the rule says so. The page is
+written by
 
     tools/driver-campaign
 
 on {packages}, from all PostScript PPDs of that package: {ppds} PPDs of {models} models, {papers} papers.
+{wide} of the models are large-format plotters: they have a paper that is at least {wide_from} mm wide.
 """
 
 
@@ -76,14 +83,17 @@ def cause_of(failure):
 
 
 def rows(entries):
-    """{maker: [(model, number of PPDs, papers, result)]}, sorted. PPDs of one model (its languages) are one row."""
+    """{maker: [(model, number of PPDs, papers, largest paper, result)]}, sorted. PPDs of one model (its languages) are
+    one row."""
     grouped = defaultdict(list)
     for model, result in entries:
-        grouped[(model.maker, model.name)].append(result)
+        grouped[(model.maker, model.name)].append((model, result))
     makers = defaultdict(list)
-    for (maker, name), results in grouped.items():
+    for (maker, name), cases in grouped.items():
+        results = [result for _, result in cases]
         papers = sorted({count for result in results for count in result["facts"].get("papers", [0])} or {0})
-        makers[maker].append((name, len(results), _range(papers), _verdict(results)))
+        width, length = max((model.largest for model, _ in cases), key=lambda size: size[0] * size[1])
+        makers[maker].append((name, len(results), _range(papers), f"{width} x {length}", _verdict(results)))
     return {maker: sorted(makers[maker], key=lambda row: (row[0].lower(), row)) for maker in sorted(makers, key=str.lower)}
 
 
@@ -92,7 +102,9 @@ def page(entries, packages):
     entries = sorted(entries, key=lambda entry: entry[0])
     models = len({(model.maker, model.name) for model, _ in entries})
     papers = sum(sum(result["facts"].get("papers", [0])) for _, result in entries)
-    parts = [INTRODUCTION.format(packages=packages, ppds=len(entries), models=models, papers=papers),
+    wide = len({(model.maker, model.name) for model, _ in entries if min(model.largest) >= LARGE_FORMAT})
+    parts = [INTRODUCTION.format(packages=packages, ppds=len(entries), models=models, papers=papers, wide=wide,
+                                 wide_from=LARGE_FORMAT),
              *_summary(entries), *_failures(entries), *_rules(entries), *_models(entries)]
     return "\n".join(parts)
 
@@ -107,8 +119,11 @@ def _range(numbers):
 
 def _verdict(results):
     failed = sorted({check for result in results for check, count in result["checks"].items() if count["failed"]})
-    rules = sorted({rule for result in results for rule in rules_of(result)})
-    words = [f"**{check} failed**" for check in failed] + rules
+    rules = Counter()
+    for result in results:
+        for check in result["checks"].values():
+            rules.update(check["rules"])
+    words = [f"**{check} failed**" for check in failed] + [f"{rule} ({rules[rule]})" for rule in sorted(rules)]
     return ", ".join(words) or "held"
 
 
@@ -174,8 +189,8 @@ def _rules(entries):
 
 def _models(entries):
     yield "## Models\n"
-    yield ("*held*: every check held. A rule named instead: held as well, with what that rule explains for some or all "
-           "papers.\n")
+    yield ("*held*: every check held. A rule named instead: held as well, with what that rule explains, and in brackets "
+           "how often. The largest paper is what the PPD names, in millimetres.\n")
     for maker, lines in rows(entries).items():
         yield f"### {maker}\n"
-        yield from _table(("Model", "PPDs", "Papers", "Result"), lines)
+        yield from _table(("Model", "PPDs", "Papers", "Largest", "Result"), lines)

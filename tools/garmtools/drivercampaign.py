@@ -20,11 +20,13 @@ from pathlib import Path
 from . import privatecups, wineprefix
 from .places import WINDOWS_BIN, windows_path
 from .ppds import Archive, Model
+from .queues import DRIVERS
 from .processes import TIMED_OUT, allowed_cpus, end_server, run_main, say, start_server, wait_until
 
 CHECKER = WINDOWS_BIN / "driver_check.exe"
 MODULE = WINDOWS_BIN / "GarmPC3Editor.grx"
 BATCH = 48
+CHOSEN = "chosen.json"  # the models to be checked, in the folder
 # Of the calls behind a failure; the others of one queue mostly tell the same again.
 KEPT_FAILURES = 4
 
@@ -117,17 +119,26 @@ class Results:
         return self.folder / "results" / f"{re.sub('[^A-Za-z0-9_.-]', '_', model.path)}.json"
 
 
-def catalogue(folder):
-    """The PostScript models, kept in the folder: finding them means reading the whole archive."""
-    kept = Path(folder) / "models.json"
-    with contextlib.suppress(OSError, ValueError):
-        return [Model(*fields) for fields in json.loads(kept.read_text(encoding="utf-8"))]
-    models = Archive().postscript()
-    kept.parent.mkdir(parents=True, exist_ok=True)
-    making = kept.with_suffix(f".{os.getpid()}")
-    making.write_text(json.dumps(models, indent=0), encoding="utf-8")
-    making.rename(kept)
+def catalogue(folder, program=DRIVERS):
+    """The PostScript models, kept in the folder: finding them means reading the package's whole archive."""
+    kept = Path(folder) / f"models-{hashlib.sha256(Path(program).read_bytes()).hexdigest()[:12]}.json"
+    with contextlib.suppress(OSError, ValueError, TypeError):
+        return models_in(kept)
+    models = Archive(program).postscript()
+    keep_models(models, kept)
     return models
+
+
+def models_in(file):
+    """Models that were kept; their sizes became lists meanwhile."""
+    return [Model(*fields, largest=tuple(largest)) for *fields, largest in json.loads(file.read_text(encoding="utf-8"))]
+
+
+def keep_models(models, file):
+    file.parent.mkdir(parents=True, exist_ok=True)
+    making = file.with_suffix(f".{os.getpid()}")
+    making.write_text(json.dumps(models, indent=0), encoding="utf-8")
+    making.rename(file)
 
 
 class Batch:
@@ -182,9 +193,8 @@ class Batch:
         return holder
 
 
-def work(folder, share, of, seconds, chosen=None, tell=say):
-    """Checks every of-th batch, beginning with number share, as far as there are no results yet."""
-    models = chosen if chosen is not None else catalogue(folder)
+def work(models, folder, share, of, seconds):
+    """Checks every of-th batch of the models, beginning with number share, as far as there are no results yet."""
     results = Results(folder, fingerprint())
     for first in range(BATCH * share, len(models), BATCH * of):
         batch = models[first:first + BATCH]
@@ -195,13 +205,11 @@ def work(folder, share, of, seconds, chosen=None, tell=say):
         with Batch(batch, cpus[share % len(cpus)]) as queues:
             for model in left:
                 results.put(model, queues.check(model, seconds))
-        tell(f"{min(first + BATCH, len(models))} of {len(models)}: up to {batch[-1].name}")
+        say(f"{min(first + BATCH, len(models))} of {len(models)}: up to {batch[-1].name}")
 
 
 def main(folder, share, of, seconds):
-    chosen = Path(folder) / "chosen.json"
-    models = [Model(*fields) for fields in json.loads(chosen.read_text(encoding="utf-8"))]
-    work(folder, share, of, seconds, models)
+    work(models_in(Path(folder) / CHOSEN), folder, share, of, seconds)
     return 0
 
 

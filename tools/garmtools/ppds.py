@@ -28,6 +28,7 @@ class Model(NamedTuple):
     maker: str
     name: str
     language: str  # "en"
+    largest: tuple = (0, 0)  # width and length of the paper with the largest area, in millimetres
 
 
 def is_postscript(ppd):
@@ -42,6 +43,14 @@ def is_postscript(ppd):
     # Printers of other languages get their jobs from Ghostscript; for a PostScript one the line only adds a header.
     renderer = re.search(rb'^\*FoomaticRIPCommandLine:\s*"([^"]*)"', ppd, re.MULTILINE)
     return not (renderer and re.search(rb"\bgs\b", renderer.group(1)))
+
+
+def largest_paper(ppd):
+    """Width and length in millimetres of the largest paper that a PPD (bytes) names."""
+    sizes = re.findall(rb'^\*PaperDimension\s[^"]*"\s*([0-9.]+)\s+([0-9.]+)\s*"', ppd, re.MULTILINE)
+    points = max(((float(width), float(length)) for width, length in sizes), key=lambda size: size[0] * size[1],
+                 default=(0, 0))
+    return tuple(round(length * 25.4 / 72) for length in points)
 
 
 def described(lines):
@@ -63,7 +72,8 @@ class Archive:
 
     def postscript(self):
         """The models of all PostScript PPDs, in the archive's order."""
-        return [described(lines) for lines, ppd in self._read(self._index.values()) if is_postscript(ppd)]
+        return [described(lines)._replace(largest=largest_paper(ppd))
+                for lines, ppd in self._read(self._index.values()) if is_postscript(ppd)]
 
     def extract(self, models, folder):
         """Writes the models' PPDs into the folder, as 0.ppd, 1.ppd and so on in their order."""
