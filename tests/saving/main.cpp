@@ -1,0 +1,145 @@
+// save_writer: what the tests of saving kill, starve and look at. Each file it writes carries a number, and the rest of
+// its content follows from that number, so a file is whole exactly when all of it fits.
+//
+//   save_writer loop FOLDER N    writes files with the numbers N, N + 1, ... until it is killed; "start N NAME" and
+//                                "done N" on standard output surround each write
+//   save_writer save N FILE...   writes each file once, with that number, and tells "saved" or why not
+//   save_writer check FOLDER     tells of each configuration in the folder "NAME N", or "NAME damaged"
+
+#include "GarmPC3Editor/GmPlotCfg3.h"
+#include "kernel/OdText.h"
+#include "pia_tree/CPIAOutput.h"
+#include "pia_tree/CPIAParser.h"
+#include "tests/support/Blocks.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace
+{
+namespace fs = std::filesystem;
+
+OdString textOf(const std::string& utf8)
+{
+    return OdString(odFromUtf8(utf8));
+}
+
+// From some bytes up to a megabyte, so that a disk has from one to many pieces to write.
+OdString filling(unsigned number)
+{
+    const std::size_t length = std::size_t{1} << (number * 8 % 21);
+    const std::string word = std::to_string(number) + ' ';
+    std::string text;
+    while (text.size() < length)
+        text += word;
+    return textOf(text);
+}
+
+// Even numbers: a tree without compression, which is quick to make and long to write.
+bool isTree(unsigned number)
+{
+    return number % 2 == 0;
+}
+
+const char* saveTree(unsigned number, const OdString& path)
+{
+    const auto root = blocks::make(OD_T(""), {blocks::num(OD_T("number"), textOf(std::to_string(number))),
+                                              blocks::str(OD_T("filling"), filling(number))});
+    CPIAOutput output;
+    return output.write(*root, path.c_str(), pia::Form::plain) ? "saved" : output.reason();
+}
+
+// Odd numbers: a configuration, as the editor saves it.
+const char* saveConfiguration(unsigned number, const OdString& path)
+{
+    GmPlotCfg3 configuration;
+    configuration.m_media.m_number_of_copies = static_cast<std::int32_t>(number);
+    configuration.m_meta.m_config_description = filling(number);
+    return configuration.write(path) ? "saved" : "not saved";
+}
+
+const char* save(unsigned number, const OdString& path)
+{
+    return isTree(number) ? saveTree(number, path) : saveConfiguration(number, path);
+}
+
+// The number of a whole file; 0: it is not whole.
+unsigned numberOf(const OdString& path)
+{
+    std::int32_t number = 0;
+    OdString text;
+    CPIAParser parser;
+    if (parser.read(path.c_str()) && parser.root()->getInt(number, OD_T("number")))
+    {
+        if (!parser.root()->getStr(text, OD_T("filling")))
+            return 0;
+    }
+    else
+    {
+        bool modified = false;
+        const auto configuration = GmPlotCfg3::read(path, modified);
+        if (!configuration)
+            return 0;
+        number = configuration->m_media.m_number_of_copies;
+        text = configuration->m_meta.m_config_description;
+    }
+    const auto whole = static_cast<unsigned>(number);
+    return number > 0 && text == filling(whole) ? whole : 0;
+}
+
+int loop(const fs::path& folder, unsigned first)
+{
+    for (unsigned number = first;; ++number)
+    {
+        const std::string name = "c" + std::to_string(number % 4) + ".pc3";
+        std::printf("start %u %s\n", number, name.c_str());
+        std::fflush(stdout);
+        const char* answer = save(number, textOf((folder / name).string()));
+        if (answer != std::string("saved"))
+        {
+            std::printf("failed %u %s\n", number, answer);
+            return 1;
+        }
+        std::printf("done %u\n", number);
+        std::fflush(stdout);
+    }
+}
+
+int saveEach(const std::vector<std::string>& arguments)
+{
+    const auto number = static_cast<unsigned>(std::stoul(arguments.at(1)));
+    for (std::size_t i = 2; i < arguments.size(); ++i)
+        std::printf("%s\n", save(number, textOf(arguments[i])));
+    return 0;
+}
+
+int check(const fs::path& folder)
+{
+    std::vector<fs::path> paths;
+    for (const auto& entry : fs::directory_iterator(folder))
+        if (entry.path().extension() == ".pc3")
+            paths.push_back(entry.path());
+    std::sort(paths.begin(), paths.end());
+    for (const auto& path : paths)
+    {
+        const unsigned number = numberOf(textOf(path.string()));
+        std::printf("%s %s\n", path.filename().string().c_str(), number ? std::to_string(number).c_str() : "damaged");
+    }
+    return 0;
+}
+} // namespace
+
+int main(int count, char** values)
+{
+    const std::vector<std::string> arguments(values + 1, values + count);
+    if (arguments.size() == 3 && arguments[0] == "loop")
+        return loop(arguments[1], static_cast<unsigned>(std::stoul(arguments[2])));
+    if (arguments.size() >= 3 && arguments[0] == "save")
+        return saveEach(arguments);
+    if (arguments.size() == 2 && arguments[0] == "check")
+        return check(arguments[1]);
+    return 2;
+}
