@@ -7,6 +7,8 @@ foreach(target gtest gtest_main gmock gmock_main)
     if(GARM_SANITIZERS)
         target_compile_options(${target} PRIVATE -fsanitize=${GARM_SANITIZERS})
     endif()
+    # Like the tests themselves, it is not worth the time that optimising takes.
+    target_compile_options(${target} PRIVATE -O0)
     target_compile_features(${target} PUBLIC cxx_std_20)
     if(NOT TARGET GTest::${target})
         add_library(GTest::${target} ALIAS ${target})

@@ -11,7 +11,7 @@ namespace
 using Lines = std::vector<std::string>;
 using blocks::written;
 
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 GmMediaNode fullNode()
 {
@@ -265,7 +265,7 @@ TEST(SizeNode, aZeroScaleAndAZeroReductionAreWritten)
 TEST(SizeNode, aReductionThatIsNoNumberIsWrittenAndReadBack)
 {
     GmSizeNode node;
-    node.m_longplot_reduction = nan;
+    node.m_longplot_reduction = notANumber;
     GmSizeNode back;
     ASSERT_TRUE(back.init(*sizeBlock(node)));
     EXPECT_NE(back.m_longplot_reduction, back.m_longplot_reduction);
@@ -352,7 +352,7 @@ TEST(MediaNode, eachLengthBelowTheLimitMakesTheBoundsEmpty)
             *lengthsOf(other)[i] = empty;
             EXPECT_TRUE(other.emptyBounds()) << empty;
         }
-        for (double usable : {0.0001, 1.0, nan})
+        for (double usable : {0.0001, 1.0, notANumber})
         {
             GmMediaNode other = node;
             *lengthsOf(other)[i] = usable;
@@ -369,7 +369,7 @@ TEST(MediaNode, aTooSmallAreaMakesTheBoundsEmpty)
     EXPECT_TRUE(node.emptyBounds());
     area = 1e-8;
     EXPECT_FALSE(node.emptyBounds());
-    area = nan;
+    area = notANumber;
     EXPECT_FALSE(node.emptyBounds());
 }
 
