@@ -60,6 +60,9 @@ const char* Steps::help() noexcept
   end                     waits until the one that was started has ended, and tells what it left
   start-check DEVICE      the same in the background; it returns at once
   checked                 waits for the message of a check, and tells what it said
+  load, unload            the module, which is loaded at the beginning
+  gone                    waits until its code has left the process
+  in-process              tells whether that is there
   language TAG            switches the host's language
   outside TEXT            has the caller do something, and waits until it is done
   add-printer NAME|DRIVER, delete-printer NAME
@@ -112,6 +115,12 @@ bool Steps::runSurroundings(const std::string& verb, const std::string& rest)
         startCheck(OdString(odFromUtf8(rest)));
     else if (verb == "checked")
         awaitCheck();
+    else if (verb == "load")
+        m_ui.doNow([this] { m_place.module.load(); });
+    else if (verb == "unload")
+        m_ui.doNow([this] { m_place.module.unload(); });
+    else if (verb == "gone")
+        await("the module to go", [] { return !HostedModule::isInProcess(); });
     else if (verb == "language")
         switchLanguage(OdString(odFromUtf8(rest)));
     else if (verb == "outside")
@@ -199,6 +208,8 @@ bool Steps::runQuestion(const std::string& verb, std::string rest)
         tell(name, std::to_string(m_host ? Hands::valueOf(m_host->control(number())) : -1));
     else if (verb == "tree")
         tellTree();
+    else if (verb == "in-process")
+        tellFlag(HostedModule::isInProcess());
     else if (verb == "counts")
         tellCounts();
     else if (verb == "picture")

@@ -4,6 +4,7 @@
 #include "editordriver/Hands.h"
 #include "editordriver/HostCommands.h"
 #include "editordriver/HostWindow.h"
+#include "editordriver/HostedModule.h"
 #include "editordriver/Script.h"
 #include "editordriver/UiThread.h"
 
@@ -21,6 +22,7 @@ public:
     {
         UiThread& ui;
         CheckWindow& checks;
+        HostedModule& module;
         const HostWindow* host; // null for a host without one
         std::filesystem::path pictures;
         std::filesystem::path requests; // where it asks for what is to be done outside

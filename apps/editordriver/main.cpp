@@ -7,10 +7,8 @@
 // arguments.
 #include "editordriver/Script.h"
 #include "editordriver/Steps.h"
-#include "host/CGarmPath.h"
 #include "host/GarmInterfaces.h"
 #include "host/GmLanguage.h"
-#include "host/GmModuleLoader.h"
 #include "kernel/OdText.h"
 
 #include <commctrl.h>
@@ -59,34 +57,6 @@ std::optional<Options> optionsFrom(int count, wchar_t** values)
     return options.script.isEmpty() ? std::nullopt : std::optional(options);
 }
 
-// The module as long as the object lives.
-class Module
-{
-public:
-    explicit Module(const OdString& language)
-    {
-        if (!setUiLanguage(language))
-            throw std::runtime_error("'" + odToUtf8(language) + "' is no language");
-        wchar_t program[MAX_PATH] = {};
-        ::GetModuleFileNameW(nullptr, program, MAX_PATH);
-        OdString whyNot;
-        m_object = GmModuleLoader::load(
-            CGarmPath::join(CGarmPath(OdString(program)).fullFolder(), OdString(OD_T("GarmPC3Editor.grx"))), whyNot);
-        if (!m_object)
-            throw std::runtime_error(odToUtf8(whyNot));
-    }
-    ~Module()
-    {
-        OdString ignored; // the process ends anyway
-        GmModuleLoader::unload(m_object, ignored);
-    }
-    Module(const Module&) = delete;
-    Module& operator=(const Module&) = delete;
-
-private:
-    OdRxModule* m_object = nullptr;
-};
-
 // A step that failed leaves windows open, behind which nobody is left to work: the process ends at once.
 [[noreturn]] void giveUp(const ScriptLine& line, const std::exception& error)
 {
@@ -120,13 +90,17 @@ int run(const Options& options)
     ::InitCommonControlsEx(&classes);
     getMainInternalInterface()->setPlotCfgSearchPath(options.searchPath);
 
-    const Module module(options.language);
+    if (!setUiLanguage(options.language))
+        throw std::runtime_error("'" + odToUtf8(options.language) + "' is no language");
+    HostedModule module;
+    module.load();
     UiThread ui;
     std::optional<HostWindow> host;
     if (options.hostWindow)
         host.emplace();
     CheckWindow checks;
-    const Steps::Place place{ui, checks, host ? &*host : nullptr, options.pictures.c_str(), options.requests.c_str()};
+    const Steps::Place place{
+        ui, checks, module, host ? &*host : nullptr, options.pictures.c_str(), options.requests.c_str()};
     std::jthread hands([&] { operate(place, lines); });
     ui.run();
     return 0;

@@ -148,6 +148,9 @@ def cells(steps):
         yield Cell("remove the queue", index, {index: "remove"}, gone)
 
 
+SERVER_ACTIONS = ("stop", "kill", "start", "freeze", "thaw", "remove")
+
+
 class Outcome(NamedTuple):
     """What a session said and what it left in its folder: names with their bytes."""
     said: str
@@ -171,13 +174,13 @@ class Bench:
             self.original = Path(folder, "x.pc3").read_bytes()
 
     def play(self, steps, actions=None, before=None, content=None, seconds=120):
-        """Plays the steps in a folder with the file x.pc3; each action comes before the step of its index, and the one
-        of before even before the process starts. A session that breaks off is a RuntimeError. The server and its queues
-        are as before at the end."""
+        """Plays the steps in a folder with the file x.pc3; each action, one of the server's or a line of the script,
+        comes before the step of its index, and the one of before even before the process starts. A session that breaks
+        off is a RuntimeError. The server and its queues are as before at the end."""
         lines = []
         for index, step in enumerate([*steps, None]):
             for action in _words((actions or {}).get(index)):
-                lines.append(action if action.startswith("delete-printer") else f"outside {action}")
+                lines.append(f"outside {action}" if action in SERVER_ACTIONS else action)
             if step:
                 lines.append(step.line)
         with tempfile.TemporaryDirectory(prefix="garm-faults-") as name:

@@ -14,7 +14,7 @@ bool isConfirmed(Window& window)
     {
         return window.DoModal() == IDOK;
     }
-    catch (CException* exception)
+    catch (CException* exception) // NOLINT(misc-throw-by-value-catch-by-reference): it throws pointers
     {
         exception->Delete();
         return false;

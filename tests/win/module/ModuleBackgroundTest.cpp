@@ -1,4 +1,5 @@
 #include "host/GarmInterfaces.h"
+#include "host/GmLanguage.h"
 #include "host/GmResBufExtention.h"
 #include "kernel/OdEdCommandStack.h"
 #include "kernel/OdResBuf.h"
@@ -8,21 +9,26 @@
 
 #include <gtest/gtest.h>
 
-#include <utility>
+#include <mutex>
+#include <vector>
 
 namespace
 {
 constexpr UINT printerChecked = WM_USER + 101;
 
 // A spooler that knows no printer and answers when the test lets it.
-HANDLE opened = nullptr;  // set when a check has come so far
-HANDLE goOn = nullptr;    // lets it go on
-HANDLE checker = nullptr; // its thread
+HANDLE opened = nullptr;      // counts the checks that have come so far
+HANDLE goOn = nullptr;        // lets them go on
+std::vector<HANDLE> checkers; // their threads
+std::mutex checkersMutex;
 
 BOOL WINAPI openNoPrinter(LPWSTR, LPHANDLE, LPPRINTER_DEFAULTSW)
 {
-    checker = ::OpenThread(SYNCHRONIZE, FALSE, ::GetCurrentThreadId());
-    ::SetEvent(opened);
+    {
+        const std::lock_guard lock(checkersMutex);
+        checkers.push_back(::OpenThread(SYNCHRONIZE, FALSE, ::GetCurrentThreadId()));
+    }
+    ::ReleaseSemaphore(opened, 1, nullptr);
     ::WaitForSingleObject(goOn, INFINITE);
     ::SetLastError(ERROR_INVALID_PRINTER_NAME);
     return FALSE;
@@ -33,7 +39,7 @@ class ModuleBackground : public ::testing::Test
 protected:
     ModuleBackground()
     {
-        opened = ::CreateEventW(nullptr, TRUE, FALSE, nullptr);
+        opened = ::CreateSemaphoreW(nullptr, 0, 1000, nullptr);
         goOn = ::CreateEventW(nullptr, TRUE, FALSE, nullptr);
     }
     ~ModuleBackground() override
@@ -45,6 +51,10 @@ protected:
 
     void startCheck(const LoadedModule& module, const OdChar* deviceName) const
     {
+        startCheck(module, deviceName, m_window);
+    }
+    static void startCheck(const LoadedModule& module, const OdChar* deviceName, HWND window)
+    {
         ImportPatch patch(module.library(), "OpenPrinterW", reinterpret_cast<const void*>(&openNoPrinter));
         // A check may run, or the module be gone, when this function has returned.
         patch.forget();
@@ -52,15 +62,27 @@ protected:
         GmServicesManagerInterface* values = getServicesManagerInterface(interfaces.get());
         values->set(L"deviceName", OdResBuf::newRb(kRtString, deviceName));
         values->set(L"printerName", OdResBuf::newRb(kRtString, L""));
-        values->set(L"hwndPost", GmResBufExtention::newVoid(m_window));
+        values->set(L"hwndPost", GmResBufExtention::newVoid(window));
         ASSERT_TRUE(odedRegCmds()->executeCommand(L"_PC3GETDEVMODE", interfaces.get()));
         EXPECT_EQ(values->names().size(), 3U);
     }
 
-    static void waitForEndOfCheck()
+    static void waitUntilOpened(int checks)
     {
-        ::WaitForSingleObject(checker, INFINITE);
-        ::CloseHandle(std::exchange(checker, nullptr));
+        for (int i = 0; i < checks; ++i)
+            ::WaitForSingleObject(opened, INFINITE);
+    }
+
+    // Of all that have reported, so that none is still on its way to the spooler.
+    static void waitForEndOfChecks()
+    {
+        const std::lock_guard lock(checkersMutex);
+        for (const HANDLE checker : checkers)
+        {
+            ::WaitForSingleObject(checker, INFINITE);
+            ::CloseHandle(checker);
+        }
+        checkers.clear();
     }
 
     // Waits for the message of one check.
@@ -85,7 +107,7 @@ TEST_F(ModuleBackground, TheCheckReportsToTheWindow)
     EXPECT_EQ(message.message, 1125U);
     EXPECT_EQ(message.wParam, 0U);
     EXPECT_EQ(message.lParam, 0);
-    waitForEndOfCheck();
+    waitForEndOfChecks();
 }
 
 TEST_F(ModuleBackground, TheModuleMayBeUnloadedWhileACheckRuns)
@@ -93,14 +115,14 @@ TEST_F(ModuleBackground, TheModuleMayBeUnloadedWhileACheckRuns)
     {
         LoadedModule module;
         startCheck(module, L"hanging printer");
-        ::WaitForSingleObject(opened, INFINITE);
+        waitUntilOpened(1);
     }
     EXPECT_TRUE(odedRegCmds()->commands().empty());
     EXPECT_TRUE(LoadedModule::isInProcess()) << "unloaded under a running check";
 
     ::SetEvent(goOn);
     EXPECT_EQ(report().wParam, 0U);
-    waitForEndOfCheck();
+    waitForEndOfChecks();
     EXPECT_FALSE(LoadedModule::isInProcess()) << "the check's reference was not given back";
 }
 
@@ -114,7 +136,7 @@ TEST_F(ModuleBackground, UnloadingRightAfterTheMessageIsSafe)
             startCheck(module, L"no such printer");
             EXPECT_EQ(report().wParam, 0U);
         }
-        waitForEndOfCheck();
+        waitForEndOfChecks();
         ASSERT_FALSE(LoadedModule::isInProcess());
     }
 }
@@ -127,12 +149,100 @@ TEST_F(ModuleBackground, ACheckLeavesNoHandleBehind)
     {
         startCheck(module, L"no such printer");
         report();
-        waitForEndOfCheck();
+        waitForEndOfChecks();
     };
     check();
     const std::size_t handles = openSystemHandles();
     for (int i = 0; i < 10; ++i)
         check();
     EXPECT_EQ(openSystemHandles(), handles);
+}
+
+// -- Many at once ----------------------------------------------------------------------------------------------------
+
+TEST_F(ModuleBackground, ManyChecksHoldTheUnloadedModuleUntilTheLastHasEnded)
+{
+    constexpr int count = 20;
+    const auto manyChecks = [this]
+    {
+        ::ResetEvent(goOn);
+        {
+            LoadedModule module;
+            for (int i = 0; i < count; ++i)
+                startCheck(module, L"hanging printer");
+            waitUntilOpened(count);
+        }
+        EXPECT_TRUE(LoadedModule::isInProcess());
+        ::SetEvent(goOn);
+        for (int i = 0; i < count; ++i)
+            EXPECT_EQ(report().wParam, 0U);
+        waitForEndOfChecks();
+        EXPECT_FALSE(LoadedModule::isInProcess());
+        MSG message = {};
+        EXPECT_FALSE(::PeekMessageW(&message, m_window, printerChecked, printerChecked, PM_REMOVE)) << "reported twice";
+    };
+    // The spooler's library leaves a handle behind each time it goes, under Wine; so it stays.
+    const HMODULE spooler = ::LoadLibraryW(L"winspool.drv");
+    // As many threads at once as never before leave something for the next ones.
+    manyChecks();
+    const std::size_t handles = openSystemHandles();
+    for (int i = 0; i < 5; ++i)
+        manyChecks();
+    EXPECT_EQ(openSystemHandles(), handles);
+    ::FreeLibrary(spooler);
+}
+
+TEST_F(ModuleBackground, TheHostMayLoadItAgainWhileAnEarlierCheckStillRuns)
+{
+    {
+        LoadedModule module;
+        startCheck(module, L"hanging printer");
+        waitUntilOpened(1);
+    }
+    {
+        LoadedModule again;
+        EXPECT_EQ(odedRegCmds()->commands().size(), 2U);
+        startCheck(again, L"another hanging printer");
+        waitUntilOpened(1);
+    }
+    EXPECT_TRUE(odedRegCmds()->commands().empty());
+    ::SetEvent(goOn);
+    for (int i = 0; i < 2; ++i)
+        EXPECT_EQ(report().wParam, 0U);
+    waitForEndOfChecks();
+    EXPECT_FALSE(LoadedModule::isInProcess());
+}
+
+TEST_F(ModuleBackground, TheLanguageMayChangeWhileACheckOfAnUnloadedModuleRuns)
+{
+    {
+        LoadedModule module;
+        startCheck(module, L"hanging printer");
+        waitUntilOpened(1);
+    }
+    EXPECT_TRUE(setUiLanguage(L"de"));
+    EXPECT_TRUE(setUiLanguage(L"en"));
+    ::SetEvent(goOn);
+    EXPECT_EQ(report().wParam, 0U);
+    waitForEndOfChecks();
+    EXPECT_FALSE(LoadedModule::isInProcess());
+    // The callback of a module that went by itself is not called any more.
+    EXPECT_TRUE(setUiLanguage(L"de"));
+    EXPECT_TRUE(setUiLanguage(L"en"));
+    EXPECT_EQ(languageCallbackCount(), 0U);
+}
+
+TEST_F(ModuleBackground, AWindowThatIsGoneWhenTheCheckEndsIsNoTrouble)
+{
+    LoadedModule module;
+    const HWND window = ::CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                                          ::GetModuleHandleW(nullptr), nullptr);
+    startCheck(module, L"hanging printer", window);
+    waitUntilOpened(1);
+    ::DestroyWindow(window);
+    ::SetEvent(goOn);
+    waitForEndOfChecks();
+    module.unload();
+    EXPECT_FALSE(LoadedModule::isInProcess());
 }
 } // namespace

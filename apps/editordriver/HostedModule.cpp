@@ -1,0 +1,49 @@
+#include "editordriver/HostedModule.h"
+
+#include "host/CGarmPath.h"
+#include "host/GmModuleLoader.h"
+#include "kernel/OdText.h"
+#include "win32/Win32.h"
+
+#include <stdexcept>
+
+namespace editordriver
+{
+namespace
+{
+const OdChar* const fileName = OD_T("GarmPC3Editor.grx");
+} // namespace
+
+HostedModule::~HostedModule()
+{
+    OdString ignored; // the process ends anyway
+    if (m_object)
+        GmModuleLoader::unload(m_object, ignored);
+}
+
+void HostedModule::load()
+{
+    if (m_object)
+        throw std::runtime_error("the module is loaded already");
+    wchar_t program[MAX_PATH] = {};
+    ::GetModuleFileNameW(nullptr, program, MAX_PATH);
+    OdString whyNot;
+    m_object =
+        GmModuleLoader::load(CGarmPath::join(CGarmPath(OdString(program)).fullFolder(), OdString(fileName)), whyNot);
+    if (!m_object)
+        throw std::runtime_error(odToUtf8(whyNot));
+}
+
+void HostedModule::unload()
+{
+    OdString whyNot;
+    if (!m_object || !GmModuleLoader::unload(m_object, whyNot))
+        throw std::runtime_error(m_object ? odToUtf8(whyNot) : "the module is not loaded");
+    m_object = nullptr;
+}
+
+bool HostedModule::isInProcess() noexcept
+{
+    return ::GetModuleHandleW(fileName) != nullptr;
+}
+} // namespace editordriver

@@ -1,0 +1,132 @@
+"""The module is unloaded while its checks run, and the language changes while its windows are open."""
+
+import contextlib
+import shutil
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools"))
+from garmtools import editorscript as ed
+from garmtools import spoolerfaults as faults
+from garmtools.editorscript import Answers, Script
+from garmtools.places import ROOT
+from garmtools.spoolerfaults import SESSIONS
+
+LANGUAGES = ("de", "ja", "en")
+
+
+class ModuleCase(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        with contextlib.ExitStack() as stack:
+            cls.bench = stack.enter_context(faults.bench())
+            cls.addClassCleanup(stack.pop_all().close)
+
+    def setUp(self):
+        self.folder = Path(tempfile.mkdtemp(prefix="garm-e2e-"))
+        self.addCleanup(shutil.rmtree, self.folder, ignore_errors=True)
+        self.addCleanup(self.bench.mend)
+        (self.folder / "x.pc3").write_bytes(self.bench.original)
+        shutil.copy(ROOT / "samples" / "virtual-pdf.pc3", self.folder / "file.pc3")
+
+    def session(self, *lines):
+        done = ed.run(self.bench.prefix, Script(*lines), [self.folder], cwd=self.folder, outside=self.bench.act)
+        self.assertEqual(done.returncode, 0, f"{done.stdout}\n{done.stderr}")
+        self.assertEqual(done.stderr, "")
+        return Answers(done.stdout)
+
+    def assert_flat(self, answers):
+        """Nothing was more at the last question for the counts than at the one before."""
+        for what in ("handles", "gdi", "windows"):
+            before, after = map(int, answers.all(what)[-2:])
+            self.assertEqual(after, before, what)
+
+
+class UnloadingTest(ModuleCase):
+    def test_a_check_that_hangs_in_the_driver_outlives_the_module(self):
+        answers = self.session("outside freeze", "start-check x.pc3", "unload", "in-process", "outside thaw", "checked",
+                               "gone", "load", "get-devmode x.pc3", "end")
+        self.assertEqual(answers.one("in-process"), "yes")
+        self.assertEqual(answers.one("checked"), "found")
+        self.assertEqual(answers.one("output result"), "true")
+
+    def test_the_host_may_load_it_again_meanwhile(self):
+        answers = self.session("outside freeze", "start-check x.pc3", "unload", "load", "language de",
+                               "edit file.pc3", "dialog", "title", "tab 1",
+                               "tree", f"click {ed.CANCEL}", "end", "outside thaw", "checked", "unload", "gone")
+        self.assertEqual(answers.one("title"), "file.pc3 - Plotterkonfiguration")
+        self.assertEqual(answers.one("output fileName"), "file.pc3")
+        self.assertEqual(answers.one("checked"), "found")
+
+    def test_fifty_rounds_with_a_check_under_way_leave_nothing_behind(self):
+        # However far the check has come when the module is unloaded.
+        one = ("start-check x.pc3", "get-devmode x.pc3", "end", "start-check nobody.pc3", "unload", "checked", "checked",
+               "gone", "load")
+        answers = self.session(*one * 10, "counts", *one * 50, "counts")
+        self.assertEqual(sorted(answers.all("checked")), ["found"] * 60 + ["not found"] * 60)
+        self.assertEqual(answers.all("output result"), ["true"] * 60)
+        self.assert_flat(answers)
+
+
+class LanguageSwitchTest(ModuleCase):
+    def test_a_switch_before_every_step_changes_words_only(self):
+        for name in ("a file is edited", "a printer is edited"):
+            with self.subTest(name):
+                steps = SESSIONS[name]
+                undisturbed = self.bench.play(steps)
+                switches = {i: f"language {LANGUAGES[i % 3]}" for i in range(len(steps))}
+                outcome = self.bench.play(steps, switches)
+                self.assertEqual(outcome.files, undisturbed.files)
+                self.assertEqual(Answers(outcome.said).outputs(), Answers(undisturbed.said).outputs())
+                self.assertNotIn("refused", outcome.said)
+
+    def test_what_is_open_keeps_its_words_and_what_opens_has_the_new_ones(self):
+        open_and_look = ["edit x.pc3", "dialog", "title", f"text {ed.DRIVER_LINE}"]
+        answers = self.session(
+            *open_and_look, "language de", "title", f"text {ed.DRIVER_LINE}", f"type {ed.DESCRIPTION} anders", "tab 1",
+            f"entry {ed.ENTRIES['collating']}", f"choices {ed.COLLATING}", f"click {ed.DEFAULTS}", "dialog", "box",
+            f"click {ed.NO}", "closed", f"click {ed.OK}", "dialog", "title",
+            f"click {ed.OK}", "end", *open_and_look, f"click {ed.CANCEL}", "end")
+        english, german = "x.pc3 - Plotter configuration", "x.pc3 - Plotterkonfiguration"
+        before, after, name_dialog, next_opening = answers.all("title")
+        self.assertEqual([before, after, next_opening], [english, english, german])
+        self.assertEqual(name_dialog, "Plotterkonfiguration speichern")
+        first, same, other = answers.all(f"text {ed.DRIVER_LINE}")
+        self.assertEqual(first, same)
+        self.assertNotEqual(other, first)
+        self.assertEqual(answers.all(f"choices {ed.COLLATING}"), ["Unsortiert", "Sortiert"])
+        self.assertTrue(answers.one("box").startswith("Die Geräte"), answers.one("box"))
+
+    def test_the_virtual_printers_dialog_outlives_a_switch(self):
+        printer = "Tarnwick PDF Printer 2018"
+        answers = self.session(
+            f"add-printer {printer}|{faults.QUEUE.name}", f"edit-printer {printer}", "dialog", "tab 1",
+            f"click {ed.DRIVER_SETTINGS}", "dialog", "language de", f"choices {ed.QUALITY}", f"choose {ed.QUALITY} 2",
+            f"click {ed.LANDSCAPE}", f"click {ed.OK}", "closed", "title", f"click {ed.DRIVER_SETTINGS}", "dialog",
+            f"choices {ed.QUALITY}", f"click {ed.CANCEL}", "closed", f"click {ed.CANCEL}", "end",
+            f"delete-printer {printer}")
+        self.assertEqual(answers.one("title"), f"{printer} - Plotter configuration")
+        self.assertEqual(len(answers.all(f"choices {ed.QUALITY}")), 10)
+        self.assertEqual(answers.one("output fileName"), printer)
+
+    def test_a_switch_to_a_language_that_is_not_there_changes_nothing(self):
+        answers = self.session("edit x.pc3", "dialog", "language fr", "tab 1", f"click {ed.DEFAULTS}", "dialog", "box",
+                               f"click {ed.NO}", "closed", f"click {ed.CANCEL}", "end", "edit x.pc3", "dialog", "title",
+                               f"click {ed.CANCEL}", "end")
+        self.assertEqual(answers.one("language fr"), "refused")
+        self.assertEqual(answers.one("box"), "Reset the device and document settings to the driver's defaults?")
+        self.assertEqual(answers.one("title"), "x.pc3 - Plotter configuration")
+
+    def test_switching_while_a_sheet_is_open_leaves_nothing_behind(self):
+        switches = [f"language {tag}" for tag in LANGUAGES]
+        one = ["edit x.pc3", "dialog", "tab 1", *switches, *(f"entry {number}" for number in ed.ENTRIES.values()),
+               *switches, f"click {ed.CANCEL}", "end"]
+        answers = self.session(*one * 5, "counts", *one * 20, "counts")
+        self.assertEqual(len(answers.all("output fileName")), 25)
+        self.assert_flat(answers)
+
+
+if __name__ == "__main__":
+    unittest.main()
