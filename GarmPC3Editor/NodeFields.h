@@ -232,7 +232,7 @@ struct Table
 };
 
 template <class Node, class... Rows>
-constexpr Table<Node, Rows...> table(Rows... rows)
+consteval Table<Node, Rows...> table(Rows... rows)
 {
     return {{rows...}};
 }
@@ -240,59 +240,59 @@ constexpr Table<Node, Rows...> table(Rows... rows)
 // The rows, by what they promise.
 
 template <class Node>
-constexpr Required<Node, IntValue> required(const OdChar* key, std::int32_t Node::*member)
+consteval Required<Node, IntValue> required(const OdChar* key, std::int32_t Node::*member)
 {
     return {key, member};
 }
 template <class Node, int digits>
-constexpr Required<Node, DoubleValue<digits>> required(const OdChar* key, double Node::*member, Digits<digits>)
+consteval Required<Node, DoubleValue<digits>> required(const OdChar* key, double Node::*member, Digits<digits>)
 {
     return {key, member};
 }
 template <class Node>
-constexpr Required<Node, BoolValue> required(const OdChar* key, bool Node::*member)
+consteval Required<Node, BoolValue> required(const OdChar* key, bool Node::*member)
 {
     return {key, member};
 }
 template <class Node>
-constexpr Required<Node, TextValue> required(const OdChar* key, OdString Node::*member)
+consteval Required<Node, TextValue> required(const OdChar* key, OdString Node::*member)
 {
     return {key, member};
 }
 template <class Node, int digits>
-constexpr Kept<Node, DoubleValue<digits>> kept(const OdChar* key, double Node::*member, Digits<digits>)
+consteval Kept<Node, DoubleValue<digits>> kept(const OdChar* key, double Node::*member, Digits<digits>)
 {
     return {key, member};
 }
 template <class Node>
-constexpr KeptUnlessSkipped<Node, IntValue> keptUnless(std::int32_t skipped, const OdChar* key,
+consteval KeptUnlessSkipped<Node, IntValue> keptUnless(std::int32_t skipped, const OdChar* key,
                                                        std::int32_t Node::*member)
 {
     return {key, member, skipped};
 }
 template <class Node, int digits>
-constexpr KeptUnlessSkipped<Node, DoubleValue<digits>> keptUnless(double skipped, const OdChar* key,
+consteval KeptUnlessSkipped<Node, DoubleValue<digits>> keptUnless(double skipped, const OdChar* key,
                                                                   double Node::*member, Digits<digits>)
 {
     return {key, member, skipped};
 }
 template <class Node>
-constexpr OptionalText<Node> optionalText(const OdChar* key, OdString Node::*member)
+consteval OptionalText<Node> optionalText(const OdChar* key, OdString Node::*member)
 {
     return {key, member};
 }
 template <class Node>
-constexpr OptionalFlag<Node> optionalFlag(const OdChar* key, OdSharedPtr<bool> Node::*member)
+consteval OptionalFlag<Node> optionalFlag(const OdChar* key, OdSharedPtr<bool> Node::*member)
 {
     return {key, member};
 }
 template <class Node, class Child>
-constexpr RequiredBlock<Node, Child> requiredBlock(const OdChar* key, Child Node::*member)
+consteval RequiredBlock<Node, Child> requiredBlock(const OdChar* key, Child Node::*member)
 {
     return {key, member};
 }
 template <class Node, class Child>
-constexpr DroppableBlock<Node, Child> droppableBlock(const OdChar* key, OdSharedPtr<Child> Node::*member,
+consteval DroppableBlock<Node, Child> droppableBlock(const OdChar* key, OdSharedPtr<Child> Node::*member,
                                                      bool (Child::*readChild)(const CPBlock&))
 {
     return {key, member, readChild};

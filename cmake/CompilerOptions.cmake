@@ -31,3 +31,9 @@ if(GARM_FUZZ)
     # Tells the fuzzer which branches an input took. The fuzz targets link its engine.
     target_compile_options(garm_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
+if(GARM_COVERAGE)
+    # Clang counts the decisions as they stand in the source; GCC would count the cleanup of exceptions as branches, too.
+    set(count -fprofile-instr-generate -fcoverage-mapping -fprofile-update=atomic)
+    target_compile_options(garm_options INTERFACE ${count})
+    target_link_options(garm_options INTERFACE ${count})
+endif()

@@ -32,7 +32,7 @@ KeyValue valueOf(const GmOptionalFlag& flag)
 }
 
 template <class T>
-constexpr CPItem::EType kindOf()
+consteval CPItem::EType kindOf()
 {
     if constexpr (std::is_same_v<T, OdString>)
         return CPItem::eStr;

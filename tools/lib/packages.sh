@@ -13,7 +13,9 @@ packages_display=(xvfb)
 packages_fuzz=(cmake ninja-build clang libclang-rt-14-dev llvm googletest zlib1g-dev)
 # A mutant is linked in no time by this linker.
 packages_mutants=(lld)
-packages_checks=(clang-format clang-tidy git)
+packages_checks=(clang-format clang-tidy cppcheck git)
+# Clang counts what runs; llvm reads the counts.
+packages_coverage=(clang libclang-rt-14-dev llvm)
 # libcups2 is what Wine reaches a CUPS server through; the server itself is started by us, never the system's.
 packages_printing=(cups cups-client cups-daemon cups-filters libcups2 openprinting-ppds)
 
