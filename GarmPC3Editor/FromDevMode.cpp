@@ -28,8 +28,8 @@ public:
 
 private:
     bool fitsConfiguration(const OdString& printerName) const;
-    bool takeOverSizes();
-    bool takeOverPrivateBytes();
+    void takeOverSizes();
+    void takeOverPrivateBytes();
     void nameAsSystemPrinter(const GmPrinterInfo& printer);
     bool takeOverCustomNumbers();
     bool takeOverNumber(OdStringView key, std::uint32_t value);
@@ -63,8 +63,10 @@ private:
 
 bool Takeover::run(const OdString& printerName)
 {
-    if (!fitsConfiguration(printerName) || !takeOverSizes() || !takeOverPrivateBytes())
+    if (!fitsConfiguration(printerName))
         return false;
+    takeOverSizes();
+    takeOverPrivateBytes();
 
     // The driver answers for the mode that is taken over. It gets a copy of it: the caller's may be misaligned, and a
     // driver may read on behind its end.
@@ -105,26 +107,25 @@ bool Takeover::fitsConfiguration(const OdString& printerName) const
            odEqualNoCase(printerName, m_cfg.m_meta.m_win_device_name);
 }
 
-bool Takeover::takeOverSizes()
+// The sizes and the private bytes are stored already: without them the configuration would have made no block that
+// fits.
+void Takeover::takeOverSizes()
 {
     GmCustomNode& custom = *m_cfg.m_custom;
-    return custom.setNumber(m_fields.dmDriverExtra, storedDevMode::driverExtra, false) &&
-           custom.setNumber(m_fields.dmSize, storedDevMode::size, false);
+    custom.setNumber(m_fields.dmDriverExtra, storedDevMode::driverExtra, false);
+    custom.setNumber(m_fields.dmSize, storedDevMode::size, false);
 }
 
-bool Takeover::takeOverPrivateBytes()
+void Takeover::takeOverPrivateBytes()
 {
     if (m_dm.driverExtra() == 0)
-        return true;
+        return;
     GmCustomNode& custom = *m_cfg.m_custom;
     OdString before;
-    if (!storedDevMode::readPrivateText(custom, m_dm.driverExtra(), before))
-        return false;
+    custom.getRawData(before);
     const OdString now = hexFromBytes(m_dm.privateBytes());
-    if (!custom.setRawData(now, false))
-        return false;
+    custom.setRawData(now, false);
     noteChange(now != before);
-    return true;
 }
 
 void Takeover::nameAsSystemPrinter(const GmPrinterInfo& printer)

@@ -99,7 +99,7 @@ void GmPrinterInfo::loadPapers()
 
 OdStringView GmPrinterInfo::slot(std::size_t index) const noexcept
 {
-    if (!m_papers || index >= m_papers->nameSlots)
+    if (index >= m_papers->nameSlots)
         return {};
     return odBoundedView(m_papers->names.data() + index * paperNameLength, paperNameLength);
 }

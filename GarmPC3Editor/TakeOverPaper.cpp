@@ -22,7 +22,7 @@ std::optional<OdString> paperNameOf(const DevModeView& dm, GmPrinterInfo& printe
         if (fields.dmPaperSize < DMPAPER_USER)
         {
             const int index = printer.paperIndexById(fields.dmPaperSize);
-            if (index < 0 || index >= printer.paperCount())
+            if (index < 0)
                 return std::nullopt;
             return OdString(printer.paperName(index));
         }

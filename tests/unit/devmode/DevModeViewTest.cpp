@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstring>
 #include <memory>
+#include <utility>
 
 namespace
 {
@@ -198,9 +199,12 @@ TEST(DevModeView, theBlocksOwnClaimMeasuresABlockWithoutLength)
 
 TEST(DevModeBlock, noneHasNoAddressAndNoView)
 {
-    const DevModeBlock none;
+    DevModeBlock none;
     EXPECT_TRUE(none.isNull());
+    EXPECT_FALSE(none);
+    EXPECT_TRUE(DevModeBlock::toFill(0));
     EXPECT_EQ(none.get(), nullptr);
+    EXPECT_EQ(std::as_const(none).get(), nullptr);
     EXPECT_FALSE(none.view());
     EXPECT_TRUE(DevModeBlock::copyOf(DevModeView()).isNull());
 }

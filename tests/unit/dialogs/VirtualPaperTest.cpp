@@ -36,6 +36,14 @@ TEST_F(VirtualPaper, theExactNameIsTriedOverAllPrintersFirst)
     EXPECT_EQ(fullPrinterName(OD_T("PDF")), OD_T("PDF"));
 }
 
+TEST_F(VirtualPaper, aRecordWithoutANameIsNoPrinter)
+{
+    room.add({.name = OD_T("Nameless PDF"), .namedInRecords = false});
+    room.add({.name = OD_T("Other PDF")});
+    EXPECT_EQ(fullPrinterName(OD_T("PDF")), OD_T("Other PDF"));
+    EXPECT_EQ(fullPrinterName(OD_T("")), OD_T("Other PDF"));
+}
+
 TEST_F(VirtualPaper, aPaperIsFoundByItsExactName)
 {
     addPdfPrinter(OD_T("PDF Printer"));

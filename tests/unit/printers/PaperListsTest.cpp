@@ -51,6 +51,17 @@ TEST_F(PaperLists, papersHaveCodeAndName)
     }
 }
 
+// 0 is a code like any other when the driver delivered it, and none where the list was only cleared.
+TEST_F(PaperLists, aDeliveredCodeOfZeroIsFound)
+{
+    printer.papers[1].code = 0;
+    EXPECT_EQ(GmPrinterInfo(OD_T("P")).paperIndexById(0), 1);
+    printer.lies.codesFilled = 1;
+    printer.lies.codeFillAnswer = 1;
+    EXPECT_EQ(GmPrinterInfo(OD_T("P")).paperIndexById(0), -1);
+    EXPECT_EQ(GmPrinterInfo(OD_T("P")).paperIndexById(9), 0);
+}
+
 TEST_F(PaperLists, namesAreFoundWithoutRegardToCaseAndTheFirstOneWins)
 {
     printer.papers.push_back({301, OD_T("a4")});

@@ -5,6 +5,7 @@
 #include "win32/Handles.h"
 
 #include <cstring>
+#include <limits>
 
 using room::Call;
 
@@ -179,6 +180,16 @@ TEST_F(PrinterQueries, aMergeHasRoomWhenTheDriverGrewSinceTheBlockWasStored)
 TEST_F(PrinterQueries, aMergeKeepsTheStoredSizeWhenTheDriverDoesNotSayOne)
 {
     printer.lies.sizeAnswer = -1;
+    const std::vector<BYTE> bytes = blockWith(5000, 2);
+    const DevModeMerge merged = merge(bytes);
+    EXPECT_EQ(merged.result, IDOK);
+    EXPECT_EQ(room.calls().back().devMode, bytes);
+}
+
+// More than any block has: the driver is not believed, and nothing of that size is allocated.
+TEST_F(PrinterQueries, aMergeKeepsTheStoredSizeWhenTheDriverSaysAnImpossibleOne)
+{
+    printer.lies.sizeAnswer = std::numeric_limits<LONG>::max();
     const std::vector<BYTE> bytes = blockWith(5000, 2);
     const DevModeMerge merged = merge(bytes);
     EXPECT_EQ(merged.result, IDOK);

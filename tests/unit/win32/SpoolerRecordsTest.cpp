@@ -121,6 +121,16 @@ TEST(SpoolerRecords, textsAtOddAddressesAndAtTheVeryEndAreRead)
               WideText(OD_T("ab")));
 }
 
+TEST(SpoolerRecords, aPointerBeforeTheBufferLeadsOutOfIt)
+{
+    SpoolerRecords records = SpoolerRecords::toFill(8);
+    const auto first = reinterpret_cast<std::uintptr_t>(records.data());
+    const auto* before = reinterpret_cast<const WCHAR*>(first - 2);
+    EXPECT_FALSE(records.text(before));
+    EXPECT_TRUE(records.bytesAt(before).empty());
+    EXPECT_FALSE(records.bytesAt(records.data()).empty());
+}
+
 TEST(SpoolerRecords, noneHasNoRecordsAndNoTexts)
 {
     const SpoolerRecords none;
