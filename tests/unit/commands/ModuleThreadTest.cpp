@@ -1,5 +1,7 @@
 #include "GarmPC3Editor/Commands/ModuleThread.h"
 
+#include "tests/support/FailingAllocation.h"
+
 #include <gtest/gtest.h>
 
 #include <condition_variable>
@@ -70,5 +72,29 @@ TEST(ModuleThread, StartingDoesNotWaitForTheWork)
     entered.await();
     mayLeave.give();
     left.await();
+}
+
+TEST(ModuleThread, AThreadThatCannotBeStartedIsToldAndItsWorkNeverRuns)
+{
+    static int runs = 0;
+    const unsigned failed = failEachAllocation(
+        []
+        {
+            return startModuleThread(
+                [](void*) noexcept
+                {
+                    ++runs;
+                    left.give();
+                },
+                nullptr);
+        },
+        [](bool started, bool reached)
+        {
+            EXPECT_EQ(started, !reached);
+            if (started)
+                left.await();
+        });
+    EXPECT_GE(failed, 1U);
+    EXPECT_EQ(runs, 1) << "also the work of a thread that did not start was run";
 }
 } // namespace

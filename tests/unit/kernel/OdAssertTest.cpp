@@ -42,6 +42,17 @@ TEST(OdAssert, settingAHandlerReturnsTheOneBefore)
     EXPECT_NE(odSetAssertHandler(before), nullptr) << "null restored the handler that writes to standard error";
 }
 
+// What a person sees who runs a program that set no handler.
+TEST(OdAssert, withoutAHandlerTheReportGoesToStandardError)
+{
+    const OdAssertHandler before = odSetAssertHandler(nullptr);
+    testing::internal::CaptureStderr();
+    odReportAssert("pCfg", "GarmPC3Editor/Commands/PC3EditCommand", 232);
+    odSetAssertHandler(before);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "Assertion failed: pCfg (GarmPC3Editor/Commands/PC3EditCommand:232)\n");
+}
+
 TEST(OdAssert, aHandlerThatThrowsChangesNothing)
 {
     const OdAssertHandler before = odSetAssertHandler(&throwing);
