@@ -21,6 +21,14 @@ OdRoutineResult runRoutine(Routine routine) noexcept
         return eRoutineError;
     }
 }
+
+// Made before any command is registered, so that taking them off again needs no memory: what stayed on the stack would
+// be called after the module is gone.
+const OdString& groupName()
+{
+    static const OdString name(PC3EditorCommand::cGroupName);
+    return name;
+}
 } // namespace
 
 OdRoutineResult registerCommands() noexcept
@@ -28,6 +36,7 @@ OdRoutineResult registerCommands() noexcept
     return runRoutine(
         []
         {
+            groupName();
             const OdEdCommandStackPtr stack = odedRegCmds();
             const OdSmartPtr<PC3EditCommand> edit = OdRxObjectImpl<PC3EditCommand>::createObject();
             edit->setResourceInstance(garmPC3EditorResourceInstance());
@@ -40,5 +49,5 @@ OdRoutineResult registerCommands() noexcept
 
 OdRoutineResult unregisterCommands() noexcept
 {
-    return runRoutine([] { odedRegCmds()->removeGroup(PC3EditorCommand::cGroupName); });
+    return runRoutine([] { odedRegCmds()->removeGroup(groupName()); });
 }

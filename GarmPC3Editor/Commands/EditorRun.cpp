@@ -6,37 +6,30 @@
 #include "GarmPC3Editor/ResourceInstance.h"
 #include "host/CGarmPath.h"
 #include "host/GarmInterfaces.h"
-#include "host/GmString.h"
 #include "kernel/OdAssert.h"
 #include "resources/Resource.h"
 
+#include <iterator>
+#include <new>
+#include <utility>
+
 namespace
 {
-void tellThatSavingFailed()
+// Takes no memory, which may be what saving failed for.
+void tellThatSavingFailed() noexcept
 {
-    const OdString text = GmString::loadString(IDS_SAVE_FAILED, OD_T(""), garmPC3EditorResourceInstance());
+    OdChar text[512] = {};
+    // A null library would mean the program's own string table.
+    if (const HINSTANCE library = garmPC3EditorResourceInstance())
+        ::LoadStringW(library, IDS_SAVE_FAILED, text, static_cast<int>(std::size(text)));
     // An empty caption, not none: without one the system puts its own word for "Error" there.
-    ::MessageBoxW(nullptr, text.c_str(), OD_T(""), MB_ICONWARNING);
+    ::MessageBoxW(nullptr, text, OD_T(""), MB_ICONWARNING);
 }
-} // namespace
 
-bool editAndSave(OdSharedPtr<GmPlotCfg3>& cfg, OdString& path)
+// Lets the user name and keeps what came out of the editor. path as in editAndSave.
+bool save(const EditorOutcome& outcome, OdString& path)
 {
-    // For everything shown here: the sheet, the name dialog and the message.
-    const PC3ResourceSentry sentry;
-
-    const EditorOutcome outcome = runEditor(cfg, path);
     const OdSharedPtr<GmPlotCfg3>& pCfg = outcome.cfg;
-    if (pCfg)
-        cfg = pCfg;
-    // Whether Save As wrote the configuration meanwhile is not asked: what was changed is kept under the name that is
-    // confirmed here.
-    if (!outcome.confirmed || !(outcome.modified || outcome.replaced))
-    {
-        path = outcome.fileTitle;
-        return false;
-    }
-
     const OdString searchPath = getMainInternalInterface()->plotCfgSearchPath();
     const std::optional<OdString> name =
         askForName(pCfg ? proposedPath(outcome.path, searchPath, *pCfg) : outcome.path);
@@ -46,11 +39,40 @@ bool editAndSave(OdSharedPtr<GmPlotCfg3>& cfg, OdString& path)
         return false;
 
     const OdString target = savePath(searchPath, *name);
+    // Before the file is there: afterwards nothing may fail.
+    OdString fileName = CGarmPath(target).fileName();
     if (!pCfg->write(target))
     {
         tellThatSavingFailed();
         return false;
     }
-    path = CGarmPath(target).fileName();
+    path = std::move(fileName);
     return true;
+}
+} // namespace
+
+bool editAndSave(OdSharedPtr<GmPlotCfg3>& cfg, OdString& path)
+{
+    // For everything shown here: the sheet, the name dialog and the message.
+    const PC3ResourceSentry sentry;
+
+    EditorOutcome outcome = runEditor(cfg, path);
+    if (outcome.cfg)
+        cfg = outcome.cfg;
+    // Whether Save As wrote the configuration meanwhile is not asked: what was changed is kept under the name that is
+    // confirmed here.
+    if (!outcome.confirmed || !(outcome.modified || outcome.replaced))
+    {
+        path = std::move(outcome.fileTitle);
+        return false;
+    }
+    try
+    {
+        return save(outcome, path);
+    }
+    catch (const std::bad_alloc&)
+    {
+        tellThatSavingFailed();
+        return false;
+    }
 }

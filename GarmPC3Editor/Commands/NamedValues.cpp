@@ -3,6 +3,8 @@
 #include "host/GmResBufExtention.h"
 #include "kernel/OdError.h"
 
+#include <new>
+
 namespace
 {
 GarmInterfacesPtr interfacesOf(OdEdCommandContext* context)
@@ -21,32 +23,47 @@ NamedValues::NamedValues(OdEdCommandContext* context)
 {
 }
 
-OdResBufPtr NamedValues::get(const OdChar* name) const
+OdResBufPtr NamedValues::get(const OdString& name) const
 {
     return odrxCastOrThrow<OdResBuf>(m_service->get(name));
 }
 
-void* NamedValues::getPointer(const OdChar* name) const
+void* NamedValues::getPointer(const OdString& name) const
 {
     return GmResBufExtention::getVoid(get(name));
 }
 
-void NamedValues::setString(const OdChar* name, const OdString& value) const
+void NamedValues::write(const NamedResults& results) const
 {
-    m_service->set(name, OdResBuf::newRb(kRtString, value));
+    try
+    {
+        for (const auto& [name, value] : results.m_results)
+            m_service->set(name, value);
+    }
+    catch (const std::bad_alloc&)
+    {
+        for (const auto& [name, value] : results.m_results)
+            m_service->remove(name);
+        throw;
+    }
 }
 
-void NamedValues::setBool(const OdChar* name, bool value) const
+void NamedResults::addString(const OdString& name, const OdString& value)
 {
-    m_service->set(name, OdResBuf::newRb(kRtBool, value));
+    m_results.emplace_back(name, OdResBuf::newRb(kRtString, value));
 }
 
-void NamedValues::setInt16(const OdChar* name, OdInt16 value) const
+void NamedResults::addBool(const OdString& name, bool value)
 {
-    m_service->set(name, OdResBuf::newRb(kRtInt16, value));
+    m_results.emplace_back(name, OdResBuf::newRb(kRtBool, value));
 }
 
-void NamedValues::setBinaryChunk(const OdChar* name, const OdBinaryData& value) const
+void NamedResults::addInt16(const OdString& name, OdInt16 value)
 {
-    m_service->set(name, OdResBuf::newRb(kRtBinaryChunk, value));
+    m_results.emplace_back(name, OdResBuf::newRb(kRtInt16, value));
+}
+
+void NamedResults::addBinaryChunk(const OdString& name, const OdBinaryData& value)
+{
+    m_results.emplace_back(name, OdResBuf::newRb(kRtBinaryChunk, value));
 }

@@ -3,7 +3,25 @@
 #include "host/GarmInterfaces.h"
 #include "kernel/OdResBuf.h"
 
-// The named values of a command's context, each kind under its restype. Keeps the context while it lives.
+#include <utility>
+#include <vector>
+
+// What a command answers, in the order in which it is written, each kind under its restype. A name may come twice.
+class NamedResults
+{
+public:
+    void addString(const OdString& name, const OdString& value);          // restype 5005
+    void addBool(const OdString& name, bool value);                       // restype 290
+    void addInt16(const OdString& name, OdInt16 value);                   // restype 5003
+    void addBinaryChunk(const OdString& name, const OdBinaryData& value); // restype 310
+
+private:
+    friend class NamedValues;
+
+    std::vector<std::pair<OdString, OdResBufPtr>> m_results;
+};
+
+// The named values of a command's context. Keeps the context while it lives.
 class NamedValues
 {
 public:
@@ -13,16 +31,15 @@ public:
 
     // The value, null when there is none. Throws OdError_NotThatKindOfClass for a value that is no OdResBuf, so values
     // are checked in the order in which they are fetched, before anything is done about missing ones.
-    OdResBufPtr get(const OdChar* name) const;
+    OdResBufPtr get(const OdString& name) const;
 
     // The address in a pointer value, null when there is no value. Throws like get, and OdError (eInvalidResBuf) for a
     // value of another kind.
-    void* getPointer(const OdChar* name) const;
+    void* getPointer(const OdString& name) const;
 
-    void setString(const OdChar* name, const OdString& value) const;          // restype 5005
-    void setBool(const OdChar* name, bool value) const;                       // restype 290
-    void setInt16(const OdChar* name, OdInt16 value) const;                   // restype 5003
-    void setBinaryChunk(const OdChar* name, const OdBinaryData& value) const; // restype 310
+    // Writes all of them. When memory runs out, which is thrown, none of the names has a value: that is how a host sees
+    // that a command failed.
+    void write(const NamedResults& results) const;
 
 private:
     GarmInterfacesPtr m_interfaces;

@@ -5,15 +5,12 @@
 #include "GarmPC3Editor/Commands/NamedValues.h"
 #include "resources/Resource.h"
 
-PC3EditCommand::PC3EditCommand()
-{
-    loadLocalName(IDS_COMMAND_PC3EDIT, OD_T("PC3EDIT"));
-    setGlobalName(OD_T("_PC3EDIT"));
-}
+#include <new>
 
-void PC3EditCommand::execute(OdEdCommandContext* context)
+namespace
 {
-    const NamedValues values(context);
+void edit(const NamedValues& values)
+{
     const OdResBufPtr nameValue = values.get(OD_T("plotCfgName"));
     const OdResBufPtr isPrinterValue = values.get(OD_T("bSystemPrinter"));
     const OdResBufPtr paperValue = values.get(OD_T("paperName"));
@@ -31,11 +28,32 @@ void PC3EditCommand::execute(OdEdCommandContext* context)
     const bool saved = editAndSave(edited.cfg, edited.path);
 
     const GmPlotCfg3& cfg = *edited.cfg;
-    values.setString(OD_T("fileName"), edited.path);
-    values.setString(OD_T("paperName"), cfg.m_media.m_size.m_name);
-    values.setBool(OD_T("result"), saved);
+    NamedResults results;
+    results.addString(OD_T("fileName"), edited.path);
+    results.addString(OD_T("paperName"), cfg.m_media.m_size.m_name);
+    results.addBool(OD_T("result"), saved);
     // Deliberately under the same name: hosts read the driver type there. The flag before it is what a host sees that
     // listens to each value. The type loses what does not fit into the 16 bits of the value.
-    values.setInt16(OD_T("result"), static_cast<OdInt16>(cfg.m_meta.m_driver_type));
-    values.setString(OD_T("canonicalModelName"), cfg.m_meta.m_canonical_model_name);
+    results.addInt16(OD_T("result"), static_cast<OdInt16>(cfg.m_meta.m_driver_type));
+    results.addString(OD_T("canonicalModelName"), cfg.m_meta.m_canonical_model_name);
+    values.write(results);
+}
+} // namespace
+
+PC3EditCommand::PC3EditCommand()
+{
+    loadLocalName(IDS_COMMAND_PC3EDIT, OD_T("PC3EDIT"));
+    setGlobalName(OD_T("_PC3EDIT"));
+}
+
+void PC3EditCommand::execute(OdEdCommandContext* context)
+{
+    try
+    {
+        edit(NamedValues(context));
+    }
+    catch (const std::bad_alloc&)
+    {
+        // Without results, like whatever else keeps a configuration from being edited.
+    }
 }

@@ -3,7 +3,7 @@
 #include "kernel/OdRxObjectImpl.h"
 
 #include <algorithm>
-#include <iterator>
+#include <list>
 
 OdEdCommandContext::~OdEdCommandContext() = default;
 OdEdCommand::~OdEdCommand() = default;
@@ -25,20 +25,21 @@ public:
             throw OdError(eInvalidInput);
         if (lookupGlobal(name))
             return false;
-        m_commands.emplace_back(command);
+        m_commands.push_back({OdEdCommandPtr(command), command->groupName()});
         return true;
     }
 
+    // Takes no memory: a module that is unloaded must not leave a command behind for the lack of it.
     void removeGroup(const OdString& group) override
     {
-        const auto stays = [&group](const OdEdCommandPtr& command)
-        { return !odEqualNoCase(command->groupName(), group); };
-        const auto first = std::stable_partition(m_commands.begin(), m_commands.end(), stays);
-
         // They leave the stack before they are released, so a command that asks the stack while it goes finds it whole.
-        const std::vector<OdEdCommandPtr> removed(std::make_move_iterator(first),
-                                                  std::make_move_iterator(m_commands.end()));
-        m_commands.erase(first, m_commands.end());
+        std::list<Entry> removed;
+        for (auto at = m_commands.begin(); at != m_commands.end();)
+        {
+            const auto entry = at++;
+            if (odEqualNoCase(entry->group, group))
+                removed.splice(removed.end(), m_commands, entry);
+        }
     }
 
     OdEdCommandPtr lookupGlobal(const OdString& name) const override { return find(&OdEdCommand::globalName, name); }
@@ -60,21 +61,33 @@ public:
         return true;
     }
 
-    std::vector<OdEdCommandPtr> commands() const override { return m_commands; }
+    std::vector<OdEdCommandPtr> commands() const override
+    {
+        std::vector<OdEdCommandPtr> result;
+        for (const Entry& entry : m_commands)
+            result.push_back(entry.command);
+        return result;
+    }
 
 private:
+    struct Entry
+    {
+        OdEdCommandPtr command;
+        OdString group; // as it was when the command was added
+    };
+
     // An empty name finds nothing, also when a command has no local name.
     OdEdCommandPtr find(NameOf nameOf, const OdString& name) const
     {
         if (name.isEmpty())
             return nullptr;
-        const auto hasName = [nameOf, &name](const OdEdCommandPtr& command)
-        { return odEqualNoCase((command.get()->*nameOf)(), name); };
+        const auto hasName = [nameOf, &name](const Entry& entry)
+        { return odEqualNoCase((entry.command.get()->*nameOf)(), name); };
         const auto found = std::find_if(m_commands.begin(), m_commands.end(), hasName);
-        return found == m_commands.end() ? nullptr : *found;
+        return found == m_commands.end() ? nullptr : found->command;
     }
 
-    std::vector<OdEdCommandPtr> m_commands;
+    std::list<Entry> m_commands;
 };
 } // namespace
 

@@ -40,6 +40,11 @@ bool FailingAllocation::reached() const noexcept
     return made >= failAt;
 }
 
+void* failingMalloc(std::size_t size) noexcept
+{
+    return allocate(size);
+}
+
 void* operator new(std::size_t size)
 {
     return allocateOrThrow(size);

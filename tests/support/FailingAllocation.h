@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 // Makes the n-th allocation (1 is the first) of this thread fail with std::bad_alloc while the object lives. Only one
 // object at a time. Covers what the test program itself is linked from, not libraries loaded beside it.
 class FailingAllocation
@@ -13,6 +15,9 @@ public:
     // Whether the n-th allocation was asked for, and so failed.
     bool reached() const noexcept;
 };
+
+// std::malloc with the same count, for odrxSetAllocSource: what the kernel allocates then fails in its turn, too.
+void* failingMalloc(std::size_t size) noexcept;
 
 // Runs work with its first allocation failing, then with its second, ... until it asks for fewer. After each run
 // check(result of work, failed) looks at what came of it, with allocations working again. Returns how many failed.

@@ -2,12 +2,29 @@
 
 #include <algorithm>
 #include <cstring>
+#include <new>
 
 // Messages to windows, message boxes, string resources.
 
 using namespace room;
 
-extern "C" BOOL WINAPI PostMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+namespace
+{
+// The system has memory of its own: when a test lets an allocation fail, it does not mean those of the room.
+template <class Work>
+auto withMemory(Work work)
+{
+    try
+    {
+        return work();
+    }
+    catch (const std::bad_alloc&)
+    {
+        return work();
+    }
+}
+
+BOOL post(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     const Visit visit({.call = Call::postMessage, .detail = message});
     State& s = state();
@@ -21,7 +38,7 @@ extern "C" BOOL WINAPI PostMessageW(HWND window, UINT message, WPARAM wParam, LP
     return TRUE;
 }
 
-extern "C" int WINAPI MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type)
+int showBox(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type)
 {
     const Text shown = text ? Text(text) : Text();
     const Visit visit({.call = Call::messageBox, .detail = type, .text = shown});
@@ -31,7 +48,7 @@ extern "C" int WINAPI MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UIN
     return state().messageBoxAnswer;
 }
 
-extern "C" int WINAPI LoadStringW(HINSTANCE instance, UINT id, LPWSTR buffer, int capacity)
+int loadString(HINSTANCE instance, UINT id, LPWSTR buffer, int capacity)
 {
     const Visit visit({.call = Call::loadString, .detail = id});
     const auto found = state().strings.find({instance, id});
@@ -57,4 +74,20 @@ extern "C" int WINAPI LoadStringW(HINSTANCE instance, UINT id, LPWSTR buffer, in
     std::copy_n(text.begin(), length, buffer);
     buffer[length] = 0;
     return static_cast<int>(length);
+}
+} // namespace
+
+extern "C" BOOL WINAPI PostMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    return withMemory([=] { return post(window, message, wParam, lParam); });
+}
+
+extern "C" int WINAPI MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type)
+{
+    return withMemory([=] { return showBox(owner, text, caption, type); });
+}
+
+extern "C" int WINAPI LoadStringW(HINSTANCE instance, UINT id, LPWSTR buffer, int capacity)
+{
+    return withMemory([=] { return loadString(instance, id, buffer, capacity); });
 }

@@ -1,6 +1,5 @@
 #include "GarmPC3Editor/Commands/EditorRun.h"
 
-#include "host/GmString.h"
 #include "tests/support/RecordedAsserts.h"
 #include "tests/unit/commands/CommandTest.h"
 #include "tests/unit/commands/ScriptedEditor.h"
@@ -255,7 +254,7 @@ TEST_F(EditorRunTest, AFailedSaveIsToldWithoutOwnerAndWithAnEmptyCaption)
     const std::vector<room::ShownMessage> shown = m_room.shownMessages();
     ASSERT_EQ(shown.size(), 1U);
     EXPECT_EQ(shown[0].owner, nullptr);
-    EXPECT_EQ(OdString(shown[0].text.c_str()), GmString::loadString(201, OD_T(""), m_library));
+    EXPECT_EQ(OdString(shown[0].text.c_str()), OD_T("Not saved."));
     ASSERT_TRUE(shown[0].caption.has_value());
     EXPECT_TRUE(shown[0].caption->empty());
     EXPECT_EQ(shown[0].type, 0x30U);

@@ -54,11 +54,13 @@ TEST_F(NamedValuesTest, PointerOfAnotherKindThrows)
 
 TEST_F(NamedValuesTest, EachKindIsWrittenUnderItsRestype)
 {
-    const NamedValues named(context());
-    named.setString(OD_T("string"), OD_T("text"));
-    named.setBool(OD_T("bool"), true);
-    named.setInt16(OD_T("int16"), -2);
-    named.setBinaryChunk(OD_T("chunk"), {1, 2, 3});
+    NamedResults results;
+    results.addString(OD_T("string"), OD_T("text"));
+    results.addBool(OD_T("bool"), true);
+    results.addInt16(OD_T("int16"), -2);
+    results.addBinaryChunk(OD_T("chunk"), {1, 2, 3});
+    EXPECT_TRUE(values().names().empty());
+    NamedValues(context()).write(results);
 
     EXPECT_EQ(valueOf(OD_T("string"))->restype(), 5005);
     EXPECT_EQ(textOf(OD_T("string")), OD_T("text"));
@@ -74,7 +76,9 @@ TEST_F(NamedValuesTest, WritingReplacesTheHostsValueObject)
 {
     setText(OD_T("name"), OD_T("before"));
     const OdResBufPtr hosts = valueOf(OD_T("name"));
-    NamedValues(context()).setString(OD_T("name"), OD_T("after"));
+    NamedResults results;
+    results.addString(OD_T("name"), OD_T("after"));
+    NamedValues(context()).write(results);
     EXPECT_EQ(hosts->getString(), OD_T("before"));
     EXPECT_EQ(textOf(OD_T("name")), OD_T("after"));
 }

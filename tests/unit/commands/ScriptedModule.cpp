@@ -2,6 +2,7 @@
 
 #include "GarmPC3Editor/Commands/ModuleThread.h"
 #include "GarmPC3Editor/ResourceInstance.h"
+#include "tests/support/FailingAllocation.h"
 
 #include <deque>
 #include <thread>
@@ -79,4 +80,20 @@ void ScriptedModule::runLastThread()
     const Work work = waiting->back();
     waiting->pop_back();
     run(work);
+}
+
+bool ScriptedModule::runFirstThreadFailing(unsigned n)
+{
+    const Work work = waiting->front();
+    waiting->pop_front();
+    bool reached = false;
+    std::thread(
+        [&]
+        {
+            const FailingAllocation failing(n);
+            work.function(work.context);
+            reached = failing.reached();
+        })
+        .join();
+    return reached;
 }

@@ -25,4 +25,7 @@ public:
     // Runs the work of the first (last) thread that waits, on a thread of its own, to its end.
     void runFirstThread();
     void runLastThread();
+
+    // The first one, with the n-th allocation of its thread failing. Whether it made as many.
+    bool runFirstThreadFailing(unsigned n);
 };
