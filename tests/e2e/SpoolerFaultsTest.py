@@ -57,8 +57,9 @@ class ServerTest(FaultCase):
         for name, steps in SESSIONS.items():
             with self.subTest(name):
                 # At the first step too: the driver waits for the server, and has its answer when that goes on.
-                actions = {**faults.at_every_step(steps, "freeze", "thaw"), 0: "freeze", 1: "thaw"}
-                self.played(name, actions)
+                asking = faults.asking_step(steps)
+                actions = faults.at_every_step(steps, "freeze", "thaw")
+                self.played(name, {**actions, asking: "freeze", asking + 1: "thaw"})
 
     def test_a_server_that_is_gone_before_the_driver_asks_leaves_the_drivers_built_in_defaults(self):
         for gone in ("kill", "stop", "remove"):

@@ -24,6 +24,14 @@ class CellsTest(unittest.TestCase):
         self.assertEqual([cell.expected for cell in self.of("kill for good")],
                          [(BUILT_IN,), (UNDISTURBED, BUILT_IN), (UNDISTURBED,), (UNDISTURBED,)])
 
+    def test_what_comes_before_the_driver_asks_is_no_better(self):
+        steps = [Step("first"), *STEPS]
+        gone = [cell.expected for cell in faults.cells(steps) if cell.fault == "kill for good"]
+        self.assertEqual(gone, [(BUILT_IN,), (BUILT_IN,), (UNDISTURBED, BUILT_IN), (UNDISTURBED,), (UNDISTURBED,)])
+        back = [cell.expected for cell in faults.cells(steps) if cell.fault == "kill, and start before the next step"]
+        self.assertEqual(back[:3], [(UNDISTURBED,), (UNDISTURBED, BUILT_IN), (UNDISTURBED, BUILT_IN)])
+        self.assertEqual([cell.step for cell in faults.cells(steps) if cell.fault == "freeze for good"], [3, 4])
+
     def test_nothing_waits_for_a_driver_that_waits_for_a_frozen_server(self):
         self.assertEqual([cell.step for cell in self.of("freeze, and go on before the next step")], [0, 2, 3])
         self.assertEqual([cell.step for cell in self.of("freeze for good")], [2, 3])

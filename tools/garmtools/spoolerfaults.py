@@ -21,6 +21,7 @@ from .queues import QUEUES, ppd
 
 QUEUE = QUEUES[0]
 TWIN = "Twin"  # a second printer on that queue's driver, which a process can delete and see go
+VIRTUAL = "Tarnwick PDF Printer 2018"
 DRIVER_LANDSCAPE = 102  # of the driver's own dialog
 
 
@@ -59,9 +60,23 @@ def _editing(printer_list=True):
         f"click {ed.OK}", "dialog", f"text {ed.NAME}", f"type {ed.NAME} x", f"click {ed.OK}", "end"]
 
 
+def _virtual():
+    """A printer of the product family's own, whose dialog works on the host's."""
+    host_papers, host_landscape = 6455, 6462
+    return _steps(
+        f"add-printer {VIRTUAL}|{QUEUE.name}", *_asking(f"edit-printer {VIRTUAL}", "dialog"), "tab 1",
+        f"click {ed.DRIVER_SETTINGS}", "dialog", "title", f"choices {ed.PAPER}", f"choose {ed.PAPER} 2",
+        f"type {ed.WIDTH} 210", f"type {ed.LENGTH} 297", f"click {ed.INCHES}", f"text {ed.WIDTH}",
+        f"choose {ed.QUALITY} 3", f"click {ed.LANDSCAPE}", f"click {ed.OK}", "closed", f"host-value {host_papers}",
+        f"host-value {host_landscape}", f"click {ed.DRIVER_SETTINGS}", "dialog", f"choose {ed.PAPER} 1",
+        f"click {ed.OK}", "closed", "tree", f"click {ed.OK}", "dialog", f"type {ed.NAME} x", f"click {ed.OK}", "end",
+        f"delete-printer {VIRTUAL}")
+
+
 SESSIONS = {
     "a file is edited": _steps(*_asking("edit x.pc3", "dialog"), *_editing(), "get-devmode x.pc3", "end"),
     "a printer is edited": _steps(*_asking(f"edit-printer {QUEUE.name}", "dialog"), *_editing()),
+    "a virtual printer is edited": _virtual(),
     "a device is asked for": _steps(*_asking("get-devmode x.pc3", "end"), f"get-devmode {QUEUE.name}", "end",
                                     "start-check x.pc3", "checked", f"start-check {QUEUE.name}", "checked"),
     "a device is checked": _steps(*_asking("start-check x.pc3", "checked"), "get-devmode x.pc3", "end"),
@@ -123,18 +138,24 @@ UNDISTURBED, BUILT_IN = "undisturbed", "built-in defaults"
 def at_every_step(steps, gone, back):
     """The actions of a session each step of which is done without the server, which is back in between. It is not back
     while a step waits for the driver: that could have its answer before or after."""
-    actions = {index: (back, gone) for index, step in enumerate(steps) if index and not step.waits}
+    actions = {index: (back, gone) for index in range(asking_step(steps) + 2, len(steps))}
     return {**actions, len(steps): back}
+
+
+def asking_step(steps):
+    """The index of the step that makes the driver ask."""
+    return next(index for index, step in enumerate(steps) if step.asks)
 
 
 def cells(steps):
     """The whole matrix of one session: each way to lose the server, before each step."""
+    asking = asking_step(steps)
+    # While the driver is waited for, nobody knows whether it has had its answer.
+    uncertain = (UNDISTURBED, BUILT_IN)
     for index, step in enumerate(steps):
-        # Nobody knows whether the driver had its answer already.
-        uncertain = (UNDISTURBED, BUILT_IN)
+        gone = (BUILT_IN,) if index <= asking else uncertain if step.waits else (UNDISTURBED,)
+        back = uncertain if step.asks or step.waits else (UNDISTURBED,)
         for fault in ("stop", "kill"):
-            back = uncertain if step.asks or step.waits else (UNDISTURBED,)
-            gone = (BUILT_IN,) if step.asks else uncertain if step.waits else (UNDISTURBED,)
             yield Cell(f"{fault}, and start before the next step", index, {index: fault, index + 1: "start"}, back)
             yield Cell(f"{fault} for good", index, {index: fault}, gone)
         # A driver that waits for an answer gets it when the server goes on; the step that waits for the driver cannot
@@ -142,9 +163,8 @@ def cells(steps):
         if not step.waits:
             yield Cell("freeze, and go on before the next step", index, {index: "freeze", index + 1: "thaw"},
                        (UNDISTURBED,))
-            if not step.asks:
-                yield Cell("freeze for good", index, {index: "freeze"}, (UNDISTURBED,))
-        gone = (BUILT_IN,) if step.asks else uncertain if step.waits else (UNDISTURBED,)
+        if index > asking + 1:
+            yield Cell("freeze for good", index, {index: "freeze"}, (UNDISTURBED,))
         yield Cell("remove the queue", index, {index: "remove"}, gone)
 
 
