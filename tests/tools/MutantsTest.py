@@ -256,9 +256,9 @@ class FakeBuild:
     def optimised(self, _objects, overlay=None, _job=None):
         return self._optimised or overlay
 
-    def run(self, name, _program, _job):
-        self.ran.append(name)
-        return name not in self._failing
+    def run(self, name, _program, _job, cases):
+        self.ran.append((name, *cases))
+        return "Suite.case" if name in self._failing else None
 
 
 class ExaminerTest(unittest.TestCase):
@@ -274,14 +274,14 @@ class ExaminerTest(unittest.TestCase):
     def test_the_first_failing_program_ends_it_and_quick_ones_come_first(self):
         build = FakeBuild(self.folder / "q", failing=["fast"])
         self.assertEqual(self.examine(build, None), mutantrun.Verdict(self.mutant, CAUGHT, "fast"))
-        self.assertEqual(build.ran, ["fast"])
+        self.assertEqual(build.ran, [("fast",)])
 
-    def test_a_program_that_caught_before_goes_first_the_next_time(self):
+    def test_a_test_that_caught_before_goes_first_the_next_time(self):
         build = FakeBuild(self.folder / "q", failing=["slow"])
         examiner = mutantrun.Examiner(build, None)
         for _ in range(2):
             examiner.examine(self.mutant, self.source, self.folder / "job")
-        self.assertEqual(build.ran, ["fast", "slow", "slow"])
+        self.assertEqual(build.ran, [("fast",), ("slow",), ("slow", "Suite.case")])
 
     def test_what_no_program_notices_survives(self):
         self.assertEqual(self.examine(FakeBuild(self.folder / "q"), None).result, SURVIVED)
@@ -322,11 +322,14 @@ class RunTest(unittest.TestCase):
         self.addCleanup(shutil.rmtree, self.job)
         self.build = mutantbuild.Build(self.job / "quick", "-O0")
 
-    def passes(self, body):
+    def failing(self, body, cases=()):
         program = self.job / "program"
         program.write_text(f"#!/bin/sh\n{body}\n")
         program.chmod(0o755)
-        return self.build.run("program", program, self.job, seconds=1)
+        return self.build.run("program", program, self.job, cases, seconds=1)
+
+    def passes(self, body):
+        return self.failing(body) is None
 
     def test_only_a_good_end_passes(self):
         self.assertTrue(self.passes("exit 0"))
@@ -335,6 +338,16 @@ class RunTest(unittest.TestCase):
 
     def test_an_endless_loop_is_caught(self):
         self.assertFalse(self.passes("while :; do :; done"))
+
+    def test_the_case_that_failed_or_did_not_end_is_told(self):
+        ran = "echo '[ RUN      ] A.a'; echo '[       OK ] A.a (0 ms)'; echo '[ RUN      ] B/0.b'; "
+        self.assertEqual(self.failing(ran + "echo '[  FAILED  ] B/0.b (1 ms)'; exit 1"), "B/0.b")
+        self.assertEqual(self.failing(ran + "kill -SEGV $$"), "B/0.b")
+        self.assertEqual(self.failing("exit 1"), "")
+
+    def test_only_the_named_cases_are_run(self):
+        self.assertTrue(self.passes('[ "$GTEST_FILTER" = "*" ]'))
+        self.assertIsNone(self.failing('[ "$GTEST_FILTER" = A.a:B.b ]', ["A.a", "B.b"]))
 
     def test_it_finds_the_library_of_its_job_and_leaves_its_files_there(self):
         self.assertTrue(self.passes(f'[ "$LD_LIBRARY_PATH" = {self.job} ] && [ "$TMPDIR" = {self.job}/tmp ]'))

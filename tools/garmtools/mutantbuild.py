@@ -207,24 +207,36 @@ class Build:
             del words[at:at + 2]
         return words
 
-    def run(self, name, program, job, seconds=None):
-        """Whether all tests of the program pass with the library in the job's folder."""
+    def run(self, name, program, job, cases=(), seconds=None):
+        """Runs the program, or only those of its cases, with the library in the job's folder. None when all tests
+        pass; otherwise the case that failed, "" when the program told none."""
         # A busy machine is no endless loop: what counts is the time on the processor, and only a lock the other one.
         seconds = seconds or max(LEAST_SECONDS, int(5 * self.seconds[name]))
         scratch = job / "tmp"
         shutil.rmtree(scratch, ignore_errors=True)
         scratch.mkdir()
         env = {"PATH": "/usr/bin:/bin", "LD_LIBRARY_PATH": str(job), "TMPDIR": str(scratch),
-               "TEST_TMPDIR": f"{scratch}/", "GTEST_FAIL_FAST": "1", "GTEST_BRIEF": "1"}
+               "TEST_TMPDIR": f"{scratch}/", "GTEST_FAIL_FAST": "1", "GTEST_FILTER": ":".join(cases) or "*"}
         limits = ["prlimit", "--core=0", f"--cpu={seconds}", f"--fsize={FILE_BYTES}"]
         if self.sanitized:
             env["ASAN_OPTIONS"] = "hard_rss_limit_mb=2048"
         else:
             limits.append(f"--as={MEMORY_BYTES}")
-        with open(job / "run.log", "ab") as sink:
-            status = run_to_end(limited(LOCKED * seconds, [*steady_addresses(), *limits, str(program)]), env=env, cwd=scratch,
-                                stdout=sink, stderr=subprocess.STDOUT)
-        return status == 0
+        log = job / "run.log"
+        with open(log, "wb") as sink:
+            status = run_to_end(limited(LOCKED * seconds, [*steady_addresses(), *limits, str(program)]), env=env,
+                                cwd=scratch, stdout=sink, stderr=subprocess.STDOUT)
+        return None if status == 0 else _failed_case(log.read_text(errors="replace"))
+
+
+def _failed_case(output):
+    """The case that failed, or was running when the program ended."""
+    last = None
+    for match in re.finditer(r"^\[ +(RUN|OK|FAILED) +\] ([\w./]+)", output, re.MULTILINE):
+        last = match
+        if match[1] == "FAILED":
+            return match[2]
+    return last[2] if last and last[1] == "RUN" else ""
 
 
 def copy_tree(target):

@@ -4,6 +4,7 @@ import concurrent.futures
 import shutil
 import threading
 import time
+from collections import Counter
 from dataclasses import dataclass
 
 from .mutantbuild import LIBRARY
@@ -32,7 +33,7 @@ class Examiner:
 
     def __init__(self, quick, thorough):
         self._builds = [build for build in (quick, thorough) if build]
-        self._catches = {}  # (file, program) -> mutants caught
+        self._catches = {}  # (file, program) -> test case -> mutants caught
         self._lock = threading.Lock()
 
     def examine(self, mutant, source, job):
@@ -41,25 +42,27 @@ class Examiner:
         changed = overlay / mutant.file
         changed.parent.mkdir(parents=True)
         changed.write_text(mutant.apply(source))
-        same = None
         for build in self._builds:
             attempt = Attempt(build, mutant.file, overlay, job / build.folder.name)
             if not attempt.make_library():
                 return Verdict(mutant, NOT_COMPILED)
-            for name in self._promising(build, mutant.file):
-                if not attempt.passes(name):
+            for name, cases in self._promising(build, mutant.file):
+                failed = attempt.failing(name, cases)
+                if failed is not None:
                     with self._lock:
                         key = (mutant.file, name)
-                        self._catches[key] = self._catches.get(key, 0) + 1
+                        self._catches.setdefault(key, Counter())[failed] += 1
                     return Verdict(mutant, CAUGHT, name)
-            if same is None and (same := attempt.same_code()):
-                return Verdict(mutant, SAME_CODE)
-        return Verdict(mutant, SURVIVED)
+        return Verdict(mutant, SAME_CODE if attempt.same_code() else SURVIVED)
 
     def _promising(self, build, file):
+        """(program, cases) in the order in which they are worth trying: what caught mutants of this file before, then
+        everything, those programs first that caught most, and short ones."""
         with self._lock:
-            return sorted(build.programs_for(file),
-                          key=lambda name: (-self._catches.get((file, name), 0), build.seconds[name]))
+            catches = {name: self._catches.get((file, name), Counter()) for name in build.programs_for(file)}
+            programs = sorted(catches, key=lambda name: (-catches[name].total(), build.seconds[name]))
+            known = {name: [case for case, _ in catches[name].most_common(12) if case] for name in programs}
+        return [(name, known[name]) for name in programs if known[name]] + [(name, []) for name in programs]
 
 
 class Attempt:
@@ -78,17 +81,20 @@ class Attempt:
     def make_library(self):
         return self._compile(self._ours) and self._build.link_library(self._job, self._changed, self._log)
 
-    def passes(self, name):
-        """Whether the program's tests pass. Those that include a mutant header are compiled with it."""
+    def failing(self, name, cases):
+        """The program's test that fails, "" when none tells, None when all pass. Tests that include a mutant header
+        are compiled with it; one that does not compile any more has noticed."""
         program = self._build.program(name)
         theirs = [made for made in self._build.objects_of(name) if made in self._touched]
         if theirs:
             program = self._job / name
-            # The printer room is in several programs, and compiled for the first of them.
-            missing = [made for made in theirs if made not in self._changed]
-            if not (self._compile(missing) and self._build.link_program(name, program, self._changed, self._log)):
-                return False  # a test that does not compile any more has noticed
-        return self._build.run(name, program, self._job)
+            if not program.exists():
+                # The printer room is in several programs, and compiled for the first of them.
+                missing = [made for made in theirs if made not in self._changed]
+                if not (self._compile(missing)
+                        and self._build.link_program(name, program, self._changed, self._log)):
+                    return ""
+        return self._build.run(name, program, self._job, cases)
 
     def _compile(self, objects):
         for group in self._groups(objects):
@@ -125,7 +131,7 @@ def check_unchanged(build, programs):
     shutil.copy(build.folder / LIBRARY, job)
     for name in programs:
         began = time.monotonic()
-        if not build.run(name, build.program(name), job, seconds=600):
+        if build.run(name, build.program(name), job, seconds=600) is not None:
             return f"{name} fails on the unchanged sources, see {job / 'run.log'}"
         build.seconds[name] = time.monotonic() - began
     return None
