@@ -105,6 +105,32 @@ TEST_F(DevModeFailures, everyCallOfATakeoverMayFail)
     }
 }
 
+TEST_F(DevModeFailures, aPrinterThatIsGoneWhenItsTurnComesFailsTheTakeover)
+{
+    // A code of the driver's own needs no paper list, so nothing else would fail.
+    Block block = driversBlock();
+    block.fields.dmPaperSize = 300;
+    block.fields.dmFields &= ~static_cast<DWORD>(DM_FORMNAME);
+    int opens = 0;
+    for (int n = 1;; ++n)
+    {
+        Configuration each = ownCopy(settled);
+        m_room.forgetCalls();
+        m_room.failNth(n);
+        const Outcome outcome = takeOver(each, block);
+        if (!m_room.failureReached())
+            break;
+        if (m_room.calls().at(static_cast<std::size_t>(n) - 1).call != room::Call::openPrinter)
+            continue;
+        // Opened to see whether the block fits, for the papers then, and for the takeover itself.
+        if (++opens == 1 || opens == 3)
+        {
+            EXPECT_FALSE(outcome.succeeded) << n;
+        }
+    }
+    EXPECT_GE(opens, 3);
+}
+
 TEST_F(DevModeFailures, aCallThatAlwaysFailsLeavesNothingOpen)
 {
     for (const room::Call call : everyCall)

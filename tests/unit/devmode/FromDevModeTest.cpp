@@ -122,6 +122,15 @@ TEST_F(FromDevMode, theExportedFormMeasuresTheBlockByItsOwnSizes)
     EXPECT_TRUE(settled.fromDevMode(*owned.get(), plotter, true, modified));
 }
 
+TEST_F(FromDevMode, theExportedFormAddsNoNumber)
+{
+    settled.m_custom->m_numbers.erase(OD_T("dmSpecVersion"));
+    const DevModeBlock owned = DevModeBlock::copyOf(DevModeView(driversBlock().bytes()));
+    bool modified = false;
+    EXPECT_FALSE(settled.updateFromDevMode(*owned.get(), plotter, modified));
+    EXPECT_EQ(settled.m_custom->m_numbers.count(OD_T("dmSpecVersion")), 0U);
+}
+
 TEST_F(FromDevMode, aMisalignedBlockIsTakenOver)
 {
     Block block = driversBlock();

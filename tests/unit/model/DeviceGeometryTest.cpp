@@ -201,6 +201,7 @@ TEST_F(MediaBounds, withoutContextNothingChanges)
     const auto before = written(node);
     EXPECT_FALSE(node.setBounds(nullptr));
     EXPECT_EQ(written(node), before);
+    EXPECT_TRUE(askedCaps().empty()) << "there is nobody to ask";
 }
 
 TEST_F(MediaBounds, withoutDotsPerInchNothingChanges)

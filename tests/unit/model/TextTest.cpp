@@ -39,6 +39,37 @@ TEST(DecimalText, whatFollowsTheDigitsDoesNotMatter)
     EXPECT_EQ(numberOf(OdStringView(OD_T("12\0") OD_T("34"), 5)), 12);
 }
 
+TEST(DecimalText, theCharactersBesideWhiteSpaceAndDigitsAreNeither)
+{
+    for (OdStringView text : {OD_T("\x08"
+                                   "5"),
+                              OD_T("\x0E"
+                                   "5"),
+                              OD_T("\x1F"
+                                   "5"),
+                              OD_T("!5"), OD_T("/5"), OD_T(":5")})
+    {
+        std::int32_t value = poison;
+        EXPECT_FALSE(numberFromDecimal(text, value)) << odToUtf8(text);
+    }
+    EXPECT_EQ(numberOf(OD_T("5/7")), 5);
+    EXPECT_EQ(numberOf(OD_T("5:7")), 5);
+}
+
+TEST(DecimalText, nothingBehindTheEndIsRead)
+{
+    EXPECT_EQ(numberOf(OdStringView(OD_T("123"), 2)), 12);
+    // What is cut off would be a number, or make one.
+    for (OdStringView text : {OdStringView(OD_T(" 5"), 0), OdStringView(OD_T("-5"), 0), OdStringView(OD_T("+5"), 0),
+                              OdStringView(OD_T("5"), 0), OdStringView(OD_T(" 5"), 1), OdStringView(OD_T("-5"), 1),
+                              OdStringView(OD_T(" -5"), 1), OdStringView(OD_T(" +5"), 1)})
+    {
+        std::int32_t value = poison;
+        EXPECT_FALSE(numberFromDecimal(text, value)) << odToUtf8(text);
+        EXPECT_EQ(value, poison);
+    }
+}
+
 TEST(DecimalText, wrapsTo32Bits)
 {
     EXPECT_EQ(numberOf(OD_T("2147483647")), std::numeric_limits<std::int32_t>::max());
