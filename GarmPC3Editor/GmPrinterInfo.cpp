@@ -15,9 +15,9 @@ constexpr int mostPapers = 0x10000;
 // Room in every list whatever was announced: a driver that announced no paper may still deliver some.
 constexpr std::size_t leastPapersRoom = 32;
 
+// Of an output that is empty.
 bool assignText(OdString& out, std::optional<WideText>&& text)
 {
-    out.empty();
     if (text)
         out = OdString(std::move(*text));
     return !out.isEmpty();

@@ -14,7 +14,7 @@ GmPrnHelper::GmPrnHelper(const OdChar* printerName) noexcept
     }
     catch (...)
     {
-        m_info = nullptr;
+        // No printer: see m_info.
     }
 }
 
@@ -36,8 +36,7 @@ bool GmPrnHelper::getPorts(OdString& ports) noexcept
     }
     catch (...)
     {
-        ports.empty();
-        return false;
+        return false; // and ports is still empty: it is filled last
     }
 }
 

@@ -130,8 +130,13 @@ class MakingTest(unittest.TestCase):
         made = mutants.mutants_of("a.cpp", source)
         self.assertEqual(len({mutant.name for mutant in made}), len(made))
         for mutant in made:
-            self.assertEqual(source.splitlines()[mutant.line - 1].strip(), mutant.code)
+            self.assertTrue(mutant.code.endswith(source.splitlines()[mutant.line - 1].strip()), mutant)
             self.assertNotEqual(mutant.apply(source), source)
+
+    def test_lines_that_read_the_same_are_told_apart_by_the_one_before(self):
+        made = mutants.mutants_of("a.cpp", "if (p)\n    x = true;\n\nif (q)\n    x = true;\n")
+        self.assertEqual([mutant.code for mutant in made if "true" in mutant.change and "condition" not in mutant.change],
+                         ["if (p) | x = true;", "if (q) | x = true;"])
 
     def test_all_sources_of_the_module_can_be_read(self):
         for path in (ROOT / "GarmPC3Editor").rglob("*.cpp"):

@@ -42,7 +42,7 @@ class Mutant:
 
     file: str
     line: int
-    code: str  # the line it is on, trimmed
+    code: str  # the line it is on, trimmed; behind the line before it where the file has several that read the same
     change: str  # in words; with file and code it names the mutant
     edits: tuple
 
@@ -100,11 +100,13 @@ class Maker:
 
     def _finished(self):
         """With their lines. Where one line has the same change twice, the later ones are numbered."""
-        lines = self._source.split("\n")
+        lines = [line.strip() for line in self._source.split("\n")]
         mutants, counts = [], {}
         for start, change, edits in sorted(self._made):
             number = self._source.count("\n", 0, start) + 1
-            code = lines[number - 1].strip()
+            code = lines[number - 1]
+            if lines.count(code) > 1:
+                code = f"{next((line for line in reversed(lines[:number - 1]) if line), '')} | {code}"
             key = (number, change)
             counts[key] = counts.get(key, 0) + 1
             if counts[key] > 1:
@@ -318,7 +320,7 @@ def _numbered_over_lines(mutants):
     for mutant in mutants:
         counts[mutant.name] = counts.get(mutant.name, 0) + 1
         if counts[mutant.name] > 1:
-            change = f"{mutant.change} (line no. {counts[mutant.name]} of this text)"
+            change = f"{mutant.change} (place no. {counts[mutant.name]})"
             mutant = Mutant(mutant.file, mutant.line, mutant.code, change, mutant.edits)
         told.append(mutant)
     return told

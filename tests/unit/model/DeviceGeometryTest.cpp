@@ -302,6 +302,9 @@ TEST_F(Resolution, theSuffixStartsAtTheLastUnderscore)
     node = named(OD_T("ends_"));
     EXPECT_TRUE(node.set(deviceMode(720, 360), nullptr));
     EXPECT_EQ(node.m_name, OD_T("720x360_"));
+    node = named(OD_T("_all"));
+    EXPECT_TRUE(node.set(deviceMode(720, 360), nullptr));
+    EXPECT_EQ(node.m_name, OD_T("720x360_all"));
 }
 
 TEST_F(Resolution, aQualityNameWithoutSuffixPassesItsOwnEndOn)

@@ -115,6 +115,23 @@ TEST(HexText, readsBothCasesAndTakesOtherCharactersForZero)
     EXPECT_EQ(bytes, (std::array<unsigned char, 6>{0xAB, 0xCD, 0x00, 0x01, 0x0F, 0x00}));
 }
 
+TEST(HexText, everyDigitCountsAndItsNeighboursDoNot)
+{
+    struct Case
+    {
+        OdChar digit;
+        unsigned char value;
+    };
+    for (const Case& one : {Case{'0', 0}, Case{'9', 9}, Case{'A', 10}, Case{'F', 15}, Case{'a', 10}, Case{'f', 15},
+                            Case{'/', 0}, Case{':', 0}, Case{'@', 0}, Case{'G', 0}, Case{'`', 0}, Case{'g', 0}})
+    {
+        const OdChar text[] = {one.digit, one.digit};
+        std::array<unsigned char, 1> byte = {0xEE};
+        bytesFromHex(OdStringView(text, 2), byte);
+        EXPECT_EQ(byte[0], one.value * 17) << odToUtf8(OdStringView(text, 1));
+    }
+}
+
 TEST(HexText, theShorterOfTextAndBytesDecides)
 {
     std::array<unsigned char, 3> bytes;
@@ -139,6 +156,8 @@ TEST(HexText, onlyAToFBecomeUpperCase)
 {
     EXPECT_EQ(withUpperCaseHexDigits(OD_T("0af`gzAF9 \u0101\u0161")), OD_T("0AF`gzAF9 \u0101\u0161"));
     EXPECT_EQ(withUpperCaseHexDigits(OD_T("")), OD_T(""));
+    for (OdChar lower = 'a', upper = 'A'; lower <= 'f'; ++lower, ++upper)
+        EXPECT_EQ(withUpperCaseHexDigits(OdString(OdStringView(&lower, 1))).view(), OdStringView(&upper, 1));
 }
 
 TEST(WrappedNumber, truncatesTowardZero)

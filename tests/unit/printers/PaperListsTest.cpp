@@ -211,6 +211,56 @@ TEST_F(PaperLists, countsThatAreNegativeOrCannotBeLeaveTheListsUnloaded)
     EXPECT_EQ(info.paperCount(), 3);
 }
 
+TEST_F(PaperLists, asManyPapersAsThereAreCodesAreNotTooMany)
+{
+    for (const bool names : {false, true})
+    {
+        printer.lies = {};
+        (names ? printer.lies.nameCount : printer.lies.codeCount) = 65536;
+        GmPrinterInfo info(OD_T("P"));
+        EXPECT_EQ(info.paperCount(), names ? 3 : 65536);
+        EXPECT_EQ(info.paperIndexById(300), 2);
+    }
+}
+
+TEST_F(PaperLists, withoutAHandleOfTheirOwnNothingIsAsked)
+{
+    GmPrinterInfo info(OD_T("P"));
+    room.failNth(1);
+    EXPECT_EQ(info.paperCount(), 0);
+    EXPECT_EQ(room.count(Call::getPrinter), 0);
+}
+
+TEST_F(PaperLists, aDriverThatDeliversTwiceAsMuchStaysInItsRoom)
+{
+    printer.papers.clear();
+    for (int i = 0; i < 64; ++i)
+        printer.papers.push_back({400 + i, OD_T("new")});
+    printer.lies = {.codeCount = 0, .nameCount = 0};
+    GmPrinterInfo info(OD_T("P"));
+    EXPECT_EQ(info.paperCount(), 0);
+    EXPECT_EQ(info.paperName(0), OD_T(""));
+}
+
+TEST_F(PaperLists, namesBehindTheAnnouncedOnesAreNone)
+{
+    printer.lies = {.nameCount = 1};
+    GmPrinterInfo info(OD_T("P"));
+    EXPECT_EQ(info.paperCount(), 3);
+    EXPECT_EQ(info.paperName(0), OD_T("A4"));
+    EXPECT_EQ(info.paperName(1), OD_T(""));
+    EXPECT_EQ(info.paperIndexByName(OD_T("A3")), -1);
+    EXPECT_EQ(info.paperIndexById(8), 1);
+}
+
+TEST_F(PaperLists, theOnlyPaperMayHaveTheCode0AndAnEmptyName)
+{
+    printer.papers = {{0, OD_T("")}};
+    GmPrinterInfo info(OD_T("P"));
+    EXPECT_EQ(info.paperIndexById(0), 0);
+    EXPECT_EQ(info.paperIndexByName(OD_T("")), 0);
+}
+
 TEST_F(PaperLists, withMoreNamesThanCodesOnlyTheFirstNamesAreSearched)
 {
     printer.papers = {{9, OD_T("")}, {8, OD_T("")}};

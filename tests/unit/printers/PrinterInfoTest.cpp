@@ -44,6 +44,8 @@ TEST_F(PrinterInfo, aPrinterThatCannotBeOpenedAnswersNothing)
     EXPECT_EQ(info.paperIndexById(0), -1);
     EXPECT_EQ(info.paperName(0), OD_T(""));
     EXPECT_EQ(info.paperId(0), 0);
+    EXPECT_EQ(room.count(Call::getPrinter) + room.count(Call::getPrinterDriver), 0) << "there is nobody to ask";
+    EXPECT_EQ(room.count(Call::documentProperties), 0);
 }
 
 TEST_F(PrinterInfo, anEmptyNameIsNoPrinterAndNotThePrintServer)
