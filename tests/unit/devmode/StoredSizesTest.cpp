@@ -1,5 +1,6 @@
 // Sizes in a file may be anything: a block is built and read within what they say, or there is none.
 
+#include "GarmPC3Editor/StoredDevMode.h"
 #include "tests/unit/devmode/DevModeFixture.h"
 
 #include <algorithm>
@@ -74,6 +75,25 @@ TEST_F(StoredSizes, aPrivatePartThatItsOwnFieldCannotTellGivesNoBlock)
     store(OD_T("220"), OD_T("65536"));
     cfg.m_custom->m_binaries[OD_T("RawPrivateDeviceData")] = OdString(std::basic_string<OdChar>(131072, '0'));
     EXPECT_TRUE(bytesOf(cfg).empty());
+}
+
+TEST_F(StoredSizes, sizesThatCannotBeAreToldAndNotHandedOut)
+{
+    const auto fails = [this](const OdChar* size, const OdChar* extra)
+    {
+        store(size, extra);
+        storedDevMode::Sizes sizes{7, 7};
+        return !storedDevMode::readSizes(*cfg.m_custom, sizes) && sizes.size == 7 && sizes.driverExtra == 7;
+    };
+    EXPECT_TRUE(fails(OD_T("75"), OD_T("8")));
+    EXPECT_TRUE(fails(OD_T("65536"), OD_T("8")));
+    EXPECT_TRUE(fails(OD_T("220"), OD_T("65536")));
+    EXPECT_TRUE(fails(OD_T("-1"), OD_T("8")));
+    EXPECT_TRUE(fails(OD_T("220"), OD_T("-1")));
+    EXPECT_TRUE(fails(OD_T(""), OD_T("8")));
+    EXPECT_TRUE(fails(OD_T("220"), OD_T("")));
+    EXPECT_FALSE(fails(OD_T("76"), OD_T("0")));
+    EXPECT_FALSE(fails(OD_T("65535"), OD_T("65535")));
 }
 
 // 32 bits of a number are kept, as for every number of the file.

@@ -171,6 +171,14 @@ TEST_F(ToDevMode, storedNumbersKeepTheirLowBits)
     }
 }
 
+TEST_F(ToDevMode, customNumbersAreFlaggedBesideEachOther)
+{
+    for (const OdChar* key : {OD_T("dmMediaType"), OD_T("dmDefaultSource"), OD_T("dmTTOption"), OD_T("dmPaperSize")})
+        cfg.m_custom->m_numbers[key] = OD_T("3");
+    constexpr DWORD all = DM_MEDIATYPE | DM_DEFAULTSOURCE | DM_TTOPTION | DM_PAPERSIZE;
+    EXPECT_EQ(fieldsOf(cfg).dmFields & all, all);
+}
+
 TEST_F(ToDevMode, aDeviceNameOf31CharactersComesOutWith30)
 {
     const OdString name(OD_T("Plotter with 31 characters here"));
@@ -203,6 +211,14 @@ TEST_F(ToDevMode, aLongDeviceNameFillsTheFieldAroundItsEnd)
     EXPECT_EQ(OdString(odBoundedView(fields.dmDeviceName, 32)), name.left(30));
     EXPECT_EQ(fields.dmDeviceName[31], '2');
     EXPECT_EQ(fields.dmSpecVersion, 0x401);
+}
+
+TEST_F(ToDevMode, aNameEndsAtItsNulAsForThePrinterThatItOpened)
+{
+    cfg.m_meta.m_win_device_name = OdString(OdStringView(OD_T("Plotter A\0junk"), 14));
+    const DEVMODEW fields = fieldsOf(cfg);
+    EXPECT_EQ(OdString(odBoundedView(fields.dmDeviceName, 32)), OD_T("Plotter A"));
+    EXPECT_EQ(fields.dmDeviceName[10], 0);
 }
 
 TEST_F(ToDevMode, theDriverVersionHasNoFlag)

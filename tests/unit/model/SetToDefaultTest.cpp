@@ -49,6 +49,18 @@ TEST_F(SetToDefault, answersWhetherTheDefaultsChangedSomething)
     EXPECT_EQ(configuration.m_media.m_number_of_copies, 1);
 }
 
+TEST_F(SetToDefault, addsNothingThatTheConfigurationDoesNotHave)
+{
+    addPlotter().port = OD_T("FILE:");
+    GmPlotCfg3 configuration = bound();
+    configuration.m_custom->m_numbers.erase(OD_T("dmTTOption"));
+    configuration.m_meta.m_localized_model_name = OD_T("My plotter");
+    configuration.setToDefault();
+    EXPECT_EQ(configuration.m_custom->m_numbers.count(OD_T("dmTTOption")), 0U);
+    EXPECT_EQ(configuration.m_meta.m_localized_model_name, OD_T("My plotter"));
+    EXPECT_FALSE(configuration.m_io.m_plot_to_file);
+}
+
 TEST_F(SetToDefault, opensThePrinterByItsStoredName)
 {
     addPlotter();
