@@ -65,6 +65,15 @@ TEST_F(CommandGroupTest, RegistersBothCommandsAndSays5100)
     }
 }
 
+TEST_F(CommandGroupTest, TheEditCommandKnowsTheLanguageLibraryOfItsRegistration)
+{
+    const HINSTANCE library = m_room.newLibrary();
+    m_module.setResourceInstance(library);
+    registerCommands();
+    m_module.setResourceInstance(m_room.newLibrary());
+    EXPECT_EQ(dynamic_cast<PC3EditCommand&>(*find(OD_T("_PC3EDIT"))).resourceInstance(), library);
+}
+
 TEST_F(CommandGroupTest, TheStackHoldsTheOnlyReferences)
 {
     registerCommands();

@@ -137,6 +137,8 @@ TEST_F(EditedConfigurationTest, PrinterThatGoesAtAnyTimeAfterCreationGivesNothin
         opens = 0;
         expectNothing(createForEditing(OD_T("Leaver")));
         EXPECT_GE(opens, last) << "it never came so far";
+        for (const room::CallRecord& merge : merges())
+            EXPECT_FALSE(merge.printer.empty()) << "nobody was asked";
     }
 }
 

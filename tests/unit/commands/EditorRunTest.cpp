@@ -260,6 +260,32 @@ TEST_F(EditorRunTest, AFailedSaveIsToldWithoutOwnerAndWithAnEmptyCaption)
     EXPECT_EQ(shown[0].type, 0x30U);
 }
 
+TEST_F(EditorRunTest, AFailedSaveIsToldEvenWhenTheLibraryHasNoWordsForIt)
+{
+    m_module.setResourceInstance(m_room.newLibrary());
+    m_folder.addFile(inPlots("taken.pc3/file"));
+    changeAndSaveAs(OD_T("taken"));
+    EXPECT_FALSE(editAndSave(m_cfg, m_path));
+    ASSERT_EQ(m_room.shownMessages().size(), 1U);
+    EXPECT_TRUE(m_room.shownMessages()[0].text.empty());
+}
+
+TEST_F(EditorRunTest, WithoutAConfigurationAndAPathNoNameIsProposed)
+{
+    changeAndSaveAs(OD_T("a"));
+    m_editor.onSheet = [](EditorOutcome& outcome)
+    {
+        outcome.confirmed = true;
+        outcome.modified = true;
+        outcome.cfg = nullptr;
+        outcome.path.empty();
+    };
+    const RecordedAsserts asserts;
+    EXPECT_FALSE(editAndSave(m_cfg, m_path));
+    EXPECT_EQ(m_proposal, OD_T(""));
+    EXPECT_EQ(RecordedAsserts::reports().size(), 1U);
+}
+
 TEST_F(EditorRunTest, WithoutASearchPathTheFileWouldStandAtTheRoot)
 {
     // The search path is read after the sheet, so the host may have changed it meanwhile.

@@ -395,8 +395,8 @@ TEST_F(ToDevMode, aUserPaperThatIsNotListedGivesItsNumberAndItsSize)
     EXPECT_EQ(fields.dmPaperSize, 300);
     EXPECT_EQ(fields.dmPaperWidth, 2100);
     EXPECT_EQ(fields.dmPaperLength, 12345);
-    constexpr DWORD flags = DM_PAPERSIZE | DM_PAPERWIDTH | DM_PAPERLENGTH;
-    EXPECT_EQ(fields.dmFields & (flags | DM_FORMNAME), flags);
+    constexpr DWORD flags = DM_PAPERSIZE | DM_PAPERWIDTH | DM_PAPERLENGTH | DM_ORIENTATION;
+    EXPECT_EQ(fields.dmFields & (flags | DM_FORMNAME), flags) << "beside the flags of other fields";
 }
 
 TEST_F(ToDevMode, widthAndLengthAreGivenOnlyBeforeTheFirstTakeover)
@@ -411,7 +411,7 @@ TEST_F(ToDevMode, widthAndLengthAreGivenOnlyBeforeTheFirstTakeover)
         EXPECT_EQ(made.dmPaperLength, 0);
         EXPECT_EQ(made.dmFields & (DM_PAPERWIDTH | DM_PAPERLENGTH), 0U);
         EXPECT_EQ(made.dmPaperSize, fields & DM_PAPERSIZE ? 300 : 0);
-        EXPECT_EQ(made.dmFields & DM_PAPERSIZE, fields & DM_PAPERSIZE);
+        EXPECT_EQ(made.dmFields & (DM_PAPERSIZE | DM_COLOR), (fields & DM_PAPERSIZE) | DM_COLOR);
     }
 }
 
