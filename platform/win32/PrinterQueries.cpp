@@ -33,12 +33,9 @@ template <class Record>
 std::vector<InstalledPrinter> enumerate(DWORD flags, DWORD level)
 {
     DWORD returned = 0;
-    const SpoolerRecords records = queryInfo(
-        [&](BYTE* buffer, DWORD size, DWORD* needed)
-        {
-            returned = 0;
-            return ::EnumPrintersW(flags, nullptr, level, buffer, size, needed, &returned);
-        });
+    const SpoolerRecords records =
+        queryInfo([&](BYTE* buffer, DWORD size, DWORD* needed)
+                  { return ::EnumPrintersW(flags, nullptr, level, buffer, size, needed, &returned); });
 
     std::vector<InstalledPrinter> printers;
     // The count may be wrong; the buffer's size is not.

@@ -58,6 +58,7 @@ class Build:
         self.folder.mkdir(parents=True, exist_ok=True)
         log = self.folder / "build.log"
         _must(["cmake", "-S", self.source, "-B", self.folder, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
+               "-DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON",  # a mutant header must not hide behind one
                f"-DCMAKE_CXX_FLAGS_DEBUG={self._flags} -fPIC -w", f"-DCMAKE_C_FLAGS_DEBUG={self._flags} -fPIC"], log)
         self._read_commands()
         ninja = ["ninja", "-C", self.folder, f"-j{jobs}"]

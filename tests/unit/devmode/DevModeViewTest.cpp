@@ -106,6 +106,14 @@ TEST(DevModeView, privateBytesFollowDmSizeAndWhatFollowsThemIsNoPart)
     EXPECT_EQ(view.privateBytes()[2], 3);
 }
 
+// The 16 bits behind the form name have no flag; they are there as soon as the part reaches behind them.
+TEST(DevModeView, theResolutionBehindTheFormNameIsReadWhenItIsWhole)
+{
+    static_assert(offsetof(DEVMODEW, dmLogPixels) == 166);
+    EXPECT_EQ(DevModeView(block(167, 167, 0, 0xAB).span()).fields().dmLogPixels, 0);
+    EXPECT_EQ(DevModeView(block(168, 168, 0, 0xAB).span()).fields().dmLogPixels, 0xABAB);
+}
+
 TEST(DevModeView, aFieldBeyondDmSizeReadsAsZeroAndItsFlagIsIgnored)
 {
     struct Case

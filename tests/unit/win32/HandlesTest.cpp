@@ -65,7 +65,10 @@ TEST_F(Handles, anEmptyOrNullNameIsNeverPassedOnAsNull)
     EXPECT_FALSE(openPrinter(nullptr));
     ASSERT_EQ(room.count(Call::openPrinter), 2);
     for (const room::CallRecord& call : room.calls())
+    {
         EXPECT_FALSE(call.null);
+        EXPECT_TRUE(call.printer.empty());
+    }
 }
 
 TEST_F(Handles, namesFromFilesAreOpenedAsTheyStand)

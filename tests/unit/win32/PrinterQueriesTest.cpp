@@ -100,6 +100,10 @@ TEST_F(PrinterQueries, aSizeThatNoDeviceModeHasGivesNoBlock)
 {
     printer.lies.sizeAnswer = 0x7FFFFFFF;
     EXPECT_TRUE(askDefault().isNull());
+    printer.lies.sizeAnswer = 1024 * 1024 + 1;
+    EXPECT_TRUE(askDefault().isNull());
+    printer.lies.sizeAnswer = 1024 * 1024; // the end of what is believed
+    EXPECT_TRUE(askDefault().view());
 }
 
 TEST_F(PrinterQueries, aFillThatAnswersZeroGivesNoBlock)
@@ -177,13 +181,24 @@ TEST_F(PrinterQueries, aMergeHasRoomWhenTheDriverGrewSinceTheBlockWasStored)
     EXPECT_EQ(merged.block.view().driverExtra(), 60000U);
 }
 
+TEST_F(PrinterQueries, aMergeHasRoomForAsMuchAsTheDriverAsks)
+{
+    printer.lies = {.sizeAnswer = 1024 * 1024, .overrun = 1024 * 1024 - 228};
+    const DevModeMerge merged = merge(blockWith(8, 2));
+    EXPECT_EQ(merged.result, IDOK);
+    EXPECT_TRUE(merged.block.view());
+}
+
 TEST_F(PrinterQueries, aMergeKeepsTheStoredSizeWhenTheDriverDoesNotSayOne)
 {
     printer.lies.sizeAnswer = -1;
-    const std::vector<BYTE> bytes = blockWith(5000, 2);
-    const DevModeMerge merged = merge(bytes);
-    EXPECT_EQ(merged.result, IDOK);
-    EXPECT_EQ(room.calls().back().devMode, bytes);
+    for (const std::size_t extra : {5000U, 60000U})
+    {
+        const std::vector<BYTE> bytes = blockWith(extra, 2);
+        const DevModeMerge merged = merge(bytes);
+        EXPECT_EQ(merged.result, IDOK);
+        EXPECT_EQ(room.calls().back().devMode, bytes);
+    }
 }
 
 // More than any block has: the driver is not believed, and nothing of that size is allocated.
@@ -228,6 +243,19 @@ TEST_F(PrinterQueries, everyLevelGivesWhatItKnows)
         EXPECT_EQ(found[0].port.has_value(), level == 2 || level == 5) << level;
     }
     EXPECT_TRUE(installedPrinters(PRINTER_ENUM_LOCAL, 3).empty());
+}
+
+TEST_F(PrinterQueries, everyLevelTellsAllPrinters)
+{
+    room.add({.name = OD_T("B"), .port = OD_T("LPT1:")});
+    room.add({.name = OD_T("C"), .port = OD_T("LPT2:")});
+    for (const DWORD level : {1U, 2U, 4U, 5U})
+    {
+        const std::vector<InstalledPrinter> found = installedPrinters(PRINTER_ENUM_LOCAL, level);
+        ASSERT_EQ(found.size(), 3U) << level;
+        EXPECT_EQ(found[1].name, WideText(OD_T("B"))) << level;
+        EXPECT_EQ(found[2].name, WideText(OD_T("C"))) << level;
+    }
 }
 
 TEST_F(PrinterQueries, aPassThatIsRefusedOrFindsNoneIsEmpty)

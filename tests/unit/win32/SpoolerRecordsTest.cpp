@@ -121,6 +121,20 @@ TEST(SpoolerRecords, textsAtOddAddressesAndAtTheVeryEndAreRead)
               WideText(OD_T("ab")));
 }
 
+TEST(SpoolerRecords, aTextThatFillsTheBufferHasItsLastUnit)
+{
+    SpoolerRecords records = SpoolerRecords::toFill(8);
+    const std::size_t room = records.bytesAt(records.data()).size();
+    ASSERT_EQ(room % sizeof(WCHAR), 0U);
+    std::memset(records.data(), 'x', room);
+    const std::optional<WideText> whole = records.text(reinterpret_cast<const WCHAR*>(records.data()));
+    ASSERT_TRUE(whole);
+    EXPECT_EQ(whole->size(), room / sizeof(WCHAR));
+    // One byte is no unit.
+    const auto last = reinterpret_cast<std::uintptr_t>(records.data()) + room - 1;
+    EXPECT_EQ(records.text(reinterpret_cast<const WCHAR*>(last)), WideText());
+}
+
 TEST(SpoolerRecords, aPointerBeforeTheBufferLeadsOutOfIt)
 {
     SpoolerRecords records = SpoolerRecords::toFill(8);
