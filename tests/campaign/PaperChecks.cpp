@@ -133,8 +133,12 @@ void checkPaper(GmPlotCfg3& configuration, const ListedPaper& paper, const std::
     const Merged answer = driver.merge(blockOf(choice));
     if (!answersCode(answer, paper, meant, "paper", transcript) ||
         !takeBack(configuration, answer, driver, "paper", transcript) ||
-        // Whatever the paper is called now, it is still the one that was chosen.
+        // Whatever the paper is called now, it is still the one that was chosen: here and in a file.
         !answersCode(driver.merge(blockOf(configuration)), paper, meant, "paper", transcript))
+        return;
+    GmPlotCfg3 saved(configuration);
+    saved.m_devModeFields = 0;
+    if (!answersCode(driver.merge(blockOf(saved)), paper, meant, "paper", transcript))
         return;
     transcript.held("paper");
     checkName(configuration, paper, papers, answer, transcript);

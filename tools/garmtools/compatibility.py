@@ -19,7 +19,7 @@ CHECKS = {
     "again": "the second time nothing changes (after every takeover: the first, each paper's, each orientation's)",
     "papers": "the driver lists papers",
     "paper in a file": "a listed paper, chosen by name in a configuration as it is read, is answered with its code",
-    "paper": "one chosen by name after a takeover is answered with its code, taken back, and answered so again",
+    "paper": "one chosen by name after a takeover is answered with its code, taken back, and still answered so",
     "paper name": "the configuration then has the paper's name",
     "paper size": "and the size and margins of its device context, which are those of the driver's list",
     "orientation": "landscape and then portrait are answered, taken back, and turn width and length",
