@@ -7,6 +7,7 @@ import sys
 import tempfile
 import unittest
 from pathlib import Path
+from unittest import mock
 
 ROOT = Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "tools"))
@@ -148,6 +149,59 @@ class ResultsTest(unittest.TestCase):
         (file,) = (self.folder / "results").iterdir()
         file.write_text(file.read_text()[:20])
         self.assertIsNone(results.get(self.model))
+
+
+class WorkTest(unittest.TestCase):
+    """Batches without queues: what is checked, by whom, and what is left after an end in the middle."""
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = Path(folder.name)
+        self.models = [Model(f"A/{number}.ppd", "A", f"A {number}", "en") for number in range(10)]
+        self.checked = []
+        self.ends_at = None
+        test = self
+
+        class Batch:
+            def __init__(self, models, _cpu):
+                self.models = models
+
+            def __enter__(self):
+                return self
+
+            def __exit__(self, *_):
+                return False
+
+            def check(self, model, _seconds):
+                if model == test.ends_at:
+                    raise KeyboardInterrupt
+                test.checked.append(model)
+                return {"failed": 0}
+
+        for name, value in (("Batch", Batch), ("BATCH", 3), ("fingerprint", lambda: "build"), ("say", lambda _: None)):
+            patch = mock.patch.object(drivercampaign, name, value)
+            patch.start()
+            self.addCleanup(patch.stop)
+
+    def test_shares_check_everything_once(self):
+        for share in range(3):
+            drivercampaign.work(self.models, self.folder, share, 3, 60)
+        self.assertEqual(sorted(self.checked), self.models)
+
+    def test_after_an_end_it_goes_on_where_it_stopped(self):
+        self.ends_at = self.models[4]
+        with self.assertRaises(KeyboardInterrupt):
+            drivercampaign.work(self.models, self.folder, 0, 1, 60)
+        self.assertEqual(self.checked, self.models[:4])
+        self.ends_at = None
+        drivercampaign.work(self.models, self.folder, 0, 1, 60)
+        self.assertEqual(self.checked, self.models)
+
+    def test_what_is_there_makes_no_queues(self):
+        drivercampaign.work(self.models, self.folder, 0, 1, 60)
+        with mock.patch.object(drivercampaign, "Batch", None):
+            drivercampaign.work(self.models, self.folder, 0, 1, 60)
 
 
 class PageTest(unittest.TestCase):
