@@ -28,8 +28,8 @@ CHECKS = {
 
 # Results that would be wrong without a rule that hosts build on. Rule: why.
 RULES = {
-    "no margins": "The device has no margin on the left or at the bottom. Bounds with a margin of 0 count as unknown, so "
-                  "every takeover computes them again and reports a change.",
+    "no margins": "The device has no margin on the left or at the bottom of the paper. Bounds with a margin of 0 count as "
+                  "unknown, so every takeover computes them again and reports a change. Mostly it is some papers only.",
     "one margin": "In one orientation a margin is 0, in the other none. Unknown bounds are computed for the new orientation "
                   "and then turned with it, so width and length stand exchanged until the next paper is taken over.",
     "name listed twice": "The driver lists two papers of this name; only the first can be chosen by name.",
@@ -51,8 +51,9 @@ written by
 
     tools/driver-campaign
 
-on {packages}, from all PostScript PPDs of that package: {ppds} PPDs of {models} models, {papers} papers.
-{wide} of the models are large-format plotters: they have a paper that is at least {wide_from} mm wide.
+on {packages}, from all PostScript PPDs of that package:
+{ppds} PPDs of {models} models, with {papers} papers. {wide} of the models are large-format plotters, which have a paper
+that is at least {wide_from} mm wide.
 """
 
 
