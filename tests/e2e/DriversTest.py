@@ -48,6 +48,13 @@ class DriversTest(unittest.TestCase):
         self.assertEqual(failure["check"], "create")
         self.assertEqual(failure["calls"], [{"call": "OpenPrinterW", "given": "gone", "answered": {"error": 1801}}])
 
+    def test_one_that_does_not_end_costs_only_itself(self):
+        """No Windows program ends within a millisecond of its start."""
+        result = self.queues.check(self.models[0], 0.001)
+        self.assertEqual([failure["check"] for failure in result["failures"]], ["process"])
+        self.assertEqual(result["failures"][0]["why"], "no end within 0.001 s in step start")
+        self.assertEqual(self.queues.check(self.models[1], 60)["failures"], [])
+
 
 if __name__ == "__main__":
     unittest.main()
