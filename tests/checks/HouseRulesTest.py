@@ -38,6 +38,12 @@ class HouseRulesTest(unittest.TestCase):
         portable = [path for path in code() if path.suffix == ".cpp" and path.as_posix() not in allowed]
         self.none(lines_matching(r"^\s*#\s*(if|ifdef|ifndef|elif)\b.*\b(_WIN32|WIN32|__linux__|_WIN64)\b", portable))
 
+    def test_namespace_aliases_are_used(self):
+        """clang-tidy would see it, but looks for them only in files that it is given one by one."""
+        alias = re.compile(r"^namespace (\w+) =", re.MULTILINE)
+        self.none([f"{path}: {name}" for path in code() if path.suffix == ".cpp"
+                   for name in alias.findall(text(path)) if f"{name}::" not in text(path)])
+
     def test_headers_are_guarded(self):
         self.none([str(path) for path in code() if path.suffix == ".h" and "#pragma once" not in text(path)])
 
