@@ -82,6 +82,8 @@ class Build:
 
     def _read_commands(self):
         archives = {}
+        listed = (self.folder / "test-programs.txt").read_text().split()
+        tests = {Path(line).name for line in listed}
         for line in _output(["ninja", "-C", self.folder, "-t", "commands", "all"]).splitlines():
             for part in line.split(" && "):
                 words = shlex.split(part)
@@ -91,7 +93,7 @@ class Build:
                     self.source_of[made] = _from_root(words[words.index("-c") + 1], self.source)
                 elif "qc" in words:
                     archives[words[words.index("qc") + 1]] = [word for word in words if word.endswith(".o")]
-                elif made.startswith("bin/"):
+                elif Path(made).name in tests:
                     self._programs[made[len("bin/"):]] = words
         # GoogleTest stays in the programs.
         self._archives = {name: objects for name, objects in archives.items() if not name.startswith("lib/")}
