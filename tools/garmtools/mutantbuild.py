@@ -17,6 +17,7 @@ from .places import ROOT
 from .processes import limited, run_to_end, steady_addresses
 
 LIBRARY = "libgarm.so"
+SHIPPED = ("GarmPC3Editor", "pia_tree", "platform", "apps")
 INCLUDE = re.compile(r"^#include (\S+)", re.MULTILINE)
 SYSTEM_INCLUDE = re.compile(r"^#include (<\S+)", re.MULTILINE)
 COMPILE_SECONDS = 120
@@ -43,7 +44,8 @@ class Build:
         self.source_of = {}  # object -> source, from the root of the tree
         self.dependents = defaultdict(list)  # file, from the root of the tree -> objects
         self.library_objects = []
-        self._archives = {}  # archive of ours -> objects
+        self._archives = {}  # archive of what is shipped -> objects
+        self._test_archives = set()
         self._programs = {}  # name -> link command
         self._together = {}  # objects -> whether they can be compiled as one
         self._optimised = {}  # objects -> what the optimising compiler makes of the unchanged ones
@@ -66,7 +68,7 @@ class Build:
         self._read_dependents()
         programs = sorted({name for file in files for name in self.programs_for(file)})
         needed = {word for name in programs for word in self._programs[name]
-                  if word in self._compile or word.startswith("lib/")}
+                  if word in self._compile or word in self._test_archives}
         _must([*ninja, *sorted(needed)], log)
         self._read_dependents()
         if not self.link_library(self.folder, {}, log):
@@ -95,8 +97,9 @@ class Build:
                     archives[words[words.index("qc") + 1]] = [word for word in words if word.endswith(".o")]
                 elif Path(made).name in tests:
                     self._programs[made[len("bin/"):]] = words
-        # GoogleTest stays in the programs.
-        self._archives = {name: objects for name, objects in archives.items() if not name.startswith("lib/")}
+        # GoogleTest and what belongs to tests stays in the programs.
+        self._archives = {name: objects for name, objects in archives.items() if name.split("/")[0] in SHIPPED}
+        self._test_archives = set(archives).difference(self._archives)
         self.library_objects = sorted({made for objects in self._archives.values() for made in objects})
         room = sorted(made for made in self._compile if "/printer_room.dir/" in made)
         for words in self._programs.values():
