@@ -229,7 +229,14 @@ TEST_F(GetDevModeOutOfMemory, theThreadPostsOnceWhateverItLacks)
         startBackgroundCheck(fileName, m_window);
         ASSERT_EQ(m_module.waitingThreads(), 1U);
         const std::size_t before = m_room.posted().size();
-        const bool reached = m_module.runFirstThreadFailing(n);
+        bool reached = false;
+        m_module.runFirstThread(
+            [n, &reached](const std::function<void()>& work)
+            {
+                const FailingAllocation failing(n);
+                work();
+                reached = failing.reached();
+            });
         expectAllClosed(n);
         ASSERT_EQ(m_room.posted().size(), before + 1) << n;
         notFound += m_room.posted().back().wParam == 0 ? 1U : 0U;

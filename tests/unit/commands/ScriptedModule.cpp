@@ -2,7 +2,6 @@
 
 #include "GarmPC3Editor/Commands/ModuleThread.h"
 #include "GarmPC3Editor/ResourceInstance.h"
-#include "tests/support/FailingAllocation.h"
 
 #include <deque>
 #include <thread>
@@ -82,18 +81,9 @@ void ScriptedModule::runLastThread()
     run(work);
 }
 
-bool ScriptedModule::runFirstThreadFailing(unsigned n)
+void ScriptedModule::runFirstThread(const std::function<void(const std::function<void()>& work)>& around)
 {
     const Work work = waiting->front();
     waiting->pop_front();
-    bool reached = false;
-    std::thread(
-        [&]
-        {
-            const FailingAllocation failing(n);
-            work.function(work.context);
-            reached = failing.reached();
-        })
-        .join();
-    return reached;
+    std::thread([&] { around([&work] { work.function(work.context); }); }).join();
 }

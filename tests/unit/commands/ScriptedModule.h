@@ -3,6 +3,7 @@
 #include "win32/Win32.h"
 
 #include <cstddef>
+#include <functional>
 
 // What the module around the commands does in these tests, in place of the application object and the real threads:
 // the language resource library is whatever a test says, and a started thread waits until the test runs its work.
@@ -26,6 +27,6 @@ public:
     void runFirstThread();
     void runLastThread();
 
-    // The first one, with the n-th allocation of its thread failing. Whether it made as many.
-    bool runFirstThreadFailing(unsigned n);
+    // The first one, from within something that its thread does around it.
+    void runFirstThread(const std::function<void(const std::function<void()>& work)>& around);
 };
