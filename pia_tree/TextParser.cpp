@@ -24,7 +24,7 @@ enum class InName : unsigned char
     lineEnd,
 };
 
-constexpr auto inName = []
+constexpr std::array<InName, 256> namesTable()
 {
     std::array<InName, 256> table{};
     for (std::size_t c = 0x80; c < table.size(); ++c)
@@ -34,7 +34,9 @@ constexpr auto inName = []
     table['{'] = table['}'] = table['"'] = InName::forbidden;
     table['\n'] = InName::lineEnd;
     return table;
-}();
+}
+
+constexpr std::array<InName, 256> inName = namesTable();
 
 InName classOf(char c) noexcept
 {

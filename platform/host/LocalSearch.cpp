@@ -54,25 +54,29 @@ std::optional<OdString> search(const OdString& name, const OdString& searchPath)
 } // namespace
 
 bool LocalSearch::SearchPC3File(const OdString& name, OdString& fullPath) noexcept
-try
 {
-    return SearchPC3File(name, getMainInternalInterface()->plotCfgSearchPath(), fullPath);
-}
-catch (...)
-{
-    return false;
+    try
+    {
+        return SearchPC3File(name, getMainInternalInterface()->plotCfgSearchPath(), fullPath);
+    }
+    catch (...)
+    {
+        return false;
+    }
 }
 
 bool LocalSearch::SearchPC3File(const OdString& name, const OdString& searchPath, OdString& fullPath) noexcept
-try
 {
-    auto found = search(name, searchPath);
-    if (!found)
+    try
+    {
+        auto found = search(name, searchPath);
+        if (!found)
+            return false;
+        fullPath = std::move(*found);
+        return true;
+    }
+    catch (...)
+    {
         return false;
-    fullPath = std::move(*found);
-    return true;
-}
-catch (...)
-{
-    return false;
+    }
 }

@@ -162,7 +162,7 @@ INT_PTR CFileDialog::runShellDialog(HWND owner, bool& shown)
     if (FAILED(item->GetDisplayName(SIGDN_FILESYSPATH, &text)))
         return IDCANCEL;
     const std::unique_ptr<WCHAR, FreeTaskMemory> path(text);
-    m_path = path.get();
+    m_path = path.get(); // cppcheck-suppress danglingLifetime ; it copies the text
     UINT type = 0;
     if (SUCCEEDED(dialog->GetFileTypeIndex(&type)))
         m_ofn.nFilterIndex = type;

@@ -26,6 +26,7 @@ HMODULE run(void* parameter) noexcept
 // return into code that may be unloaded by then.
 DWORD WINAPI threadMain(void* parameter) noexcept
 {
+    // cppcheck-suppress missingReturn ; this call does not return
     ::FreeLibraryAndExitThread(run(parameter), 0);
 }
 

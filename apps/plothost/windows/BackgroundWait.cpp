@@ -46,6 +46,7 @@ std::optional<WPARAM> MessageWindow::waitFor(UINT message, DWORD milliseconds)
     while (!m_answer)
     {
         MSG next;
+        // cppcheck-suppress knownConditionTrueFalse ; a message that is dispatched here brings the answer
         while (!m_answer && ::PeekMessageW(&next, nullptr, 0, 0, PM_REMOVE))
             ::DispatchMessageW(&next);
         const ULONGLONG now = ::GetTickCount64();

@@ -44,6 +44,7 @@ bool writeBytes(HANDLE handle, std::string_view bytes)
 bool write(DWORD which, std::string_view utf8) noexcept
 {
     const HANDLE handle = ::GetStdHandle(which);
+    // cppcheck-suppress knownConditionTrueFalse ; it takes the value for 0, but the value is -1
     if (!handle || handle == INVALID_HANDLE_VALUE)
         return utf8.empty();
     try

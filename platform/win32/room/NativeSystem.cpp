@@ -39,7 +39,7 @@ extern "C" int WINAPI CompareStringW(LCID, DWORD flags, LPCWSTR a, int lengthA, 
         lastError = ERROR_INVALID_PARAMETER;
         return 0;
     }
-    const auto key = [flags](WCHAR c) { return flags & NORM_IGNORECASE ? folded(c) : c; };
+    const auto key = [flags](WCHAR c) { return (flags & NORM_IGNORECASE) != 0 ? folded(c) : c; };
     const std::u16string_view left = textOf(a, lengthA);
     const std::u16string_view right = textOf(b, lengthB);
     const auto order = std::lexicographical_compare_three_way(left.begin(), left.end(), right.begin(), right.end(),

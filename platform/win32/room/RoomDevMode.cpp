@@ -74,7 +74,7 @@ void takeUsual(const Printer& printer, DEVMODEW& dm, const DEVMODEW& in)
     take(DM_DUPLEX, &DEVMODEW::dmDuplex);
     take(DM_TTOPTION, &DEVMODEW::dmTTOption);
     take(DM_COLLATE, &DEVMODEW::dmCollate);
-    const Paper* const paper = in.dmFields & DM_PAPERSIZE ? paperOfCode(printer, in.dmPaperSize) : nullptr;
+    const Paper* const paper = (in.dmFields & DM_PAPERSIZE) != 0 ? paperOfCode(printer, in.dmPaperSize) : nullptr;
     if (paper)
     {
         dm.dmPaperSize = in.dmPaperSize;

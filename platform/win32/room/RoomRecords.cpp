@@ -55,7 +55,8 @@ BOOL RecordImage::deliver(BYTE* buffer, DWORD size, DWORD* needed) const
     std::vector<BYTE> copy = m_bytes;
     for (const Pointer& pointer : m_pointers)
     {
-        const std::size_t target = m_lies.pointersOutside ? std::size_t{size} + (1U << 20U) : pointer.target;
+        const std::size_t target =
+            m_lies.pointersOutside ? static_cast<std::size_t>(size) + (1U << 20U) : pointer.target;
         const auto address = reinterpret_cast<std::uintptr_t>(buffer) + target;
         std::memcpy(copy.data() + pointer.at, &address, sizeof address);
     }
