@@ -101,6 +101,19 @@ class GtestRunTest(unittest.TestCase):
                          {None: [Path("/bin/a"), Path("/bin/b c")], 144: [Path("/bin/b c"), Path("/bin/d")],
                           192: [Path("/bin/b c")]})
 
+    def test_named_programs_are_chosen_and_must_exist(self):
+        programs = [Path("/bin/a"), Path("/bin/b.exe"), Path("/bin/c")]
+        self.assertEqual(gtestrun.chosen(programs, []), programs)
+        self.assertEqual(gtestrun.chosen(programs, ["c", "b"]), programs[1:])
+        self.assertRaises(ValueError, gtestrun.chosen, programs, ["a", "nowhere"])
+
+    def test_memcheck_leaves_out_only_what_it_says(self):
+        command = gtestrun.MemcheckRunner().command
+        limits = command(Path("/bin/pia_limits_test"), Path("x.xml"))
+        self.assertIn("--error-exitcode=99", limits)
+        self.assertEqual(sum(word.startswith("--gtest_filter=-") for word in limits), 1)
+        self.assertFalse(any("filter" in word for word in command(Path("/bin/pia_test"), Path("x.xml"))))
+
     def test_a_list_without_programs_has_none_at_any_scale(self):
         self.assertEqual(gtestrun.programs_by_scale([""]), {None: []})
 

@@ -14,6 +14,7 @@ packages_fuzz=(cmake ninja-build clang libclang-rt-14-dev llvm googletest zlib1g
 # A mutant is linked in no time by this linker.
 packages_mutants=(lld)
 packages_checks=(clang-format clang-tidy cppcheck git)
+packages_memcheck=(valgrind)
 # Clang counts what runs; llvm reads the counts.
 packages_coverage=(clang libclang-rt-14-dev llvm)
 # libcups2 is what Wine reaches a CUPS server through; the server itself is started by us, never the system's.
