@@ -142,10 +142,18 @@ void visitItems(HWND tree, HTREEITEM item, int depth, const Visit& visit)
 
 void Hands::awaitDialog()
 {
+    awaitDialogUnless([] { return false; });
+}
+
+bool Hands::awaitDialogUnless(const std::function<bool()>& over)
+{
     HWND found = nullptr;
-    await("a dialog", [&] { return (found = usableDialogOf(m_ui.id(), m_dialog)) != nullptr; });
+    await("a dialog", [&] { return (found = usableDialogOf(m_ui.id(), m_dialog)) != nullptr || over(); });
+    if (!found)
+        return false;
     m_dialog = found;
     m_ui.settle();
+    return true;
 }
 
 void Hands::awaitClosed()

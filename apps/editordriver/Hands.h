@@ -2,6 +2,7 @@
 
 #include "editordriver/UiThread.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,8 @@ public:
 
     // Waits for a dialog in which one could work: visible, enabled, and another than the one so far.
     void awaitDialog();
+    // The same, unless over() comes true first; whether there is a dialog.
+    bool awaitDialogUnless(const std::function<bool()>& over);
     // Waits until the present dialog is gone, and goes on with the one below, if there is one.
     void awaitClosed();
     HWND dialog() const noexcept { return m_dialog; }

@@ -68,6 +68,7 @@ const char* Steps::help() noexcept
   add-printer NAME|DRIVER, delete-printer NAME
 Waiting
   dialog                  for a dialog in which one can work, other than the present one
+  opened                  the same; when the command ended without one, goes on at its "end"
   closed                  until the present dialog is gone
 Actions (the control must be visible and enabled)
   click ID, send ID, post ID, escape, tab INDEX, entry TYPE, choose ID INDEX, slide ID POSITION
@@ -81,6 +82,10 @@ Questions
 
 void Steps::run(const ScriptLine& line)
 {
+    // What is done outside may have to be undone.
+    if (m_skipping && line.verb != "end" && line.verb != "outside")
+        return;
+    m_skipping = m_skipping && line.verb != "end";
     if (!runSession(line.verb, line.rest) && !runAction(line.verb, line.rest) && !runQuestion(line.verb, line.rest))
         throw std::runtime_error("there is no such verb");
 }
@@ -131,6 +136,8 @@ bool Steps::runSurroundings(const std::string& verb, const std::string& rest)
         deletePrinter(wide(rest));
     else if (verb == "dialog")
         m_hands.awaitDialog();
+    else if (verb == "opened")
+        m_skipping = !m_hands.awaitDialogUnless([this] { return !m_command || m_command->ended(); });
     else if (verb == "closed")
         m_hands.awaitClosed();
     else

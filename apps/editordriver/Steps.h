@@ -57,5 +57,6 @@ private:
     const HostWindow* m_host;
     Hands m_hands;
     std::shared_ptr<CommandRun> m_command; // the one that runs
+    bool m_skipping = false;               // to its end: it ended without a dialog
 };
 } // namespace editordriver

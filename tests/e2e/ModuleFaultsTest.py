@@ -18,11 +18,7 @@ LANGUAGES = ("de", "ja", "en")
 
 
 class ModuleCase(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        with contextlib.ExitStack() as stack:
-            cls.bench = stack.enter_context(faults.bench())
-            cls.addClassCleanup(stack.pop_all().close)
+    bench = None  # one for all: each play leaves it as it was
 
     def setUp(self):
         self.folder = Path(tempfile.mkdtemp(prefix="garm-e2e-"))
@@ -42,6 +38,12 @@ class ModuleCase(unittest.TestCase):
         for what in ("handles", "gdi", "windows"):
             before, after = map(int, answers.all(what)[-2:])
             self.assertEqual(after, before, what)
+
+
+def setUpModule():
+    with contextlib.ExitStack() as stack:
+        ModuleCase.bench = stack.enter_context(faults.bench())
+        unittest.addModuleCleanup(stack.pop_all().close)
 
 
 class UnloadingTest(ModuleCase):
@@ -72,15 +74,13 @@ class UnloadingTest(ModuleCase):
 
 class LanguageSwitchTest(ModuleCase):
     def test_a_switch_before_every_step_changes_words_only(self):
-        for name in ("a file is edited", "a printer is edited"):
-            with self.subTest(name):
-                steps = SESSIONS[name]
-                undisturbed = self.bench.play(steps)
-                switches = {i: f"language {LANGUAGES[i % 3]}" for i in range(len(steps))}
-                outcome = self.bench.play(steps, switches)
-                self.assertEqual(outcome.files, undisturbed.files)
-                self.assertEqual(Answers(outcome.said).outputs(), Answers(undisturbed.said).outputs())
-                self.assertNotIn("refused", outcome.said)
+        steps = SESSIONS["a file is edited"]
+        undisturbed = self.bench.play(steps)
+        switches = {i: f"language {LANGUAGES[i % 3]}" for i in range(len(steps))}
+        outcome = self.bench.play(steps, switches)
+        self.assertEqual(outcome.files, undisturbed.files)
+        self.assertEqual(Answers(outcome.said).outputs(), Answers(undisturbed.said).outputs())
+        self.assertNotIn("refused", outcome.said)
 
     def test_what_is_open_keeps_its_words_and_what_opens_has_the_new_ones(self):
         open_and_look = ["edit x.pc3", "dialog", "title", f"text {ed.DRIVER_LINE}"]
@@ -123,8 +123,8 @@ class LanguageSwitchTest(ModuleCase):
         switches = [f"language {tag}" for tag in LANGUAGES]
         one = ["edit x.pc3", "dialog", "tab 1", *switches, *(f"entry {number}" for number in ed.ENTRIES.values()),
                *switches, f"click {ed.CANCEL}", "end"]
-        answers = self.session(*one * 5, "counts", *one * 20, "counts")
-        self.assertEqual(len(answers.all("output fileName")), 25)
+        answers = self.session(*one * 5, "counts", *one * 10, "counts")
+        self.assertEqual(len(answers.all("output fileName")), 15)
         self.assert_flat(answers)
 
 

@@ -7,8 +7,9 @@ from pathlib import Path
 sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools"))
 from garmtools import faultcampaign
 from garmtools import spoolerfaults as faults
-from garmtools.spoolerfaults import BUILT_IN, UNDISTURBED, Outcome, Step
+from garmtools.spoolerfaults import BUILT_IN, NOT_OPENED, UNDISTURBED, Outcome, Step
 
+UNCERTAIN = (UNDISTURBED, BUILT_IN, NOT_OPENED)
 STEPS = [Step("ask", asks=True), Step("wait", waits=True), Step("later"), Step("last")]
 
 
@@ -22,14 +23,14 @@ class CellsTest(unittest.TestCase):
 
     def test_what_comes_of_it_depends_on_whether_the_driver_has_asked(self):
         self.assertEqual([cell.expected for cell in self.of("kill for good")],
-                         [(BUILT_IN,), (UNDISTURBED, BUILT_IN), (UNDISTURBED,), (UNDISTURBED,)])
+                         [(BUILT_IN,), UNCERTAIN, (UNDISTURBED,), (UNDISTURBED,)])
 
     def test_what_comes_before_the_driver_asks_is_no_better(self):
         steps = [Step("first"), *STEPS]
         gone = [cell.expected for cell in faults.cells(steps) if cell.fault == "kill for good"]
-        self.assertEqual(gone, [(BUILT_IN,), (BUILT_IN,), (UNDISTURBED, BUILT_IN), (UNDISTURBED,), (UNDISTURBED,)])
+        self.assertEqual(gone, [(BUILT_IN,), (BUILT_IN,), UNCERTAIN, (UNDISTURBED,), (UNDISTURBED,)])
         back = [cell.expected for cell in faults.cells(steps) if cell.fault == "kill, and start before the next step"]
-        self.assertEqual(back[:3], [(UNDISTURBED,), (UNDISTURBED, BUILT_IN), (UNDISTURBED, BUILT_IN)])
+        self.assertEqual(back[:3], [(UNDISTURBED,), UNCERTAIN, UNCERTAIN])
         self.assertEqual([cell.step for cell in faults.cells(steps) if cell.fault == "freeze for good"], [3, 4])
 
     def test_nothing_waits_for_a_driver_that_waits_for_a_frozen_server(self):
@@ -86,6 +87,17 @@ class JudgeTest(unittest.TestCase):
     def test_of_two_references_that_are_the_same_either_is_right(self):
         same = {UNDISTURBED: Outcome("said", {}), BUILT_IN: Outcome("said", {})}
         self.assertEqual(faultcampaign.judge(Outcome("said", {}), same, (BUILT_IN,)), (BUILT_IN, None))
+
+    def test_not_opened_is_what_left_nothing_behind(self):
+        original = {"x.pc3": b"old"}
+        for said, files, right in (("outputs: none\nmore", original, True), ("title: x", original, False),
+                                   ("outputs: none\n", {"x.pc3": b"ol"}, False),
+                                   ("outputs: none\n", {**original, "copy.pc3": b""}, False)):
+            outcome = Outcome(said, files)
+            name, problem = faultcampaign.judge(outcome, self.REFERENCES, UNCERTAIN, b"old")
+            self.assertEqual(problem is None, right, said)
+            self.assertEqual(name == NOT_OPENED, right, said)
+            self.assertIsNotNone(faultcampaign.judge(outcome, self.REFERENCES, (UNDISTURBED,), b"old")[1])
 
     def test_another_reference_than_expected_is_wrong(self):
         name, problem = self.judged(self.REFERENCES[BUILT_IN], UNDISTURBED)

@@ -12,7 +12,7 @@ from . import spoolerfaults as faults
 from .editorscript import Answers, Script
 from .places import ROOT, WINDOWS_BIN
 from .processes import say
-from .spoolerfaults import BUILT_IN, UNDISTURBED
+from .spoolerfaults import BUILT_IN, NOT_OPENED, UNDISTURBED
 
 
 class Report:
@@ -25,6 +25,8 @@ class Report:
     def add(self, session, fault, outcomes, wrong):
         self.rows.append((session, fault, sum(outcomes.values()), outcomes, len(wrong)))
         self.wrong += wrong
+        for text in wrong:
+            say(f"  WRONG: {text}")
         say(f"  {session} | {fault}: {dict(outcomes)}{f', {len(wrong)} WRONG' if wrong else ''}")
 
     def plays(self):
@@ -39,10 +41,13 @@ class Report:
         return "\n".join(lines)
 
 
-def judge(outcome, references, expected):
+def judge(outcome, references, expected, original=None):
     """The name of the reference that an outcome equals, and what is wrong with it, if anything is. References may be
-    the same: a session that asks the driver for nothing does not see its built-in defaults."""
+    the same: a session that asks the driver for nothing does not see its built-in defaults. Not opened is what left no
+    value and the original file alone."""
     equal = [name for name, reference in references.items() if outcome == reference]
+    if outcome.said.startswith("outputs: none\n") and outcome.files == {"x.pc3": original}:
+        equal.append(NOT_OPENED)
     for name in expected:
         if name in equal:
             return name, None
@@ -57,11 +62,12 @@ def run_server_cells(bench, report, sessions):
         references = {UNDISTURBED: bench.play(steps), BUILT_IN: bench.play(steps, {0: "kill"})}
         if bench.play(steps) != references[UNDISTURBED]:
             raise RuntimeError(f"'{session}' does not always come out the same: there is nothing to compare with")
+        original = bench.original if any(step.line == "opened" for step in steps) else None
         outcomes, wrong = defaultdict(Counter), defaultdict(list)
         for cell in faults.cells(steps):
             where = f"{session}, {cell.fault}, before step {cell.step} ({steps[cell.step].line})"
             try:
-                name, problem = judge(bench.play(steps, cell.actions), references, cell.expected)
+                name, problem = judge(bench.play(steps, cell.actions), references, cell.expected, original)
             except RuntimeError as error:
                 name, problem = "broken off", str(error)
             outcomes[cell.fault][name] += 1
