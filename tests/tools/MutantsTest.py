@@ -248,6 +248,10 @@ class FakeBuild:
         return []
 
     @staticmethod
+    def mentions(_name, _file):
+        return 0
+
+    @staticmethod
     def link_library(*_):
         return True
 

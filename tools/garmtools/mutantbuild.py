@@ -48,6 +48,7 @@ class Build:
         self._test_archives = set()
         self._programs = {}  # name -> link command
         self._together = {}  # objects -> whether they can be compiled as one
+        self._mentions = {}
         self._optimised = {}  # objects -> what the optimising compiler makes of the unchanged ones
         self._prefixes = {}  # (target, with our headers) -> header
         self._lock = threading.RLock()
@@ -123,6 +124,15 @@ class Build:
         touched = set(self.dependents[file])
         return [name for name, words in self._programs.items()
                 if any(touched.intersection(self._archives.get(word, ())) for word in words)]
+
+    def mentions(self, name, file):
+        """How many of the program's own sources include the file or, for a source file, its header."""
+        key = (name, file)
+        if key not in self._mentions:
+            wanted = f"/{Path(file).stem}.h\""
+            sources = [self.source / self.source_of[made] for made in self.objects_of(name)]
+            self._mentions[key] = sum(wanted in source.read_text() for source in sources if source.suffix == ".cpp")
+        return self._mentions[key]
 
     def objects_of(self, name):
         """The objects of the program itself."""

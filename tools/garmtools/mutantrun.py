@@ -57,10 +57,11 @@ class Examiner:
 
     def _promising(self, build, file):
         """(program, cases) in the order in which they are worth trying: what caught mutants of this file before, then
-        everything, those programs first that caught most, and short ones."""
+        everything, those programs first that caught most, those that are about the file, and short ones."""
         with self._lock:
             catches = {name: self._catches.get((file, name), Counter()) for name in build.programs_for(file)}
-            programs = sorted(catches, key=lambda name: (-catches[name].total(), build.seconds[name]))
+            programs = sorted(catches, key=lambda name: (-catches[name].total(), -build.mentions(name, file),
+                                                     build.seconds[name]))
             known = {name: [case for case, _ in catches[name].most_common(12) if case] for name in programs}
         return [(name, known[name]) for name in programs if known[name]] + [(name, []) for name in programs]
 
