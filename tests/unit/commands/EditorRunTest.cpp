@@ -4,6 +4,7 @@
 #include "tests/unit/commands/CommandTest.h"
 #include "tests/unit/commands/ScriptedEditor.h"
 
+#include <new>
 #include <stdexcept>
 #include <vector>
 
@@ -268,6 +269,26 @@ TEST_F(EditorRunTest, AFailedSaveIsToldEvenWhenTheLibraryHasNoWordsForIt)
     EXPECT_FALSE(editAndSave(m_cfg, m_path));
     ASSERT_EQ(m_room.shownMessages().size(), 1U);
     EXPECT_TRUE(m_room.shownMessages()[0].text.empty());
+}
+
+TEST_F(EditorRunTest, AFailedSaveIsToldWithAsMuchOfALongTextAsThereIsRoomFor)
+{
+    m_room.putString(m_library, 201, room::Text(600, 'x'));
+    m_folder.addFile(inPlots("taken.pc3/file"));
+    changeAndSaveAs(OD_T("taken"));
+    EXPECT_FALSE(editAndSave(m_cfg, m_path));
+    ASSERT_EQ(m_room.shownMessages().size(), 1U);
+    EXPECT_EQ(m_room.shownMessages()[0].text, room::Text(511, 'x')) << "512 with its end";
+}
+
+TEST_F(EditorRunTest, WithoutMemoryForTheNameNothingIsSavedAndTheUserIsTold)
+{
+    changeAndSaveAs(OD_T("a"));
+    m_editor.onName = [](const OdString&) -> std::optional<OdString> { throw std::bad_alloc(); };
+    EXPECT_FALSE(editAndSave(m_cfg, m_path));
+    EXPECT_EQ(m_room.shownMessages().size(), 1U);
+    EXPECT_EQ(m_path, OD_T("C:\\plot\\in.pc3"));
+    EXPECT_TRUE(savedFiles().empty());
 }
 
 TEST_F(EditorRunTest, WithoutAConfigurationAndAPathNoNameIsProposed)

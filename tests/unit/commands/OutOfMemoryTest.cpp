@@ -302,21 +302,3 @@ TEST_F(CommandsOutOfMemory, theStartOfTheModuleRegistersWhatItCan)
     }
     EXPECT_GT(errors, 4U);
 }
-
-// A command that stayed would be called after its code is gone.
-TEST_F(CommandsOutOfMemory, theEndOfTheModuleLeavesNoCommandBehind)
-{
-    for (unsigned n = 1;; ++n)
-    {
-        ASSERT_EQ(registerCommands(), eRoutineNormal);
-        bool reached = false;
-        {
-            const FailingAllocation failing(n);
-            EXPECT_EQ(unregisterCommands(), eRoutineNormal) << n;
-            reached = failing.reached();
-        }
-        EXPECT_TRUE(odedRegCmds()->commands().empty()) << n;
-        if (!reached)
-            break;
-    }
-}
