@@ -1,5 +1,7 @@
 #include "tests/win/editor/SheetDriver.h"
 
+#include "tests/win/support/FailingMemory.h"
+
 #include <commctrl.h>
 #include <gtest/gtest.h>
 
@@ -139,6 +141,7 @@ SheetDriver::~SheetDriver()
 
 LRESULT CALLBACK SheetDriver::watchWindows(int code, WPARAM wParam, LPARAM lParam)
 {
+    const FailingMemory::Exempt exempt;
     const auto window = reinterpret_cast<HWND>(wParam);
     if (current && (code == HCBT_ACTIVATE || code == HCBT_DESTROYWND))
     {

@@ -54,6 +54,9 @@ public:
     static bool isUsable(HWND window);
     HWND focus() const;
 
+    // Cancels every window until none is left: for a script that cannot go on.
+    void closeWindows();
+
     // --- Messages ---
 
     // Throws when there is no answer for a long time.
@@ -99,7 +102,6 @@ private:
     static LRESULT CALLBACK watchMessages(int code, WPARAM wParam, LPARAM lParam);
 
     void runScript(const Script& script);
-    void closeWindows();
     void awaitThread(HANDLE done) const;
     template <class Condition>
     void await(const char* what, std::unique_lock<std::mutex>& lock, Condition condition);
