@@ -110,7 +110,8 @@ struct Target
 const char* findTarget(const wchar_t* path, Target& target)
 {
     target.path = absolutePath(path);
-    if (target.path.empty())
+    // Behind a colon is the name of a stream inside a file; nothing can take the place of one.
+    if (target.path.empty() || target.path.find(L':', nameStart(target.path)) != target.path.npos)
         return "no file has that name";
 
     const File file(open(target.path, FILE_READ_ATTRIBUTES));

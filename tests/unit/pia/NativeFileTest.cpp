@@ -234,6 +234,20 @@ TEST_F(NativeFile, aPathMayBeAsLongAsTheSystemTakesIt)
     EXPECT_EQ(refusalToRead(tooLong + OD_T("/A4.pc3")), "the name of the file is too long");
 }
 
+// The temporary file's name is short, so the target's may be as long as there are.
+TEST_F(NativeFile, aNameMayBeAsLongAsTheSystemTakesIt)
+{
+    const std::string end = ".pc3";
+    const OdString longest = m_folder.at(std::string(NAME_MAX - end.size(), 'x') + end);
+    EXPECT_EQ(refusal(longest, "old"), "was written");
+    EXPECT_EQ(refusal(longest), "was written");
+    EXPECT_EQ(contentOf(longest), "new");
+
+    const OdString tooLong = m_folder.at(std::string(NAME_MAX - end.size() + 1, 'x') + end);
+    EXPECT_EQ(refusal(tooLong), "the name of the file is too long");
+    EXPECT_EQ(namesIn(m_folder.path()).size(), 1U);
+}
+
 TEST_F(NativeFile, aNameThatCannotBeOneHereIsRefused)
 {
     const OdChar lone[] = {'x', 0xD800, 0};

@@ -119,6 +119,31 @@ TEST_F(WinFile, aPathMayBeLongerThanTheClassicLimit)
         EXPECT_TRUE(::RemoveDirectoryW(folders.back().c_str()));
 }
 
+// The temporary file's name is short, so the target's may be as long as there are.
+TEST_F(WinFile, aNameMayBeAsLongAsTheSystemTakesIt)
+{
+    const OdString folder = OD_T("\\\\?\\") + m_folder.path() + OD_T("\\");
+    const OdString longest = folder + OdString(std::wstring(251, L'x')) + OD_T(".pc3");
+    EXPECT_EQ(refusal(longest), "was written");
+    EXPECT_EQ(refusal(longest), "was written");
+    EXPECT_EQ(refusalToRead(longest), "was read");
+    EXPECT_TRUE(::DeleteFileW(longest.c_str()));
+
+    EXPECT_NE(refusal(folder + OdString(std::wstring(252, L'x')) + OD_T(".pc3")), "was written");
+    EXPECT_EQ(namesIn(m_folder.path()), Names{});
+}
+
+TEST_F(WinFile, aNameThatTheSystemRefusesIsToldAndNothingIsMade)
+{
+    for (const wchar_t* name : {L"a?.pc3", L"a*.pc3", L"a<.pc3", L"a>.pc3", L"a|.pc3", L"a\".pc3", L"a\x01.pc3"})
+        EXPECT_EQ(refusal(m_folder.path() + OD_T("\\") + name), "no file has that name") << OdString(name);
+    // Behind the colon would be the name of a stream of the file in front of it.
+    putContent(m_folder.at("a"), "old");
+    EXPECT_EQ(refusal(m_folder.at("a") + OD_T(":b.pc3")), "no file has that name");
+    EXPECT_EQ(contentOf(m_folder.at("a")), "old");
+    EXPECT_EQ(namesIn(m_folder.path()), Names{"a"});
+}
+
 TEST_F(WinFile, aTemporaryFileStaysUntilItsProcessIsGone)
 {
     STARTUPINFOW startup = {};
