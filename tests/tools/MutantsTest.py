@@ -1,6 +1,7 @@
 """Mutants change what they say they change, and nothing is counted as caught that was not."""
 
 import contextlib
+import io
 import shutil
 import sys
 import tempfile
@@ -318,7 +319,7 @@ class ExaminerTest(unittest.TestCase):
         def broken(_verdict):
             raise RuntimeError("full disk")
 
-        with self.assertRaises(RuntimeError), contextlib.redirect_stderr(None):
+        with self.assertRaises(RuntimeError), contextlib.redirect_stderr(io.StringIO()):
             mutantrun.examine_all(mutantrun.Examiner(FakeBuild(self.folder / "q"), None), [self.mutant] * 3,
                                   {"a.cpp": self.source}, 1, self.folder, broken)
 
