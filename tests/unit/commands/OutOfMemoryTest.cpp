@@ -100,7 +100,10 @@ protected:
             }
             EXPECT_TRUE(found || reached);
             if (!reached)
+            {
+                RecordProperty("allocations", static_cast<int>(n) - 1);
                 return answers;
+            }
         }
     }
 
@@ -171,6 +174,7 @@ protected:
             {
                 EXPECT_TRUE(answered);
                 EXPECT_FALSE(files.empty());
+                RecordProperty("allocations", static_cast<int>(n) - 1);
                 return told;
             }
         }
@@ -216,6 +220,7 @@ TEST_F(GetDevModeOutOfMemory, aWindowThatWaitsGetsItsMessageWhateverTheCallLacks
         if (!reached)
         {
             EXPECT_GE(n, 3U);
+            RecordProperty("allocations", static_cast<int>(n) - 1);
             break;
         }
     }
@@ -242,7 +247,10 @@ TEST_F(GetDevModeOutOfMemory, theThreadPostsOnceWhateverItLacks)
         notFound += m_room.posted().back().wParam == 0 ? 1U : 0U;
         EXPECT_TRUE(reached || m_room.posted().back().wParam == 1) << n;
         if (!reached)
+        {
+            RecordProperty("allocations", static_cast<int>(n) - 1);
             break;
+        }
     }
     EXPECT_GT(notFound, 100U);
 }

@@ -1,5 +1,7 @@
 #include "tests/win/support/MessageBoxAnswerer.h"
 
+#include "tests/win/support/FailingMemory.h"
+
 #include <stdexcept>
 #include <string_view>
 
@@ -42,6 +44,7 @@ MessageBoxAnswerer::~MessageBoxAnswerer()
 
 LRESULT CALLBACK MessageBoxAnswerer::hook(int code, WPARAM wParam, LPARAM lParam)
 {
+    const FailingMemory::Exempt exempt;
     const auto window = reinterpret_cast<HWND>(wParam);
     if (code == HCBT_ACTIVATE && current && looksLikeABox(window) &&
         !(current->m_isDialog && current->m_isDialog(window)))
