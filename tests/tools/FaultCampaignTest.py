@@ -70,6 +70,19 @@ class DeletionsTest(unittest.TestCase):
         self.assertIn(faults.DRIVER_DIALOG[2], after)
 
 
+class ReportTest(unittest.TestCase):
+    def test_the_sessions_of_a_fault_are_one_row(self):
+        report = faultcampaign.Report(lambda _: None)
+        report.add("first", "kill", {UNDISTURBED: 3, BUILT_IN: 1}, [])
+        report.add("first", "stop", {UNDISTURBED: 4}, [])
+        report.add("second", "kill", {UNDISTURBED: 1, "something else": 1}, ["second, kill: why"])
+        self.assertEqual(report.plays(), 10)
+        self.assertEqual(report.wrong, ["second, kill: why"])
+        self.assertEqual(report.table().splitlines()[2:],
+                         ["| kill | 2 | 6 | 4 undisturbed, 1 built-in defaults, 1 something else | 1 |",
+                          "| stop | 1 | 4 | 4 undisturbed | 0 |"])
+
+
 class JudgeTest(unittest.TestCase):
     REFERENCES = {UNDISTURBED: Outcome("said", {"x.pc3": b"new"}), BUILT_IN: Outcome("other", {"x.pc3": b"A4"})}
 

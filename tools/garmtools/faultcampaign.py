@@ -18,7 +18,8 @@ from .spoolerfaults import BUILT_IN, NOT_OPENED, UNDISTURBED
 class Report:
     """What came out, for a person: rows of a table, and every cell that went wrong."""
 
-    def __init__(self):
+    def __init__(self, tell=say):
+        self._tell = tell
         self.rows = []  # (session, fault, plays, {outcome: how often}, wrong)
         self.wrong = []  # texts
 
@@ -26,18 +27,23 @@ class Report:
         self.rows.append((session, fault, sum(outcomes.values()), outcomes, len(wrong)))
         self.wrong += wrong
         for text in wrong:
-            say(f"  WRONG: {text}")
-        say(f"  {session} | {fault}: {dict(outcomes)}{f', {len(wrong)} WRONG' if wrong else ''}")
+            self._tell(f"  WRONG: {text}")
+        self._tell(f"  {session} | {fault}: {dict(outcomes)}{f', {len(wrong)} WRONG' if wrong else ''}")
 
     def plays(self):
         return sum(row[2] for row in self.rows)
 
     def table(self):
-        """As a table of docs/reliability.md."""
-        lines = ["| Session | Fault | Plays | Outcomes | Wrong |", "|---|---|--:|---|--:|"]
+        """As a table of docs/reliability.md: the sessions of one fault together."""
+        sums = {}
         for session, fault, plays, outcomes, wrong in self.rows:
-            texts = ", ".join(f"{count} {name}" for name, count in sorted(outcomes.items()))
-            lines.append(f"| {session} | {fault} | {plays} | {texts} | {wrong} |")
+            all_sessions, all_plays, all_outcomes, all_wrong = sums.get(fault, ([], 0, Counter(), 0))
+            sums[fault] = ([*all_sessions, session], all_plays + plays, all_outcomes + Counter(outcomes),
+                           all_wrong + wrong)
+        lines = ["| Fault | Sessions | Plays | Outcomes | Wrong |", "|---|--:|--:|---|--:|"]
+        for fault, (sessions, plays, outcomes, wrong) in sums.items():
+            texts = ", ".join(f"{count} {name}" for name, count in outcomes.most_common())
+            lines.append(f"| {fault} | {len(sessions)} | {plays} | {texts} | {wrong} |")
         return "\n".join(lines)
 
 
