@@ -7,9 +7,9 @@ from pathlib import Path
 sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools"))
 from garmtools import faultcampaign
 from garmtools import spoolerfaults as faults
-from garmtools.spoolerfaults import BUILT_IN, NOT_OPENED, UNDISTURBED, Outcome, Step
+from garmtools.spoolerfaults import BUILT_IN, NOT_OPENED, PARTIAL, UNDISTURBED, Outcome, Step
 
-UNCERTAIN = (UNDISTURBED, BUILT_IN, NOT_OPENED)
+UNCERTAIN = (UNDISTURBED, BUILT_IN, PARTIAL, NOT_OPENED)
 STEPS = [Step("ask", asks=True), Step("wait", waits=True), Step("later"), Step("last")]
 
 

@@ -8,7 +8,7 @@ when its data could not be had; no editor, when the driver does not work; and wi
 """
 
 import contextlib
-import shutil
+import json
 import tempfile
 from pathlib import Path
 from typing import NamedTuple
@@ -132,7 +132,8 @@ class Cell(NamedTuple):
     expected: tuple
 
 
-UNDISTURBED, BUILT_IN, NOT_OPENED = "undisturbed", "built-in defaults", "not opened"
+UNDISTURBED, BUILT_IN, PARTIAL, NOT_OPENED = ("undisturbed", "built-in defaults", "part of the driver's data",
+                                              "not opened")
 
 
 def at_every_step(steps, gone, back):
@@ -150,9 +151,9 @@ def asking_step(steps):
 def cells(steps):
     """The whole matrix of one session: each way to lose the server, before each step."""
     asking = asking_step(steps)
-    # While the driver is waited for, nobody knows how much of its answer it has had. With a part of it the driver may
-    # refuse to work, and then nothing is opened.
-    uncertain = (UNDISTURBED, BUILT_IN, NOT_OPENED)
+    # While the driver is waited for, nobody knows how much of its answer it has had. With a part of it the driver works
+    # with that, or refuses to work, and then nothing is opened.
+    uncertain = (UNDISTURBED, BUILT_IN, PARTIAL, NOT_OPENED)
     for index, step in enumerate(steps):
         gone = (BUILT_IN,) if index <= asking else uncertain if step.waits else (UNDISTURBED,)
         back = uncertain if step.asks or step.waits else (UNDISTURBED,)
@@ -218,6 +219,16 @@ class Bench:
                 raise RuntimeError(f"status {done.returncode}: {done.stderr.strip()}\n{done.stdout}")
             files = {path.name: path.read_bytes() for path in sorted(folder.iterdir())}
         return Outcome(done.stdout.replace(name.replace("/", "\\"), "FOLDER"), files)
+
+    def can_be_read(self, files):
+        """Whether each of the files (names with their bytes) is a whole configuration of the queue."""
+        with tempfile.TemporaryDirectory(prefix="garm-faults-") as folder:
+            for name, content in files.items():
+                Path(folder, name).write_bytes(content)
+                done = self.prefix.run([WINDOWS_BIN / "plothost.exe", "show", name, "--json"], cwd=folder)
+                if done.returncode != 0 or json.loads(done.stdout)["printer"] != QUEUE.name:
+                    return False
+        return True
 
     def act(self, action):
         """Does one thing to the server."""
