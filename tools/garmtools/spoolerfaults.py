@@ -3,8 +3,9 @@ end-to-end tests.
 
 What a Windows program of this system asks the print server for is little: the list of queues when the process loads the
 spooler's library, and a queue's driver data when the process first uses its driver. Everything after that comes from
-what it was told then. So there are few kinds of outcome: as if nothing had happened; with the driver's built-in defaults,
-when its data could not be had; no editor, when the driver does not work; and without any printer.
+what it was told then. So there are few kinds of outcome: as if nothing had happened; with the driver's built-in
+defaults, when its data could not be had, or with a part of it; no editor, when the driver does not work; and without
+any printer.
 """
 
 import contextlib
