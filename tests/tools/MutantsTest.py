@@ -168,10 +168,11 @@ class ReportTest(unittest.TestCase):
         count = mutantreport.counts_of(self.mutants, verdicts, {})["a.cpp"]
         self.assertEqual((count.made, count.equivalent, count.share), (2, 1, 100))
 
-    def test_what_was_not_tried_counts_nowhere_but_is_told(self):
-        one, _, _ = self.mutants
-        self.assertEqual(mutantreport.untried(self.mutants, verdicts_of((one, SURVIVED))), 2)
-        self.assertEqual(mutantreport.counts_of(self.mutants, {}, {}), {})
+    def test_what_was_not_tried_is_counted_apart(self):
+        one, two, _ = self.mutants
+        count = mutantreport.counts_of(self.mutants, verdicts_of((one, SURVIVED), (two, NOT_COMPILED)), {})["a.cpp"]
+        self.assertEqual((count.made, count.untried, count.share), (1, 1, 0))
+        self.assertIsNone(mutantreport.counts_of(self.mutants, {}, {})["a.cpp"].share)
 
     def test_shares_are_cut_off(self):
         counts = {"a.cpp": mutantreport.Count(made=2000, caught=1999, survived=1)}

@@ -86,6 +86,7 @@ class Count:
     equivalent: int = 0
     caught: int = 0
     survived: int = 0
+    untried: int = 0
 
     @property
     def share(self):
@@ -95,13 +96,16 @@ class Count:
 
 
 def counts_of(mutants, verdicts, equivalents):
-    """A Count by file. What does not compile is no mutant; what was not tried counts nowhere."""
+    """A Count by file. What does not compile is no mutant."""
     counts = {}
     for mutant in mutants:
-        result = verdicts.get(mutant.name, {}).get("result", NOT_COMPILED)
+        count = counts.setdefault(mutant.file, Count())
+        result = verdicts.get(mutant.name, {}).get("result")
         if result == NOT_COMPILED:
             continue
-        count = counts.setdefault(mutant.file, Count())
+        if result is None:
+            count.untried += 1
+            continue
         count.made += 1
         if result == SAME_CODE or result == SURVIVED and mutant.name in equivalents:
             count.equivalent += 1
@@ -112,11 +116,6 @@ def counts_of(mutants, verdicts, equivalents):
     return counts
 
 
-def untried(mutants, verdicts):
-    """How many there is no verdict about."""
-    return sum(mutant.name not in verdicts for mutant in mutants)
-
-
 def survivors(mutants, verdicts, equivalents):
     return [mutant for mutant in mutants if mutant.name not in equivalents
             and verdicts.get(mutant.name, {}).get("result") == SURVIVED]
@@ -125,11 +124,11 @@ def survivors(mutants, verdicts, equivalents):
 def table(counts):
     """The counts in Markdown. Shares are cut off, not rounded, so that 100 means all."""
     total = Count()
-    lines = ["| File | Mutants | Equivalent | Caught | Survived | Share caught |",
-             "| --- | ---: | ---: | ---: | ---: | ---: |"]
+    lines = ["| File | Mutants | Equivalent | Caught | Survived | Share caught | Not tried |",
+             "| --- | ---: | ---: | ---: | ---: | ---: | ---: |"]
     for file, count in sorted(counts.items()):
         lines.append(_row(f"`{file}`", count))
-        for field in ("made", "equivalent", "caught", "survived"):
+        for field in ("made", "equivalent", "caught", "survived", "untried"):
             setattr(total, field, getattr(total, field) + getattr(count, field))
     lines.append(_row("**All**", total))
     return "\n".join(lines)
@@ -137,7 +136,8 @@ def table(counts):
 
 def _row(title, count):
     share = "-" if count.share is None else f"{int(count.share * 10) / 10} %"
-    return f"| {title} | {count.made} | {count.equivalent} | {count.caught} | {count.survived} | {share} |"
+    return (f"| {title} | {count.made} | {count.equivalent} | {count.caught} | {count.survived} | {share} "
+            f"| {count.untried or ''} |")
 
 
 def put_into(page, text):
