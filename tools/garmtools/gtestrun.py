@@ -49,8 +49,8 @@ class MemcheckRunner(NativeRunner):
     """
 
     seconds = 3000
-    words = ("valgrind", "--quiet", "--error-exitcode=99", "--leak-check=full", "--show-leak-kinds=all",
-             "--errors-for-leak-kinds=definite,indirect,possible", "--track-origins=yes", "--num-callers=30")
+    words = ("valgrind", "--quiet", "--error-exitcode=99", "--leak-check=full",
+             "--show-leak-kinds=definite,indirect,possible", "--track-origins=yes", "--num-callers=30")
     left_out = {"pia_limits_test": "-Limits.items*:Limits.line*:Limits.text*:Limits.file*"}
 
     def command(self, program, xml):

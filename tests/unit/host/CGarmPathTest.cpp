@@ -13,6 +13,9 @@ struct Split
     OdString folder;
     OdString name;
     OdString extension;
+
+    // Names the test. Otherwise it would be named by the bytes of the object, also by those that lie between its texts.
+    friend std::ostream& operator<<(std::ostream& out, const Split& split) { return out << split.path; }
 };
 
 class PathSplit : public testing::TestWithParam<Split>
