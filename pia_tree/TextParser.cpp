@@ -24,7 +24,7 @@ enum class InName : unsigned char
     lineEnd,
 };
 
-constexpr std::array<InName, 256> namesTable()
+consteval std::array<InName, 256> namesTable()
 {
     std::array<InName, 256> table{};
     for (std::size_t c = 0x80; c < table.size(); ++c)

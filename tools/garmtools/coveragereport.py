@@ -9,14 +9,15 @@ from . import coverage
 from .places import ROOT
 from .processes import run_main, say
 
-LEAST = 95.0  # percent of the lines
+LEAST = 95.0  # percent of the lines of all files
+LEAST_OF_ONE = 90.0
 DOCUMENT = ROOT / "docs" / "reliability.md"
 
 
 def too_low(files):
     """What falls short of the least share of lines, as sentences."""
     found = [f"{path}: only {coverage.lines_of(file)} of the lines ran" for path, file in sorted(files.items())
-             if coverage.lines_of(file).percent() < LEAST]
+             if coverage.lines_of(file).percent() < LEAST_OF_ONE]
     total = coverage.summary(files)[-1][2]
     if total.percent() < LEAST:
         found.append(f"all files: only {total} of the lines ran")

@@ -254,3 +254,53 @@ TEST_F(NativeFile, aNameThatCannotBeOneHereIsRefused)
     EXPECT_EQ(refusal(lone), "no file has that name");
     EXPECT_EQ(refusalToRead(lone), "no file has that name");
 }
+
+TEST_F(NativeFile, theReasonTellsWhatTheSystemSaid)
+{
+    const OdString name = m_folder.at("A4.pc3");
+    const std::pair<int, std::string> reasons[] = {{EACCES, "the file or its folder is protected"},
+                                                   {EPERM, "the file or its folder is protected"},
+                                                   {EROFS, "the file or its folder is protected"},
+                                                   {ENOSPC, "there is not enough room on the disk"},
+                                                   {EDQUOT, "there is not enough room on the disk"}};
+    for (const auto& [error, expected] : reasons)
+    {
+        putContent(name, "old");
+        bool told = false;
+        bool reached = true;
+        for (int n = 1; reached; ++n)
+        {
+            const char* reason = writeFailing(n, error, name, reached);
+            told = told || (reason && reason == expected);
+        }
+        EXPECT_TRUE(told) << error << ": " << expected;
+    }
+}
+
+TEST_F(NativeFile, aFileIsNoFolder)
+{
+    putContent(m_folder.at("A4.pc3"), "old");
+    const OdString inside = m_folder.at("A4.pc3") + OD_T("/inside.pc3");
+    EXPECT_EQ(refusal(inside), "the file or its folder does not exist");
+    EXPECT_EQ(refusalToRead(inside), "the file or its folder does not exist");
+    EXPECT_EQ(contentOf(m_folder.at("A4.pc3")), "old");
+}
+
+TEST_F(NativeFile, aNameWithoutAFolderIsOneOfTheCurrentFolder)
+{
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(pathOf(m_folder.path()));
+    EXPECT_EQ(refusal(OD_T("A4.pc3")), "was written");
+    EXPECT_EQ(refusalToRead(OD_T("A4.pc3")), "was read");
+    std::filesystem::current_path(before);
+    EXPECT_EQ(contentOf(m_folder.at("A4.pc3")), "new");
+}
+
+// Files of the system that say they are empty, as one does that grows while it is read, and that fail in the middle.
+TEST_F(NativeFile, aFileMayGrowWhileItIsReadAndMayFail)
+{
+    pia::ByteBuffer bytes;
+    ASSERT_EQ(pia::readFile(OD_T("/proc/self/maps"), bytes), nullptr);
+    EXPECT_GT(bytes.size(), 1000U);
+    EXPECT_EQ(refusalToRead(OD_T("/proc/self/mem")), "the file cannot be read");
+}
