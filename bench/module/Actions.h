@@ -29,7 +29,7 @@ void runLoad(const Subject& subject, const Load& load);
 // Times PC3GETDEVMODE and its bare calls in turn, in nanoseconds: "command: 123", "bare: 123".
 void timeCommand(const Subject& subject, unsigned rounds);
 
-// Times the editor, a bare sheet, and a bare sheet after the system calls that the editor needs, in turn: until they
-// are painted ("editor opened: 123"), and from there to their second page ("editor switched: 123").
+// Times the editor, a bare sheet with the same pages, and one that bare system calls fill with the same contents, in
+// turn: until they are painted ("editor opened: 123"), and from there to their second page ("editor switched: 123").
 void timeEditor(const Subject& subject, unsigned rounds);
 } // namespace modulebench

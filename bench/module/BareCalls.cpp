@@ -94,21 +94,6 @@ void askForPort(const OdString& name)
     ::ClosePrinter(printer);
 }
 
-void listPrinters()
-{
-    filled("EnumPrintersW",
-           [](BYTE* buffer, DWORD size, DWORD* needed)
-           {
-               DWORD returned = 0;
-               return ::EnumPrintersW(PRINTER_ENUM_LOCAL, nullptr, 1, buffer, size, needed, &returned);
-           });
-    // The second pass: Wine refuses it, and so there is nothing to fill.
-    DWORD needed = 0;
-    DWORD returned = 0;
-    ::EnumPrintersW(PRINTER_ENUM_CONNECTIONS | PRINTER_ENUM_SHARED | PRINTER_ENUM_NETWORK, nullptr, 1, nullptr, 0,
-                    &needed, &returned);
-}
-
 struct Check
 {
     OdString file;
@@ -146,7 +131,22 @@ void bareCallsOfEditor(const OdString& file, const OdString& printer)
     readFile(file);
     askForDriver(printer);
     askForPort(printer);
-    listPrinters();
+}
+
+std::vector<std::wstring> namesOfPrinters()
+{
+    DWORD returned = 0;
+    const std::unique_ptr<BYTE[]> records =
+        filled("EnumPrintersW", [&returned](BYTE* buffer, DWORD size, DWORD* needed)
+               { return ::EnumPrintersW(PRINTER_ENUM_LOCAL, nullptr, 1, buffer, size, needed, &returned); });
+    std::vector<std::wstring> names;
+    for (DWORD i = 0; i < returned; ++i)
+        names.emplace_back(reinterpret_cast<const PRINTER_INFO_1W*>(records.get())[i].pName);
+    // The second pass: Wine refuses it, and so there is nothing to fill.
+    DWORD needed = 0;
+    ::EnumPrintersW(PRINTER_ENUM_CONNECTIONS | PRINTER_ENUM_SHARED | PRINTER_ENUM_NETWORK, nullptr, 1, nullptr, 0,
+                    &needed, &returned);
+    return names;
 }
 
 void bareCheck(const OdString& file, const OdString& printer, HWND window, UINT message)

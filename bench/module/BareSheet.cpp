@@ -1,5 +1,6 @@
 #include "bench/module/BareSheet.h"
 
+#include "bench/module/FilledPages.h"
 #include "bench/module/Places.h"
 #include "resources/Resource.h"
 
@@ -15,7 +16,7 @@ INT_PTR CALLBACK nothing(HWND /*page*/, UINT /*message*/, WPARAM /*first*/, LPAR
     return FALSE;
 }
 
-PROPSHEETPAGEW page(HINSTANCE resources, UINT dialog, UINT title)
+PROPSHEETPAGEW page(HINSTANCE resources, UINT dialog, UINT title, DLGPROC procedure)
 {
     PROPSHEETPAGEW result = {};
     result.dwSize = sizeof result;
@@ -23,8 +24,25 @@ PROPSHEETPAGEW page(HINSTANCE resources, UINT dialog, UINT title)
     result.hInstance = resources;
     result.pszTemplate = MAKEINTRESOURCEW(dialog);
     result.pszTitle = MAKEINTRESOURCEW(title);
-    result.pfnDlgProc = &nothing;
+    result.pfnDlgProc = procedure;
+    result.lParam = reinterpret_cast<LPARAM>(resources);
     return result;
+}
+
+void showSheet(HINSTANCE resources, HWND owner, DLGPROC general, DLGPROC device)
+{
+    const PROPSHEETPAGEW pages[] = {page(resources, IDD_GENERAL, IDS_TAB_GENERAL, general),
+                                    page(resources, IDD_DEVICE, IDS_TAB_DEVICE, device)};
+    PROPSHEETHEADERW header = {};
+    header.dwSize = sizeof header;
+    header.dwFlags = PSH_PROPSHEETPAGE | PSH_NOAPPLYNOW;
+    header.hwndParent = owner;
+    header.hInstance = ::GetModuleHandleW(nullptr);
+    header.pszCaption = L"Bare";
+    header.nPages = 2;
+    header.ppsp = pages;
+    if (::PropertySheetW(&header) < 0)
+        throw std::runtime_error("the system shows no property sheet");
 }
 } // namespace
 
@@ -43,18 +61,12 @@ BareSheet::~BareSheet()
 
 void BareSheet::show(HWND owner) const
 {
-    const PROPSHEETPAGEW pages[] = {page(m_resources, IDD_GENERAL, IDS_TAB_GENERAL),
-                                    page(m_resources, IDD_DEVICE, IDS_TAB_DEVICE)};
-    PROPSHEETHEADERW header = {};
-    header.dwSize = sizeof header;
-    header.dwFlags = PSH_PROPSHEETPAGE | PSH_NOAPPLYNOW;
-    header.hwndParent = owner;
-    header.hInstance = ::GetModuleHandleW(nullptr);
-    header.pszCaption = L"Bare";
-    header.nPages = 2;
-    header.ppsp = pages;
-    if (::PropertySheetW(&header) < 0)
-        throw std::runtime_error("the system shows no property sheet");
+    showSheet(m_resources, owner, &nothing, &nothing);
+}
+
+void BareSheet::showFilled(HWND owner) const
+{
+    showSheet(m_resources, owner, &fillGeneralPage, &fillDevicePage);
 }
 
 HWND createBareDialog(HINSTANCE resources, UINT dialog, HWND parent)

@@ -16,6 +16,8 @@ public:
 
     // Shows it, and returns when it is closed. Throws std::runtime_error when it cannot be shown.
     void show(HWND owner) const;
+    // The same, with what the editor shows in its pages when it opens.
+    void showFilled(HWND owner) const;
 
     HINSTANCE resources() const noexcept { return m_resources; }
 

@@ -99,6 +99,7 @@ void runOpenings(const HostedModule& module, const Subject& subject, unsigned op
            [&]
            {
                bareCallsOfEditor(subject.configuration, subject.printer);
+               namesOfPrinters();
                withSheet(
                    owner, [&] { bareSheet.show(owner); },
                    [&](HWND sheet) { showAllBarePages(sheet, bareSheet.resources()); });

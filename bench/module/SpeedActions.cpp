@@ -66,10 +66,10 @@ void timeEditor(const Subject& subject, unsigned rounds)
     const HWND owner = createOwner();
     const std::vector<Contender> contenders = {{"editor", [&] { module.edit(subject.configuration); }},
                                                {"bare", [&] { bareSheet.show(owner); }},
-                                               {"bare with calls", [&]
+                                               {"bare filled", [&]
                                                 {
                                                     bareCallsOfEditor(subject.configuration, subject.printer);
-                                                    bareSheet.show(owner);
+                                                    bareSheet.showFilled(owner);
                                                 }}};
     interleaved(contenders, rounds,
                 [owner](const Contender& contender, bool counts)

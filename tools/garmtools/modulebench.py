@@ -74,14 +74,17 @@ class Spread(NamedTuple):
 
 
 def speed_table(found, contenders):
-    """Markdown: how long each contender took in microseconds, and how many times the last one's, round by round."""
-    lines = ["| | median | quartiles | ratio | quartiles |", "|---|--:|--:|--:|--:|"]
-    *_, last = contenders
-    for name in contenders:
+    """Markdown: how many microseconds each contender took, and how many times those of the later ones, by rounds."""
+    _, *later = contenders
+    lines = ["| | median | quartiles |" + "".join(f" ratio to {name} | quartiles |" for name in later),
+             "|---|--:|--:|" + "--:|--:|" * len(later)]
+    for i, name in enumerate(contenders):
         times = Spread.of([value / 1000 for value in found[name]])
-        ratios = Spread.of([ours / theirs for ours, theirs in zip(found[name], found[last])])
-        lines.append(f"| {name} | {times.median:,.0f} us | {times.low:,.0f} to {times.high:,.0f} | {ratios.median:.2f} "
-                     f"| {ratios.low:.2f} to {ratios.high:.2f} |")
+        cells = [name, f"{times.median:,.0f} us", f"{times.low:,.0f} to {times.high:,.0f}"] + ["", ""] * max(i - 1, 0)
+        for other in contenders[max(i, 1):]:
+            ratios = Spread.of([ours / theirs for ours, theirs in zip(found[name], found[other])])
+            cells += [f"{ratios.median:.2f}", f"{ratios.low:.2f} to {ratios.high:.2f}"]
+        lines.append(f"| {' | '.join(cells)} |")
     return "\n".join(lines)
 
 

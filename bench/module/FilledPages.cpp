@@ -1,0 +1,151 @@
+#include "bench/module/FilledPages.h"
+
+#include "bench/module/BareCalls.h"
+#include "bench/module/BareSheet.h"
+#include "resources/Resource.h"
+
+#include <commctrl.h>
+#include <iterator>
+#include <string>
+
+namespace modulebench
+{
+namespace
+{
+struct PageText
+{
+    int control;
+    const wchar_t* text;
+};
+constexpr PageText texts[] = {{IDC_FILE_NAME, L"load.pc3"},
+                              {IDC_DRIVER, L"System printer"},
+                              {IDC_DRIVER_FILE, L"gdiplot7.hdi"},
+                              {IDC_VERSION, L"Version: not specified"},
+                              {IDC_PORT, L"Port: LPR:DesignJet-3500CP"}};
+
+constexpr UINT icons[] = {IDI_CHECKED,         IDI_SYSTEM_PRINTER, IDI_MEDIA,      IDI_MEDIA_DEST,
+                          IDI_SOURCE_SIZE,     IDI_COLLATING,      IDI_GRAPHICS,   IDI_VECTOR_GRAPHICS,
+                          IDI_RASTER_GRAPHICS, IDI_TRUETYPE,       IDI_MERGE_CTRL, IDI_CUSTOM_PROP};
+
+struct Entry
+{
+    int icon;
+    int parent; // an entry before, -1 for none
+    UINT text;
+};
+constexpr Entry entries[] = {{1, -1, IDS_TAB_GENERAL},    {2, 0, IDS_MEDIA},           {4, 1, IDS_SOURCE_SIZE},
+                             {3, 1, IDS_MEDIA_DEST},      {5, 3, IDS_COLLATING},       {6, 0, IDS_GRAPHICS},
+                             {7, 5, IDS_VECTOR_GRAPHICS}, {8, 5, IDS_RASTER_GRAPHICS}, {9, 5, IDS_TRUETYPE},
+                             {10, 5, IDS_MERGE_CTRL},     {11, 0, IDS_CUSTOM_PROP}};
+
+HINSTANCE libraryOf(LPARAM page)
+{
+    return reinterpret_cast<HINSTANCE>(reinterpret_cast<const PROPSHEETPAGEW*>(page)->lParam);
+}
+
+HICON iconOf(HINSTANCE resources, UINT id, int size)
+{
+    return static_cast<HICON>(::LoadImageW(resources, MAKEINTRESOURCEW(id), IMAGE_ICON, size, size, LR_DEFAULTCOLOR));
+}
+
+void addTips(HWND page)
+{
+    const HWND tips =
+        ::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, 0, 0, 0, 0,
+                          page, nullptr, ::GetModuleHandleW(nullptr), nullptr);
+    for (const PageText& text : texts)
+    {
+        TOOLINFOW tool = {};
+        tool.cbSize = TTTOOLINFOW_V2_SIZE;
+        tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+        tool.hwnd = page;
+        tool.uId = reinterpret_cast<UINT_PTR>(::GetDlgItem(page, text.control));
+        tool.lpszText = const_cast<wchar_t*>(text.text);
+        ::SendMessageW(tips, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    }
+}
+
+void fillGeneral(HWND page, HINSTANCE resources)
+{
+    for (const PageText& text : texts)
+        ::SetDlgItemTextW(page, text.control, text.text);
+    ::SendDlgItemMessageW(
+        page, IDC_DRIVER_ICON, STM_SETICON,
+        reinterpret_cast<WPARAM>(iconOf(resources, IDI_SYSTEM_PRINTER, ::GetSystemMetrics(SM_CXICON))), 0);
+    for (const std::wstring& name : namesOfPrinters())
+        ::SendDlgItemMessageW(page, IDC_PRINTERS, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name.c_str()));
+    ::SendDlgItemMessageW(page, IDC_PRINTERS, CB_SETCURSEL, 0, 0);
+    ::EnableWindow(::GetDlgItem(page, IDC_PRINTERS), FALSE);
+    addTips(page);
+}
+
+HIMAGELIST entryPictures(HINSTANCE resources)
+{
+    const int size = ::GetSystemMetrics(SM_CXSMICON);
+    const HIMAGELIST images = ::ImageList_Create(size, size, ILC_MASK | ILC_COLOR24, 0, 1);
+    for (const UINT id : icons)
+    {
+        const HICON icon = iconOf(resources, id, size);
+        ::ImageList_ReplaceIcon(images, -1, icon);
+        ::DestroyIcon(icon);
+    }
+    return images;
+}
+
+void insertEntries(HWND tree, HINSTANCE resources)
+{
+    HTREEITEM items[std::size(entries)] = {};
+    for (std::size_t i = 0; i < std::size(entries); ++i)
+    {
+        wchar_t text[128] = {};
+        ::LoadStringW(resources, entries[i].text, text, static_cast<int>(std::size(text)));
+        TVINSERTSTRUCTW insert = {};
+        insert.hParent = entries[i].parent < 0 ? TVI_ROOT : items[entries[i].parent];
+        insert.hInsertAfter = TVI_LAST;
+        insert.item.mask = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE;
+        insert.item.pszText = text;
+        insert.item.iImage = entries[i].icon;
+        insert.item.iSelectedImage = entries[i].icon;
+        items[i] =
+            reinterpret_cast<HTREEITEM>(::SendMessageW(tree, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insert)));
+    }
+    // As the editor does: what media has is to be seen, what graphics has is not.
+    ::SendMessageW(tree, TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(items[1]));
+    ::SendMessageW(tree, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(items[std::size(items) - 1]));
+    ::SendMessageW(tree, TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(items[0]));
+}
+
+void fillDevice(HWND page, HINSTANCE resources)
+{
+    const HWND tree = ::GetDlgItem(page, IDC_TREE);
+    ::SendMessageW(tree, TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(entryPictures(resources)));
+    insertEntries(tree, resources);
+
+    const HWND shown = createBareDialog(resources, IDD_CUSTOM_PROP, page);
+    RECT frame = {};
+    ::GetWindowRect(::GetDlgItem(page, IDC_PAGE_FRAME), &frame);
+    ::MapWindowPoints(nullptr, page, reinterpret_cast<POINT*>(&frame), 2);
+    ::SetWindowPos(shown, nullptr, frame.left, frame.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    ::ShowWindow(shown, SW_SHOW);
+}
+} // namespace
+
+INT_PTR CALLBACK fillGeneralPage(HWND page, UINT message, WPARAM /*first*/, LPARAM second) noexcept
+{
+    if (message == WM_INITDIALOG)
+        fillGeneral(page, libraryOf(second));
+    else if (message == WM_DESTROY)
+        ::DestroyIcon(reinterpret_cast<HICON>(::SendDlgItemMessageW(page, IDC_DRIVER_ICON, STM_GETICON, 0, 0)));
+    return FALSE;
+}
+
+INT_PTR CALLBACK fillDevicePage(HWND page, UINT message, WPARAM /*first*/, LPARAM second) noexcept
+{
+    if (message == WM_INITDIALOG)
+        fillDevice(page, libraryOf(second));
+    else if (message == WM_DESTROY)
+        ::ImageList_Destroy(
+            reinterpret_cast<HIMAGELIST>(::SendDlgItemMessageW(page, IDC_TREE, TVM_GETIMAGELIST, TVSIL_NORMAL, 0)));
+    return FALSE;
+}
+} // namespace modulebench
