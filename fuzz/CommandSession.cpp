@@ -6,6 +6,7 @@
 #include "host/GmResBufExtention.h"
 #include "kernel/OdRxObjectImpl.h"
 #include "pia_tree/CPIAOutput.h"
+#include "pia_tree/CPIAParser.h"
 
 #include <gtest/gtest.h>
 
@@ -17,12 +18,12 @@ protected:
     ~Stranger() override = default;
 };
 
-// What a save is not to leave the folder by.
+// What can be entered, and does not lead out of the folder.
 OdString asFileName(const OdString& text)
 {
     OdString name;
     for (const OdChar c : text.view())
-        name += c == '/' ? OdChar('_') : c;
+        name += c == '/' || c == 0 ? OdChar('_') : c;
     return name;
 }
 
@@ -93,6 +94,7 @@ CommandSession::CommandSession(Input& input) : m_printers(input), m_interfaces(n
         values().set(name, OdResBuf::newRb(kRtString, OD_T("a.pc3")));
     values().set(OD_T("bSystemPrinter"), OdResBuf::newRb(kRtBool, false));
     m_folder.addFile("a.pc3", someFile(input));
+    m_put.insert("a.pc3");
 }
 
 CommandSession::~CommandSession()
@@ -105,6 +107,7 @@ void CommandSession::putFile(Input& input)
     static const char* const names[] = {"a.pc3", "b.pc3", "plots/a.pc3", "plots/b.pc3.pc3", "a"};
     const char* const name = input.oneOf(names);
     m_folder.addFile(name, someFile(input));
+    m_put.insert(name);
 }
 
 void CommandSession::setValue(Input& input)
@@ -142,6 +145,22 @@ void CommandSession::scriptUser(Input& input)
     };
     const std::optional<OdString> name = input.oneIn(4) ? std::nullopt : std::optional(asFileName(input.text(80)));
     m_editor.onName = [name](const OdString&) { return name; };
+}
+
+void CommandSession::expectWholeFiles() const
+{
+    const std::string start = "plots\\";
+    for (const std::string& name : m_folder.names())
+    {
+        if (!name.starts_with(start))
+        {
+            EXPECT_TRUE(name == "plots" || m_put.contains(name)) << name;
+            continue;
+        }
+        CPIAParser parser;
+        EXPECT_TRUE(parser.parse(m_folder.bytesOf(name))) << name;
+        EXPECT_TRUE(name.ends_with(".pc3")) << name;
+    }
 }
 
 void CommandSession::finishChecks()

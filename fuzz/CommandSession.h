@@ -32,6 +32,8 @@ public:
     void finishChecks();
 
     void expectLeftAsFound();
+    // What was saved is whole, and nothing else was left behind.
+    void expectWholeFiles() const;
 
     GmServicesManagerInterface& values() { return m_interfaces->document().servicesManager(); }
     OdEdCommandContext* context() { return m_interfaces.get(); }
@@ -44,5 +46,6 @@ private:
     ScriptedEditor m_editor;
     GarmInterfacesPtr m_interfaces;
     TemporaryFolder m_folder;
+    std::set<std::string> m_put; // files, by name
     int m_checks = 0;
 };

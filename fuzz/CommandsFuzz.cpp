@@ -157,6 +157,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         session.expectLeftAsFound();
     }
     session.finishChecks();
+    session.expectWholeFiles();
     session.expectLeftAsFound();
     return 0;
 }

@@ -117,7 +117,6 @@ void setDevice(Input& input, Printer& printer)
     caps.offsetX = someLength(input);
     caps.offsetY = someLength(input);
     caps.bitsPerPixel = input.oneIn(4) ? input.number<std::int32_t>() : input.oneOf(depths);
-    printer.contextIs = input.oneIn(8) ? std::optional<std::intptr_t>(input.flag() ? -1 : 0) : std::nullopt;
 }
 
 void setRecord(Input& input, Printer& printer)
@@ -127,13 +126,14 @@ void setRecord(Input& input, Printer& printer)
     printer.listed = !input.oneIn(8);
     printer.connection = input.oneIn(4);
     printer.namedInRecords = !input.oneIn(8);
+    printer.contextIs = input.oneIn(8) ? std::optional<std::intptr_t>(input.flag() ? -1 : 0) : std::nullopt;
     printer.opensAs = input.oneIn(8) ? std::optional<std::intptr_t>(input.flag() ? -1 : 0) : std::nullopt;
 }
 
 // One side of the printer.
 void changePrinter(Input& input, Printer& printer)
 {
-    switch (input.below(5))
+    switch (input.below(4))
     {
     case 0:
         return setPapers(input, printer);
@@ -141,8 +141,6 @@ void changePrinter(Input& input, Printer& printer)
         return setDriverLies(input, printer.lies);
     case 2:
         return setBlock(input, printer);
-    case 3:
-        return setDevice(input, printer);
     default:
         return setRecord(input, printer);
     }
@@ -183,7 +181,11 @@ ScriptedRoom::ScriptedRoom(Input& input)
 void ScriptedRoom::change(Input& input)
 {
     Printer& printer = *m_printers[input.below(m_printers.size())];
-    switch (input.below(8))
+    const std::size_t what = input.below(9);
+    if (what == 8)
+        return setDevice(input, printer);
+    m_honest = false;
+    switch (what)
     {
     case 0:
         return lieAboutRecords(input);
