@@ -30,6 +30,22 @@ void selectEach(HWND tree, HTREEITEM item)
     }
 }
 
+void addTexts(std::wstring& texts, HWND tree, HTREEITEM item)
+{
+    for (; item; item = next(tree, TVGN_NEXT, item))
+    {
+        wchar_t text[260] = {};
+        TVITEMW entry = {};
+        entry.mask = TVIF_TEXT;
+        entry.hItem = item;
+        entry.pszText = text;
+        entry.cchTextMax = static_cast<int>(std::size(text));
+        ::SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&entry));
+        texts.append(text) += L'\n';
+        addTexts(texts, tree, next(tree, TVGN_CHILD, item));
+    }
+}
+
 std::size_t dialogsIn(HWND page)
 {
     std::size_t count = 0;
@@ -75,5 +91,13 @@ void showAllBarePages(HWND sheet, HINSTANCE resources)
                          paint(page);
                      }
                  });
+}
+
+std::wstring textsOfTree(HWND sheet)
+{
+    std::wstring texts;
+    const HWND tree = ::GetDlgItem(shownPage(sheet), IDC_TREE);
+    addTexts(texts, tree, next(tree, TVGN_ROOT, nullptr));
+    return texts;
 }
 } // namespace modulebench

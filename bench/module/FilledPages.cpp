@@ -31,12 +31,20 @@ struct Entry
 {
     int icon;
     int parent; // an entry before, -1 for none
-    UINT text;
+    const wchar_t* text;
 };
-constexpr Entry entries[] = {{1, -1, IDS_TAB_GENERAL},    {2, 0, IDS_MEDIA},           {4, 1, IDS_SOURCE_SIZE},
-                             {3, 1, IDS_MEDIA_DEST},      {5, 3, IDS_COLLATING},       {6, 0, IDS_GRAPHICS},
-                             {7, 5, IDS_VECTOR_GRAPHICS}, {8, 5, IDS_RASTER_GRAPHICS}, {9, 5, IDS_TRUETYPE},
-                             {10, 5, IDS_MERGE_CTRL},     {11, 0, IDS_CUSTOM_PROP}};
+// With the values of a new configuration: they make the tree wider than its room, so that it has a scroll bar to paint.
+constexpr Entry entries[] = {{1, -1, L"load.pc3"},
+                             {2, 0, L"Media"},
+                             {4, 1, L"Source and size <Size: US Letter>"},
+                             {3, 1, L"Media destination <Default>"},
+                             {5, 3, L"Collating <Not collated>"},
+                             {6, 0, L"Graphics"},
+                             {7, 5, L"Vector graphics <Colors: 1, depth 32> <Resolution: 300x300> <Dithering: None>"},
+                             {8, 5, L"Raster graphics <Preference: 50> <Raster images: 6> <OLE objects: 6>"},
+                             {9, 5, L"TrueType text <As text>"},
+                             {10, 5, L"Merge control <Lines overwrite>"},
+                             {11, 0, L"Custom properties"}};
 
 HINSTANCE libraryOf(LPARAM page)
 {
@@ -92,18 +100,16 @@ HIMAGELIST entryPictures(HINSTANCE resources)
     return images;
 }
 
-void insertEntries(HWND tree, HINSTANCE resources)
+void insertEntries(HWND tree)
 {
     HTREEITEM items[std::size(entries)] = {};
     for (std::size_t i = 0; i < std::size(entries); ++i)
     {
-        wchar_t text[128] = {};
-        ::LoadStringW(resources, entries[i].text, text, static_cast<int>(std::size(text)));
         TVINSERTSTRUCTW insert = {};
         insert.hParent = entries[i].parent < 0 ? TVI_ROOT : items[entries[i].parent];
         insert.hInsertAfter = TVI_LAST;
         insert.item.mask = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE;
-        insert.item.pszText = text;
+        insert.item.pszText = const_cast<wchar_t*>(entries[i].text);
         insert.item.iImage = entries[i].icon;
         insert.item.iSelectedImage = entries[i].icon;
         items[i] =
@@ -119,7 +125,7 @@ void fillDevice(HWND page, HINSTANCE resources)
 {
     const HWND tree = ::GetDlgItem(page, IDC_TREE);
     ::SendMessageW(tree, TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(entryPictures(resources)));
-    insertEntries(tree, resources);
+    insertEntries(tree);
 
     const HWND shown = createBareDialog(resources, IDD_CUSTOM_PROP, page);
     RECT frame = {};

@@ -1,4 +1,5 @@
 #include "bench/module/Actions.h"
+#include "bench/module/AllPages.h"
 #include "bench/module/BareCalls.h"
 #include "bench/module/BareSheet.h"
 #include "bench/module/HostedModule.h"
@@ -7,6 +8,7 @@
 #include <chrono>
 #include <cstdio>
 #include <functional>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -40,6 +42,15 @@ void interleaved(const std::vector<Contender>& contenders, unsigned rounds, Meas
             measure(contenders[(round + i) % contenders.size()], round >= warmUp);
     std::fflush(stdout);
 }
+
+// That a sheet with contents has those that were seen first; the bare one has none.
+void sameContents(std::wstring& first, const std::wstring& seen)
+{
+    if (first.empty())
+        first = seen;
+    else if (!seen.empty() && seen != first)
+        throw std::runtime_error("the editor and the filled sheet do not have the same contents");
+}
 } // namespace
 
 void timeCommand(const Subject& subject, unsigned rounds)
@@ -64,6 +75,7 @@ void timeEditor(const Subject& subject, unsigned rounds)
     const HostedModule module;
     const BareSheet bareSheet;
     const HWND owner = createOwner();
+    std::wstring contents;
     const std::vector<Contender> contenders = {{"editor", [&] { module.edit(subject.configuration); }},
                                                {"bare", [&] { bareSheet.show(owner); }},
                                                {"bare filled", [&]
@@ -72,7 +84,7 @@ void timeEditor(const Subject& subject, unsigned rounds)
                                                     bareSheet.showFilled(owner);
                                                 }}};
     interleaved(contenders, rounds,
-                [owner](const Contender& contender, bool counts)
+                [owner, &contents](const Contender& contender, bool counts)
                 {
                     Clock::time_point opened;
                     Clock::time_point switched;
@@ -85,6 +97,7 @@ void timeEditor(const Subject& subject, unsigned rounds)
                                   showTab(sheet, 1);
                                   paint(sheet);
                                   switched = Clock::now();
+                                  sameContents(contents, textsOfTree(sheet));
                               });
                     if (!counts)
                         return;
