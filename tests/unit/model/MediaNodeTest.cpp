@@ -133,31 +133,36 @@ TEST(MediaNode, aFreshNodeHasTheDefaultsAndNoUnsetKeys)
     EXPECT_EQ(node.m_size.m_dm_scale, 100);
     EXPECT_TRUE(node.m_size.m_media_description.m_dimensional);
 
-    Lines keys;
-    for (const auto& line : written(node))
-        keys.push_back(line.substr(0, line.find('=')));
-    EXPECT_EQ(keys, (Lines{"selection_method",
-                           "type",
-                           "dm_orientation",
-                           "actual_printable_bounds_llx",
-                           "actual_printable_bounds_lly",
-                           "actual_printable_bounds_urx",
-                           "actual_printable_bounds_ury",
-                           "number_of_copies",
-                           "size{",
-                           " name",
-                           " group",
-                           " landscape_mode",
-                           " media_description{",
-                           "  printable_bounds_llx",
-                           "  printable_bounds_lly",
-                           "  printable_bounds_urx",
-                           "  printable_bounds_ury",
-                           "  printable_area",
-                           "  dimensional",
-                           "  media_bounds{",
-                           "   urx",
-                           "   ury"}));
+    EXPECT_EQ(written(node), (Lines{"selection_method=num 2",
+                                    "type=str ",
+                                    "dm_orientation=num 1",
+                                    "actual_printable_bounds_llx=num 0.0",
+                                    "actual_printable_bounds_lly=num 0.0",
+                                    "actual_printable_bounds_urx=num 0.0",
+                                    "actual_printable_bounds_ury=num 0.0",
+                                    "number_of_copies=num 1",
+                                    "size{",
+                                    " name=str ",
+                                    " group=num 0",
+                                    " landscape_mode=false",
+                                    " media_description{",
+                                    "  printable_bounds_llx=num 0.0",
+                                    "  printable_bounds_lly=num 0.0",
+                                    "  printable_bounds_urx=num 0.0",
+                                    "  printable_bounds_ury=num 0.0",
+                                    "  printable_area=num 0.0",
+                                    "  dimensional=true",
+                                    "  media_bounds{",
+                                    "   urx=num 0.0",
+                                    "   ury=num 0.0"}));
+}
+
+TEST(MediaNode, aFreshDestinationIsNamelessAndDoesNotCollate)
+{
+    const GmDestinationNode node;
+    EXPECT_TRUE(node.m_name.isEmpty());
+    EXPECT_EQ(node.m_collating_type, 0);
+    EXPECT_TRUE(node.m_collating_name.isEmpty());
 }
 
 TEST(MediaNode, readsEveryKeyIntoItsField)
