@@ -12,13 +12,15 @@
 namespace pia
 {
 // Reads a whole file, at most as large as a configuration may be. Folders, devices and pipes are refused without
-// waiting for them.
+// waiting for them; a file that another program has for itself is tried again for two seconds.
 const char* readFile(const OdChar* path, ByteBuffer& bytes);
 
 // Replaces the content of a file, or makes it, in one step: the bytes go into a temporary file beside it, are flushed
 // to the disk, and then take its place. On any failure the old file is intact and the temporary one is gone.
 //
-// A symbolic link is followed, a read-only file is refused, the file's permissions are kept where the platform lets
-// us. Temporary files that killed processes left in the folder are removed first; those of writers that live stay.
+// A symbolic link is followed, a read-only file is refused, and who may use the file stays: owner, group, mode, access
+// list, extended attributes. A file with other names (hard links), or with properties that cannot be given to a new
+// file, is rewritten in place while the new content is kept beside it. A file that another program has open is tried
+// again for two seconds. Old temporary files that no program holds are removed.
 const char* replaceFile(const OdChar* path, std::string_view bytes);
 } // namespace pia

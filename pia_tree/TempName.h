@@ -1,43 +1,48 @@
 #pragma once
 
-#include <atomic>
+#include <array>
 #include <charconv>
 #include <cstdint>
-#include <optional>
+#include <random>
 #include <string>
 #include <string_view>
 
-// Names of the temporary files that a write makes: "~gm", the process, "_", a running number, ".tmp". Short, so that it
-// fits wherever the target's name does, and never taken for a configuration, which ends in ".pc3".
+// Names of the temporary files that a write makes: "~gm", 16 hexadecimal digits at random, ".tmp". Short, so that it
+// fits wherever the target's name does, and never taken for a configuration, which ends in ".pc3". Writers in other
+// containers and Wine prefixes, and on other machines, use the same folder, so nothing in the name says whose it is.
 namespace pia
 {
 constexpr std::string_view tempNameStart = "~gm";
 constexpr std::string_view tempNameEnd = ".tmp";
+constexpr std::size_t tempNameDigits = 16;
+
+// How old a temporary file has to be before it can be one that a killed process left behind. By the clock of the file
+// system, which need not be ours.
+constexpr std::uint64_t staleSeconds = 3600;
 
 // Another name with each call.
-inline std::string nextTempName(std::uint32_t process)
+inline std::string newTempName()
 {
-    static std::atomic<std::uint32_t> count{0};
-    return std::string(tempNameStart) + std::to_string(process) + '_' + std::to_string(count++) +
-           std::string(tempNameEnd);
+    std::random_device random;
+    const std::uint64_t number = (std::uint64_t{random()} << 32) | random();
+    std::array<char, tempNameDigits> digits;
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number, 16).ptr;
+    const auto count = static_cast<std::size_t>(end - digits.data());
+    return std::string(tempNameStart)
+        .append(tempNameDigits - count, '0')
+        .append(digits.data(), count)
+        .append(tempNameEnd);
 }
 
-// The process that made such a file; nothing for any other name. No process has the number 0.
-inline std::optional<std::uint32_t> processOfTempName(std::string_view name) noexcept
+inline bool isTempName(std::string_view name) noexcept
 {
-    if (!name.starts_with(tempNameStart) || !name.ends_with(tempNameEnd))
-        return std::nullopt;
-    const char* at = name.data() + tempNameStart.size();
-    const char* last = name.data() + name.size() - tempNameEnd.size();
-
-    std::uint32_t process = 0;
-    std::uint32_t number = 0;
-    const auto middle = std::from_chars(at, last, process);
-    if (middle.ec != std::errc() || middle.ptr == last || *middle.ptr != '_')
-        return std::nullopt;
-    const auto end = std::from_chars(middle.ptr + 1, last, number);
-    if (end.ec != std::errc() || end.ptr != last || process == 0)
-        return std::nullopt;
-    return process;
+    if (name.size() != tempNameStart.size() + tempNameDigits + tempNameEnd.size() || !name.starts_with(tempNameStart) ||
+        !name.ends_with(tempNameEnd))
+        return false;
+    const std::string_view digits = name.substr(tempNameStart.size(), tempNameDigits);
+    return digits.find_first_not_of("0123456789abcdef") == digits.npos;
 }
+
+// Where a file is rewritten in place, the new content is kept under this name beside it until that is done.
+constexpr std::string_view spareNameEnd = ".new";
 } // namespace pia

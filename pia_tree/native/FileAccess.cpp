@@ -1,7 +1,11 @@
 #include "pia_tree/FileAccess.h"
 
 #include "kernel/OdText.h"
-#include "pia_tree/Limits.h"
+#include "pia_tree/Patience.h"
+#include "pia_tree/native/FileIo.h"
+#include "pia_tree/native/Lock.h"
+#include "pia_tree/native/Properties.h"
+#include "pia_tree/native/Rewrite.h"
 #include "pia_tree/native/TempFile.h"
 
 #include <fcntl.h>
@@ -16,30 +20,6 @@ namespace pia
 {
 namespace
 {
-const char* reasonOf(int error, const char* otherwise) noexcept
-{
-    switch (error)
-    {
-    case ENOENT:
-    case ENOTDIR:
-        return "the file or its folder does not exist";
-    case EACCES:
-    case EPERM:
-    case EROFS:
-        return "the file or its folder is protected";
-    case ENAMETOOLONG:
-        return "the name of the file is too long";
-    case ELOOP:
-        return "the links to the file never end";
-    case ENOSPC:
-    case EDQUOT:
-    case EFBIG:
-        return "there is not enough room on the disk";
-    default:
-        return otherwise;
-    }
-}
-
 // False for a name that no file here can have; it would be taken for another one.
 bool toNative(const OdChar* path, std::string& native)
 {
@@ -69,28 +49,6 @@ const char* followLinks(std::string& path)
     }
     return reasonOf(ELOOP, nullptr);
 }
-
-bool writeAll(int file, std::string_view bytes) noexcept
-{
-    while (!bytes.empty())
-    {
-        const ssize_t written = ::write(file, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR)
-            continue;
-        if (written <= 0)
-            return false;
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
-}
-
-// Owner and group need rights that we mostly lack; the mode comes last because they may change it.
-bool copyPermissions(int file, const struct stat& target) noexcept
-{
-    if (::fchown(file, target.st_uid, target.st_gid) != 0)
-        (void)!::fchown(file, static_cast<uid_t>(-1), target.st_gid);
-    return ::fchmod(file, target.st_mode & 07777) == 0;
-}
 } // namespace
 
 const char* readFile(const OdChar* path, ByteBuffer& bytes)
@@ -100,31 +58,14 @@ const char* readFile(const OdChar* path, ByteBuffer& bytes)
         return "no file has that name";
     // Without waiting: a pipe would keep us until somebody writes to it.
     const File file(::open(name.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-    struct stat status = {};
-    if (!file || ::fstat(file.get(), &status) != 0)
+    if (!file)
         return reasonOf(errno, "the file cannot be opened");
-    if (!S_ISREG(status.st_mode))
-        return "that is a folder or a device, not a file";
-    if (static_cast<std::uint64_t>(status.st_size) > maxFileBytes)
-        return "the file is too large";
-
-    // One byte more than there should be, to see the end of the file.
-    bytes = ByteBuffer(static_cast<std::size_t>(status.st_size) + 1);
-    for (;;)
-    {
-        const ssize_t got = ::read(file.get(), bytes.data() + bytes.size(), bytes.capacity() - bytes.size());
-        if (got < 0 && errno == EINTR)
-            continue;
-        if (got < 0)
-            return "the file cannot be read";
-        if (got == 0)
-            return nullptr;
-        bytes.setSize(bytes.size() + static_cast<std::size_t>(got));
-        if (bytes.size() > maxFileBytes)
-            return "the file is too large";
-        if (bytes.size() == bytes.capacity())
-            bytes.reserveMore(1); // it is growing while we read
-    }
+    // A writer that rewrites the file in place.
+    Patience patience;
+    while (lockFile(file.get(), F_RDLCK) == Lock::busy)
+        if (!patience.again())
+            return "another program is using the file";
+    return readAll(file.get(), bytes);
 }
 
 const char* replaceFile(const OdChar* path, std::string_view bytes)
@@ -153,12 +94,21 @@ const char* replaceFile(const OdChar* path, std::string_view bytes)
         ((status.st_mode & anyWrite) == 0 || ::faccessat(folder.get(), target.c_str(), W_OK, AT_EACCESS) != 0))
         return "the file is read-only";
 
-    removeStaleFiles(folder.get());
     TempFile temp(folder.get(), exists ? 0600 : 0666);
     if (!temp.file())
         return reasonOf(errno, cannotWrite);
-    if ((exists && !copyPermissions(temp.file().get(), status)) || !writeAll(temp.file().get(), bytes) ||
-        ::fsync(temp.file().get()) != 0 || !temp.file().close() || !temp.takePlaceOf(target.c_str()))
+    removeStaleFiles(folder.get(), temp.file().get());
+    if (!writeAll(temp.file().get(), bytes))
+        return reasonOf(errno, cannotWrite);
+    // A file with other names, or one that only its owner can make anew, is rewritten where it is. Asked after the
+    // bytes are written: until then only we may see them, and writing takes away some bits of the mode.
+    const bool replaced =
+        !exists || (status.st_nlink == 1 && takeOverProperties(temp.file().get(), name.c_str(), status));
+    if (::fsync(temp.file().get()) != 0 || !temp.file().close())
+        return reasonOf(errno, cannotWrite);
+    if (!replaced)
+        return rewriteInPlace(folder.get(), name, temp, bytes);
+    if (!temp.takePlaceOf(target.c_str()))
         return reasonOf(errno, cannotWrite);
     // The new file stands; that its name reaches the disk too is all that is left, and not every file system can say.
     (void)::fsync(folder.get());

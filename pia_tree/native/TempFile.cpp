@@ -1,48 +1,28 @@
 #include "pia_tree/native/TempFile.h"
 
 #include "pia_tree/TempName.h"
+#include "pia_tree/native/Lock.h"
 
 #include <dirent.h>
 #include <fcntl.h>
-#include <signal.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 
 #include <cerrno>
-#include <climits>
 #include <memory>
 
 namespace pia
 {
 namespace
 {
-bool isGone(std::uint32_t process) noexcept
+void removeIfStale(int folder, const char* name, time_t now) noexcept
 {
-    // What does not fit would name a whole group of processes.
-    if (process > INT_MAX)
-        return false;
-    return ::kill(static_cast<pid_t>(process), 0) != 0 && errno == ESRCH;
-}
-
-// Whether the name still leads to the open file.
-bool isNameOf(int folder, const char* name, int file) noexcept
-{
-    struct stat named = {};
-    struct stat opened = {};
-    return ::fstatat(folder, name, &named, AT_SYMLINK_NOFOLLOW) == 0 && ::fstat(file, &opened) == 0 &&
-           named.st_dev == opened.st_dev && named.st_ino == opened.st_ino;
-}
-
-// A writer that lives holds the lock, so whoever gets it may remove the file. Who is not let at the lock, or finds that
-// the file system has none, goes by the number of the process.
-void removeIfStale(int folder, const char* name, std::uint32_t process) noexcept
-{
-    const File file(::openat(folder, name, O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-    const bool locked = file && ::flock(file.get(), LOCK_EX | LOCK_NB) == 0;
-    if (!locked && file && errno == EWOULDBLOCK)
+    struct stat status = {};
+    if (::fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0 || !S_ISREG(status.st_mode) ||
+        now - status.st_mtime < static_cast<time_t>(staleSeconds))
         return;
-    // Behind a lock that was free the file may just have become somebody's target.
-    if (locked ? isNameOf(folder, name, file.get()) : isGone(process))
+    const File file(::openat(folder, name, O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    // Its name is random: it is this file's or nobody's.
+    if (file && lockFile(file.get(), F_WRLCK) == Lock::held)
         ::unlinkat(folder, name, 0);
 }
 } // namespace
@@ -56,31 +36,12 @@ TempFile::~TempFile()
 
 void TempFile::create(mode_t mode)
 {
-    for (;;)
-    {
-        m_name = nextTempName(static_cast<std::uint32_t>(::getpid()));
-        File file(::openat(m_folder, m_name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
-        // A name is taken when a killed process had our number.
-        if (!file && errno == EEXIST)
-            continue;
-        if (!file)
-        {
-            m_name.clear();
-            return;
-        }
-        // Between its making and its lock somebody may have taken it for one left behind. A file system without locks
-        // has nobody who could.
-        const bool taken = ::flock(file.get(), LOCK_EX | LOCK_NB) != 0
-                               ? errno == EWOULDBLOCK
-                               : !isNameOf(m_folder, m_name.c_str(), file.get());
-        if (taken)
-            continue;
-        m_lock = File(::fcntl(file.get(), F_DUPFD_CLOEXEC, 0));
-        if (!m_lock)
-            return; // the destructor removes it
-        m_file = std::move(file);
-        return;
-    }
+    m_name = newTempName();
+    m_file = File(::openat(m_folder, m_name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
+    if (m_file)
+        lockFile(m_file.get(), F_WRLCK);
+    else
+        m_name.clear();
 }
 
 bool TempFile::takePlaceOf(const char* target) noexcept
@@ -91,10 +52,20 @@ bool TempFile::takePlaceOf(const char* target) noexcept
     return true;
 }
 
-void removeStaleFiles(int folder) noexcept
+bool TempFile::takeFreeName(const char* name) noexcept
 {
+    if (::linkat(m_folder, m_name.c_str(), m_folder, name, 0) != 0)
+        return false;
+    ::unlinkat(m_folder, m_name.c_str(), 0);
+    m_name.clear();
+    return true;
+}
+
+void removeStaleFiles(int folder, int justMade) noexcept
+{
+    struct stat status = {};
     const auto closeDir = [](DIR* dir) { ::closedir(dir); };
-    const int copy = ::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const int copy = ::fstat(justMade, &status) == 0 ? ::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC) : -1;
     if (copy < 0)
         return;
     const std::unique_ptr<DIR, decltype(closeDir)> entries(::fdopendir(copy));
@@ -104,7 +75,7 @@ void removeStaleFiles(int folder) noexcept
         return;
     }
     while (const dirent* entry = ::readdir(entries.get()))
-        if (const auto process = processOfTempName(entry->d_name))
-            removeIfStale(folder, entry->d_name, *process);
+        if (isTempName(entry->d_name))
+            removeIfStale(folder, entry->d_name, status.st_mtime);
 }
 } // namespace pia

@@ -8,8 +8,8 @@
 
 namespace pia
 {
-// A new file beside its target, removed again unless it took the target's place. It is locked as long as it is ours:
-// that, and not the number of its process, which another one may have by now, tells it from a file left behind.
+// A new file beside its target, removed again unless it got another name. It is locked as long as it is written, which
+// tells it from a file left behind.
 class TempFile
 {
 public:
@@ -19,10 +19,14 @@ public:
     TempFile& operator=(const TempFile&) = delete;
     ~TempFile();
 
-    // May be closed before the file takes the target's place.
+    // To be closed before the file gets its name: some file systems notice only then that bytes did not arrive.
     File& file() noexcept { return m_file; }
 
+    // In one step, in the place of a file that has the name.
     bool takePlaceOf(const char* target) noexcept;
+
+    // Never in the place of another file: then errno is EEXIST.
+    bool takeFreeName(const char* name) noexcept;
 
 private:
     void create(mode_t mode);
@@ -30,9 +34,9 @@ private:
     int m_folder;
     std::string m_name; // empty when there is nothing to remove
     File m_file;
-    File m_lock; // the same open file, so that its lock outlives m_file
 };
 
-// Removes the temporary files of writers that are no more. What cannot be removed stays.
-void removeStaleFiles(int folder) noexcept;
+// Removes the temporary files of writers that are no more: those that are old beside a file just made in that folder
+// and that nobody has locked. What cannot be removed stays, and so does everything where there are no locks.
+void removeStaleFiles(int folder, int justMade) noexcept;
 } // namespace pia

@@ -11,8 +11,12 @@ class File
 {
 public:
     explicit File(HANDLE handle = INVALID_HANDLE_VALUE) noexcept : m_handle(handle) {}
-    File(const File&) = delete;
-    File& operator=(const File&) = delete;
+    File(File&& other) noexcept : m_handle(std::exchange(other.m_handle, INVALID_HANDLE_VALUE)) {}
+    File& operator=(File&& other) noexcept
+    {
+        std::swap(m_handle, other.m_handle);
+        return *this;
+    }
     ~File() { close(); }
 
     explicit operator bool() const noexcept { return m_handle != INVALID_HANDLE_VALUE; }

@@ -1,7 +1,10 @@
 #include "pia_tree/windows/TempFile.h"
 
+#include "pia_tree/Patience.h"
 #include "pia_tree/TempName.h"
+#include "pia_tree/windows/WineTools.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <memory>
@@ -16,9 +19,12 @@ constexpr auto fileRenameInfoEx = static_cast<FILE_INFO_BY_HANDLE_CLASS>(22);
 constexpr DWORD renameReplaces = 1;
 constexpr DWORD renameWhileOpen = 2;
 
-// Gives an open file another name, in one step also when a file of that name is there.
-bool rename(const File& file, const std::wstring& name)
+// Gives a file another name, in one step also when a file of that name is there.
+bool rename(const std::wstring& path, const std::wstring& name)
 {
+    const File file(openShared(path, DELETE));
+    if (!file)
+        return false;
     const std::size_t nameBytes = name.size() * sizeof(wchar_t);
     // In units that align the structure; all zero, with room for a terminator that is not counted.
     std::vector<std::uint64_t> block((sizeof(FILE_RENAME_INFO) + nameBytes) / sizeof(std::uint64_t) + 1);
@@ -38,12 +44,6 @@ bool rename(const File& file, const std::wstring& name)
     return ::SetFileInformationByHandle(file.get(), FileRenameInfo, information, size);
 }
 
-HANDLE openShared(const std::wstring& path, DWORD access) noexcept
-{
-    return ::CreateFileW(path.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                         OPEN_EXISTING, 0, nullptr);
-}
-
 // The list of who may do what; empty when it cannot be had.
 std::vector<unsigned char> accessListOf(const File& file)
 {
@@ -55,69 +55,79 @@ std::vector<unsigned char> accessListOf(const File& file)
     return list;
 }
 
-bool isMissing(const wchar_t* path) noexcept
+bool isMissing(const std::wstring& path) noexcept
 {
     const DWORD before = ::GetLastError();
     const bool missing =
-        ::GetFileAttributesW(path) == INVALID_FILE_ATTRIBUTES && ::GetLastError() == ERROR_FILE_NOT_FOUND;
+        ::GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES && ::GetLastError() == ERROR_FILE_NOT_FOUND;
     ::SetLastError(before);
     return missing;
 }
 
-// Whether the process that wrote a file at that time is no more: its number is nobody's, or that of a younger process.
-bool isGone(DWORD process, const FILETIME& written) noexcept
+// Far behind the end of any content, so that it is in nobody's way.
+bool lock(const File& file) noexcept
 {
-    const HANDLE handle = ::OpenProcess(SYNCHRONIZE | PROCESS_QUERY_LIMITED_INFORMATION, FALSE, process);
-    if (!handle)
-        return ::GetLastError() == ERROR_INVALID_PARAMETER;
-    // Somebody may still hold a handle of a process that has ended.
-    bool gone = ::WaitForSingleObject(handle, 0) == WAIT_OBJECT_0;
-    FILETIME started = {};
-    FILETIME unused = {};
-    if (!gone && ::GetProcessTimes(handle, &started, &unused, &unused, &unused))
-        gone = ::CompareFileTime(&written, &started) < 0;
-    ::CloseHandle(handle);
-    return gone;
+    OVERLAPPED at = {};
+    at.OffsetHigh = 1 << 30;
+    return ::LockFileEx(file.get(), LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &at);
 }
 
-// A file that is being written cannot be opened for ourselves alone. The process is asked for as well because of the
-// moment in which a file is closed that takes an open target's place.
-void removeIfStale(const std::wstring& folder, const WIN32_FIND_DATAW& entry)
+std::uint64_t secondsOf(const FILETIME& time) noexcept
 {
-    char name[MAX_PATH] = {};
-    for (std::size_t i = 0; i + 1 < MAX_PATH && entry.cFileName[i]; ++i)
-        name[i] = entry.cFileName[i] < 0x80 ? static_cast<char>(entry.cFileName[i]) : '?';
-    const auto process = processOfTempName(name);
-    if (!process || !isGone(*process, entry.ftLastWriteTime))
+    constexpr std::uint64_t unitsPerSecond = 10'000'000;
+    return ((std::uint64_t{time.dwHighDateTime} << 32) | time.dwLowDateTime) / unitsPerSecond;
+}
+
+void removeIfStale(const std::wstring& folder, const WIN32_FIND_DATAW& entry, std::uint64_t now)
+{
+    const std::wstring_view name(entry.cFileName);
+    const bool ascii = std::all_of(name.begin(), name.end(), [](wchar_t c) { return c < 0x80; });
+    if (!ascii || !isTempName(std::string(name.begin(), name.end())) ||
+        secondsOf(entry.ftLastWriteTime) + staleSeconds > now)
         return;
-    const File removed(::CreateFileW((folder + entry.cFileName).c_str(), DELETE, 0, nullptr, OPEN_EXISTING,
-                                     FILE_FLAG_DELETE_ON_CLOSE | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+    // Not shared: who writes it has it open.
+    File file(::CreateFileW((folder + entry.cFileName).c_str(), GENERIC_WRITE | DELETE, 0, nullptr, OPEN_EXISTING,
+                            FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+    if (!file || !lock(file))
+        return;
+    file.close();
+    ::DeleteFileW((folder + entry.cFileName).c_str());
+}
+
+std::wstring newTempPath(const std::wstring& folder)
+{
+    const std::string name = newTempName();
+    return folder + std::wstring(name.begin(), name.end());
+}
+
+HANDLE openAlone(const std::wstring& path, DWORD how) noexcept
+{
+    return ::CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, how, FILE_ATTRIBUTE_NORMAL, nullptr);
 }
 } // namespace
 
+TempFile::TempFile(const Target& target) : m_path(newTempPath(target.folder()))
+{
+    m_private = target.exists && wine::hasTools() && wine::makePrivate(m_path);
+    m_file = File(openAlone(m_path, m_private ? OPEN_EXISTING : CREATE_NEW));
+    if (!m_file)
+    {
+        if (!m_private)
+            m_path.clear();
+        return;
+    }
+    lock(m_file);
+    if (target.exists && !m_private)
+        takeOverProperties(target.path);
+}
+
 TempFile::~TempFile()
 {
+    const DWORD error = ::GetLastError();
     m_file.close();
     if (!m_path.empty())
         ::DeleteFileW(m_path.c_str());
-}
-
-HANDLE TempFile::create(const std::wstring& folder, std::wstring& path)
-{
-    for (;;)
-    {
-        const std::string name = nextTempName(::GetCurrentProcessId());
-        path = folder;
-        path.append(name.begin(), name.end());
-        const HANDLE file =
-            ::CreateFileW(path.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
-        // A name is taken when a killed process had our number.
-        if (file == INVALID_HANDLE_VALUE && ::GetLastError() == ERROR_FILE_EXISTS)
-            continue;
-        if (file == INVALID_HANDLE_VALUE)
-            path.clear();
-        return file;
-    }
+    ::SetLastError(error);
 }
 
 void TempFile::takeOverProperties(const std::wstring& target)
@@ -126,7 +136,7 @@ void TempFile::takeOverProperties(const std::wstring& target)
     if (!file)
         return;
     // Opened for that alone: a share may let us write files but not say who may use them. A list that is the same
-    // already is left alone: Wine makes a mode of it and would add rights that nobody gave.
+    // already is left alone.
     const File guarded(openShared(m_path, READ_CONTROL | WRITE_DAC));
     std::vector<unsigned char> list = accessListOf(file);
     if (guarded && !list.empty() && list != accessListOf(guarded))
@@ -144,37 +154,64 @@ void TempFile::takeOverProperties(const std::wstring& target)
     ::SetFileInformationByHandle(m_file.get(), FileBasicInfo, &basic, sizeof basic);
 }
 
-bool TempFile::takePlaceOf(const std::wstring& target, bool targetExists)
+bool TempFile::takeOverRights(const Target& target)
 {
-    if (rename(m_file, target))
+    return !m_private || wine::giveRights(m_path, target.path);
+}
+
+const char* TempFile::takePlaceOf(const Target& target)
+{
+    Patience patience;
+    do
     {
-        m_path.clear();
-        // That the name reaches the disk too is all that is left, and not every file system can say.
-        ::FlushFileBuffers(m_file.get());
-        m_file.close();
-        return true;
-    }
+        if (rename(m_path, target.path) || (target.exists && exchangeOpen(target)))
+        {
+            m_path.clear();
+            return nullptr;
+        }
+        if (m_path.empty())
+            break; // the only copy, which must stay
+    } while ((isBusy(::GetLastError()) || ::GetLastError() == ERROR_ACCESS_DENIED) && patience.again());
+    // That we may replace the target was found out before, so this is about who has it open.
     const DWORD error = ::GetLastError();
-    m_file.close();
-    ::SetLastError(error);
-    return targetExists && exchangeClosed(target.c_str());
+    return reasonOf(target.exists && error == ERROR_ACCESS_DENIED ? ERROR_SHARING_VIOLATION : error,
+                    "the file cannot be written");
 }
 
-// For a target that others have open, where the system does not replace such a file in one step: this goes through a
-// moment in which there is no target.
-bool TempFile::exchangeClosed(const wchar_t* target) noexcept
+// For a target that others have open, where the system does not replace such a file by a rename.
+bool TempFile::exchangeOpen(const Target& target)
 {
-    bool done = ::ReplaceFileW(target, m_path.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr);
-    const bool onlyCopy = !done && isMissing(target);
-    if (onlyCopy)
-        done = ::MoveFileExW(m_path.c_str(), target, MOVEFILE_WRITE_THROUGH);
-    if (done || onlyCopy)
-        m_path.clear();
-    return done;
+    if (wine::hasTools())
+    {
+        const DWORD error = ::GetLastError();
+        const bool done = wine::rename(m_path, target.path);
+        ::SetLastError(error);
+        return done;
+    }
+    // This goes through a moment in which there is no target.
+    if (::ReplaceFileW(target.path.c_str(), m_path.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr))
+        return true;
+    if (!isMissing(target.path))
+        return false;
+    if (::MoveFileExW(m_path.c_str(), target.path.c_str(), MOVEFILE_WRITE_THROUGH))
+        return true;
+    m_path.clear();
+    return false;
 }
 
-void removeStaleFiles(const std::wstring& folder)
+bool TempFile::takeFreeName(const std::wstring& path) noexcept
 {
+    if (!::MoveFileExW(m_path.c_str(), path.c_str(), MOVEFILE_WRITE_THROUGH))
+        return false;
+    m_path.clear();
+    return true;
+}
+
+void removeStaleFiles(const std::wstring& folder, const File& justMade)
+{
+    FILETIME now = {};
+    if (!::GetFileTime(justMade.get(), nullptr, nullptr, &now))
+        return;
     const std::wstring pattern = folder + std::wstring(tempNameStart.begin(), tempNameStart.end()) + L'*' +
                                  std::wstring(tempNameEnd.begin(), tempNameEnd.end());
     WIN32_FIND_DATAW entry = {};
@@ -183,7 +220,7 @@ void removeStaleFiles(const std::wstring& folder)
     if (search.get() == INVALID_HANDLE_VALUE)
         return;
     do
-        removeIfStale(folder, entry);
+        removeIfStale(folder, entry, secondsOf(now));
     while (::FindNextFileW(search.get(), &entry));
 }
 } // namespace pia

@@ -175,18 +175,20 @@ TEST_F(FileAccess, anEmptyFileIsNoConfiguration)
     EXPECT_EQ(refusalToRead(name), "the file is no plotter configuration");
 }
 
-TEST_F(FileAccess, whatAKilledProcessLeftIsRemovedByTheNextWrite)
+TEST_F(FileAccess, whatAKilledProcessLeftIsRemovedWhenItIsOld)
 {
-    // No system gives out such a process number.
-    putContent(m_folder.at("~gm2147483632_0.tmp"), "half a fi");
-    putContent(m_folder.at("~gm2147483632_17.tmp"), "");
-    // Names that are nobody's stay.
-    putContent(m_folder.at("~gm0_1.tmp"), "mine");
-    putContent(m_folder.at("~gm2147483632.tmp"), "mine");
-    putContent(m_folder.at("~gm2147483632_0.pc3"), "mine");
+    putOldContent(m_folder.at("~gm0123456789abcdef.tmp"), "half a fi");
+    putOldContent(m_folder.at("~gmfedcba9876543210.tmp"), "");
+    // Its writer may be in another container, or on another machine.
+    putContent(m_folder.at("~gm00000000000000aa.tmp"), "being written");
+    // Not ours, however old.
+    putOldContent(m_folder.at("~gm2147483632_0.tmp"), "another program's");
+    putOldContent(m_folder.at("~gm0123456789abcdef.pc3"), "another program's");
+    putOldContent(m_folder.at("A3.pc3.new"), "the only copy");
 
     EXPECT_TRUE(write(m_folder.at("A4.pc3"), 1));
-    EXPECT_EQ(namesIn(m_folder.path()), (Names{"A4.pc3", "~gm0_1.tmp", "~gm2147483632.tmp", "~gm2147483632_0.pc3"}));
+    EXPECT_EQ(namesIn(m_folder.path()), (Names{"A3.pc3.new", "A4.pc3", "~gm00000000000000aa.tmp",
+                                               "~gm0123456789abcdef.pc3", "~gm2147483632_0.tmp"}));
 }
 
 TEST_F(FileAccess, aFailedReadLeavesNoFileBehind)

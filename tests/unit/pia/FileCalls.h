@@ -7,13 +7,16 @@
 enum class FileCall
 {
     openat,
-    flock,
-    fcntl,
+    lock,
+    fchown,
+    fsetxattr,
     fchmod,
     write,
+    ftruncate,
     fsync,
     close,
     renameat,
+    linkat,
     unlinkat
 };
 
@@ -23,6 +26,10 @@ struct FileCalls
     int failure = 0;       // with this error
     int made = 0;          // so far
     bool inPieces = false; // write takes two bytes at a time, as a disk may do it
+    int waits = 0;         // how often the file layer waited; time goes on by what it waited, and by nothing else
+
+    // Run in place of each wait.
+    std::function<void()> onWait;
 
     // Run before (after) each call; none runs in the calls that it makes itself.
     std::function<void(FileCall)> before;

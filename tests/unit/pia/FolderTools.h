@@ -3,6 +3,7 @@
 #include "kernel/OdString.h"
 
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -25,6 +26,14 @@ inline std::string contentOf(const OdString& name)
 inline void putContent(const OdString& name, std::string_view content)
 {
     std::ofstream(pathOf(name), std::ios::binary) << content;
+}
+
+// A file that was last written two hours ago.
+inline void putOldContent(const OdString& name, std::string_view content)
+{
+    putContent(name, content);
+    std::filesystem::last_write_time(pathOf(name),
+                                     std::filesystem::file_time_type::clock::now() - std::chrono::hours(2));
 }
 
 // The names in a folder, sorted.

@@ -2,41 +2,31 @@
 
 #include <gtest/gtest.h>
 
-TEST(TempName, namesItsProcess)
+#include <set>
+
+TEST(TempName, isAnotherOneEachTime)
 {
-    const std::string first = pia::nextTempName(4321);
-    EXPECT_EQ(pia::processOfTempName(first), 4321U);
-    EXPECT_NE(pia::nextTempName(4321), first);
-    EXPECT_EQ(pia::processOfTempName(pia::nextTempName(0xFFFFFFFF)), 0xFFFFFFFFU);
+    std::set<std::string> names;
+    for (int i = 0; i < 1000; ++i)
+    {
+        const std::string name = pia::newTempName();
+        EXPECT_TRUE(pia::isTempName(name)) << name;
+        EXPECT_TRUE(names.insert(name).second) << name;
+    }
 }
 
-TEST(TempName, isNeverTakenForAConfiguration)
+TEST(TempName, isShortAndNeverTakenForAConfiguration)
 {
-    EXPECT_FALSE(pia::nextTempName(1).ends_with(".pc3"));
-    EXPECT_LT(pia::nextTempName(0xFFFFFFFF).size(), 32U);
+    EXPECT_EQ(pia::newTempName().size(), 23U);
+    EXPECT_FALSE(pia::newTempName().ends_with(".pc3"));
 }
 
-TEST(TempName, otherNamesAreNobodys)
+TEST(TempName, otherNamesAreNotTaken)
 {
-    for (const char* name : {"",
-                             "~gm.tmp",
-                             "~gm_.tmp",
-                             "~gm1.tmp",
-                             "~gm1_.tmp",
-                             "~gm_1.tmp",
-                             "~gm0_1.tmp",
-                             "~gm1_2.pc3",
-                             "gm1_2.tmp",
-                             "~gm1_2_3.tmp",
-                             "~gm-1_2.tmp",
-                             "~gm1_-2.tmp",
-                             "~gm 1_2.tmp",
-                             "~gm1x_2.tmp",
-                             "~gm1_2x.tmp",
-                             "~gm99999999999_1.tmp",
-                             "~gm1_2.tmp ",
-                             "~gm1_2.TMP",
-                             "A4.pc3",
-                             "~gm.tm"})
-        EXPECT_EQ(pia::processOfTempName(name), std::nullopt) << name;
+    EXPECT_TRUE(pia::isTempName("~gm0123456789abcdef.tmp"));
+    for (const char* name :
+         {"", "~gm.tmp", "~gm1_2.tmp", "~gm0123456789abcde.tmp", "~gm0123456789abcdef0.tmp", "~gm0123456789ABCDEF.tmp",
+          "~gm0123456789abcdeg.tmp", "~gm0123456789abcdef.pc3", "~gm0123456789abcdef.TMP", "gm00123456789abcdef.tmp",
+          "~gm0123456789abcdef.new", "~gm 123456789abcdef.tmp", "~gm0123456789abcdef.tmp ", "A4.pc3"})
+        EXPECT_FALSE(pia::isTempName(name)) << name;
 }

@@ -76,9 +76,9 @@ TEST_F(WinExchange, whateverFailsTheOldFileIsIntactAndNothingIsLeftBehind)
             break;
         }
     }
-    // The look at the target, twice, the temporary file, its bytes and their flush. What is taken over of the target
-    // may fail, and a rename that fails has others behind it.
-    EXPECT_EQ(refused, 5);
+    // The look at the target, twice, the temporary file, its bytes, their flush and its close. What is taken over of
+    // the target may fail, and a rename that fails has others after it.
+    EXPECT_EQ(refused, 6);
 }
 
 TEST_F(WinExchange, whateverFailsANewFileIsWholeOrAbsent)
@@ -189,8 +189,72 @@ TEST_F(WinExchange, anExchangeThatFailsLeavesTheTargetAndItsReasonIsTold)
         return FALSE;
     };
     EXPECT_EQ(write(m_name), "another program is using the file");
+    // 1, 2, 4, 8, 16 and then 32 milliseconds each: two seconds.
+    EXPECT_EQ(calls.waits, 5 + 62);
     EXPECT_EQ(contentOf(m_name), "old");
     EXPECT_EQ(namesIn(m_folder.path()), Names{"A4.pc3"});
+}
+
+TEST_F(WinExchange, aWriterTriesAgainWhileAnotherProgramIsInTheWay)
+{
+    putContent(m_name, "old");
+    WinFileCalls calls;
+    calls.onSetInformation = [&](HANDLE file, FILE_INFO_BY_HANDLE_CLASS which, void* information, DWORD size)
+    {
+        return calls.waits < 3 ? refuseToRename(file, which, information, size)
+                               : ::SetFileInformationByHandle(file, which, information, size);
+    };
+    calls.onReplaceFile = [](const wchar_t*)
+    {
+        ::SetLastError(ERROR_ACCESS_DENIED);
+        return FALSE;
+    };
+    EXPECT_EQ(write(m_name), "was written");
+    EXPECT_EQ(calls.waits, 3);
+    EXPECT_EQ(contentOf(m_name), "brand new");
+    EXPECT_EQ(namesIn(m_folder.path()), Names{"A4.pc3"});
+}
+
+// Wine's ReplaceFileW leaves files behind, and goes through a moment in which there is no target.
+TEST_F(WinExchange, onWineNoOpenFileIsReplacedByReplaceFile)
+{
+    putContent(m_name, "old");
+    const HANDLE reader = openForAll();
+    WinFileCalls calls;
+    calls.wineTools = true;
+    calls.before = [](WinFileCalls::Call call)
+    {
+        EXPECT_NE(call, WinFileCalls::replaceFile);
+        EXPECT_NE(call, WinFileCalls::moveFile);
+    };
+    EXPECT_EQ(write(m_name), "was written");
+    EXPECT_EQ(calls.waits, 0);
+    ::CloseHandle(reader);
+    EXPECT_EQ(contentOf(m_name), "brand new");
+    EXPECT_EQ(namesIn(m_folder.path()), Names{"A4.pc3"});
+}
+
+// At the moment it has the target's name every program may open it, also one that shares nothing.
+TEST_F(WinExchange, theNewFileIsFreeWhenItHasTheName)
+{
+    putContent(m_name, "old");
+    int looked = 0;
+    for (const bool wineTools : {false, true})
+    {
+        WinFileCalls calls;
+        calls.wineTools = wineTools;
+        calls.after = [&](WinFileCalls::Call call)
+        {
+            if (call != WinFileCalls::closeHandle || contentOf(m_name) != "brand new")
+                return;
+            const HANDLE alone = ::CreateFileW(m_name.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+            EXPECT_NE(alone, INVALID_HANDLE_VALUE) << ::GetLastError();
+            ::CloseHandle(alone);
+            ++looked;
+        };
+        EXPECT_EQ(write(m_name), "was written");
+    }
+    EXPECT_GE(looked, 2);
 }
 
 // ReplaceFileW says so by an error of its own: the target has another name by then.

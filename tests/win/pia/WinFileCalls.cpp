@@ -2,6 +2,7 @@
 
 #include "tests/win/module/ImportPatch.h"
 
+#include <cstring>
 #include <memory>
 #include <vector>
 
@@ -94,6 +95,27 @@ BOOL WINAPI deleteFile(const wchar_t* path)
     return called(WinFileCalls::deleteFile, FALSE, [=] { return ::DeleteFileW(path); });
 }
 
+FARPROC WINAPI findFunction(HMODULE library, const char* name)
+{
+    const bool hidden = calls && !calls->wineTools && std::strcmp(name, "__wine_unix_spawnvp") == 0;
+    return hidden ? nullptr : ::GetProcAddress(library, name);
+}
+
+ULONGLONG clockOfWaits = 1'000'000;
+
+ULONGLONG WINAPI tickCount()
+{
+    return clockOfWaits;
+}
+
+void WINAPI waitFor(DWORD milliseconds)
+{
+    clockOfWaits += milliseconds;
+    ++calls->waits;
+    if (calls->onWait)
+        calls->onWait();
+}
+
 std::vector<std::unique_ptr<ImportPatch>>& patches()
 {
     static std::vector<std::unique_ptr<ImportPatch>> instance;
@@ -119,6 +141,9 @@ WinFileCalls::WinFileCalls()
     patch("ReplaceFileW", &::replaceFile);
     patch("MoveFileExW", &::moveFile);
     patch("DeleteFileW", &::deleteFile);
+    patch("GetProcAddress", &::findFunction);
+    patch("GetTickCount64", &::tickCount);
+    patch("Sleep", &::waitFor);
     calls = this;
 }
 

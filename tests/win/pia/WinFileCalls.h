@@ -38,4 +38,12 @@ public:
     // In place of the system's; null: the system's. SetFileInformationByHandle as the file layer calls it.
     std::function<BOOL(HANDLE, FILE_INFO_BY_HANDLE_CLASS, void*, DWORD)> onSetInformation;
     std::function<BOOL(const wchar_t* replaced)> onReplaceFile;
+
+    // Whether the file layer finds what Wine has beside Windows; without it, it does what it does on Windows.
+    bool wineTools = false;
+
+    // How often the file layer waited, and what runs in place of a wait. Time goes on by what it waited, and by nothing
+    // else.
+    int waits = 0;
+    std::function<void()> onWait;
 };

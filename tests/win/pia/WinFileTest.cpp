@@ -1,10 +1,10 @@
 // What only this platform's files can do: files that others hold open, pipes, devices, attributes, relative names.
 
 #include "pia_tree/FileAccess.h"
-#include "pia_tree/TempName.h"
 #include "processcounts/ProcessCounts.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/unit/pia/FolderTools.h"
+#include "tests/win/pia/WinFileCalls.h"
 
 #include <gtest/gtest.h>
 
@@ -40,7 +40,13 @@ TEST_F(WinFile, aFileThatAnotherProgramHoldsIsIntactAndNothingIsLeftBehind)
     putContent(name, "old");
     const HANDLE other = ::CreateFileW(name.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(other, INVALID_HANDLE_VALUE);
-    const std::string answer = refusal(name);
+    std::string answer;
+    {
+        WinFileCalls calls;
+        answer = refusal(name);
+        // 1, 2, 4, 8, 16 and then 32 milliseconds each: two seconds.
+        EXPECT_EQ(calls.waits, 5 + 62);
+    }
     ::CloseHandle(other);
 
     EXPECT_EQ(answer, "another program is using the file");
@@ -56,7 +62,11 @@ TEST_F(WinFile, aFileThatAnotherProgramHoldsForItselfIsNotRead)
     putContent(name, "old");
     const HANDLE other = ::CreateFileW(name.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(other, INVALID_HANDLE_VALUE);
-    EXPECT_EQ(refusalToRead(name), "another program is using the file");
+    {
+        WinFileCalls calls;
+        EXPECT_EQ(refusalToRead(name), "another program is using the file");
+        EXPECT_EQ(calls.waits, 5 + 62);
+    }
     ::CloseHandle(other);
     EXPECT_EQ(refusalToRead(name), "was read");
 }
@@ -144,37 +154,28 @@ TEST_F(WinFile, aNameThatTheSystemRefusesIsToldAndNothingIsMade)
     EXPECT_EQ(namesIn(m_folder.path()), Names{"a"});
 }
 
-TEST_F(WinFile, aTemporaryFileStaysUntilItsProcessIsGone)
+TEST_F(WinFile, aReaderTriesAgainWhileAnotherProgramIsInTheWay)
 {
-    STARTUPINFOW startup = {};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION child = {};
-    wchar_t self[MAX_PATH] = {};
-    ::GetModuleFileNameW(nullptr, self, MAX_PATH);
-    // It does not run before it is ended.
-    ASSERT_TRUE(
-        ::CreateProcessW(self, nullptr, nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr, nullptr, &startup, &child));
-    const std::string name = pia::nextTempName(child.dwProcessId);
-    putContent(m_folder.at(name), "being written");
-    EXPECT_EQ(refusal(m_folder.at("A4.pc3")), "was written");
-    EXPECT_EQ(namesIn(m_folder.path()), (Names{"A4.pc3", name}));
-
-    ::TerminateProcess(child.hProcess, 0);
-    ::WaitForSingleObject(child.hProcess, INFINITE);
-    // Our handle keeps the number in use, and still the process is gone.
-    EXPECT_EQ(refusal(m_folder.at("A4.pc3")), "was written");
-    EXPECT_EQ(namesIn(m_folder.path()), Names{"A4.pc3"});
-    ::CloseHandle(child.hThread);
-    ::CloseHandle(child.hProcess);
+    const OdString name = m_folder.at("A4.pc3");
+    putContent(name, "old");
+    HANDLE other = ::CreateFileW(name.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(other, INVALID_HANDLE_VALUE);
+    WinFileCalls calls;
+    calls.onWait = [&]
+    {
+        if (calls.waits == 3)
+            ::CloseHandle(other);
+    };
+    EXPECT_EQ(refusalToRead(name), "was read");
+    EXPECT_EQ(calls.waits, 3);
 }
 
-TEST_F(WinFile, ourOwnTemporaryFilesAreLeftAlone)
+TEST_F(WinFile, aMissingFileIsNotWaitedFor)
 {
-    // Another thread may be writing it.
-    const std::string name = pia::nextTempName(::GetCurrentProcessId());
-    putContent(m_folder.at(name), "being written");
-    EXPECT_EQ(refusal(m_folder.at("A4.pc3")), "was written");
-    EXPECT_EQ(namesIn(m_folder.path()), (Names{"A4.pc3", name}));
+    WinFileCalls calls;
+    EXPECT_EQ(refusalToRead(m_folder.at("missing.pc3")), "the file or its folder does not exist");
+    EXPECT_EQ(refusal(m_folder.at("missing") + OD_T("\\A4.pc3")), "the file or its folder does not exist");
+    EXPECT_EQ(calls.waits, 0);
 }
 
 TEST_F(WinFile, noHandleStaysOpen)

@@ -1,0 +1,137 @@
+// Files that must stay the file they are, because they have other names too, are rewritten in place.
+
+#include "pia_tree/FileAccess.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/unit/pia/FolderTools.h"
+#include "tests/win/pia/WinFileCalls.h"
+
+#include <gtest/gtest.h>
+
+#include <windows.h>
+
+namespace
+{
+using Names = std::vector<std::string>;
+
+class WinRewrite : public testing::Test
+{
+protected:
+    WinRewrite() { makeFile(); }
+
+    void makeFile(std::string_view content = "old content")
+    {
+        for (const std::string& name : namesIn(m_folder.path()))
+            std::filesystem::remove(pathOf(m_folder.at(name)));
+        putContent(m_name, content);
+        std::filesystem::create_hard_link(pathOf(m_name), pathOf(m_other));
+    }
+
+    std::string write(std::string_view bytes = "new") const
+    {
+        const char* reason = pia::replaceFile(m_name.c_str(), bytes);
+        return reason ? reason : "was written";
+    }
+
+    HANDLE openForReading() const
+    {
+        return ::CreateFileW(m_name.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                             nullptr, OPEN_EXISTING, 0, nullptr);
+    }
+
+    TemporaryFolder m_folder;
+    const OdString m_name = m_folder.at("A4.pc3");
+    const OdString m_other = m_folder.at("other-name");
+    const OdString m_spare = m_folder.at("A4.pc3.new");
+};
+} // namespace
+
+TEST_F(WinRewrite, aFileWithAnotherNameKeepsIt)
+{
+    for (const std::string bytes : {"new", "and longer than before", ""})
+    {
+        EXPECT_EQ(write(bytes), "was written");
+        EXPECT_EQ(contentOf(m_name), bytes);
+        EXPECT_EQ(contentOf(m_other), bytes);
+        EXPECT_EQ(namesIn(m_folder.path()), (Names{"A4.pc3", "other-name"}));
+    }
+}
+
+TEST_F(WinRewrite, whateverFailsTheOldContentIsThereAndNothingIsLeftBehind)
+{
+    int refused = 0;
+    for (int n = 1;; ++n)
+    {
+        makeFile();
+        bool done = false;
+        bool reached = false;
+        {
+            WinFileCalls calls;
+            calls.failAt = n;
+            done = write("brand new") == "was written";
+            reached = calls.made >= n;
+        }
+        refused += done ? 0 : 1;
+        EXPECT_EQ(contentOf(m_name), done ? "brand new" : "old content") << n;
+        EXPECT_EQ(contentOf(m_other), done ? "brand new" : "old content") << n;
+        const Names names = namesIn(m_folder.path());
+        // Only a copy that could not be removed may stay.
+        EXPECT_LE(names.size(), 3U) << n;
+        if (names.size() == 3U)
+        {
+            EXPECT_EQ(contentOf(m_folder.at(names[1])), "brand new") << names[1];
+            EXPECT_TRUE(done);
+        }
+        if (!reached)
+            break;
+    }
+    // The look at the target, twice, the temporary file, its bytes, their flush, its close; its other name; the file
+    // itself, its bytes, their flush.
+    EXPECT_EQ(refused, 2 + 1 + 1 + 1 + 1 + 1 + 1 + 1 + 1);
+}
+
+TEST_F(WinRewrite, whatCannotBePutBackStaysBesideTheFile)
+{
+    WinFileCalls calls;
+    int flushes = 0;
+    calls.before = [&](WinFileCalls::Call call)
+    {
+        // The first flush is of the copy.
+        if (call == WinFileCalls::flush && ++flushes >= 2)
+            calls.failAt = calls.made;
+    };
+    EXPECT_EQ(write("brand new"), "the file is damaged; its new content is in the file of the same name and \".new\"");
+    EXPECT_EQ(contentOf(m_spare), "brand new");
+}
+
+TEST_F(WinRewrite, aCopyOfASaveThatBrokeOffIsNotOverwritten)
+{
+    putContent(m_spare, "the only copy");
+    WinFileCalls calls;
+    EXPECT_EQ(write(), "a file with the same name and \".new\" is in the way");
+    EXPECT_EQ(calls.waits, 5 + 62);
+    EXPECT_EQ(contentOf(m_spare), "the only copy");
+    EXPECT_EQ(contentOf(m_name), "old content");
+    EXPECT_EQ(namesIn(m_folder.path()), (Names{"A4.pc3", "A4.pc3.new", "other-name"}));
+}
+
+TEST_F(WinRewrite, aWriterWaitsForReadersAndGivesUpAfterTwoSeconds)
+{
+    const HANDLE reader = openForReading();
+    ASSERT_NE(reader, INVALID_HANDLE_VALUE);
+    {
+        WinFileCalls calls;
+        EXPECT_EQ(write(), "another program is using the file");
+        EXPECT_EQ(calls.waits, 5 + 62);
+    }
+    EXPECT_EQ(contentOf(m_name), "old content");
+    EXPECT_EQ(namesIn(m_folder.path()), (Names{"A4.pc3", "other-name"}));
+
+    WinFileCalls calls;
+    calls.onWait = [&]
+    {
+        if (calls.waits == 1)
+            ::CloseHandle(reader);
+    };
+    EXPECT_EQ(write(), "was written");
+    EXPECT_EQ(contentOf(m_other), "new");
+}
