@@ -5,6 +5,8 @@
 //                                "done N" on standard output surround each write
 //   save_writer save N FILE...   writes each file once, with that number, and tells "saved" or why not
 //   save_writer check FOLDER     tells of each configuration in the folder "NAME N", or "NAME damaged"
+//   save_writer write FILE N M   writes the file M times, with the numbers N, N + 2, ..., and tells "M, 0 refused"
+//   save_writer read FILE STOP   reads the file until a file STOP exists, and tells "M, 0 refused"
 
 #include "GarmPC3Editor/GmPlotCfg3.h"
 #include "kernel/OdText.h"
@@ -15,6 +17,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -130,6 +133,62 @@ int check(const fs::path& folder)
     }
     return 0;
 }
+// What some of a number of calls answered instead of "".
+class Refusals
+{
+public:
+    void count(const std::string& answer)
+    {
+        ++m_calls;
+        if (!answer.empty())
+            ++m_refused[answer];
+    }
+
+    int tell() const
+    {
+        std::size_t all = 0;
+        for (const auto& [answer, times] : m_refused)
+            all += times;
+        std::printf("%zu, %zu refused\n", m_calls, all);
+        for (const auto& [answer, times] : m_refused)
+            std::printf("%zu: %s\n", times, answer.c_str());
+        return 0;
+    }
+
+private:
+    std::size_t m_calls = 0;
+    std::map<std::string, std::size_t> m_refused;
+};
+
+int writeAgain(const std::string& file, unsigned first, unsigned times)
+{
+    Refusals refusals;
+    for (unsigned i = 0; i < times; ++i)
+    {
+        const std::string answer = saveTree(first + 2 * i, textOf(file));
+        refusals.count(answer == "saved" ? "" : answer);
+    }
+    return refusals.tell();
+}
+
+int readUntil(const std::string& file, const fs::path& stop)
+{
+    Refusals refusals;
+    while (!fs::exists(stop))
+    {
+        CPIAParser parser;
+        std::int32_t number = 0;
+        OdString text;
+        if (!parser.read(textOf(file).c_str()))
+            refusals.count(parser.reason());
+        else if (!parser.root()->getInt(number, OD_T("number")) || !parser.root()->getStr(text, OD_T("filling")) ||
+                 text != filling(static_cast<unsigned>(number)))
+            refusals.count("torn");
+        else
+            refusals.count("");
+    }
+    return refusals.tell();
+}
 } // namespace
 
 int main(int count, char** values)
@@ -141,5 +200,10 @@ int main(int count, char** values)
         return saveEach(arguments);
     if (arguments.size() == 2 && arguments[0] == "check")
         return check(arguments[1]);
+    if (arguments.size() == 4 && arguments[0] == "write")
+        return writeAgain(arguments[1], static_cast<unsigned>(std::stoul(arguments[2])),
+                          static_cast<unsigned>(std::stoul(arguments[3])));
+    if (arguments.size() == 3 && arguments[0] == "read")
+        return readUntil(arguments[1], arguments[2]);
     return 2;
 }

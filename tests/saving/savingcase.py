@@ -14,6 +14,9 @@ from garmtools.places import ROOT
 KILLS = 40
 SEED = 1
 
+# A user who owns nothing.
+NOBODY = 65534
+
 
 class SavingCase(unittest.TestCase):
     def check_kills(self, outcome):

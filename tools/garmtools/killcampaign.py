@@ -1,8 +1,8 @@
 """Kills a program at random moments while it saves files, and looks at what is left.
 
 After each kill every file must be whole: with the content of the last save that was finished, or with that of the save
-the program was killed in. Then another program saves one file into the same folder, and nothing of the killed one may be
-left there.
+the program was killed in. Then what it left is made to look old, another program saves one file into the same folder, and
+nothing of the killed one may be left there.
 """
 
 import collections
@@ -17,7 +17,7 @@ from pathlib import Path
 
 from . import wineprefix
 from .places import BUILD, WINDOWS_BIN, windows_path
-from .processes import limited, run_to_end, steady_addresses, wait_until
+from .processes import as_user, limited, run_to_end, steady_addresses, wait_until
 
 NATIVE_WRITER = BUILD / "native-asan/bin/save_writer"
 WINDOWS_WRITER = WINDOWS_BIN / "save_writer.exe"
@@ -35,16 +35,25 @@ AFTER = "in a save, the new file in place"
 SECONDS = 0.06
 SECONDS_OF_TEMPORARY = 0.003
 
+# A temporary file of this time is none that is being written.
+OLD = 1_000_000_000
+
 
 class NativeWriter:
     """The writer as a program of this system, under the sanitizers."""
 
     name = "native"
+    env = None
+
+    def __init__(self, program=NATIVE_WRITER, user=None):
+        self._program = program
+        self._user = os.geteuid() if user is None else user
 
     def command(self, *arguments):
-        return [*steady_addresses(), str(NATIVE_WRITER), *map(str, arguments)]
+        return [*as_user(self._user), *steady_addresses(), str(self._program), *map(str, arguments)]
 
-    env = None
+    def settle(self):
+        """Waits for what a killed writer started."""
 
     @staticmethod
     def path(path):
@@ -56,16 +65,28 @@ class WineWriter:
 
     name = "windows"
 
-    def __init__(self, prefix):
+    def __init__(self, prefix, program=WINDOWS_WRITER):
         self._prefix = prefix
+        self._program = program
         self.env = prefix.env
 
     def command(self, *arguments):
-        return self._prefix.command([WINDOWS_WRITER, *arguments])
+        return self._prefix.command([self._program, *arguments])
+
+    def settle(self):
+        """Waits for what a killed writer started: a tool of this system, for what no Windows call can do."""
+        wait_until(lambda: not any(_is_shell(process) for process in wineprefix.programs(self._prefix.folder)), 20)
 
     @staticmethod
     def path(path):
         return windows_path(path)
+
+
+def _is_shell(process):
+    try:
+        return Path(f"/proc/{process}/cmdline").read_bytes().startswith(b"/bin/sh\0")
+    except OSError:
+        return False  # it has ended meanwhile
 
 
 @dataclass
@@ -175,6 +196,7 @@ def kill_once(writer, folder, first, before, moment, outcome):
         finally:
             child.send_signal(signal.SIGKILL)
             status = child.wait()
+            writer.settle()
     progress = read_progress(told.read_text(errors="replace").replace("\r\n", "\n"))
     if status != -signal.SIGKILL:
         outcome.problems.append(f"the writer ended by itself with status {status}: {progress.complaint}")
@@ -185,6 +207,8 @@ def kill_once(writer, folder, first, before, moment, outcome):
     if status != 0:
         problems.append(f"looking at the files ended with status {status}")
 
+    for name in temporary:
+        os.utime(folder / name, (OLD, OLD))
     status, text = _output(writer, folder, "save", "1", writer.path(folder / "next.pc3"))
     if (status, text) != (0, "saved\n"):
         problems.append(f"the next save ended with status {status}: {text}")

@@ -61,6 +61,11 @@ def steady_addresses():
     return words if probe.returncode == 0 else ()
 
 
+def as_user(user):
+    """The words before a command that is to run as the user of that number; only root may choose another one."""
+    return ["setpriv", f"--reuid={user}", f"--regid={user}", "--clear-groups"] if user != os.geteuid() else []
+
+
 def start_server(command, log, env=None):
     """Starts a foreground server in a session of its own, so that Ctrl-C reaches only us and we end it in order.
 

@@ -19,7 +19,8 @@ import tempfile
 from pathlib import Path
 
 from .places import BUILD
-from .processes import allowed_cpus, end_server, limited, run_to_end, say, start_server, steady_addresses, wait_until
+from .processes import (allowed_cpus, as_user, end_server, limited, run_to_end, say, start_server, steady_addresses,
+                        wait_until)
 
 WINE = "/usr/lib/wine/wine64"  # the wrapper "wine" prints a hint about a missing 32-bit half
 WINESERVER = "/usr/lib/wine/wineserver64"
@@ -69,10 +70,13 @@ def is_hiccup(text):
 class Prefix:
     """One prefix with its running wineserver. Made by clone(); ended by close()."""
 
-    def __init__(self, folder, cpu, cups):
+    def __init__(self, folder, cpu, cups, user=None):
         self.folder = Path(folder)
         self.cpu = cpu
         self.env = environment(folder, cups)
+        self._user = os.getuid() if user is None else user
+        if self._user != os.getuid():
+            self.env["HOME"] = str(folder)
         self._server = None
 
     def start(self):
@@ -119,7 +123,7 @@ class Prefix:
         mark = self.folder / "wineserver"
         if mark.exists():
             return Path(self.env.get("TMPDIR", "/tmp"), mark.read_text(), name)
-        return Path(f"/run/user/{os.getuid()}/wine", name)
+        return Path(f"/run/user/{self._user}/wine", name)
 
     def _forget_socket(self):
         """Wine leaves the folder behind; the next prefix at the same place on disk would trip over it."""
@@ -129,20 +133,23 @@ class Prefix:
             folder.parent.rmdir()
 
     def _pinned(self):
-        return ["taskset", "-c", str(self.cpu)]
+        return [*as_user(self._user), "taskset", "-c", str(self.cpu)]
 
 
 @contextlib.contextmanager
-def clone(cpu=None, cups=None, folder=None, dpi=None, display=None):
+def clone(cpu=None, cups=None, folder=None, dpi=None, display=None, user=None):
     """A fresh copy of the template with a running server, gone at the end. Start CUPS first: Wine takes over the list
     of queues when a program loads the spooler. dpi is the scale of its desktop, 96 unless given; display is an X display
-    on which its windows are to be seen."""
+    on which its windows are to be seen. user is the number of the user whose prefix it is, which root alone may choose:
+    its server and its programs run as that user."""
     template = make_template()
     target = Path(tempfile.mkdtemp(prefix="garm-wine-", dir=folder))
-    prefix = Prefix(target / "prefix", allowed_cpus()[-1] if cpu is None else cpu, cups)
+    prefix = Prefix(target / "prefix", allowed_cpus()[-1] if cpu is None else cpu, cups, user)
     try:
         if run_to_end(["cp", "-a", str(template), str(prefix.folder)]) != 0:
             raise RuntimeError(f"the Wine prefix template cannot be copied to {prefix.folder}")
+        if user is not None and run_to_end(["chown", "-hR", f"{user}:{user}", str(target)]) != 0:
+            raise RuntimeError(f"the Wine prefix {prefix.folder} cannot be given to user {user}")
         # A section that comes twice is merged when the registry is loaded.
         with open(prefix.folder / "user.reg", "a", encoding="utf-8") as registry:
             if dpi:
@@ -205,13 +212,20 @@ def _fill(folder):
         (folder / name).unlink(missing_ok=True)
 
 
-def _end_programs(folder):
-    """Ends what still runs in a prefix whose server is gone; such programs notice it themselves, but late."""
+def programs(folder):
+    """The processes of a prefix, also those that a Windows program started of this system."""
     mark = f"WINEPREFIX={folder}".encode()
     for environ in glob.glob("/proc/[0-9]*/environ"):
         with contextlib.suppress(OSError):
             if mark in Path(environ).read_bytes().split(b"\0"):
-                os.kill(int(environ.split("/")[2]), signal.SIGKILL)
+                yield int(environ.split("/")[2])
+
+
+def _end_programs(folder):
+    """Ends what still runs in a prefix whose server is gone; such programs notice it themselves, but late."""
+    for process in programs(folder):
+        with contextlib.suppress(OSError):
+            os.kill(process, signal.SIGKILL)
 
 
 def _text(file):
