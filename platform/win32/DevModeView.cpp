@@ -54,6 +54,9 @@ static_assert(wholeFields(77) == 76 && wholeFields(165) == 102 && wholeFields(16
 
 // Room that is always there behind a block, so that a driver which writes or reads too far stays in our memory.
 constexpr std::size_t spareBytes = 8192;
+
+// Both sizes of a block are 16-bit.
+constexpr std::size_t longestDevMode = 2 * std::size_t{0xFFFF};
 } // namespace
 
 DWORD devModeFlagsWithin(DWORD flags, std::size_t size) noexcept
@@ -91,7 +94,8 @@ DevModeView::DevModeView(std::span<const BYTE> bytes) noexcept
 DevModeBlock DevModeBlock::toFill(std::size_t size)
 {
     DevModeBlock block;
-    block.m_bytes.resize(2 * std::max(size, sizeof(DEVMODEW)) + spareBytes);
+    block.m_believed = 2 * std::max(size, sizeof(DEVMODEW)) + spareBytes;
+    block.m_bytes.resize(std::max(block.m_believed, longestDevMode));
     return block;
 }
 

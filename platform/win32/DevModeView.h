@@ -68,7 +68,9 @@ public:
     DevModeBlock() noexcept = default;
 
     // Zeroed bytes for a driver to fill that asked for size of them. Drivers write more than they ask for (8 bytes
-    // behind the block have been seen), and some read a whole DEVMODEW whatever dmSize says, so there is room to spare.
+    // behind the block have been seen), and some read a whole DEVMODEW whatever dmSize says, so there is room to spare:
+    // at least for the longest block there can be. A block that claims more than about twice what was asked for is
+    // invalid all the same.
     static DevModeBlock toFill(std::size_t size);
 
     // A copy of a block, aligned and with the same room behind it; none when the view is invalid.
@@ -86,8 +88,9 @@ public:
 
     // Reads the block as it is now. Invalid when there is none, when the driver wrote nothing, and when the block
     // claims more bytes than there are.
-    DevModeView view() const noexcept { return DevModeView(m_bytes); }
+    DevModeView view() const noexcept { return DevModeView(std::span(m_bytes).first(m_believed)); }
 
 private:
     std::vector<BYTE> m_bytes;
+    std::size_t m_believed = 0; // how long the block may say it is
 };

@@ -134,6 +134,10 @@ TEST_F(PrinterQueries, aDriverThatWritesMoreThanItAskedForStaysInOurMemory)
     EXPECT_TRUE(askDefault().view());
     printer.lies = {.sizeAnswer = 1};
     EXPECT_TRUE(askDefault().view());
+    // As far as the longest block there can be, both of whose sizes are 16-bit.
+    printer.lies.overrun = 2 * 65535 - 228;
+    EXPECT_TRUE(askDefault().view());
+    EXPECT_TRUE(merge(blockWith(8, 2)).block.view());
 }
 
 TEST_F(PrinterQueries, aBlockThatClaimsMoreThanTheBufferIsRefusedByItsView)
