@@ -31,7 +31,7 @@ std::size_t delivered(int answer, std::size_t announced)
 } // namespace
 
 GmPrinterInfo::GmPrinterInfo(const OdString& name, const DEVMODEW* devMode)
-    : m_printerName(name), m_printer(openPrinter(name.c_str())), m_devMode(devMode)
+    : m_printerName(name), m_devMode(devMode), m_printer(openPrinter(name.c_str()))
 {
 }
 

@@ -66,7 +66,7 @@ private:
     OdStringView slot(std::size_t index) const noexcept;
 
     OdString m_printerName;
-    PrinterHandle m_printer;
-    std::optional<PaperLists> m_papers; // none until they are loaded
     const DEVMODEW* m_devMode;
+    std::optional<PaperLists> m_papers; // none until they are loaded
+    PrinterHandle m_printer;            // closed first: the lists outlive it
 };

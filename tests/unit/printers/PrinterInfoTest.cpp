@@ -27,6 +27,22 @@ TEST_F(PrinterInfo, keepsThePrinterOpenForItsLife)
     EXPECT_EQ(room.openHandles(), 0);
 }
 
+// What a port monitor does while the printer is closed may still concern what was asked of it.
+TEST_F(PrinterInfo, theListsOutliveTheHandle)
+{
+    std::optional<GmPrinterInfo> info(std::in_place, OD_T("Plotter A"));
+    const OdStringView name = info->paperName(1);
+    int closed = 0;
+    room.onCall(Call::closePrinter, OD_T("Plotter A"),
+                [&](const room::CallRecord&)
+                {
+                    EXPECT_EQ(OdString(name), OD_T("A3"));
+                    ++closed;
+                });
+    info.reset();
+    EXPECT_EQ(closed, 1);
+}
+
 TEST_F(PrinterInfo, aPrinterThatCannotBeOpenedAnswersNothing)
 {
     GmPrinterInfo info(OD_T("nobody"));
