@@ -1,5 +1,6 @@
 #include "GarmPC3Editor/NodeTables.h"
 #include "kernel/OdAssert.h"
+#include "win32/Handles.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -95,8 +96,8 @@ bool GmMediaNode::setBounds(HDC dc)
 {
     if (!dc)
         return false;
-    const int dpiX = GetDeviceCaps(dc, LOGPIXELSX);
-    const int dpiY = GetDeviceCaps(dc, LOGPIXELSY);
+    const int dpiX = dotsPerInch(dc, LOGPIXELSX);
+    const int dpiY = dotsPerInch(dc, LOGPIXELSY);
     const int pixelOffsetX = GetDeviceCaps(dc, PHYSICALOFFSETX);
     const int pixelOffsetY = GetDeviceCaps(dc, PHYSICALOFFSETY);
     const int pixelWidth = GetDeviceCaps(dc, PHYSICALWIDTH);

@@ -1,6 +1,7 @@
 #include "GarmPC3Editor/DecimalText.h"
 #include "GarmPC3Editor/NodeTables.h"
 #include "GarmPC3Editor/WrappedNumber.h"
+#include "win32/Handles.h"
 
 #include <utility>
 
@@ -68,7 +69,7 @@ bool GmResolutionNode::set(const DEVMODEW& dm, HDC dc)
         changed |= phys != value || addr != value || effective != value;
         phys = addr = effective = value;
     };
-    const double x = quality ? GetDeviceCaps(dc, LOGPIXELSX) : dm.dmPrintQuality;
+    const double x = quality ? dotsPerInch(dc, LOGPIXELSX) : dm.dmPrintQuality;
     assign(x, m_phys_resolution_x, m_addr_resolution_x, m_effective_resolution_x);
     // For a quality name too, whatever the driver left there.
     assign(dm.dmYResolution, m_phys_resolution_y, m_addr_resolution_y, m_effective_resolution_y);

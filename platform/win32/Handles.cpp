@@ -1,5 +1,8 @@
 #include "win32/Handles.h"
 
+#include <algorithm>
+#include <string>
+
 PrinterHandle openPrinter(const WCHAR* name)
 {
     static constexpr WCHAR nameless[] = {0};
@@ -13,5 +16,13 @@ PrinterHandle openPrinter(const WCHAR* name)
 
 DeviceContext createDeviceContext(const WCHAR* driver, const WCHAR* printer, const DEVMODEW* devMode)
 {
-    return DeviceContext(::CreateDCW(driver, printer, nullptr, devMode));
+    // Copies, because drivers have been seen to write into what they are told to leave alone.
+    std::basic_string<WCHAR> driverText(driver);
+    std::basic_string<WCHAR> printerText(printer);
+    return DeviceContext(::CreateDCW(driverText.c_str(), printerText.c_str(), nullptr, devMode));
+}
+
+int dotsPerInch(HDC dc, int index)
+{
+    return std::max(::GetDeviceCaps(dc, index), 0);
 }

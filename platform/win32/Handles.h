@@ -56,6 +56,10 @@ using DeviceContext = UniqueHandle<HDC, &::DeleteDC>;
 // An open printer, or none. A null name is passed on as "": for null the system would open the print server instead.
 PrinterHandle openPrinter(const WCHAR* name);
 
-// The device context of a printer, or none. The texts are passed on as they are; devMode may be null, otherwise it is
+// The device context of a printer, or none. The driver gets copies of the texts; devMode may be null, otherwise it is
 // followed by its private bytes.
 DeviceContext createDeviceContext(const WCHAR* driver, const WCHAR* printer, const DEVMODEW* devMode);
+
+// LOGPIXELSX or LOGPIXELSY of a device context; 0 when it does not know it, which some drivers say with a negative
+// number.
+int dotsPerInch(HDC dc, int index);

@@ -101,6 +101,9 @@ struct Printer
 
     // Called for a merge instead of the usual one: block is the driver's default block, input the caller's.
     std::function<void(std::vector<BYTE>& block, const std::vector<BYTE>& input)> merge = {};
+    // CreateDCW writes into the texts it is given, as if they were its own.
+    bool scribbles = false;
+
     // A merge becomes the driver's default block, as under Wine; what GetPrinterW delivers stays. The block that
     // sticks.
     bool mergeSticks = false;
@@ -128,14 +131,18 @@ struct RecordLies
 struct CallRecord
 {
     Call call = {};
-    Text printer = {};              // "" when it concerns none or one that is gone; the name as given for an open
-    DWORD detail = 0;               // level, mode, capability, index, flags of an enumeration, message, string ID
-    DWORD level = 0;                // of an enumeration
-    bool fill = false;              // a buffer was given
-    bool null = false;              // OpenPrinterW without a name, DeviceCapabilitiesW without a port
-    Text text = {};                 // port of DeviceCapabilitiesW, driver of CreateDCW, text of a message box
-    std::vector<BYTE> devMode = {}; // the block given as input, as long as it claims to be; empty for none
-    HWND owner = nullptr;           // of DocumentPropertiesW
+    Text printer = {};     // "" when it concerns none or one that is gone; the name as given for an open
+    DWORD detail = 0;      // level, mode, capability, index, flags of an enumeration, message, string ID
+    DWORD level = 0;       // of an enumeration
+    bool fill = false;     // a buffer was given
+    bool null = false;     // OpenPrinterW without a name, DeviceCapabilitiesW without a port
+    bool defaults = false; // OpenPrinterW with defaults
+    // The server of EnumPrintersW, the environment of GetPrinterDriverW, the output of CreateDCW; none for null.
+    std::optional<Text> where = {};
+    std::optional<Text> device = {}; // the name given to DocumentPropertiesW
+    Text text = {};                  // port of DeviceCapabilitiesW, driver of CreateDCW, text of a message box
+    std::vector<BYTE> devMode = {};  // the block given as input, as long as it claims to be; empty for none
+    HWND owner = nullptr;            // of DocumentPropertiesW
 };
 
 struct PostedMessage

@@ -54,7 +54,7 @@ int deliverNames(const Printer& printer, WCHAR* output)
 }
 } // namespace
 
-extern "C" LONG WINAPI DocumentPropertiesW(HWND owner, HANDLE printer, LPWSTR, PDEVMODEW output, PDEVMODEW input,
+extern "C" LONG WINAPI DocumentPropertiesW(HWND owner, HANDLE printer, LPWSTR device, PDEVMODEW output, PDEVMODEW input,
                                            DWORD mode)
 {
     const bool merges = input && (mode & DM_IN_BUFFER);
@@ -63,6 +63,7 @@ extern "C" LONG WINAPI DocumentPropertiesW(HWND owner, HANDLE printer, LPWSTR, P
                        .printer = nameOf(printer),
                        .detail = mode,
                        .fill = output != nullptr,
+                       .device = textOf(device),
                        .devMode = in,
                        .owner = owner});
     State& s = state();

@@ -43,11 +43,12 @@ int capability(const DeviceCaps& caps, int index)
 }
 } // namespace
 
-extern "C" HDC WINAPI CreateDCW(LPCWSTR driver, LPCWSTR device, LPCWSTR, const DEVMODEW* devMode)
+extern "C" HDC WINAPI CreateDCW(LPCWSTR driver, LPCWSTR device, LPCWSTR output, const DEVMODEW* devMode)
 {
     const Visit visit({.call = Call::createDC,
                        .printer = device ? Text(device) : Text(),
                        .null = !driver,
+                       .where = textOf(output),
                        .text = driver ? Text(driver) : Text(),
                        .devMode = bytesOf(devMode)});
     State& s = state();
@@ -57,6 +58,10 @@ extern "C" HDC WINAPI CreateDCW(LPCWSTR driver, LPCWSTR device, LPCWSTR, const D
         ::SetLastError(ERROR_INVALID_PRINTER_NAME);
         return nullptr;
     }
+    if (found->scribbles)
+        for (const LPCWSTR text : {driver, device})
+            if (text && *text)
+                *const_cast<LPWSTR>(text) = '?';
     if (found->contextIs)
         return reinterpret_cast<HDC>(*found->contextIs);
     const HDC dc = reinterpret_cast<HDC>(s.newHandle());

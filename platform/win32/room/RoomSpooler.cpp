@@ -83,10 +83,10 @@ Text nameOf(HANDLE printer)
 }
 } // namespace
 
-extern "C" BOOL WINAPI OpenPrinterW(LPWSTR name, LPHANDLE printer, LPPRINTER_DEFAULTSW)
+extern "C" BOOL WINAPI OpenPrinterW(LPWSTR name, LPHANDLE printer, LPPRINTER_DEFAULTSW defaults)
 {
     const Text given = name ? Text(name) : Text();
-    const Visit visit({.call = Call::openPrinter, .printer = given, .null = !name});
+    const Visit visit({.call = Call::openPrinter, .printer = given, .null = !name, .defaults = defaults != nullptr});
     State& s = state();
     // Without a name the system opens the print server, which is a handle like any other.
     Printer* const found = name ? s.find(given) : nullptr;
@@ -140,10 +140,14 @@ extern "C" BOOL WINAPI GetPrinterW(HANDLE printer, DWORD level, LPBYTE buffer, D
     return image.deliver(buffer, size, needed);
 }
 
-extern "C" BOOL WINAPI GetPrinterDriverW(HANDLE printer, LPWSTR, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed)
+extern "C" BOOL WINAPI GetPrinterDriverW(HANDLE printer, LPWSTR environment, DWORD level, LPBYTE buffer, DWORD size,
+                                         LPDWORD needed)
 {
-    const Visit visit(
-        {.call = Call::getPrinterDriver, .printer = nameOf(printer), .detail = level, .fill = buffer != nullptr});
+    const Visit visit({.call = Call::getPrinterDriver,
+                       .printer = nameOf(printer),
+                       .detail = level,
+                       .fill = buffer != nullptr,
+                       .where = textOf(environment)});
     const Printer* const found = state().ofHandle(printer);
     if (visit.mustFail() || !found)
         return fail(ERROR_UNKNOWN_PRINTER_DRIVER);
@@ -155,10 +159,14 @@ extern "C" BOOL WINAPI GetPrinterDriverW(HANDLE printer, LPWSTR, DWORD level, LP
     return image.deliver(buffer, size, needed);
 }
 
-extern "C" BOOL WINAPI EnumPrintersW(DWORD flags, LPWSTR, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed,
+extern "C" BOOL WINAPI EnumPrintersW(DWORD flags, LPWSTR server, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed,
                                      LPDWORD returned)
 {
-    const Visit visit({.call = Call::enumPrinters, .detail = flags, .level = level, .fill = buffer != nullptr});
+    const Visit visit({.call = Call::enumPrinters,
+                       .detail = flags,
+                       .level = level,
+                       .fill = buffer != nullptr,
+                       .where = textOf(server)});
     State& s = state();
     if (visit.mustFail())
         return fail(ERROR_ACCESS_DENIED);

@@ -73,6 +73,12 @@ struct State
 
 State& state();
 
+// None for null.
+inline std::optional<Text> textOf(const WCHAR* text)
+{
+    return text ? std::optional(Text(text)) : std::nullopt;
+}
+
 // Takes the entry of a handle out of its map; false when there is none. Does not throw, so that a closing call has
 // always closed.
 template <class Handle, class Open>

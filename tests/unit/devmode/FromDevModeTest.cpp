@@ -237,6 +237,21 @@ TEST_F(FromDevMode, theModelIsNamedAlsoWhenThePortsCannotBeRead)
 // -- Papers ----------------------------------------------------------------------------------------------------------
 
 // Which papers there are may depend on the mode, a tray for example.
+// What came before a failing step stays: here the names, which are given before the paper is looked up.
+TEST_F(FromDevMode, theModelStaysNamedWhenThePaperFailsAfterwards)
+{
+    Block block = driversBlock();
+    block.fields.dmPaperSize = 77; // not listed
+    settled.m_io.m_plot_to_file = false;
+    EXPECT_FALSE(takeOver(settled, block, plotter, true).succeeded);
+    EXPECT_EQ(settled.m_meta.m_canonical_family_name, OD_T("System"));
+    EXPECT_EQ(settled.m_meta.m_canonical_model_name, OD_T("System"));
+    EXPECT_EQ(settled.m_meta.m_localized_family_name, OD_T("System"));
+    EXPECT_EQ(settled.m_meta.m_localized_model_name, OD_T("System"));
+    EXPECT_TRUE(settled.m_io.m_plot_to_file) << "the port is known before the paper too";
+    EXPECT_EQ(m_room.openContexts(), 0);
+}
+
 TEST_F(FromDevMode, thePapersAreAskedForWithTheBlockThatIsTakenOver)
 {
     Block block = driversBlock();
@@ -260,6 +275,14 @@ TEST_F(FromDevMode, theDeviceContextIsMadeForTheBlockUnderTheStoredDriverName)
     EXPECT_EQ(OdString(lastContext().text), OD_T("not the driver"));
     EXPECT_EQ(OdString(lastContext().printer), OdString(plotter));
     EXPECT_EQ(lastContext().devMode, block.bytes());
+}
+
+TEST_F(FromDevMode, aDriverThatWritesIntoItsNamesLeavesOursAlone)
+{
+    m_printer.scribbles = true;
+    EXPECT_EQ(takeOver(settled, driversBlock()), unchanged);
+    EXPECT_EQ(settled.m_meta.m_win_device_name, OdString(plotter));
+    EXPECT_EQ(settled.m_meta.m_win_driver_name, OdString(driver));
 }
 
 TEST_F(FromDevMode, anEmptyDriverNameIsPassedOnAsEmptyText)

@@ -206,16 +206,17 @@ TEST_F(MediaBounds, withoutContextNothingChanges)
 
 TEST_F(MediaBounds, withoutDotsPerInchNothingChanges)
 {
-    for (const bool x : {true, false})
-    {
-        room::DeviceCaps caps = sheet;
-        (x ? caps.dpiX : caps.dpiY) = 0;
-        GmMediaNode node;
-        node.m_size.m_media_description.m_printable_area = 7.25;
-        const auto before = written(node);
-        EXPECT_FALSE(node.setBounds(contextOf(caps)));
-        EXPECT_EQ(written(node), before);
-    }
+    for (const int none : {0, -1, -600, std::numeric_limits<int>::min()})
+        for (const bool x : {true, false})
+        {
+            room::DeviceCaps caps = sheet;
+            (x ? caps.dpiX : caps.dpiY) = none;
+            GmMediaNode node;
+            node.m_size.m_media_description.m_printable_area = 7.25;
+            const auto before = written(node);
+            EXPECT_FALSE(node.setBounds(contextOf(caps)));
+            EXPECT_EQ(written(node), before);
+        }
 }
 
 TEST_F(MediaBounds, ofABorderlessDeviceStayEmpty)
@@ -273,6 +274,17 @@ TEST_F(Resolution, otherQualitiesAreDotsPerInch)
         EXPECT_EQ(node.m_name, OdString(name));
         expectX(node, quality);
         EXPECT_TRUE(askedCaps().empty());
+    }
+}
+
+TEST_F(Resolution, negativeDotsPerInchCountAsNone)
+{
+    for (const int none : {0, -300})
+    {
+        GmResolutionNode node;
+        EXPECT_TRUE(node.set(deviceMode(-4, 7), contextOf({.dpiX = none, .dpiY = none})));
+        EXPECT_EQ(node.m_name, OD_T("DMRES_HIGH_None"));
+        expectX(node, 0);
     }
 }
 
