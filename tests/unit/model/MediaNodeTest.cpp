@@ -398,3 +398,45 @@ TEST(MediaNode, swappingExchangesTheAxesAndKeepsTheArea)
     node.swapBounds();
     EXPECT_EQ(written(node), fullLines);
 }
+
+// All digits that a length has: what is read back must be the same number.
+TEST(GmMediaNode, lengthsAreWrittenWithAllTheirDigits)
+{
+    GmMediaNode node;
+    node.m_actual_printable_bounds_llx = 4.233333333333333;
+    node.m_actual_printable_bounds_lly = 0.1;
+    node.m_actual_printable_bounds_urx = 201.50666666666666;
+    node.m_actual_printable_bounds_ury = 286.85066666666665;
+    node.m_size.m_longplot_reduction = 0.123456;
+    GmMediaDescriptionNode& paper = node.m_size.m_media_description;
+    paper.m_printable_bounds_llx = 1.0 / 3;
+    paper.m_printable_bounds_lly = 2.0 / 3;
+    paper.m_printable_bounds_urx = 123456.789;
+    paper.m_printable_bounds_ury = 1e-7;
+    paper.m_printable_area = 55585.84444444444;
+    paper.m_media_bounds.m_urx = 209.97333333333333;
+    paper.m_media_bounds.m_ury = 297.01066666666668;
+    EXPECT_EQ(written(node), (Lines{"selection_method=num 2",
+                                    "type=str ",
+                                    "dm_orientation=num 1",
+                                    "actual_printable_bounds_llx=num 4.233333333333333",
+                                    "actual_printable_bounds_lly=num 0.1",
+                                    "actual_printable_bounds_urx=num 201.50666666666666",
+                                    "actual_printable_bounds_ury=num 286.85066666666665",
+                                    "number_of_copies=num 1",
+                                    "size{",
+                                    " name=str ",
+                                    " group=num 0",
+                                    " landscape_mode=false",
+                                    " longplot_reduction=num 0.123456",
+                                    " media_description{",
+                                    "  printable_bounds_llx=num 0.3333333333333333",
+                                    "  printable_bounds_lly=num 0.6666666666666666",
+                                    "  printable_bounds_urx=num 123456.789",
+                                    "  printable_bounds_ury=num 1e-07",
+                                    "  printable_area=num 55585.84444444444",
+                                    "  dimensional=true",
+                                    "  media_bounds{",
+                                    "   urx=num 209.97333333333333",
+                                    "   ury=num 297.0106666666667"}));
+}

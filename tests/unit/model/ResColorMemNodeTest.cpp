@@ -36,6 +36,7 @@ GmResColorMemNode fullNode()
     return node;
 }
 
+// What fullNode() is written as.
 const Lines fullLines = {"name=str colour",
                          "num_colors=num 16",
                          "color_depth=num 4",
@@ -212,4 +213,19 @@ TEST(ResolutionNode, anIntegerTextReadsAsADouble)
     GmResolutionNode node;
     ASSERT_TRUE(node.init(*blocks::with(*block, OD_T("addr_resolution_x"), new CPNum(OD_T("addr_resolution_x"), 600))));
     EXPECT_EQ(node.m_addr_resolution_x, 600.0);
+}
+
+// One digit, rounded: a resolution has no more, and a longer text would make every saved file differ.
+TEST(GmResolutionNode, numbersAreWrittenWithOneDigit)
+{
+    GmResolutionNode node;
+    node.m_phys_resolution_x = 600.26;
+    node.m_phys_resolution_y = 600.25001;
+    node.m_addr_resolution_x = 600.04;
+    node.m_addr_resolution_y = 1199.96;
+    node.m_effective_resolution_x = 0.06;
+    node.m_effective_resolution_y = -0.26;
+    EXPECT_EQ(written(node), (Lines{"name=str ", "phys_resolution_x=num 600.3", "phys_resolution_y=num 600.3",
+                                    "addr_resolution_x=num 600.0", "addr_resolution_y=num 1200.0",
+                                    "effective_resolution_x=num 0.1", "effective_resolution_y=num -0.3"}));
 }
