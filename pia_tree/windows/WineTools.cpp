@@ -57,6 +57,7 @@ int run(const char* script, std::initializer_list<std::wstring> paths)
     if (!spawn)
         return -1;
     std::vector<std::string> words{"/bin/sh", "-c", std::string("exec 2>/dev/null; ") + script, "sh"};
+    words.reserve(words.size() + paths.size());
     for (const std::wstring& path : paths)
     {
         words.push_back(unixName(path));
@@ -64,6 +65,7 @@ int run(const char* script, std::initializer_list<std::wstring> paths)
             return -1;
     }
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string& word : words)
         arguments.push_back(word.data());
     arguments.push_back(nullptr);
