@@ -1,6 +1,6 @@
 #include "host/CGarmPath.h"
 
-#include <filesystem>
+#include "host/FullPath.h"
 
 CGarmPath::CGarmPath(const OdString& path)
 {
@@ -30,6 +30,6 @@ OdString CGarmPath::join(const OdString& folder, const OdString& fileName)
     const OdChar last = folder.getAt(folder.getLength() - 1);
     OdString result = folder;
     if (!isSeparator(last) && last != ':')
-        result += static_cast<OdChar>(std::filesystem::path::preferred_separator);
+        result += pathSeparator();
     return result + fileName;
 }

@@ -1,10 +1,9 @@
 #include "host/GmLanguageTag.h"
 
 #include "host/CGarmPath.h"
+#include "host/FileChecks.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 
 namespace
 {
@@ -16,19 +15,6 @@ constexpr bool isLetter(OdChar c) noexcept
 constexpr bool isLetterOrDigit(OdChar c) noexcept
 {
     return isLetter(c) || (c >= '0' && c <= '9');
-}
-
-bool isRegularFile(const OdString& path)
-{
-    try
-    {
-        std::error_code error;
-        return std::filesystem::is_regular_file(std::filesystem::path(path.view()), error);
-    }
-    catch (const std::system_error&)
-    {
-        return false; // a path that this system cannot express
-    }
 }
 } // namespace
 

@@ -1,27 +1,19 @@
 #include "host/LocalSearch.h"
 
 #include "host/CGarmPath.h"
+#include "host/FileChecks.h"
 #include "host/FilePath.h"
+#include "host/FullPath.h"
 #include "host/GarmInterfaces.h"
+#include "host/PathStart.h"
 
-#include <filesystem>
 #include <optional>
-#include <system_error>
 
 namespace
 {
-namespace fs = std::filesystem;
-
 std::optional<OdString> regularFile(const OdString& path)
 {
-    const fs::path file(path.view());
-    std::error_code error;
-    if (!fs::is_regular_file(file, error))
-        return std::nullopt;
-    const fs::path full = fs::absolute(file, error);
-    if (error)
-        return std::nullopt;
-    return OdString(full.lexically_normal().make_preferred().string<OdChar>());
+    return isRegularFile(path) ? std::optional(fullPath(path)) : std::nullopt;
 }
 
 // As given, then with the extension: a configuration may be called "A0.pc3.pc3", and "A0.pc3" is found first.
@@ -37,6 +29,9 @@ std::optional<OdString> search(const OdString& name, const OdString& searchPath)
     if (name.isEmpty() || name.find(OdChar()) >= 0 || searchPath.find(OdChar()) >= 0)
         return std::nullopt;
 
+    const PathKind kind = pathStart(name).kind;
+    if (kind == PathKind::device || kind == PathKind::deviceName)
+        return std::nullopt; // reading it would wait for a port
     const CGarmPath parts(name);
     if (parts.fileName().isEmpty())
         return std::nullopt; // a folder, which together with ".pc3" would become a file
@@ -44,8 +39,7 @@ std::optional<OdString> search(const OdString& name, const OdString& searchPath)
         if (auto found = fileOrConfiguration(name))
             return found;
 
-    const bool joinable = fs::path(name.view()).is_relative() && parts.drive().isEmpty();
-    const OdString inFolder = joinable ? name : parts.fileName();
+    const OdString inFolder = isJoinable(kind) ? name : parts.fileName();
     for (const OdString& folder : FilePath::GetPaths(searchPath))
         if (auto found = fileOrConfiguration(CGarmPath::join(folder, inFolder)))
             return found;

@@ -1,5 +1,7 @@
 #include "host/GmModuleLoader.h"
 
+#include "host/FileChecks.h"
+#include "host/FullPath.h"
 #include "host/GmLanguage.h"
 #include "win32/Win32.h"
 
@@ -63,20 +65,6 @@ private:
     HINSTANCE m_handle = nullptr;
     DWORD m_error = ERROR_SUCCESS;
 };
-
-OdString fullPath(const OdString& file)
-{
-    const DWORD needed = ::GetFullPathNameW(file.c_str(), 0, nullptr, nullptr);
-    std::vector<OdChar> path(needed ? needed : 1);
-    const DWORD length = ::GetFullPathNameW(file.c_str(), needed, path.data(), nullptr);
-    return length && length < needed ? OdString(OdStringView(path.data(), length)) : file;
-}
-
-bool isRegularFile(const OdString& file)
-{
-    const DWORD attributes = ::GetFileAttributesW(file.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
-}
 
 OdString loadErrorText(DWORD error)
 {

@@ -2,6 +2,17 @@
 
 #include <vector>
 
+namespace
+{
+// Wine gives the path of a module that it loaded from a share without its beginning: "UNC\\srv\\share\\x.grx". A
+// module's path is never a relative one, so that cannot be a folder called UNC.
+OdString withShare(OdStringView path)
+{
+    constexpr OdStringView rest = OD_T("UNC\\");
+    return path.starts_with(rest) ? OD_T("\\\\") + OdString(path.substr(rest.size())) : OdString(path);
+}
+} // namespace
+
 OdString moduleFileName(HINSTANCE module)
 {
     // A path that does not fit is cut to the buffer; no path is longer than 32767 units.
@@ -10,7 +21,7 @@ OdString moduleFileName(HINSTANCE module)
         std::vector<OdChar> path(capacity);
         const DWORD length = ::GetModuleFileNameW(module, path.data(), capacity);
         if (length < capacity)
-            return OdString(OdStringView(path.data(), length));
+            return withShare(OdStringView(path.data(), length));
     }
     return OdString();
 }

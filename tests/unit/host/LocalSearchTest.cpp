@@ -91,6 +91,28 @@ TEST(LocalSearch, anAbsolutePathThatIsGoneIsLookedForByItsFileName)
     EXPECT_EQ(found(elsewhere.at("A0.pc3"), onPath.path()), file);
 }
 
+TEST(LocalSearch, aPathOfAnotherMachineIsLookedForByItsFileNameOnEveryPlatform)
+{
+    const TemporaryFolder onPath;
+    const OdString file = onPath.addFile("A0.pc3");
+    // Where these could be put behind the folder they would be found there.
+    onPath.addFile("plots/A0.pc3", "another");
+    for (const OdChar* name :
+         {OD_T("C:\\plots\\A0.pc3"), OD_T("C:A0.pc3"), OD_T("\\plots\\A0.pc3"), OD_T("/plots/A0.pc3"),
+          OD_T("\\\\srv\\plots\\A0.pc3"), OD_T("//srv/plots/A0.pc3"), OD_T("\\\\?\\C:\\plots\\A0.pc3"),
+          OD_T("\\\\?\\UNC\\srv\\plots\\A0.pc3"), OD_T("//srv/plots/A0"), OD_T("//?/C:/plots/A0")})
+        EXPECT_EQ(found(name, onPath.path()), file) << OdString(name);
+}
+
+TEST(LocalSearch, theNameOfADeviceIsNotLookedFor)
+{
+    const TemporaryFolder folder;
+    const OdString file = folder.addFile("null.pc3");
+    EXPECT_EQ(found(OD_T("null"), folder.path()), file);
+    for (const OdChar* name : {OD_T("NUL"), OD_T("nul.pc3"), OD_T("com1.pc3"), OD_T("plots\\NUL"), OD_T("\\\\.\\NUL")})
+        EXPECT_EQ(found(name, folder.path()), poison) << OdString(name);
+}
+
 TEST(LocalSearch, aRelativePathIsTriedFromTheCurrentFolderAndThenBehindEachFolder)
 {
     const TemporaryFolder current;
