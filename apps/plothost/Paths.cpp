@@ -1,42 +1,21 @@
 #include "plothost/Paths.h"
 
+#include "host/CGarmPath.h"
+#include "host/FileChecks.h"
 #include "host/FilePath.h"
+#include "host/FullPath.h"
 #include "host/LocalSearch.h"
+#include "host/PathStart.h"
 #include "kernel/OdText.h"
 #include "plothost/CloseName.h"
 #include "plothost/Printable.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 
 namespace plothost
 {
 namespace
 {
-namespace fs = std::filesystem;
-
-OdString textOf(const fs::path& path)
-{
-    return OdString(path.string<OdChar>());
-}
-
-// Runs what looks at the disk; a text that is no path here (an unpaired surrogate, a NUL) gives the answer for nothing.
-template <class Answer, class Look>
-Answer lookAt(const OdString& path, Answer none, Look look)
-{
-    if (path.isEmpty() || path.find(OdChar()) >= 0)
-        return none;
-    try
-    {
-        return look(fs::path(path.c_str()));
-    }
-    catch (const std::system_error&)
-    {
-        return none;
-    }
-}
-
 std::string folderList(const OdString& searchPath)
 {
     std::string text;
@@ -46,23 +25,13 @@ std::string folderList(const OdString& searchPath)
 }
 } // namespace
 
-OdString absolutePath(const OdString& path)
-{
-    return lookAt(path, path, [](const fs::path& given) { return textOf(fs::absolute(given).lexically_normal()); });
-}
-
-bool isFile(const OdString& path)
-{
-    return lookAt(path, false, [](const fs::path& given) { return fs::is_regular_file(given); });
-}
-
 OdString absoluteSearchPath(const OdString& searchPath)
 {
     std::vector<OdString> folders;
     OdString joined;
     for (const OdString& folder : FilePath::GetPaths(searchPath))
     {
-        const OdString path = absolutePath(folder);
+        const OdString path = fullPath(folder);
         if (std::find(folders.begin(), folders.end(), path) != folders.end())
             continue;
         folders.push_back(path);
@@ -82,33 +51,27 @@ OdString chosenSearchPath(const std::optional<OdString>& typed, const OdString& 
 
 std::optional<std::vector<ListReport::Configuration>> configurationsIn(const OdString& folder)
 {
-    using Found = std::optional<std::vector<ListReport::Configuration>>;
-    return lookAt(folder, Found(),
-                  [](const fs::path& given)
-                  {
-                      std::vector<ListReport::Configuration> found;
-                      for (const fs::directory_entry& entry : fs::directory_iterator(given))
-                      {
-                          std::error_code ignored;
-                          const OdString name = textOf(entry.path().filename());
-                          if (odEndsWithNoCase(name, OD_T(".pc3")) && entry.is_regular_file(ignored))
-                              found.push_back({name, textOf(entry.path())});
-                      }
-                      std::sort(found.begin(), found.end(),
-                                [](const auto& a, const auto& b)
-                                {
-                                    const auto order = odCompareNoCase(a.name, b.name);
-                                    return order != 0 ? order < 0 : a.name < b.name;
-                                });
-                      return Found(std::move(found));
-                  });
+    const auto names = filesIn(folder);
+    if (!names)
+        return std::nullopt;
+    std::vector<ListReport::Configuration> found;
+    for (const OdString& name : *names)
+        if (odEndsWithNoCase(name, OD_T(".pc3")))
+            found.push_back({name, CGarmPath::join(folder, name)});
+    std::sort(found.begin(), found.end(),
+              [](const auto& a, const auto& b)
+              {
+                  const auto order = odCompareNoCase(a.name, b.name);
+                  return order != 0 ? order < 0 : a.name < b.name;
+              });
+    return found;
 }
 
 bool findConfiguration(const OdString& name, OdString& path)
 {
-    if (isFile(name))
+    if (isRegularFile(name))
     {
-        path = absolutePath(name);
+        path = fullPath(name);
         return true;
     }
     return LocalSearch::SearchPC3File(name, path);
@@ -129,19 +92,13 @@ std::string whyNotFound(const OdString& name, const OdString& searchPath)
 std::string whyNotWritten(const OdString& path, const std::string& reason)
 {
     const std::string shown = "'" + printable(path) + "' cannot be written";
-    const std::string unseen = reason.empty() ? shown : shown + ": " + reason;
-    return lookAt(path, unseen,
-                  [&](const fs::path& given)
-                  {
-                      const fs::path folder = given.parent_path();
-                      if (fs::is_directory(given))
-                          return shown + ": it is a folder";
-                      if (!folder.empty() && !fs::is_directory(folder))
-                          return shown + ": there is no folder '" + printable(textOf(folder)) + "'";
-                      if (fs::exists(given) &&
-                          (fs::status(given).permissions() & fs::perms::owner_write) == fs::perms::none)
-                          return shown + ": it is read-only";
-                      return std::string(unseen);
-                  });
+    const OdString folder = parentFolder(path);
+    if (isFolder(path))
+        return shown + ": it is a folder";
+    if (!folder.isEmpty() && !isFolder(folder))
+        return shown + ": there is no folder '" + printable(folder) + "'";
+    if (isReadOnly(path))
+        return shown + ": it is read-only";
+    return reason.empty() ? shown : shown + ": " + reason;
 }
 } // namespace plothost

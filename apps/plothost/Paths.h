@@ -10,12 +10,6 @@
 // not know.
 namespace plothost
 {
-// The path from the root; as it is when the system cannot tell.
-OdString absolutePath(const OdString& path);
-
-// Whether it is a regular file; one that cannot be looked at is none.
-bool isFile(const OdString& path);
-
 // The folders of a search path from the root, each once, joined again with ";".
 OdString absoluteSearchPath(const OdString& searchPath);
 

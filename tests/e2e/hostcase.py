@@ -66,6 +66,14 @@ class HostCase(unittest.TestCase):
         self.host("create", printer, name)
         return self.folder / name
 
+    def share(self, folder):
+        """Gives a folder to the prefix as a share; its network path."""
+        shares = self.prefix.folder / "dosdevices/unc/srv"
+        shares.mkdir(parents=True, exist_ok=True)
+        (shares / "share").symlink_to(folder)
+        self.addCleanup((shares / "share").unlink)
+        return "\\\\srv\\share"
+
     def fields(self, answer):
         """The DEVMODE's fields of a JSON answer, by name."""
         return {field["name"]: field["value"] for field in answer["devMode"]["fields"]}

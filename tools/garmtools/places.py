@@ -11,5 +11,7 @@ WINDOWS_BIN = BUILD / WINDOWS_PRESET / "bin"
 
 
 def windows_path(path):
-    """The path as a Windows program under Wine sees it: drive Z: is the root."""
+    """The path as a Windows program under Wine sees it: drive Z: is the root. A path on a share is one already."""
+    if str(path).startswith("\\\\"):
+        return str(path)
     return "Z:" + os.path.abspath(path).replace("/", "\\")

@@ -1,10 +1,13 @@
 #include "plothost/windows/Session.h"
 
 #include "host/CGarmPath.h"
+#include "host/FileChecks.h"
+#include "host/FullPath.h"
 #include "host/GarmInterfaces.h"
 #include "host/GmLanguage.h"
 #include "host/GmLanguageTag.h"
 #include "host/GmModuleLoader.h"
+#include "host/windows/ModuleFile.h"
 #include "kernel/OdRxModule.h"
 #include "pia_tree/FileAccess.h"
 #include "plothost/Paths.h"
@@ -57,14 +60,7 @@ bool hasLanguageLibrary(const OdString& module, const OdString& tag)
 
 OdString programFolder()
 {
-    std::vector<OdChar> path(MAX_PATH);
-    for (;;)
-    {
-        const DWORD length = ::GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-        if (length < path.size())
-            return CGarmPath(OdString(OdStringView(path.data(), length))).fullFolder();
-        path.resize(2 * path.size());
-    }
+    return CGarmPath(moduleFileName(nullptr)).fullFolder();
 }
 } // namespace
 
@@ -83,9 +79,9 @@ Session::~Session()
 
 bool Session::readSettings(std::string& whyNot) const
 {
-    const OdString file = m_request.settings ? absolutePath(*m_request.settings)
-                                             : CGarmPath::join(programFolder(), OdString(settingsName));
-    if (m_request.settings || isFile(file))
+    const OdString file =
+        m_request.settings ? fullPath(*m_request.settings) : CGarmPath::join(programFolder(), OdString(settingsName));
+    if (m_request.settings || isRegularFile(file))
     {
         pia::ByteBuffer bytes;
         const char* const reason = pia::readFile(file.c_str(), bytes);
@@ -104,9 +100,9 @@ bool Session::readSettings(std::string& whyNot) const
 bool Session::loadModule(std::string& whyNot, std::string& notes)
 {
     const OdString file =
-        m_request.module ? absolutePath(*m_request.module) : CGarmPath::join(programFolder(), OdString(moduleName));
+        m_request.module ? fullPath(*m_request.module) : CGarmPath::join(programFolder(), OdString(moduleName));
 
-    if (isFile(file))
+    if (isRegularFile(file))
     {
         const OdString tag = m_request.language.value_or(OdString(defaultLanguage));
         if (!isLanguageTag(tag))

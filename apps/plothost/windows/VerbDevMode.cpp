@@ -1,5 +1,7 @@
 #include "plothost/windows/Verbs.h"
 
+#include "host/FileChecks.h"
+#include "host/FullPath.h"
 #include "pia_tree/FileAccess.h"
 #include "plothost/DevModeQuery.h"
 #include "plothost/Paths.h"
@@ -20,12 +22,12 @@ constexpr DWORD longestWait = 60'000; // milliseconds
 // The module looks on the search path only; a file of the caller's folder is passed on with its folder.
 OdString deviceNameFor(const OdString& typed)
 {
-    return isConfigurationName(typed) && isFile(typed) ? absolutePath(typed) : typed;
+    return isConfigurationName(typed) && isRegularFile(typed) ? fullPath(typed) : typed;
 }
 
 ExitStatus writeBytes(const DevModeReport& report, const OdString& typed)
 {
-    const OdString path = absolutePath(typed);
+    const OdString path = fullPath(typed);
     if (report.devMode.empty())
     {
         note("'" + printable(report.deviceName) + "' carries no DEVMODE; '" + printable(path) + "' is not written");

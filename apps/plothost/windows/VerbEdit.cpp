@@ -1,7 +1,8 @@
 #include "plothost/windows/Verbs.h"
 
+#include "host/FileChecks.h"
+#include "host/FullPath.h"
 #include "plothost/EditQuery.h"
-#include "plothost/Paths.h"
 #include "plothost/windows/Answers.h"
 #include "plothost/windows/Display.h"
 #include "plothost/windows/Reasons.h"
@@ -13,7 +14,7 @@ ExitStatus runEdit(const Request& request, const OdString& searchPath)
     EditQuestion question;
     question.isPrinter = request.isPrinter;
     // The module looks on the search path only; a file of the caller's folder is passed on with its folder.
-    question.name = !request.isPrinter && isFile(request.name) ? absolutePath(request.name) : request.name;
+    question.name = !request.isPrinter && isRegularFile(request.name) ? fullPath(request.name) : request.name;
     question.paperName = request.paper;
     if (request.isPrinter && !request.paper.isEmpty())
         note("a printer's new configuration starts with the driver's own paper; --paper changes nothing");

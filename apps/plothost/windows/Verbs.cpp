@@ -1,6 +1,8 @@
 #include "plothost/windows/Verbs.h"
 
 #include "GarmPC3Editor/GmPlotCfg3.h"
+#include "host/FileChecks.h"
+#include "host/FullPath.h"
 #include "kernel/OdEdCommandStack.h"
 #include "pia_tree/CPIAParser.h"
 #include "plothost/Paths.h"
@@ -42,8 +44,8 @@ ExitStatus runCreate(const Request& request)
     const OdSharedPtr<GmPlotCfg3> configuration = GmPlotCfg3::create(request.name);
     if (!configuration)
         return answerNo(whyNotCreated(request.name));
-    const OdString path = absolutePath(request.file);
-    const bool replaced = isFile(path);
+    const OdString path = fullPath(request.file);
+    const bool replaced = isRegularFile(path);
     if (!configuration->write(path))
         return answerNo(whyNotWritten(path));
     return answerYes("'" + printable(path) + "' is " + (replaced ? "replaced" : "written") + " for printer '" +

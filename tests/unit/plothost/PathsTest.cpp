@@ -1,5 +1,7 @@
 #include "plothost/Paths.h"
 
+#include "host/FileChecks.h"
+#include "host/FullPath.h"
 #include "host/GarmInterfaces.h"
 
 #include <gmock/gmock.h>
@@ -40,35 +42,13 @@ public:
 const OdString unusable(OD_T("a\0b"), 3);
 } // namespace
 
-TEST(PlothostPaths, areRelativeToTheCurrentFolder)
-{
-    const TemporaryFolder folder;
-    const CurrentFolder current(folder.path());
-    const OdString here = absolutePath(OD_T("x"));
-    EXPECT_EQ(absolutePath(OD_T("plots/../x")), here);
-    EXPECT_EQ(absolutePath(OD_T("./x")), here);
-    EXPECT_EQ(absolutePath(here), here);
-    EXPECT_EQ(absolutePath(OdString()), OdString());
-    EXPECT_EQ(absolutePath(unusable), unusable);
-}
-
-TEST(PlothostPaths, onlyARegularFileIsAFile)
-{
-    const TemporaryFolder folder;
-    EXPECT_TRUE(isFile(folder.addFile("x.pc3")));
-    EXPECT_FALSE(isFile(folder.addFolder("y.pc3")));
-    EXPECT_FALSE(isFile(folder.at("z.pc3")));
-    EXPECT_FALSE(isFile(OdString()));
-    EXPECT_FALSE(isFile(unusable));
-}
-
 TEST(PlothostPaths, theSearchPathIsTheTypedOneThenTheEnvironmentThenTheCurrentFolder)
 {
     const TemporaryFolder folder;
     const CurrentFolder current(folder.path());
     const OdString here = absoluteSearchPath(OD_T("."));
-    const OdString a = absolutePath(OD_T("a"));
-    const OdString b = absolutePath(OD_T("b"));
+    const OdString a = fullPath(OD_T("a"));
+    const OdString b = fullPath(OD_T("b"));
     EXPECT_EQ(chosenSearchPath(OdString(OD_T("a;b")), OD_T("c")), a + OD_T(";") + b);
     EXPECT_EQ(chosenSearchPath(OdString(OD_T("a;;a;./a")), OD_T("c")), a) << "each folder once";
     EXPECT_EQ(chosenSearchPath(std::nullopt, OD_T("b")), b);
@@ -90,7 +70,7 @@ TEST(PlothostPaths, configurationsOfAFolderByName)
     ASSERT_EQ(found->size(), 2U);
     EXPECT_EQ((*found)[0].name, OD_T("A.PC3"));
     EXPECT_EQ((*found)[1].name, OD_T("b.pc3"));
-    EXPECT_TRUE(isFile((*found)[1].path));
+    EXPECT_TRUE(isRegularFile((*found)[1].path));
     EXPECT_FALSE(configurationsIn(folder.at("missing")).has_value());
     EXPECT_FALSE(configurationsIn(unusable).has_value());
 }
@@ -109,7 +89,7 @@ TEST(PlothostPaths, aConfigurationIsFoundHereThenOnTheSearchPath)
     EXPECT_TRUE(findConfiguration(OD_T("x.pc3"), path));
     EXPECT_TRUE(std::filesystem::equivalent(std::filesystem::path(path.c_str()), std::filesystem::path(here.c_str())));
     EXPECT_TRUE(findConfiguration(OD_T("y.pc3"), path));
-    EXPECT_TRUE(isFile(path));
+    EXPECT_TRUE(isRegularFile(path));
     path = OD_T("before");
     EXPECT_FALSE(findConfiguration(OD_T("z.pc3"), path));
     EXPECT_EQ(path, OD_T("before"));
