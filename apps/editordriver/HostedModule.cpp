@@ -2,6 +2,7 @@
 
 #include "host/CGarmPath.h"
 #include "host/GmModuleLoader.h"
+#include "host/windows/ModuleFile.h"
 #include "kernel/OdText.h"
 #include "win32/Win32.h"
 
@@ -25,11 +26,8 @@ void HostedModule::load()
 {
     if (m_object)
         throw std::runtime_error("the module is loaded already");
-    wchar_t program[MAX_PATH] = {};
-    ::GetModuleFileNameW(nullptr, program, MAX_PATH);
     OdString whyNot;
-    m_object =
-        GmModuleLoader::load(CGarmPath::join(CGarmPath(OdString(program)).fullFolder(), OdString(fileName)), whyNot);
+    m_object = GmModuleLoader::load(CGarmPath(moduleFileName(nullptr)).fullFolder() + fileName, whyNot);
     if (!m_object)
         throw std::runtime_error(odToUtf8(whyNot));
 }

@@ -49,13 +49,13 @@ BITMAPINFO infoOf(int width, int height)
     return info;
 }
 
-void write(const std::filesystem::path& file, const BITMAPINFO& info, const std::vector<std::uint8_t>& pixels)
+void write(const OdString& file, const BITMAPINFO& info, const std::vector<std::uint8_t>& pixels)
 {
     BITMAPFILEHEADER header = {};
     header.bfType = 0x4D42; // "BM"
     header.bfOffBits = sizeof header + sizeof info.bmiHeader;
     header.bfSize = header.bfOffBits + static_cast<DWORD>(pixels.size());
-    std::ofstream out(file, std::ios::binary);
+    std::ofstream out(file.c_str(), std::ios::binary);
     out.write(reinterpret_cast<const char*>(&header), sizeof header);
     out.write(reinterpret_cast<const char*>(&info.bmiHeader), sizeof info.bmiHeader);
     out.write(reinterpret_cast<const char*>(pixels.data()), static_cast<std::streamsize>(pixels.size()));
@@ -65,7 +65,7 @@ void write(const std::filesystem::path& file, const BITMAPINFO& info, const std:
 }
 } // namespace
 
-void savePicture(HWND window, const std::filesystem::path& file)
+void savePicture(HWND window, const OdString& file)
 {
     RECT area = {};
     if (!::GetWindowRect(window, &area))

@@ -3,7 +3,6 @@
 #include "kernel/OdText.h"
 
 #include <charconv>
-#include <filesystem>
 #include <fstream>
 #include <stdexcept>
 #include <utility>
@@ -12,7 +11,7 @@ namespace editordriver
 {
 std::vector<ScriptLine> readScript(const OdString& path)
 {
-    std::ifstream file{std::filesystem::path(path.c_str())};
+    std::ifstream file(path.c_str());
     if (!file)
         throw std::runtime_error("the script '" + odToUtf8(path) + "' cannot be read");
     std::vector<ScriptLine> lines;

@@ -2,6 +2,8 @@
 
 #include "editordriver/Picture.h"
 #include "editordriver/Printers.h"
+#include "host/CGarmPath.h"
+#include "host/FileChecks.h"
 #include "host/GmLanguage.h"
 #include "kernel/OdText.h"
 #include "processcounts/ProcessCounts.h"
@@ -273,21 +275,22 @@ void Steps::switchLanguage(const OdString& tag) const
 
 void Steps::askOutside(const std::string& what) const
 {
-    if (m_place.requests.empty())
+    if (m_place.requests.isEmpty())
         throw std::runtime_error("there is nobody to ask: no --requests");
-    const std::filesystem::path request = m_place.requests / L"request";
-    const std::filesystem::path draft = m_place.requests / L"request.draft";
-    if (!(std::ofstream(draft, std::ios::binary) << what << std::flush))
+    const OdString request = CGarmPath::join(m_place.requests, OD_T("request"));
+    const OdString draft = CGarmPath::join(m_place.requests, OD_T("request.draft"));
+    if (!(std::ofstream(draft.c_str(), std::ios::binary) << what << std::flush))
         throw std::runtime_error("the request cannot be written");
     // At once whole, and gone when it is done.
-    std::filesystem::rename(draft, request);
-    await("what is done outside", [&] { return !std::filesystem::exists(request); });
+    if (!::MoveFileExW(draft.c_str(), request.c_str(), MOVEFILE_REPLACE_EXISTING))
+        throw std::runtime_error("the request cannot be given its name");
+    await("what is done outside", [&] { return !isRegularFile(request); });
 }
 
 void Steps::takePicture(const std::string& name)
 {
     const HWND dialog = m_hands.dialog();
-    m_ui.doNow([&] { savePicture(dialog, m_place.pictures / (wide(name) + L".bmp")); });
+    m_ui.doNow([&] { savePicture(dialog, CGarmPath::join(m_place.pictures, OdString(wide(name) + L".bmp"))); });
 }
 
 void Steps::tellTree() const

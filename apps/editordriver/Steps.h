@@ -7,8 +7,8 @@
 #include "editordriver/HostedModule.h"
 #include "editordriver/Script.h"
 #include "editordriver/UiThread.h"
+#include "kernel/OdString.h"
 
-#include <filesystem>
 #include <functional>
 #include <memory>
 
@@ -24,8 +24,8 @@ public:
         CheckWindow& checks;
         HostedModule& module;
         const HostWindow* host; // null for a host without one
-        std::filesystem::path pictures;
-        std::filesystem::path requests; // where it asks for what is to be done outside
+        OdString pictures;
+        OdString requests; // where it asks for what is to be done outside
     };
 
     explicit Steps(const Place& place) : m_place(place), m_ui(place.ui), m_host(place.host), m_hands(place.ui) {}

@@ -99,8 +99,7 @@ int run(const Options& options)
     if (options.hostWindow)
         host.emplace();
     CheckWindow checks;
-    const Steps::Place place{
-        ui, checks, module, host ? &*host : nullptr, options.pictures.c_str(), options.requests.c_str()};
+    const Steps::Place place{ui, checks, module, host ? &*host : nullptr, options.pictures, options.requests};
     std::jthread hands([&] { operate(place, lines); });
     ui.run();
     return 0;
