@@ -38,6 +38,12 @@ class HouseRulesTest(unittest.TestCase):
         portable = [path for path in code() if path.suffix == ".cpp" and path.as_posix() not in allowed]
         self.none(lines_matching(r"^\s*#\s*(if|ifdef|ifndef|elif)\b.*\b(_WIN32|WIN32|__linux__|_WIN64)\b", portable))
 
+    def test_paths_are_not_the_standard_librarys(self):
+        """std::filesystem turns the share of a network path into a folder of the current drive, and the runtime's own
+        calls do not know long paths. host/FullPath.h and host/FileChecks.h ask the system."""
+        shipped = [path for path in code() if path.parts[0] in ("GarmPC3Editor", "apps", "pia_tree", "platform")]
+        self.none(lines_matching(r"std::filesystem|<filesystem>|\b_w(stat|access|fullpath|findfirst|fopen)", shipped))
+
     def test_namespace_aliases_are_used(self):
         """clang-tidy would see it, but looks for them only in files that it is given one by one."""
         alias = re.compile(r"^namespace (\w+) =", re.MULTILINE)
