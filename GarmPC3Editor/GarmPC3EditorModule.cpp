@@ -2,6 +2,7 @@
 
 #include "GarmPC3Editor/Commands/CommandGroup.h"
 #include "GarmPC3Editor/GarmPC3EditorApp.h"
+#include "GarmPC3Editor/ModuleObject.h"
 #include "kernel/OdRxWin32Module.h"
 
 // How the two routines end is nobody's business here: a host without our commands goes on without them.
@@ -18,6 +19,11 @@ void GarmPC3EditorModule::uninitApp()
 OdRxModule* odrxCreateModuleObject()
 {
     return OdRxWin32Module<GarmPC3EditorModule>::create(theApp.m_hInstance);
+}
+
+OdRxModule* garmPC3EditorModule() noexcept
+{
+    return OdRxWin32Module<GarmPC3EditorModule>::current();
 }
 
 void odrxGetAPIVersion(int& major, int& minor, int& majorBuild, int& minorBuild)

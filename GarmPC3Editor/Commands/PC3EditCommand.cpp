@@ -3,6 +3,7 @@
 #include "GarmPC3Editor/Commands/EditedConfiguration.h"
 #include "GarmPC3Editor/Commands/EditorRun.h"
 #include "GarmPC3Editor/Commands/NamedValues.h"
+#include "GarmPC3Editor/ModuleObject.h"
 #include "resources/Resource.h"
 
 #include <new>
@@ -48,6 +49,9 @@ PC3EditCommand::PC3EditCommand()
 
 void PC3EditCommand::execute(OdEdCommandContext* context)
 {
+    // While windows are open the host's messages run, and one of them may ask for the end of the module, whose code and
+    // resources are in use here.
+    const OdRxModulePtr inUse(garmPC3EditorModule());
     try
     {
         edit(NamedValues(context));

@@ -15,6 +15,10 @@
 // The results are written whenever the editor was shown, in this order, and also when the user cancelled. What keeps
 // the configuration from being edited ends the command without results, which is how the host knows. A value that is no
 // OdResBuf throws OdError_NotThatKindOfClass.
+//
+// The module is locked from beginning to end, so that a host that wants to unload it meanwhile sees that it is in use.
+// A host may run the command again while the editor is open: each run has a configuration of its own and leaves its
+// results when it ends. When the host's message loop is told to quit, the editor ends like with its Cancel.
 class PC3EditCommand : public PC3EditorCommand
 {
 public:

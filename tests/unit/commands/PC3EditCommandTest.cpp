@@ -298,3 +298,58 @@ TEST_F(PC3EditCommandTest, AnExchangedConfigurationIsWhatIsAnswered)
     EXPECT_EQ(valueOf(OD_T("result"))->getInt16(), 42);
 }
 } // namespace
+
+TEST_F(PC3EditCommandTest, TheModuleIsLockedAsLongAsTheCommandRuns)
+{
+    OdRefCount whileOpen = 0;
+    m_editor.onSheet = [&](EditorOutcome& outcome)
+    {
+        whileOpen = m_module.locks();
+        outcome.confirmed = outcome.modified = true;
+    };
+    OdRefCount whileNamed = 0;
+    m_editor.onName = [&](const OdString&)
+    {
+        whileNamed = m_module.locks();
+        return std::optional<OdString>(OD_T("new"));
+    };
+    edit(OD_T("Plotter A"), true);
+    EXPECT_EQ(whileOpen, 1U);
+    EXPECT_EQ(whileNamed, 1U);
+    EXPECT_EQ(m_module.locks(), 0U);
+}
+
+TEST_F(PC3EditCommandTest, HoweverTheCommandEndsTheModuleIsUnlocked)
+{
+    edit(OD_T("nobody.pc3"), false);
+    EXPECT_EQ(m_module.locks(), 0U);
+
+    values().set(OD_T("paperName"), newStranger());
+    EXPECT_THROW(run(), OdError_NotThatKindOfClass);
+    EXPECT_EQ(m_module.locks(), 0U);
+
+    m_editor.onSheet = [](EditorOutcome&) { throw std::bad_alloc(); };
+    edit(OD_T("Plotter A"), true);
+    EXPECT_EQ(m_editor.sheets, 1);
+    EXPECT_EQ(m_module.locks(), 0U);
+}
+
+TEST_F(PC3EditCommandTest, ASecondRunFromWithinHasAConfigurationAndALockOfItsOwn)
+{
+    putConfiguration(OD_T("x.pc3"), [](GmPlotCfg3& cfg) { cfg.m_meta.m_canonical_model_name = OD_T("outer"); });
+    putConfiguration(OD_T("y.pc3"), [](GmPlotCfg3& cfg) { cfg.m_meta.m_canonical_model_name = OD_T("inner"); });
+    std::vector<OdRefCount> locks;
+    m_editor.onSheet = [&](EditorOutcome&)
+    {
+        locks.push_back(m_module.locks());
+        if (locks.size() > 1)
+            return;
+        edit(OD_T("y.pc3"), false);
+        EXPECT_EQ(textOf(OD_T("canonicalModelName")), OD_T("inner"));
+        locks.push_back(m_module.locks());
+    };
+    edit(OD_T("x.pc3"), false);
+    EXPECT_EQ(textOf(OD_T("canonicalModelName")), OD_T("outer"));
+    EXPECT_EQ(locks, (std::vector<OdRefCount>{1, 2, 1}));
+    EXPECT_EQ(m_module.locks(), 0U);
+}

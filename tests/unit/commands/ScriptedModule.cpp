@@ -1,6 +1,7 @@
 #include "tests/unit/commands/ScriptedModule.h"
 
 #include "GarmPC3Editor/Commands/ModuleThread.h"
+#include "GarmPC3Editor/ModuleObject.h"
 #include "GarmPC3Editor/ResourceInstance.h"
 
 #include <deque>
@@ -14,6 +15,28 @@ struct Work
     void* context;
 };
 
+// Only its lock counts.
+class LockedModule final : public OdRxModule
+{
+public:
+    ~LockedModule() override = default;
+    void* sysData() override { return nullptr; }
+    void deleteModule() override {}
+    void initApp() override {}
+    void uninitApp() override {}
+    OdString moduleName() const override { return {}; }
+    void lock() noexcept override { ++m_locks; }
+    void unlock() noexcept override { --m_locks; }
+    OdRefCount lockCount() const noexcept override { return m_locks; }
+    void addRef() noexcept override { lock(); }
+    void release() noexcept override { unlock(); }
+    OdRefCount refCount() const noexcept override { return m_locks; }
+
+private:
+    OdRefCount m_locks = 0;
+};
+
+LockedModule moduleObject;
 HINSTANCE resourceLibrary = nullptr;
 bool threadsRefused = false;
 std::deque<Work>* waiting = nullptr;
@@ -27,6 +50,11 @@ void run(const Work& work)
 HINSTANCE garmPC3EditorResourceInstance() noexcept
 {
     return resourceLibrary;
+}
+
+OdRxModule* garmPC3EditorModule() noexcept
+{
+    return &moduleObject;
 }
 
 bool startModuleThread(void (*work)(void* context) noexcept, void* context) noexcept
@@ -55,6 +83,11 @@ ScriptedModule::~ScriptedModule()
 void ScriptedModule::setResourceInstance(HINSTANCE library) noexcept
 {
     resourceLibrary = library;
+}
+
+OdRefCount ScriptedModule::locks() const noexcept
+{
+    return moduleObject.lockCount();
 }
 
 void ScriptedModule::refuseThreads() noexcept

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kernel/OdRxModule.h"
 #include "win32/Win32.h"
 
 #include <cstddef>
@@ -16,6 +17,9 @@ public:
     ScriptedModule& operator=(const ScriptedModule&) = delete;
 
     void setResourceInstance(HINSTANCE library) noexcept;
+
+    // How many hold the module object.
+    OdRefCount locks() const noexcept;
 
     // No thread can be started from now on.
     void refuseThreads() noexcept;
