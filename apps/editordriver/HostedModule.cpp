@@ -32,12 +32,13 @@ void HostedModule::load()
         throw std::runtime_error(odToUtf8(whyNot));
 }
 
-void HostedModule::unload()
+std::string HostedModule::unload()
 {
     OdString whyNot;
-    if (!m_object || !GmModuleLoader::unload(m_object, whyNot))
-        throw std::runtime_error(m_object ? odToUtf8(whyNot) : "the module is not loaded");
+    if (!GmModuleLoader::unload(m_object, whyNot))
+        return odToUtf8(whyNot);
     m_object = nullptr;
+    return {};
 }
 
 bool HostedModule::isInProcess() noexcept

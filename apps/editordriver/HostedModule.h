@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kernel/OdString.h"
+#include <string>
 
 class OdRxModule;
 
@@ -15,9 +15,11 @@ public:
     HostedModule(const HostedModule&) = delete;
     HostedModule& operator=(const HostedModule&) = delete;
 
-    // Both throw std::runtime_error with the reason when that does not work.
+    // Throws std::runtime_error with the reason when that does not work.
     void load();
-    void unload();
+
+    // "" or why it is not unloaded.
+    std::string unload();
 
     // Whether its code is in the process, loaded by us or held by a thread of its own. From any thread.
     static bool isInProcess() noexcept;

@@ -55,14 +55,16 @@ std::string repeated(const std::string& text, int count)
 const char* Steps::help() noexcept
 {
     return R"(Sessions
-  edit NAME               starts PC3EDIT for a configuration of the search path
+  edit NAME               starts PC3EDIT for a configuration of the search path, also from within another one
   edit-printer NAME       starts it for a new configuration of a printer
   edit-paper PAPER|NAME   starts it for a configuration and the paper
   get-devmode DEVICE      starts PC3GETDEVMODE
-  end                     waits until the one that was started has ended, and tells what it left
+  end                     waits until the one that was started last has ended, and tells what it left
   start-check DEVICE      the same in the background; it returns at once
   checked                 waits for the message of a check, and tells what it said
-  load, unload            the module, which is loaded at the beginning
+  load                    the module, which is loaded at the beginning
+  unload                  tells "done" or why not
+  quit                    ends the host's message loop
   gone                    waits until its code has left the process
   in-process              tells whether that is there
   language TAG            switches the host's language
@@ -125,7 +127,9 @@ bool Steps::runSurroundings(const std::string& verb, const std::string& rest)
     else if (verb == "load")
         m_ui.doNow([this] { m_place.module.load(); });
     else if (verb == "unload")
-        m_ui.doNow([this] { m_place.module.unload(); });
+        unload();
+    else if (verb == "quit")
+        m_ui.quit();
     else if (verb == "gone")
         await("the module to go", [] { return !HostedModule::isInProcess(); });
     else if (verb == "language")
@@ -139,7 +143,7 @@ bool Steps::runSurroundings(const std::string& verb, const std::string& rest)
     else if (verb == "dialog")
         m_hands.awaitDialog();
     else if (verb == "opened")
-        m_skipping = !m_hands.awaitDialogUnless([this] { return !m_command || m_command->ended(); });
+        m_skipping = !m_hands.awaitDialogUnless([this] { return m_commands.empty() || m_commands.back()->ended(); });
     else if (verb == "closed")
         m_hands.awaitClosed();
     else
@@ -230,20 +234,25 @@ bool Steps::runQuestion(const std::string& verb, std::string rest)
 
 void Steps::start(std::function<std::string()> command)
 {
-    if (m_command)
-        throw std::runtime_error("a command is running");
-    m_command = std::make_shared<CommandRun>();
-    m_ui.start([run = m_command, work = std::move(command)] { run->run(work); });
+    m_commands.push_back(std::make_shared<CommandRun>());
+    m_ui.start([run = m_commands.back(), work = std::move(command)] { run->run(work); });
 }
 
 void Steps::awaitEnd()
 {
-    if (!m_command)
+    if (m_commands.empty())
         throw std::runtime_error("no command is running");
-    await("the end of the command", [this] { return m_command->ended(); });
-    std::fputs(m_command->report().c_str(), stdout);
+    await("the end of the command", [this] { return m_commands.back()->ended(); });
+    std::fputs(m_commands.back()->report().c_str(), stdout);
     std::fflush(stdout);
-    m_command.reset();
+    m_commands.pop_back();
+}
+
+void Steps::unload() const
+{
+    std::string whyNot;
+    m_ui.doNow([&] { whyNot = m_place.module.unload(); });
+    tell("unload", whyNot.empty() ? "done" : whyNot);
 }
 
 void Steps::startCheck(const OdString& device) const

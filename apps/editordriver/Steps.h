@@ -11,6 +11,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace editordriver
 {
@@ -42,6 +43,7 @@ private:
     bool runSession(const std::string& verb, const std::string& rest);
     bool runSurroundings(const std::string& verb, const std::string& rest);
 
+    void unload() const;
     void start(std::function<std::string()> command);
     void awaitEnd();
     void startCheck(const OdString& device) const;
@@ -56,7 +58,7 @@ private:
     UiThread& m_ui;
     const HostWindow* m_host;
     Hands m_hands;
-    std::shared_ptr<CommandRun> m_command; // the one that runs
-    bool m_skipping = false;               // to its end: it ended without a dialog
+    std::vector<std::shared_ptr<CommandRun>> m_commands; // those that run, each from within the one before
+    bool m_skipping = false;                             // to the end of the last: it ended without a dialog
 };
 } // namespace editordriver

@@ -1,4 +1,5 @@
-"""The module is unloaded while its checks run, and the language changes while its windows are open."""
+"""The module is unloaded while its checks run or its windows are open, the language changes and the host quits while they
+are, and the editor is opened from within itself."""
 
 import contextlib
 import shutil
@@ -70,6 +71,67 @@ class UnloadingTest(ModuleCase):
         self.assertEqual(sorted(answers.all("checked")), ["found"] * 60 + ["not found"] * 60)
         self.assertEqual(answers.all("output result"), ["true"] * 60)
         self.assert_flat(answers)
+
+
+class OpenEditorTest(ModuleCase):
+    """What the host does while the editor is open."""
+
+    def test_the_module_is_in_use_until_the_editor_ends(self):
+        answers = self.session("edit x.pc3", "dialog", "unload", "title", "tab 1", "tree", f"click {ed.CANCEL}", "end",
+                               "unload", "gone", "load", "edit x.pc3", "dialog", "title", f"click {ed.CANCEL}", "end")
+        refused, done = answers.all("unload")
+        self.assertRegex(refused, r"^The module .*GarmPC3Editor\.grx cannot be unloaded: it is in use\.$")
+        self.assertEqual(done, "done")
+        self.assertEqual(answers.all("title"), ["x.pc3 - Plotter configuration"] * 2)
+        self.assertEqual(answers.all("output fileName"), ["x.pc3"] * 2)
+
+    def test_the_module_is_in_use_while_the_name_is_asked_for(self):
+        answers = self.session("edit x.pc3", "dialog", f"type {ed.DESCRIPTION} other", f"click {ed.OK}", "dialog", "unload",
+                               f"click {ed.OK}", "end", "unload", "gone")
+        refused, done = answers.all("unload")
+        self.assertIn("it is in use", refused)
+        self.assertEqual(done, "done")
+        self.assertEqual(answers.one("output fileName"), "x.pc3")
+
+    def test_a_second_editor_has_a_configuration_of_its_own(self):
+        before = (self.folder / "x.pc3").read_bytes()
+        answers = self.session(
+            "edit x.pc3", "dialog", "title", f"type {ed.DESCRIPTION} outer", "edit file.pc3", "dialog", "title",
+            f"text {ed.DESCRIPTION}", "unload", f"click {ed.CANCEL}", "end", "closed", "title", f"text {ed.DESCRIPTION}",
+            "unload", f"click {ed.CANCEL}", "end", "unload", "gone")
+        self.assertEqual(answers.all("title"), ["x.pc3 - Plotter configuration", "file.pc3 - Plotter configuration",
+                                                "x.pc3 - Plotter configuration"])
+        inner, outer = answers.all(f"text {ed.DESCRIPTION}")
+        self.assertNotEqual(inner, "outer")
+        self.assertEqual(outer, "outer")
+        self.assertEqual(answers.all("output fileName"), ["file.pc3", "x.pc3"])
+        *refused, done = answers.all("unload")
+        self.assertEqual([text.endswith("it is in use.") for text in refused], [True, True])
+        self.assertEqual(done, "done")
+        self.assertEqual((self.folder / "x.pc3").read_bytes(), before)
+
+    def test_a_switch_of_the_language_with_two_editors_open_frees_nothing_that_is_used(self):
+        answers = self.session(
+            "edit x.pc3", "dialog", "edit file.pc3", "dialog", "language de", "tab 1", "tree", f"click {ed.CANCEL}", "end",
+            "closed", "language ja", "tab 1", "tree", f"click {ed.CANCEL}", "end", "edit x.pc3", "dialog", "title",
+            f"click {ed.CANCEL}", "end")
+        self.assertEqual(answers.one("language de"), "switched")
+        self.assertEqual(answers.one("language ja"), "switched")
+        self.assertEqual(answers.one("title"), "x.pc3 - プロッター構成")
+        self.assertEqual(answers.all("output fileName"), ["file.pc3", "x.pc3", "x.pc3"])
+
+    def test_a_host_that_quits_ends_the_editor_like_its_cancel(self):
+        before = (self.folder / "x.pc3").read_bytes()
+        answers = self.session("edit x.pc3", "dialog", f"type {ed.DESCRIPTION} never kept", "quit", "end")
+        self.assertEqual(answers.one("output fileName"), "x.pc3")
+        self.assertEqual((self.folder / "x.pc3").read_bytes(), before)
+
+    def test_a_host_that_quits_ends_two_editors_and_the_name_dialog(self):
+        before = (self.folder / "x.pc3").read_bytes()
+        answers = self.session("edit file.pc3", "dialog", "edit x.pc3", "dialog", f"type {ed.DESCRIPTION} never kept",
+                               f"click {ed.OK}", "dialog", "quit", "end", "end")
+        self.assertEqual(len(answers.all("output fileName")), 2)
+        self.assertEqual((self.folder / "x.pc3").read_bytes(), before)
 
 
 class LanguageSwitchTest(ModuleCase):
