@@ -9,6 +9,7 @@
 #include "editordriver/Steps.h"
 #include "host/GarmInterfaces.h"
 #include "host/GmLanguage.h"
+#include "host/windows/LibrarySearch.h"
 #include "kernel/OdText.h"
 
 #include <commctrl.h>
@@ -120,6 +121,7 @@ extern "C" int wmain(int count, wchar_t** values)
     }
     try
     {
+        dropCurrentFolderFromSearch();
         return run(*options);
     }
     catch (const std::exception& error)

@@ -10,6 +10,8 @@ namespace GmModuleLoader
 // Loads a module: its library, its module object, a look at the interface version it was built against (it has to be
 // the host's own), initApp. The object stays the loader's; it is valid until unload.
 //
+// Libraries that the module needs are those beside it, beside the program and in the system's folder.
+//
 // Null when that does not work; whyNot is then one line in English for the user, and nothing of the module is left in
 // the process. A module that is loaded already is refused, under whatever path: each has one module object, and a
 // second initApp would register its commands twice.

@@ -1,3 +1,4 @@
+#include "host/windows/LibrarySearch.h"
 #include "plothost/Arguments.h"
 #include "plothost/windows/Answers.h"
 #include "plothost/windows/Console.h"
@@ -65,6 +66,7 @@ extern "C" int wmain(int count, wchar_t** values)
 {
     try
     {
+        dropCurrentFolderFromSearch();
         return answer(std::vector<OdString>(values + (count > 0 ? 1 : 0), values + count));
     }
     catch (const std::exception& error)

@@ -34,8 +34,14 @@ public:
         // Without this the system may show a box of its own about a damaged file.
         DWORD errorMode = 0;
         const BOOL changed = ::SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &errorMode);
-        m_handle = ::LoadLibraryW(file.c_str());
-        m_error = m_handle ? ERROR_SUCCESS : ::GetLastError();
+        // What the module needs is looked for beside it, beside the program and in the system's folder; neither in the
+        // current folder nor in those of PATH, where anybody's library may be.
+        load(file,
+             LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRARY_SEARCH_APPLICATION_DIR | LOAD_LIBRARY_SEARCH_SYSTEM32);
+        // Wine for a file on a share, and Windows 7 before its update, refuse these flags. Beside the module comes
+        // first then too, and a program has dropped the current folder (LibrarySearch.h).
+        if (m_error == ERROR_INVALID_PARAMETER)
+            load(file, LOAD_WITH_ALTERED_SEARCH_PATH);
         if (changed)
             ::SetThreadErrorMode(errorMode, nullptr);
     }
@@ -62,6 +68,12 @@ public:
     }
 
 private:
+    void load(const OdString& file, DWORD flags) noexcept
+    {
+        m_handle = ::LoadLibraryExW(file.c_str(), nullptr, flags);
+        m_error = m_handle ? ERROR_SUCCESS : ::GetLastError();
+    }
+
     HINSTANCE m_handle = nullptr;
     DWORD m_error = ERROR_SUCCESS;
 };

@@ -19,6 +19,7 @@ enum class Fault
     createGivesNull,
     initThrows,
     attachRefused,
+    loadsByName, // a library, from wherever the process looks for one
 };
 
 constexpr Fault fault = Fault::TEST_MODULE_FAULT;
@@ -45,6 +46,8 @@ public:
         odedRegCmds()->addCommand(OdRxObjectImpl<TestCommand>::createObject().get());
         if constexpr (fault == Fault::initThrows)
             throw std::runtime_error("no start");
+        if constexpr (fault == Fault::loadsByName)
+            ::LoadLibraryW(L"libhost_missing_library.dll");
     }
     void uninitApp() override { odedRegCmds()->removeGroup(OD_T("TEST_MODULE")); }
 
