@@ -114,6 +114,7 @@ public:
 
     ParsedArguments parse(std::vector<std::string> arguments)
     {
+        command(Verb::show)->add_flag("--full", m_full, "Show long names and values whole");
         if (const std::string empty = emptyValue(arguments); !empty.empty())
             return wrongUsage(empty + " needs a value");
         const bool none = arguments.empty();
@@ -273,6 +274,7 @@ private:
                 return wrongUsage("--reseller needs KEY=VALUE: " + quoted(text));
             result.reseller.push_back(*setting);
         }
+        result.full = m_full;
         return {std::move(result), exitYes, {}, {}};
     }
 
@@ -309,3 +311,4 @@ ParsedArguments parseArguments(const std::vector<OdString>& arguments)
     return Parser().parse(std::move(texts));
 }
 } // namespace plothost
+    bool m_full = false;

@@ -14,6 +14,8 @@ bool isControl(OdChar c)
     const bool direction = c == 0x200E || c == 0x200F || (c >= 0x202A && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
     return classic || separator || direction;
 }
+
+constexpr std::size_t widestColumn = 64;
 } // namespace
 
 std::string printable(OdStringView text)
@@ -37,6 +39,15 @@ std::string printable(OdStringView text)
     return odToUtf8(shown);
 }
 
+std::string shortened(OdStringView text, std::size_t most, std::string_view quote)
+{
+    OdStringView part = text.substr(0, most);
+    if (part.size() < text.size() && !part.empty() && part.back() >= 0xD800 && part.back() <= 0xDBFF)
+        part.remove_suffix(1); // the first half of a character
+    std::string shown = std::string(quote) + printable(part) + std::string(quote);
+    return part.size() == text.size() ? shown : shown + "... (" + std::to_string(text.size()) + " characters)";
+}
+
 std::size_t displayWidth(std::string_view utf8) noexcept
 {
     return static_cast<std::size_t>(
@@ -50,7 +61,8 @@ std::string columns(const std::vector<std::vector<std::string>>& lines, std::siz
     {
         widths.resize(std::max(widths.size(), line.size()));
         for (std::size_t i = 0; i < line.size(); ++i)
-            widths[i] = std::max(widths[i], displayWidth(line[i]));
+            if (const std::size_t width = displayWidth(line[i]); width <= widestColumn)
+                widths[i] = std::max(widths[i], width);
     }
     std::string text;
     for (const auto& line : lines)
@@ -59,7 +71,8 @@ std::string columns(const std::vector<std::vector<std::string>>& lines, std::siz
         for (std::size_t i = 0; i < line.size(); ++i)
         {
             row += line[i];
-            row.append(widths[i] - displayWidth(line[i]) + 2, ' ');
+            const std::size_t width = displayWidth(line[i]);
+            row.append(widths[i] - std::min(width, widths[i]) + 2, ' ');
         }
         row.erase(row.find_last_not_of(' ') + 1);
         text += row + "\n";

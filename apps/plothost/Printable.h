@@ -13,7 +13,12 @@ namespace plothost
 // colours or turn the direction of writing comes out as "\u001B".
 std::string printable(OdStringView text);
 
-// Lines of cells, every column as wide as its widest cell, two blanks apart, no blanks at the ends.
+// The same of the first units of a text, at most that many; what was left out is said behind it. quote is put around
+// the part that is shown.
+std::string shortened(OdStringView text, std::size_t most, std::string_view quote = {});
+
+// Lines of cells, every column as wide as its widest cell, two blanks apart, no blanks at the ends. A cell wider than
+// 64 stands whole and does not widen its column: one such name would otherwise be paid for in every line.
 std::string columns(const std::vector<std::vector<std::string>>& lines, std::size_t indent);
 
 // How many characters of a terminal a UTF-8 text takes, counting one for each code point.

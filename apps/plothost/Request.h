@@ -35,6 +35,7 @@ struct Request
     OdString name; // devmode: device; edit: configuration or printer; create: printer
     OdString file; // create, show
     bool json = false;
+    bool full = false; // show
     bool background = false;
     bool isPrinter = false;
     OdString paper; // edit

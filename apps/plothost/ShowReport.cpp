@@ -11,7 +11,7 @@ namespace plothost
 {
 namespace
 {
-// Binary texts are shown up to here; --json gives all of them.
+// Names and values of block "custom" are shown up to here; --full and --json give all of them.
 constexpr std::size_t mostShown = 64;
 
 std::string numberText(double value)
@@ -80,18 +80,17 @@ std::string blockText(const ConfigurationBlock& block, const GmPlotCfg3& configu
     return text + "\n" + columns(lines, indent + 2);
 }
 
-std::string customText(const GmPlotCfg3& configuration)
+std::string customText(const GmPlotCfg3& configuration, bool full)
 {
     if (!configuration.m_custom)
         return "custom: absent\n";
+    const std::size_t most = full ? OdStringView::npos : mostShown;
     std::vector<std::vector<std::string>> lines;
     for (const CustomItem& item : customItems(*configuration.m_custom))
     {
-        std::string value = valueText(item.value);
-        if (const auto* text = std::get_if<OdString>(&item.value); text && text->view().size() > mostShown)
-            value = valueText(OdString(text->view().substr(0, mostShown))) + "... (" +
-                    std::to_string(text->view().size()) + " characters)";
-        lines.push_back({printable(item.name), item.kind, value});
+        const auto* text = std::get_if<OdString>(&item.value);
+        lines.push_back(
+            {shortened(item.name, most), item.kind, text ? shortened(*text, most, "\"") : valueText(item.value)});
     }
     return "custom\n" + columns(lines, 2);
 }
@@ -166,7 +165,7 @@ std::string textOf(const ShowReport& report)
     std::string text = columns({{"file", printable(report.path)}, {"printer", bindingText(report)}}, 0);
     for (const ConfigurationBlock& block : configurationBlocks())
         text += blockText(block, *report.configuration);
-    return text + customText(*report.configuration);
+    return text + customText(*report.configuration, report.full);
 }
 
 std::string jsonOf(const ShowReport& report)

@@ -22,6 +22,7 @@ struct ShowReport
     OdString storedPrinter; // as the file has it
     Binding binding = Binding::none;
     const GmPlotCfg3* configuration = nullptr; // not null when printed
+    bool full = false; // the text has the names and values of block "custom" whole, as JSON always has
 };
 
 std::string textOf(const ShowReport& report);

@@ -69,6 +69,7 @@ ExitStatus runShow(const Request& request, const OdString& searchPath)
     if (!configuration->m_meta.m_win_driver_name.isEmpty())
         report.binding = modified ? ShowReport::Binding::rebound : ShowReport::Binding::same;
     report.configuration = configuration.get();
+    report.full = request.full;
     return answerYes(request.json ? jsonOf(report) : textOf(report));
 }
 

@@ -125,6 +125,13 @@ TEST(PlothostArguments, aNameWithADashGoesBehindTwoDashes)
         << "what follows an option is its value";
 }
 
+TEST(PlothostArguments, showTakesFull)
+{
+    EXPECT_FALSE(understood({OD_T("show"), OD_T("x")}).full);
+    EXPECT_TRUE(understood({OD_T("show"), OD_T("x"), OD_T("--full")}).full);
+    EXPECT_THAT(refused({OD_T("list"), OD_T("--full")}), HasSubstr("has no option '--full'"));
+}
+
 TEST(PlothostArguments, helpNamesCommandsAndOptions)
 {
     for (const auto& line : std::vector<std::vector<OdString>>{{OD_T("--help")}, {OD_T("-h")}})

@@ -84,6 +84,28 @@ TEST(ShowReport, longPrivateDataAreCutInTheTextOnly)
     EXPECT_EQ(json["configuration"]["custom"][2]["value"].get<std::string>().size(), 131072U);
 }
 
+TEST(ShowReport, longNamesAreCutLikeValuesUnlessAllIsAskedFor)
+{
+    GmPlotCfg3 configuration = sample::configuration();
+    configuration.m_custom->m_numbers[OdString(std::basic_string<OdChar>(64, 'n'))] = OD_T("64");
+    configuration.m_custom->m_strings[OdString(std::basic_string<OdChar>(65, 's'))] =
+        OdString(std::basic_string<OdChar>(100, 'v'));
+    configuration.m_custom->m_flags[OdString(std::basic_string<OdChar>(63, 'f') + OD_T("\xD83D\xDE00"))] = 1;
+    ShowReport report = reportOf(configuration);
+    const std::string cut = textOf(report);
+    EXPECT_THAT(cut, HasSubstr("\n  " + std::string(64, 'n') + "  number  \"64\"\n"));
+    EXPECT_THAT(cut, HasSubstr("\n  " + std::string(64, 's') + "... (65 characters)  string  \"" +
+                               std::string(64, 'v') + "\"... (100 characters)\n"));
+    EXPECT_THAT(cut, HasSubstr("\n  " + std::string(63, 'f') + "... (65 characters)  flag    true\n"))
+        << "no half of a character";
+
+    report.full = true;
+    const std::string full = textOf(report);
+    EXPECT_THAT(full, HasSubstr("\n  " + std::string(65, 's') + "  string  \"" + std::string(100, 'v') + "\"\n"));
+    EXPECT_THAT(full, HasSubstr("\n  " + std::string(63, 'f') + "\xF0\x9F\x98\x80  flag    true\n"));
+    EXPECT_THAT(full, testing::Not(HasSubstr("...")));
+}
+
 TEST(ShowReport, whatIsAbsentSaysSo)
 {
     const GmPlotCfg3 fresh;
