@@ -121,6 +121,9 @@ public:
         const std::string last = none ? std::string() : arguments.back();
         std::reverse(arguments.begin(), arguments.end()); // as the library wants it
         try
+        const auto dashes = std::find(arguments.begin(), arguments.end(), "--");
+        if (dashes != arguments.end())
+            m_behindDashes.assign(dashes + 1, arguments.end());
         {
             m_app.parse(std::move(arguments));
         }
@@ -197,7 +200,9 @@ private:
     {
         const std::string& word = extra.front();
         const CLI::App* chosen = chosenCommand();
-        if (word.starts_with('-') && word.size() > 1)
+        const auto behind = std::count(m_behindDashes.begin(), m_behindDashes.end(), word);
+        const bool isArgument = std::count(extra.begin(), extra.end(), word) <= behind;
+        if (word.starts_with('-') && word.size() > 1 && !isArgument)
         {
             const std::string option = word.substr(0, word.find('='));
             std::vector<std::string> known = optionNames(m_app);
@@ -213,7 +218,7 @@ private:
         }
         if (chosen)
             return wrongUsage("unexpected argument " + quoted(word),
-                              "A name with blanks needs quotation marks around it.");
+                              word.starts_with('-') ? "" : "A name with blanks needs quotation marks around it.");
         std::vector<std::string> names;
         for (const CommandText& text : commandTexts)
             names.emplace_back(text.name);
@@ -253,6 +258,12 @@ private:
             return wrongUsage("--background gives no DEVMODE that --out could write");
         if (verb == Verb::create && !odEndsWithNoCase(odFromUtf8(m_file), OD_T(".pc3")))
             return wrongUsage("FILE must end in .pc3: " + quoted(m_file));
+        // What names a file cannot be empty; the rest has a meaning of its own for that.
+        for (const char* name : {"--module", "--settings"})
+            if (isEmptyValue(m_app, name))
+                return wrongUsage(std::string(name) + " needs a value");
+        if (verb == Verb::devmode && isEmptyValue(*command(verb), "--out"))
+            return wrongUsage("--out needs a value");
 
         Request result;
         result.verb = verb;
@@ -290,6 +301,11 @@ private:
     std::string m_name;
     std::string m_file;
     std::string m_out;
+    static bool isEmptyValue(const CLI::App& app, const char* option)
+    {
+        return app.count(option) > 0 && app.get_option(option)->results().back().empty();
+    }
+
     std::string m_paper;
     std::string m_searchPath;
     std::string m_language;
@@ -309,6 +325,7 @@ ParsedArguments parseArguments(const std::vector<OdString>& arguments)
     for (const OdString& argument : arguments)
         texts.push_back(odToUtf8(argument.view()));
     return Parser().parse(std::move(texts));
+    std::vector<std::string> m_behindDashes; // what "--" makes an argument, whatever it looks like
 }
 } // namespace plothost
     bool m_full = false;

@@ -132,6 +132,30 @@ TEST(PlothostArguments, showTakesFull)
     EXPECT_THAT(refused({OD_T("list"), OD_T("--full")}), HasSubstr("has no option '--full'"));
 }
 
+TEST(PlothostArguments, whatStandsAfterTwoDashesIsNeverTakenForAnOption)
+{
+    for (const OdChar* name : {OD_T("--json"), OD_T("-x"), OD_T("--jsonn")})
+    {
+        const std::string said = refused({OD_T("list"), OD_T("--"), name});
+        EXPECT_THAT(said, HasSubstr("unexpected argument '" + odToUtf8(name) + "'"));
+        EXPECT_THAT(said, Not(HasSubstr("did you mean")));
+    }
+    EXPECT_THAT(refused({OD_T("list"), OD_T("--json"), OD_T("--"), OD_T("--json")}),
+                HasSubstr("unexpected argument '--json'"));
+    EXPECT_THAT(refused({OD_T("list"), OD_T("--jsn"), OD_T("--"), OD_T("x")}), HasSubstr("did you mean '--json'?"));
+}
+
+TEST(PlothostArguments, anEmptyFileNameIsNoValue)
+{
+    EXPECT_THAT(refused({OD_T("list"), OD_T("--module"), OdString()}), HasSubstr("--module needs a value"));
+    EXPECT_THAT(refused({OD_T("--module"), OdString(), OD_T("list")}), HasSubstr("--module needs a value"));
+    EXPECT_THAT(refused({OD_T("list"), OD_T("--settings"), OdString()}), HasSubstr("--settings needs a value"));
+    EXPECT_THAT(refused({OD_T("devmode"), OD_T("x"), OD_T("--out"), OdString()}), HasSubstr("--out needs a value"));
+    EXPECT_EQ(understood({OD_T("list"), OD_T("--search-path"), OdString()}).searchPath, OdString())
+        << "the same as none";
+    EXPECT_EQ(understood({OD_T("edit"), OD_T("x"), OD_T("--paper"), OdString()}).paper, OdString());
+}
+
 TEST(PlothostArguments, helpNamesCommandsAndOptions)
 {
     for (const auto& line : std::vector<std::vector<OdString>>{{OD_T("--help")}, {OD_T("-h")}})
