@@ -7,6 +7,7 @@
 #include <CLI/Formatter.hpp>
 
 #include <algorithm>
+#include <charconv>
 #include <utility>
 
 namespace plothost
@@ -15,7 +16,9 @@ namespace
 {
 // Every option with a value, as it is typed; used where the parsing library's own words would not help.
 constexpr const char* optionsWithValue[] = {"--search-path", "--language", "--module", "--settings",
-                                            "--reseller",    "--out",      "--paper"};
+                                            "--reseller",    "--out",      "--paper",  "--wait"};
+
+constexpr int longestWait = 3600; // seconds
 
 constexpr const char* footer =
     "Without a command the Plot dialog opens.\n"
@@ -81,6 +84,7 @@ public:
         addText(m_app, "--module", m_module, "The module; by default GarmPC3Editor.grx beside this program", "FILE");
         addText(m_app, "--settings", m_settings, "The host's settings; by default plothost.ini beside this program",
                 "FILE");
+        addText(m_app, "--wait", m_wait, "Longest wait for the print server; 30 seconds by default", "SECONDS");
         m_app.add_option("--reseller", m_reseller, "Put a value into the reseller data store")
             ->type_name("KEY=VALUE")
             ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
@@ -110,20 +114,20 @@ public:
         addText(*command(Verb::create), "PRINTER", m_name, "Name of the printer", "")->required();
         addText(*command(Verb::create), "FILE", m_file, "File to write, ending in .pc3", "")->required();
         addText(*command(Verb::show), "FILE", m_file, "Configuration to read", "")->required();
+        command(Verb::show)->add_flag("--full", m_full, "Show long names and values whole");
     }
 
     ParsedArguments parse(std::vector<std::string> arguments)
     {
-        command(Verb::show)->add_flag("--full", m_full, "Show long names and values whole");
         if (const std::string empty = emptyValue(arguments); !empty.empty())
             return wrongUsage(empty + " needs a value");
+        const auto dashes = std::find(arguments.begin(), arguments.end(), "--");
+        if (dashes != arguments.end())
+            m_behindDashes.assign(dashes + 1, arguments.end());
         const bool none = arguments.empty();
         const std::string last = none ? std::string() : arguments.back();
         std::reverse(arguments.begin(), arguments.end()); // as the library wants it
         try
-        const auto dashes = std::find(arguments.begin(), arguments.end(), "--");
-        if (dashes != arguments.end())
-            m_behindDashes.assign(dashes + 1, arguments.end());
         {
             m_app.parse(std::move(arguments));
         }
@@ -254,22 +258,23 @@ private:
         for (const CLI::Option* option : command(verb)->get_options())
             if (option->get_positional() && option->count() > 0 && option->results().front().empty())
                 return wrongUsage(option->get_name(true) + " is empty");
-        if (verb == Verb::devmode && m_background && command(verb)->count("--out") > 0)
-            return wrongUsage("--background gives no DEVMODE that --out could write");
-        if (verb == Verb::create && !odEndsWithNoCase(odFromUtf8(m_file), OD_T(".pc3")))
-            return wrongUsage("FILE must end in .pc3: " + quoted(m_file));
         // What names a file cannot be empty; the rest has a meaning of its own for that.
         for (const char* name : {"--module", "--settings"})
             if (isEmptyValue(m_app, name))
                 return wrongUsage(std::string(name) + " needs a value");
         if (verb == Verb::devmode && isEmptyValue(*command(verb), "--out"))
             return wrongUsage("--out needs a value");
+        if (verb == Verb::devmode && m_background && command(verb)->count("--out") > 0)
+            return wrongUsage("--background gives no DEVMODE that --out could write");
+        if (verb == Verb::create && !odEndsWithNoCase(odFromUtf8(m_file), OD_T(".pc3")))
+            return wrongUsage("FILE must end in .pc3: " + quoted(m_file));
 
         Request result;
         result.verb = verb;
         result.name = OdString(odFromUtf8(m_name));
         result.file = OdString(odFromUtf8(m_file));
         result.json = m_json;
+        result.full = m_full;
         result.background = m_background;
         result.isPrinter = m_isPrinter;
         result.paper = OdString(odFromUtf8(m_paper));
@@ -278,6 +283,14 @@ private:
         result.language = value(m_app, "--language", m_language);
         result.module = value(m_app, "--module", m_module);
         result.settings = value(m_app, "--settings", m_settings);
+        if (m_app.count("--wait") > 0)
+        {
+            const char* const end = m_wait.data() + m_wait.size();
+            const auto [stop, error] = std::from_chars(m_wait.data(), end, result.wait);
+            if (error != std::errc() || stop != end || result.wait < 1 || result.wait > longestWait)
+                return wrongUsage("--wait needs a number of seconds from 1 to " + std::to_string(longestWait) + ": " +
+                                  quoted(m_wait));
+        }
         for (const std::string& text : m_reseller)
         {
             const auto setting = resellerSetting(odFromUtf8(text));
@@ -285,8 +298,12 @@ private:
                 return wrongUsage("--reseller needs KEY=VALUE: " + quoted(text));
             result.reseller.push_back(*setting);
         }
-        result.full = m_full;
         return {std::move(result), exitYes, {}, {}};
+    }
+
+    static bool isEmptyValue(const CLI::App& app, const char* option)
+    {
+        return app.count(option) > 0 && app.get_option(option)->results().back().empty();
     }
 
     static std::optional<OdString> value(const CLI::App& app, const char* option, const std::string& text)
@@ -301,18 +318,16 @@ private:
     std::string m_name;
     std::string m_file;
     std::string m_out;
-    static bool isEmptyValue(const CLI::App& app, const char* option)
-    {
-        return app.count(option) > 0 && app.get_option(option)->results().back().empty();
-    }
-
     std::string m_paper;
     std::string m_searchPath;
     std::string m_language;
     std::string m_module;
     std::string m_settings;
+    std::string m_wait;
     std::vector<std::string> m_reseller;
+    std::vector<std::string> m_behindDashes; // what "--" makes an argument, whatever it looks like
     bool m_json = false;
+    bool m_full = false;
     bool m_background = false;
     bool m_isPrinter = false;
 };
@@ -325,7 +340,5 @@ ParsedArguments parseArguments(const std::vector<OdString>& arguments)
     for (const OdString& argument : arguments)
         texts.push_back(odToUtf8(argument.view()));
     return Parser().parse(std::move(texts));
-    std::vector<std::string> m_behindDashes; // what "--" makes an argument, whatever it looks like
 }
 } // namespace plothost
-    bool m_full = false;

@@ -44,6 +44,7 @@ struct Request
     std::optional<OdString> language;
     std::optional<OdString> module;
     std::optional<OdString> settings;
+    int wait = 30; // for the print server, in seconds
     std::vector<ResellerSetting> reseller;
 };
 } // namespace plothost

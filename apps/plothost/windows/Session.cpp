@@ -9,6 +9,7 @@
 #include "host/GmModuleLoader.h"
 #include "host/windows/ModuleFile.h"
 #include "kernel/OdRxModule.h"
+#include "kernel/OdText.h"
 #include "pia_tree/FileAccess.h"
 #include "plothost/Paths.h"
 #include "plothost/Printable.h"
@@ -31,9 +32,10 @@ const OdChar* const defaultLanguage = OD_T("en");
 HMODULE loadedModule = nullptr;
 
 // The loaded module may have another file name than the one in the import library.
-FARPROC WINAPI bindToLoadedModule(unsigned notification, DelayLoadInfo*)
+FARPROC WINAPI bindToLoadedModule(unsigned notification, DelayLoadInfo* info)
 {
-    return notification == dliNotePreLoadLibrary ? reinterpret_cast<FARPROC>(loadedModule) : nullptr;
+    const bool isModule = notification == dliNotePreLoadLibrary && odEqualNoCase(odFromUtf8(info->szDll), moduleName);
+    return isModule ? reinterpret_cast<FARPROC>(loadedModule) : nullptr;
 }
 
 OdString environmentText(const OdChar* name)

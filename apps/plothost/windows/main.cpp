@@ -2,6 +2,7 @@
 #include "plothost/Arguments.h"
 #include "plothost/windows/Answers.h"
 #include "plothost/windows/Console.h"
+#include "plothost/windows/PrintServer.h"
 #include "plothost/windows/Session.h"
 #include "plothost/windows/Verbs.h"
 
@@ -44,6 +45,13 @@ ExitStatus answer(const std::vector<OdString>& arguments)
     {
         const bool told = writeOutput(parsed.output) && writeError(parsed.error);
         return told || parsed.status != exitYes ? parsed.status : answerNo("standard output cannot be written");
+    }
+    // Everything that follows needs the print spooler, the module to begin with.
+    if (const int seconds = parsed.request->wait; !printServerAnswers(static_cast<DWORD>(seconds) * 1000))
+    {
+        note("the print server did not answer within " + std::to_string(seconds) +
+             (seconds == 1 ? " second" : " seconds"));
+        endWithoutPrintServer(exitNo);
     }
     Session session(*parsed.request);
     std::string whyNot;

@@ -125,13 +125,6 @@ TEST(PlothostArguments, aNameWithADashGoesBehindTwoDashes)
         << "what follows an option is its value";
 }
 
-TEST(PlothostArguments, showTakesFull)
-{
-    EXPECT_FALSE(understood({OD_T("show"), OD_T("x")}).full);
-    EXPECT_TRUE(understood({OD_T("show"), OD_T("x"), OD_T("--full")}).full);
-    EXPECT_THAT(refused({OD_T("list"), OD_T("--full")}), HasSubstr("has no option '--full'"));
-}
-
 TEST(PlothostArguments, whatStandsAfterTwoDashesIsNeverTakenForAnOption)
 {
     for (const OdChar* name : {OD_T("--json"), OD_T("-x"), OD_T("--jsonn")})
@@ -154,6 +147,23 @@ TEST(PlothostArguments, anEmptyFileNameIsNoValue)
     EXPECT_EQ(understood({OD_T("list"), OD_T("--search-path"), OdString()}).searchPath, OdString())
         << "the same as none";
     EXPECT_EQ(understood({OD_T("edit"), OD_T("x"), OD_T("--paper"), OdString()}).paper, OdString());
+}
+
+TEST(PlothostArguments, theWaitForThePrintServerIsSecondsWithinAnHour)
+{
+    EXPECT_EQ(understood({OD_T("list")}).wait, 30);
+    EXPECT_EQ(understood({OD_T("list"), OD_T("--wait"), OD_T("1")}).wait, 1);
+    EXPECT_EQ(understood({OD_T("--wait=3600"), OD_T("list")}).wait, 3600);
+    for (const OdChar* wrong :
+         {OD_T(""), OD_T("0"), OD_T("3601"), OD_T("-1"), OD_T("1.5"), OD_T("x"), OD_T("5 "), OD_T("99999999999")})
+        EXPECT_THAT(refused({OD_T("list"), OD_T("--wait"), wrong}), HasSubstr("--wait needs a")) << OdString(wrong);
+}
+
+TEST(PlothostArguments, showTakesFull)
+{
+    EXPECT_FALSE(understood({OD_T("show"), OD_T("x")}).full);
+    EXPECT_TRUE(understood({OD_T("show"), OD_T("x"), OD_T("--full")}).full);
+    EXPECT_THAT(refused({OD_T("list"), OD_T("--full")}), HasSubstr("has no option '--full'"));
 }
 
 TEST(PlothostArguments, helpNamesCommandsAndOptions)
