@@ -18,13 +18,16 @@ CRasterGraphics::CRasterGraphics(GmTabDevice& tab)
 
 BOOL CRasterGraphics::OnInitDialog()
 {
-    GmDeviceSubDlg::OnInitDialog();
+    // Before the base shows the values: a slider draws its thumb where the value is in the range that it has then. A
+    // new range leaves the thumb there, and so does the same value set once more.
+    m_ismMax.SubclassDlgItem(IDC_ISM_MAX, this);
     m_ismMax.SetRange(0, bestQuality);
+    m_oleMax.SubclassDlgItem(IDC_OLE_MAX, this);
     m_oleMax.SetRange(0, bestQuality);
+    m_preference.SubclassDlgItem(IDC_PREFERENCE, this);
     m_preference.SetRange(0, largestPreference);
     m_preference.SetTicFreq(preferencePerTick);
-    showValues();
-    return TRUE;
+    return GmDeviceSubDlg::OnInitDialog();
 }
 
 void CRasterGraphics::showValues() const

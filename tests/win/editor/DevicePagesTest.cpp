@@ -2,6 +2,7 @@
 
 #include "tests/win/editor/DeviceTabTest.h"
 
+#include "GarmPC3Editor/Dialogs/CRasterGraphics.h"
 #include "resources/Resource.h"
 
 namespace
@@ -15,6 +16,25 @@ protected:
     GmResColorMemNode& color() { return m_cfg->m_res_color_mem; }
     bool overwrites() { return *m_cfg->m_res_color_mem.m_lines_overwrite; }
 };
+
+// Where the middle of a slider's thumb is drawn: 0 at the left end of its way, 1 at the right one.
+double drawnAt(HWND slider)
+{
+    RECT thumb = {};
+    RECT channel = {};
+    ::SendMessageW(slider, TBM_GETTHUMBRECT, 0, reinterpret_cast<LPARAM>(&thumb));
+    ::SendMessageW(slider, TBM_GETCHANNELRECT, 0, reinterpret_cast<LPARAM>(&channel));
+    const int way = channel.right - channel.left - (thumb.right - thumb.left);
+    return way > 0 ? static_cast<double>(thumb.left - channel.left) / way : -1.0;
+}
+
+void expectDrawn(HWND page, int ismMax, int oleMax, int preference)
+{
+    constexpr double aPixel = 0.01;
+    EXPECT_NEAR(drawnAt(::GetDlgItem(page, IDC_ISM_MAX)), ismMax / 6.0, aPixel) << ismMax;
+    EXPECT_NEAR(drawnAt(::GetDlgItem(page, IDC_OLE_MAX)), oleMax / 6.0, aPixel) << oleMax;
+    EXPECT_NEAR(drawnAt(::GetDlgItem(page, IDC_PREFERENCE)), preference / 100.0, aPixel) << preference;
+}
 } // namespace
 
 // --- Collating ---
@@ -138,6 +158,55 @@ TEST_F(DevicePages, rasterSlidersHaveTheirRangesAndShowTheValues)
             EXPECT_EQ(tab.sliderAt(IDC_ISM_MAX), 2);
             EXPECT_EQ(tab.sliderAt(IDC_OLE_MAX), 0);
             EXPECT_EQ(tab.sliderAt(IDC_PREFERENCE), 99);
+        });
+}
+
+// A slider that is told its position before its range draws the thumb elsewhere, and setting the same position again
+// does not move it. Dragged from there, it jumps to another value.
+TEST_F(DevicePages, everyRasterValueIsDrawnWhereItBelongs)
+{
+    run(
+        [this](DeviceTabUser& user)
+        {
+            const auto makeEveryPage = [this]
+            {
+                auto& tab = dynamic_cast<GmTabDevice&>(*m_sheet.GetPage(1));
+                for (int value = 0; value <= 100; ++value)
+                {
+                    color().m_ism_max = value % 7;
+                    color().m_ole_max = 6 - value % 7;
+                    color().m_preference = value;
+                    CRasterGraphics page(tab);
+                    ASSERT_TRUE(page.createInFrame());
+                    expectDrawn(page, value % 7, 6 - value % 7, value);
+                }
+            };
+            onSheetsThread(user, makeEveryPage);
+        });
+}
+
+TEST_F(DevicePages, rasterValuesAreDrawnRightAfterPagesAndTabsWereSwitched)
+{
+    color().m_ism_max = 6;
+    color().m_ole_max = 5;
+    color().m_preference = 1;
+    run(
+        [](DeviceTabUser& tab)
+        {
+            tab.select(eRasterGraphics);
+            tab.select(eTrueType);
+            tab.select(eRasterGraphics);
+            expectDrawn(tab.shownPage(), 6, 5, 1);
+            tab.user.selectTab(tab.sheet, 0);
+            tab.user.selectTab(tab.sheet, 1);
+            expectDrawn(tab.shownPage(), 6, 5, 1);
+            tab.key(IDC_ISM_MAX, VK_LEFT);
+            tab.key(IDC_OLE_MAX, VK_HOME);
+            tab.key(IDC_PREFERENCE, VK_END);
+            expectDrawn(tab.shownPage(), 5, 0, 100);
+            tab.select(eRoot);
+            tab.select(eRasterGraphics);
+            expectDrawn(tab.shownPage(), 5, 0, 100);
         });
 }
 
