@@ -30,6 +30,7 @@
 #define IDS_PORT_AUTOSPOOL 214
 #define IDS_PORT_FILE 215
 #define IDS_TAB_DEVICE 216
+#define IDS_DESCRIPTION_CUT 242
 
 // Strings of the device tree. "Value" strings format what stands behind the entry's name.
 #define IDS_MEDIA 217
@@ -99,6 +100,7 @@
 #define IDC_VERSION 522
 #define IDC_PORT 523
 #define IDC_PRINTERS 2501
+#define IDC_DESCRIPTION_NOTE 534
 
 // Controls of the device tab
 #define IDC_SAVE_AS 506

@@ -2,6 +2,7 @@
 
 #include "GarmPC3Editor/AnswerOnThrow.h"
 #include "GarmPC3Editor/Dialogs/LanguageTexts.h"
+#include "GarmPC3Editor/Dialogs/ShownText.h"
 #include "GarmPC3Editor/Dialogs/VirtualPaper.h"
 #include "GarmPC3Editor/Dialogs/VirtualPrinterSettings.h"
 #include "resources/Resource.h"
@@ -76,7 +77,7 @@ void CPDFPrintDlg::DoDataExchange(CDataExchange* pDX)
 
 BOOL CPDFPrintDlg::OnInitDialog()
 {
-    SetWindowText(CString(m_printerName) + L" - Properties");
+    SetWindowText(CString(shownLine(m_printerName)) + L" - Properties");
     showOrientationImages();
     SendDlgItemMessage(IDC_PAPER, CB_RESETCONTENT);
     SendDlgItemMessage(IDC_QUALITY, CB_RESETCONTENT);

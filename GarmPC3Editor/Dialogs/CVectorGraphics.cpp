@@ -3,6 +3,7 @@
 #include "GarmPC3Editor/Dialogs/DeviceTree.h"
 #include "GarmPC3Editor/Dialogs/LanguageTexts.h"
 #include "GarmPC3Editor/Dialogs/ResolutionName.h"
+#include "GarmPC3Editor/Dialogs/ShownText.h"
 #include "GarmPC3Editor/GmPlotCfg3.h"
 #include "resources/Resource.h"
 
@@ -25,6 +26,6 @@ void CVectorGraphics::showValues() const
     const GmResolutionParts resolution = resolutionParts(color.m_resolution.m_name);
     SetDlgItemText(IDC_COLOR_DEPTH, CString(colorsText(color, languageTexts())));
     CheckRadioButton(IDC_MONOCHROME, IDC_COLOR, isMonochrome(color) ? IDC_MONOCHROME : IDC_COLOR);
-    SetDlgItemText(IDC_RESOLUTION, CString(resolution.resolution));
-    SetDlgItemText(IDC_DITHERING, CString(resolution.dithering));
+    SetDlgItemText(IDC_RESOLUTION, CString(shownLine(resolution.resolution)));
+    SetDlgItemText(IDC_DITHERING, CString(shownLine(resolution.dithering)));
 }

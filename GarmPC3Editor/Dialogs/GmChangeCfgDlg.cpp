@@ -2,6 +2,7 @@
 
 #include "GarmPC3Editor/Dialogs/LanguageTexts.h"
 #include "GarmPC3Editor/Dialogs/SaveProposal.h"
+#include "GarmPC3Editor/Dialogs/ShownText.h"
 #include "resources/Resource.h"
 
 GmChangeCfgDlg::GmChangeCfgDlg(const OdString& proposedPath) : CDialog(IDD_CHANGE_CFG)
@@ -9,7 +10,8 @@ GmChangeCfgDlg::GmChangeCfgDlg(const OdString& proposedPath) : CDialog(IDD_CHANG
     const GmNameProposal proposal = nameProposal(proposedPath);
     m_path = proposal.path;
     m_extensionAdded = proposal.extensionAdded;
-    m_name = proposal.name;
+    // What the field holds is the name, so it is cut only where no name of a file is as long.
+    m_name = EditedText(proposal.name).shown();
 }
 
 void GmChangeCfgDlg::DoDataExchange(CDataExchange* pDX)

@@ -3,6 +3,7 @@
 #include "GarmPC3Editor/Dialogs/FileTitle.h"
 #include "GarmPC3Editor/Dialogs/LanguageTexts.h"
 #include "GarmPC3Editor/Dialogs/PrinterExchange.h"
+#include "GarmPC3Editor/Dialogs/ShownText.h"
 #include "kernel/OdError.h"
 #include "resources/Resource.h"
 
@@ -41,7 +42,7 @@ OdString GmPCfgDlg::fileTitle() const
 
 void GmPCfgDlg::updateCaption()
 {
-    SetWindowText(formatText(languageTexts()(IDS_SHEET_TITLE), {fileTitle()}).c_str());
+    SetWindowText(formatText(languageTexts()(IDS_SHEET_TITLE), {shownLine(fileTitle())}).c_str());
 }
 
 void GmPCfgDlg::saveAs()

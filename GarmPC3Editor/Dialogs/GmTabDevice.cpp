@@ -5,6 +5,7 @@
 #include "GarmPC3Editor/Dialogs/GmPCfgDlg.h"
 #include "GarmPC3Editor/Dialogs/Icons.h"
 #include "GarmPC3Editor/Dialogs/LanguageTexts.h"
+#include "GarmPC3Editor/Dialogs/ShownText.h"
 #include "kernel/OdAssert.h"
 #include "resources/Resource.h"
 
@@ -111,15 +112,14 @@ bool GmTabDevice::insertEntries()
 
 void GmTabDevice::refreshItem(HTREEITEM item, bool mark, bool recurse)
 {
-    const CString oldLabel = m_tree.GetItemText(item);
-    // The control ends a text at the first NUL, and so must what is compared with it.
-    const CString newLabel =
-        CString(deviceLabel(typeOf(item), m_sheet->cfg(), m_sheet->fileTitle(), languageTexts())).GetString();
-    if (!newLabel.IsEmpty())
+    const std::int32_t type = typeOf(item);
+    OdString newLabel = deviceLabel(type, m_sheet->cfg(), m_sheet->fileTitle(), languageTexts());
+    if (!newLabel.isEmpty())
     {
-        m_tree.SetItemText(item, newLabel);
-        if (mark && newLabel != oldLabel)
+        m_tree.SetItemText(item, shownLine(newLabel).c_str());
+        if (mark && newLabel != m_labels[type])
             m_tree.SetItemState(item, INDEXTOOVERLAYMASK(checkOverlay), TVIS_OVERLAYMASK);
+        m_labels[type] = std::move(newLabel);
     }
     if (!recurse)
         return;

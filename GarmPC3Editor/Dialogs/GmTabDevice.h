@@ -58,5 +58,7 @@ private:
     CImageList m_images;
     // By kind of entry, made when the entry is first selected; null for a kind without a page.
     std::map<std::int32_t, std::unique_ptr<GmDeviceSubDlg>> m_pages;
+    // What the labels say, by kind of entry: they may show less of it.
+    std::map<std::int32_t, OdString> m_labels;
     GmPCfgDlg* m_sheet = nullptr;
 };

@@ -19,12 +19,12 @@ void GmTabGeneral::attach(GmPCfgDlg& sheet)
     m_sheet = &sheet;
     const GmPlotCfg3& cfg = sheet.cfg();
     const GmTexts texts = languageTexts();
-    m_description = cfg.m_meta.m_config_description;
-    m_fileName = sheet.fileTitle();
-    m_driver = driverLine(cfg.m_meta, texts);
-    m_driverFile = driverFile(cfg.m_meta);
-    m_version = versionLine(cfg.m_meta, texts);
-    m_port = portLine(cfg, texts);
+    m_description = EditedText(cfg.m_meta.m_config_description);
+    setFileName(sheet.fileTitle());
+    m_driver = shownLine(driverLine(cfg.m_meta, texts));
+    m_driverFile = shownLine(driverFile(cfg.m_meta));
+    m_version = shownLine(versionLine(cfg.m_meta, texts));
+    m_port = shownLine(portLine(cfg, texts));
 }
 
 GmPCfgDlg& GmTabGeneral::parentDlg()
@@ -35,7 +35,8 @@ GmPCfgDlg& GmTabGeneral::parentDlg()
 void GmTabGeneral::DoDataExchange(CDataExchange* pDX)
 {
     CPropertyPage::DoDataExchange(pDX);
-    DDX_Text(pDX, IDC_DESCRIPTION, m_description);
+    CString description(m_description.shown());
+    DDX_Text(pDX, IDC_DESCRIPTION, description);
     DDX_Text(pDX, IDC_FILE_NAME, m_fileName);
     DDX_Control(pDX, IDC_DRIVER_ICON, m_icon);
     DDX_Text(pDX, IDC_DRIVER, m_driver);
@@ -46,22 +47,31 @@ void GmTabGeneral::DoDataExchange(CDataExchange* pDX)
     DDX_Control(pDX, IDC_DESCRIPTION, m_descriptionEdit);
     if (!pDX->m_bSaveAndValidate)
     {
+        showWhetherEditable();
         m_tips.setTexts(*this, {IDC_FILE_NAME, IDC_DRIVER, IDC_DRIVER_FILE, IDC_VERSION, IDC_PORT});
         return;
     }
 
+    m_description.takeFrom(description.toOdString());
     OdString& stored = m_sheet->cfg().m_meta.m_config_description;
-    if (m_description.view() == stored.view())
+    if (m_description.whole() == stored)
         return;
-    stored = m_description.toOdString();
+    stored = m_description.whole();
     m_sheet->m_modified = true;
+}
+
+void GmTabGeneral::showWhetherEditable() const
+{
+    const bool isCut = m_description.isCut();
+    m_descriptionEdit.SetReadOnly(isCut ? TRUE : FALSE);
+    SetDlgItemText(IDC_DESCRIPTION_NOTE, isCut ? CString(languageTexts()(IDS_DESCRIPTION_CUT)) : CString());
 }
 
 BOOL GmTabGeneral::OnInitDialog()
 {
     CPropertyPage::OnInitDialog();
-    // Files may hold longer descriptions than can be typed by default.
-    m_descriptionEdit.LimitText();
+    // More than by default, but nothing that the field would not show when the file is opened again.
+    m_descriptionEdit.LimitText(longestShownText);
     showDriverIcon();
     fillPrinters();
     selectPrinter();
@@ -81,12 +91,13 @@ void GmTabGeneral::showDriverIcon()
 void GmTabGeneral::fillPrinters()
 {
     for (const OdString& name : printerNames(&runsUnderWine))
-        m_printers.AddString(name.c_str());
+        m_printers.AddString(shownLine(name).c_str());
 }
 
 void GmTabGeneral::selectPrinter()
 {
-    const OdString& name = m_sheet->cfg().m_meta.m_win_device_name;
+    // As it is shown: up to a NUL a name might be that of another printer.
+    const OdString name = shownLine(m_sheet->cfg().m_meta.m_win_device_name);
     if (name.isEmpty())
         return;
     m_selection = m_printers.FindStringExact(-1, name.c_str());

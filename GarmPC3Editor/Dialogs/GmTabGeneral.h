@@ -4,6 +4,7 @@
 #include "GarmPC3Editor/Dialogs/FullTextTips.h"
 #include "GarmPC3Editor/Dialogs/GmBaseTab.h"
 #include "GarmPC3Editor/Dialogs/Icons.h"
+#include "GarmPC3Editor/Dialogs/ShownText.h"
 #include "mfc/Mfc.h"
 
 #include <cstdint>
@@ -21,7 +22,7 @@ public:
     void attach(GmPCfgDlg& sheet) override;
     GmPCfgDlg& parentDlg() override;
 
-    void setFileName(const CString& fileName) { m_fileName = fileName; }
+    void setFileName(const OdString& fileName) { m_fileName = shownLine(fileName); }
 
     BOOL OnInitDialog() override;
     BOOL PreTranslateMessage(MSG* pMsg) override;
@@ -32,11 +33,12 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
+    void showWhetherEditable() const;
     void showDriverIcon();
     void fillPrinters();
     void selectPrinter();
 
-    CString m_description;
+    EditedText m_description;
     CString m_fileName;
     CStatic m_icon;
     CString m_driver;

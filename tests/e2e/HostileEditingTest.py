@@ -4,7 +4,7 @@ import unittest
 
 from editorcase import EditorCase, Script, ed
 from hostcase import WITH_MARGINS
-from pc3file import edit, read_text, write_plain
+from pc3file import edit, read_text, write_compressed, write_plain
 
 EVERY_PAGE = tuple(ed.ENTRIES)
 
@@ -58,6 +58,26 @@ class HostileConfigurationTest(EditorCase):
         answers = self.session(self.all_pages(ed.OK).add("end"))
         self.assertEqual(answers.one("title"), "x.pc3 - Plotter configuration")
         self.assertTrue(answers.tree()["destination"][2].startswith("Media destination <WWW"))
+
+    def kept(self, description):
+        """Whether a file that is changed elsewhere and saved keeps its description."""
+        script = self.opened().add("title").device_tab().entry("truetype").add(f"click {ed.AS_GRAPHICS}", "tab 0", "tab 1")
+        answers = self.session(script.add(f"click {ed.OK}", "dialog", f"click {ed.OK}", "end"))
+        self.assertEqual(answers.one("title"), "x.pc3 - Plotter configuration")
+        text = read_text(self.folder / "x.pc3")
+        self.assertIn("truetype_as_text=FALSE", text)
+        return f'config_description="{description}\n' in text.replace("\r", "")
+
+    def test_a_description_with_a_nul_is_kept(self):
+        self.replaced(config_description=r'"before\U+0000after')
+        self.assertTrue(self.kept(r"before\U+0000after"))
+
+    def test_a_description_of_thirty_million_characters_is_kept(self):
+        long = "W" * 30_000_000
+        path = self.replaced(config_description='"' + long)
+        write_compressed(path, read_text(path))
+        self.assertLess(path.stat().st_size, 40_000)
+        self.assertTrue(self.kept(long))
 
     def test_texts_that_look_like_formats_and_access_keys(self):
         self.replaced(config_description='"%s%n%d R&D "quoted" <b>')

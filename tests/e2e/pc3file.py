@@ -25,6 +25,12 @@ def write_plain(path, text):
     path.write_bytes(FIRST + b"\r\n" + text.encode("ascii"))
 
 
+def write_compressed(path, text):
+    content = text.encode("ascii")
+    stream = zlib.compress(content, 9)
+    path.write_bytes(CONTAINER + struct.pack("<III", zlib.adler32(content), len(content), len(stream)) + stream)
+
+
 def edit(path, *changes):
     """Replaces texts that each occur exactly once; the file is in the plain form afterwards."""
     text = read_text(path)

@@ -436,7 +436,9 @@ TEST_F(GeneralTabTest, WhatIsOddInADescriptionStaysAsItIs)
 
 TEST_F(GeneralTabTest, ALongDescriptionCanBeTypedOn)
 {
-    const std::wstring text(70000, L'x');
+    std::wstring text;
+    for (int i = 0; i < 70; ++i)
+        text += std::wstring(998, L'x') + L"\r\n";
     m_cfg->m_meta.m_config_description = text.c_str();
     look(
         [&](SheetDriver& user, HWND sheet)

@@ -41,6 +41,19 @@ TEST_F(VirtualPrinterShow, titleNamesThePrinter)
     run([](ScriptedPrintDlg& dialog) { EXPECT_EQ(dialog.title(), L"R&D PDF - Properties"); });
 }
 
+TEST_F(VirtualPrinterShow, titleIsCutAndHasSigns)
+{
+    const auto titleFor = [this](const OdString& name)
+    {
+        std::wstring title;
+        run([&](ScriptedPrintDlg& dialog) { title = dialog.title(); },
+            [&](ScriptedPrintDlg& dialog) { dialog.m_printerName = name; });
+        return title;
+    };
+    EXPECT_EQ(titleFor(OdString(L"PDF\0A", 5)), L"PDF\u2400A - Properties");
+    EXPECT_EQ(titleFor(OdString(std::wstring(3000, L'x'))), std::wstring(999, L'x') + L"\u2026 - Properties");
+}
+
 TEST_F(VirtualPrinterShow, theIconIsSetInBothSizesAndForDragging)
 {
     run(

@@ -91,6 +91,7 @@ TEST_P(LaterTexts, ValuesOfTheVectorPageFit)
 TEST_P(LaterTexts, NumbersAndNotesFit)
 {
     expectFits(IDD_CHANGE_CFG, IDC_EXTENSION_NOTE, string(IDS_EXTENSION_ADDED));
+    expectFits(IDD_GENERAL, IDC_DESCRIPTION_NOTE, string(IDS_DESCRIPTION_CUT));
     expectFits(IDD_VIRTUAL_PRINTER, IDC_PAPER_WIDTH, L"100000.00", 8);
     expectFits(IDD_VIRTUAL_PRINTER, IDC_PAPER_LENGTH, L"100000.00", 8);
 }
