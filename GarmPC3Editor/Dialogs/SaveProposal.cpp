@@ -16,9 +16,11 @@ OdString asFileName(const OdString& printerName)
     return name;
 }
 
+// White space as Unicode has it.
 constexpr bool isSpace(OdChar c)
 {
-    return c == ' ' || (c >= '\t' && c <= '\r') || c == 0x00A0 || c == 0x3000;
+    constexpr OdStringView others = OD_T(" \u0085\u00A0\u1680\u2028\u2029\u202F\u205F\u3000");
+    return (c >= '\t' && c <= '\r') || (c >= 0x2000 && c <= 0x200A) || others.find(c) != others.npos;
 }
 } // namespace
 

@@ -64,3 +64,17 @@ TEST(Trimmed, losesWhiteSpaceOnBothSidesOnly)
     EXPECT_EQ(trimmed(OD_T("   ")), OD_T(""));
     EXPECT_EQ(trimmed(OD_T("")), OD_T(""));
 }
+
+TEST(Trimmed, knowsAllWhiteSpace)
+{
+    const OdString spaces(
+        OD_T("\t\n\v\f\r \u0085\u00A0\u1680\u2000\u2001\u2002\u2003\u2004\u2005\u2006\u2007\u2008\u2009"
+             "\u200A\u2028\u2029\u202F\u205F\u3000"));
+    ASSERT_EQ(spaces.getLength(), 25);
+    for (int i = 0; i <= 0xFFFF; ++i)
+    {
+        const auto c = static_cast<OdChar>(i);
+        const OdString text = OdString(&c, 1) + OD_T("A 0") + OdString(&c, 1);
+        EXPECT_EQ(trimmed(text), spaces.find(c) >= 0 ? OdString(OD_T("A 0")) : text) << i;
+    }
+}
