@@ -110,7 +110,13 @@ int GmPrinterInfo::paperCount()
     return m_papers ? static_cast<int>(m_papers->count) : 0;
 }
 
-int GmPrinterInfo::paperIndexByName(OdStringView name)
+bool GmPrinterInfo::hasCode(std::size_t index) const noexcept
+{
+    return m_papers->ids[index] != 0 || index < m_papers->idsDelivered;
+}
+
+template <class IsWanted>
+int GmPrinterInfo::firstNamed(IsWanted isWanted)
 {
     // The codes' count bounds the search, not the names'.
     const auto count = static_cast<std::size_t>(paperCount());
@@ -118,10 +124,20 @@ int GmPrinterInfo::paperIndexByName(OdStringView name)
     {
         const OdStringView text = slot(i);
         const bool hasName = !text.empty() || i < m_papers->namesDelivered;
-        if (hasName && odEqualNoCase(text, name))
+        if (hasName && isWanted(text))
             return static_cast<int>(i);
     }
     return -1;
+}
+
+int GmPrinterInfo::paperIndexByName(OdStringView name)
+{
+    return firstNamed([name](OdStringView text) { return odEqualNoCase(text, name); });
+}
+
+int GmPrinterInfo::paperIndexByExactName(OdStringView name)
+{
+    return firstNamed([name](OdStringView text) { return text == name; });
 }
 
 int GmPrinterInfo::paperIndexById(int id)
@@ -130,9 +146,7 @@ int GmPrinterInfo::paperIndexById(int id)
     const auto count = static_cast<std::size_t>(paperCount());
     for (std::size_t i = 0; i < count; ++i)
     {
-        const WORD code = m_papers->ids[i];
-        const bool hasCode = code != 0 || i < m_papers->idsDelivered;
-        if (hasCode && code == wanted)
+        if (hasCode(i) && m_papers->ids[i] == wanted)
             return static_cast<int>(i);
     }
     return -1;
@@ -146,4 +160,9 @@ OdStringView GmPrinterInfo::paperName(int index)
 WORD GmPrinterInfo::paperId(int index)
 {
     return index >= 0 && index < paperCount() ? m_papers->ids[static_cast<std::size_t>(index)] : WORD{0};
+}
+
+bool GmPrinterInfo::hasPaperId(int index)
+{
+    return index >= 0 && index < paperCount() && hasCode(static_cast<std::size_t>(index));
 }

@@ -42,14 +42,20 @@ public:
     // by no name, not even "".
     int paperIndexByName(OdStringView name);
 
+    // The same with regard to case.
+    int paperIndexByExactName(OdStringView name);
+
     // The first paper with that code, compared as unsigned 16-bit, or -1.
     int paperIndexById(int id);
 
     // The paper's name, at most 64 units; empty when there is none or no such paper. Valid as long as the object.
     OdStringView paperName(int index);
 
-    // The paper's code; 0 when there is no such paper.
+    // The paper's code; 0 when there is no such paper, and when the driver delivered no code for it.
     WORD paperId(int index);
+
+    // Whether the driver delivered a code for the paper, be it 0.
+    bool hasPaperId(int index);
 
 private:
     struct PaperLists
@@ -64,6 +70,9 @@ private:
 
     void loadPapers();
     OdStringView slot(std::size_t index) const noexcept;
+    bool hasCode(std::size_t index) const noexcept;
+    template <class IsWanted>
+    int firstNamed(IsWanted isWanted);
 
     OdString m_printerName;
     const DEVMODEW* m_devMode;

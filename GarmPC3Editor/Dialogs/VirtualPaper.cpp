@@ -30,14 +30,7 @@ OdString fullPrinterName(const OdString& name)
 
 int paperCodeForName(const OdString& printerName, OdStringView paperName, const DEVMODEW* devMode)
 {
-    constexpr int none = -1;
-    // A slot for which the driver gave no name reads as "" too.
-    if (paperName.empty())
-        return none;
     GmPrinterInfo printer(fullPrinterName(printerName), devMode);
-    const int count = printer.paperCount();
-    for (int i = 0; i < count; ++i)
-        if (printer.paperName(i) == paperName)
-            return printer.paperId(i) != 0 ? printer.paperId(i) : none; // 0 is no code: the driver did not deliver it
-    return none;
+    const int index = printer.paperIndexByExactName(paperName);
+    return printer.hasPaperId(index) ? printer.paperId(index) : -1;
 }

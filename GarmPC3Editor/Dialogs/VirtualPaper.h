@@ -9,6 +9,7 @@
 // whose name contains it, else the name itself.
 OdString fullPrinterName(const OdString& name);
 
-// The printer's code for the paper of exactly that name, names being cut to 64 characters; -1 when it reports none or
-// cannot be asked. devMode is what the driver is asked with and may be null.
+// The printer's code for the first paper of exactly that name, names being cut to 64 characters; "" and the code 0 are
+// a name and a code like any other. -1 when the printer reports none or cannot be asked. devMode is what the driver is
+// asked with and may be null.
 int paperCodeForName(const OdString& printerName, OdStringView paperName, const DEVMODEW* devMode);

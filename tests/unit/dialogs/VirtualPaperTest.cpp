@@ -60,6 +60,26 @@ TEST_F(VirtualPaper, aNameIsCutAt64Characters)
     EXPECT_EQ(paperCodeForName(OD_T("PDF Printer"), longest, nullptr), 500);
 }
 
+TEST_F(VirtualPaper, theFirstPaperOfANameCountsWhateverItsCode)
+{
+    room.add({.name = OD_T("PDF Printer"), .papers = {{0, OD_T("Zero")}, {7, OD_T("Zero")}, {5, OD_T("")}}});
+    EXPECT_EQ(paperCodeForName(OD_T("PDF Printer"), OD_T("Zero"), nullptr), 0);
+    EXPECT_EQ(paperCodeForName(OD_T("PDF Printer"), OD_T(""), nullptr), 5);
+}
+
+TEST_F(VirtualPaper, whatTheDriverDidNotDeliverIsNoNameAndNoCode)
+{
+    room::Printer& printer = addPdfPrinter(OD_T("PDF Printer"));
+    printer.lies.namesFilled = 2;
+    printer.lies.nameFillAnswer = 2;
+    EXPECT_EQ(paperCodeForName(OD_T("PDF Printer"), OD_T(""), nullptr), -1);
+    printer.lies = {};
+    printer.lies.codesFilled = 1;
+    printer.lies.codeFillAnswer = 1;
+    EXPECT_EQ(paperCodeForName(OD_T("PDF Printer"), OD_T("A4"), nullptr), 9);
+    EXPECT_EQ(paperCodeForName(OD_T("PDF Printer"), OD_T("A3"), nullptr), -1);
+}
+
 TEST_F(VirtualPaper, whatCannotBeAskedGivesMinusOne)
 {
     EXPECT_EQ(paperCodeForName(OD_T("Gone"), OD_T("A4"), nullptr), -1);
