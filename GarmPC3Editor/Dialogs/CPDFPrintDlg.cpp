@@ -86,7 +86,9 @@ BOOL CPDFPrintDlg::OnInitDialog()
     fillQualities();
     SetIcon(m_icon, TRUE);
     SetIcon(m_icon, FALSE);
-    m_quality = qualityIndex(m_devMode->dmPrintQuality);
+    // A field that the block does not have reads as 0.
+    const DEVMODEW fields = DevModeView(claimedBytes(*m_devMode)).fields();
+    m_quality = qualityIndex(fields.dmPrintQuality);
     const HWND hostButton = hostControl(hostPortrait);
     m_orientation = hostButton && send(hostButton, BM_GETCHECK) != BST_CHECKED ? landscape : portrait;
 
@@ -94,8 +96,8 @@ BOOL CPDFPrintDlg::OnInitDialog()
     const bool isCustom = selectedPaper().view() == customPaper;
     if (!isCustom)
         enableCustomSize(false);
-    m_width = isCustom ? wholeMillimetres(m_devMode->dmPaperWidth) : 0.0;
-    m_length = isCustom ? wholeMillimetres(m_devMode->dmPaperLength) : 0.0;
+    m_width = isCustom ? wholeMillimetres(fields.dmPaperWidth) : 0.0;
+    m_length = isCustom ? wholeMillimetres(fields.dmPaperLength) : 0.0;
     m_unit = millimetres;
     UpdateData(FALSE);
     // Last: the base only moves the values into the controls, and they stand by now.

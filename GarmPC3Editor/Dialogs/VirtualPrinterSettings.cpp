@@ -1,6 +1,7 @@
 #include "GarmPC3Editor/Dialogs/VirtualPrinterSettings.h"
 
 #include "GarmPC3Editor/WrappedNumber.h"
+#include "win32/DevModeView.h"
 
 #include <algorithm>
 #include <charconv>
@@ -12,6 +13,14 @@ namespace
 {
 constexpr short resolutions[] = {72, 150, 300, 600, 1200};
 constexpr short otherResolution = 600;
+
+void write(DEVMODEW& dm, DWORD flag, short DEVMODEW::*field, short value)
+{
+    if (devModeFlagsWithin(flag, dm.dmSize) == 0)
+        return;
+    dm.*field = value;
+    dm.dmFields |= flag;
+}
 } // namespace
 
 int qualityIndex(short printQuality) noexcept
@@ -45,21 +54,16 @@ OdString displayedLength(double length)
 
 void applyVirtualPrinterChoice(const GmVirtualPrinterChoice& choice, DEVMODEW& dm)
 {
-    dm.dmFields = DM_PRINTQUALITY;
-    dm.dmPrintQuality = printQuality(choice.qualityIndex);
+    dm.dmFields = 0;
+    write(dm, DM_PRINTQUALITY, &DEVMODEW::dmPrintQuality, printQuality(choice.qualityIndex));
     if (choice.landscape)
-    {
-        dm.dmFields |= DM_ORIENTATION;
-        dm.dmOrientation = *choice.landscape ? DMORIENT_LANDSCAPE : DMORIENT_PORTRAIT;
-    }
+        write(dm, DM_ORIENTATION, &DEVMODEW::dmOrientation, *choice.landscape ? DMORIENT_LANDSCAPE : DMORIENT_PORTRAIT);
     if (choice.paperCode)
     {
-        dm.dmPaperSize = choice.paperCode(dm);
-        dm.dmFields |= DM_PAPERSIZE;
+        write(dm, DM_PAPERSIZE, &DEVMODEW::dmPaperSize, choice.paperCode(dm));
         return;
     }
-    dm.dmPaperWidth = tenthsOfMillimetre(choice.width, choice.inches);
-    dm.dmPaperLength = tenthsOfMillimetre(choice.length, choice.inches);
-    dm.dmFields |= DM_PAPERSIZE | DM_PAPERWIDTH | DM_PAPERLENGTH;
-    dm.dmPaperSize = DMPAPER_USER;
+    write(dm, DM_PAPERWIDTH, &DEVMODEW::dmPaperWidth, tenthsOfMillimetre(choice.width, choice.inches));
+    write(dm, DM_PAPERLENGTH, &DEVMODEW::dmPaperLength, tenthsOfMillimetre(choice.length, choice.inches));
+    write(dm, DM_PAPERSIZE, &DEVMODEW::dmPaperSize, DMPAPER_USER);
 }

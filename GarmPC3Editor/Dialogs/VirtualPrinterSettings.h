@@ -37,5 +37,6 @@ struct GmVirtualPrinterChoice
     bool inches = false;
 };
 
-// Writes the choice into a device mode; dmFields then holds only what was written here.
+// Writes the choice into a device mode; dmFields then holds only what was written here. A field that does not lie whole
+// within dmSize is not written: behind a short public part come the driver's own bytes.
 void applyVirtualPrinterChoice(const GmVirtualPrinterChoice& choice, DEVMODEW& dm);

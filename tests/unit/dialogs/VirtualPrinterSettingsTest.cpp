@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <limits>
 
 namespace
@@ -9,6 +10,13 @@ namespace
 auto always(short code)
 {
     return [code](const DEVMODEW&) { return code; };
+}
+
+DEVMODEW wholeDevMode()
+{
+    DEVMODEW dm = {};
+    dm.dmSize = sizeof dm;
+    return dm;
 }
 } // namespace
 
@@ -53,7 +61,7 @@ TEST(VirtualPrinterLength, isDisplayedWithTwoDecimals)
 
 TEST(VirtualPrinterChoice, dropsTheFieldsThatWereSetBefore)
 {
-    DEVMODEW dm = {};
+    DEVMODEW dm = wholeDevMode();
     dm.dmFields = 0xFFFFFFFF;
     applyVirtualPrinterChoice({.qualityIndex = 2, .landscape = true, .paperCode = always(9)}, dm);
     EXPECT_EQ(dm.dmFields, static_cast<DWORD>(DM_PRINTQUALITY | DM_ORIENTATION | DM_PAPERSIZE));
@@ -64,7 +72,7 @@ TEST(VirtualPrinterChoice, dropsTheFieldsThatWereSetBefore)
 
 TEST(VirtualPrinterChoice, withoutTheHostsButtonsOrientationIsNotWritten)
 {
-    DEVMODEW dm = {};
+    DEVMODEW dm = wholeDevMode();
     dm.dmOrientation = 77;
     applyVirtualPrinterChoice({.paperCode = always(-1)}, dm);
     EXPECT_EQ(dm.dmFields, static_cast<DWORD>(DM_PRINTQUALITY | DM_PAPERSIZE));
@@ -74,7 +82,7 @@ TEST(VirtualPrinterChoice, withoutTheHostsButtonsOrientationIsNotWritten)
 
 TEST(VirtualPrinterChoice, aCustomSizeIsWrittenInTenths)
 {
-    DEVMODEW dm = {};
+    DEVMODEW dm = wholeDevMode();
     applyVirtualPrinterChoice({.landscape = false, .width = 8.27, .length = 11.69, .inches = true}, dm);
     EXPECT_EQ(dm.dmFields,
               static_cast<DWORD>(DM_PRINTQUALITY | DM_ORIENTATION | DM_PAPERSIZE | DM_PAPERWIDTH | DM_PAPERLENGTH));
@@ -86,7 +94,7 @@ TEST(VirtualPrinterChoice, aCustomSizeIsWrittenInTenths)
 
 TEST(VirtualPrinterChoice, thePaperIsAskedForWithQualityAndOrientationOnly)
 {
-    DEVMODEW dm = {};
+    DEVMODEW dm = wholeDevMode();
     dm.dmFields = DM_COPIES | DM_PAPERSIZE;
     DEVMODEW askedWith = {};
     const auto ask = [&askedWith](const DEVMODEW& given)
@@ -99,4 +107,42 @@ TEST(VirtualPrinterChoice, thePaperIsAskedForWithQualityAndOrientationOnly)
     EXPECT_EQ(askedWith.dmPrintQuality, 1200);
     EXPECT_EQ(askedWith.dmOrientation, 2);
     EXPECT_EQ(dm.dmPaperSize, 11);
+}
+
+TEST(VirtualPrinterChoice, staysWithinTheBlocksPublicPart)
+{
+    struct Case
+    {
+        WORD size;
+        DWORD written;
+    };
+    // Orientation ends at 78, the paper's code at 80, its length at 82, its width at 84 and the quality at 92.
+    const Case cases[] = {{76, 0},
+                          {79, DM_ORIENTATION},
+                          {80, DM_ORIENTATION | DM_PAPERSIZE},
+                          {83, DM_ORIENTATION | DM_PAPERSIZE | DM_PAPERLENGTH},
+                          {91, DM_ORIENTATION | DM_PAPERSIZE | DM_PAPERLENGTH | DM_PAPERWIDTH},
+                          {92, DM_ORIENTATION | DM_PAPERSIZE | DM_PAPERLENGTH | DM_PAPERWIDTH | DM_PRINTQUALITY}};
+    for (const Case& c : cases)
+    {
+        // What is not the block's is 0x55.
+        DEVMODEW dm = {};
+        std::memset(&dm, 0x55, sizeof dm);
+        dm.dmSize = c.size;
+        dm.dmDriverExtra = 40;
+        DEVMODEW before = dm;
+        applyVirtualPrinterChoice({.landscape = true, .width = 100, .length = 200}, dm);
+        EXPECT_EQ(dm.dmFields, c.written) << c.size;
+        before.dmFields = dm.dmFields;
+        EXPECT_EQ(std::memcmp(reinterpret_cast<const BYTE*>(&dm) + c.size,
+                              reinterpret_cast<const BYTE*>(&before) + c.size, sizeof dm - c.size),
+                  0)
+            << c.size;
+        EXPECT_EQ(dm.dmOrientation, c.written & DM_ORIENTATION ? 2 : 0x5555) << c.size;
+        EXPECT_EQ(dm.dmPaperLength, c.written & DM_PAPERLENGTH ? 2000 : 0x5555) << c.size;
+
+        dm = before;
+        applyVirtualPrinterChoice({.paperCode = always(9)}, dm);
+        EXPECT_EQ(dm.dmPaperSize, c.written & DM_PAPERSIZE ? 9 : 0x5555) << c.size;
+    }
 }

@@ -7,6 +7,7 @@
 #include "resources/Resource.h"
 
 #include <cstring>
+#include <vector>
 
 using VirtualPrinterOk = VirtualPrinterTest;
 
@@ -76,6 +77,29 @@ TEST_F(VirtualPrinterOk, cancelChangesNothingAnywhere)
     EXPECT_EQ(host->selectedPaper(), 0);
     EXPECT_TRUE(host->isPortraitChecked());
     EXPECT_TRUE(handedToDriver().empty());
+}
+
+TEST_F(VirtualPrinterOk, theDriversBytesBehindAShortPublicPartStayAsTheyAre)
+{
+    openHost().selectPaper(2);
+    devMode().dmSize = 76;
+    devMode().dmDriverExtra = 40;
+    BYTE* const privateBytes = reinterpret_cast<BYTE*>(&devMode()) + 76;
+    std::memset(privateBytes, 0x55, 40);
+    m_room.refuse(room::Call::documentProperties);
+    EXPECT_EQ(run(
+                  [](ScriptedPrintDlg& dialog)
+                  {
+                      // The fields that are not there read as 0, not as 0x5555.
+                      EXPECT_EQ(dialog.textOf(IDC_PAPER_WIDTH), L"0");
+                      EXPECT_EQ(dialog.textOf(IDC_PAPER_LENGTH), L"0");
+                      dialog.type(IDC_PAPER_WIDTH, L"210");
+                      dialog.click(IDC_LANDSCAPE);
+                      dialog.click(IDOK);
+                  }),
+              IDOK);
+    EXPECT_EQ(devMode().dmFields, 0U);
+    EXPECT_EQ(std::vector<BYTE>(privateBytes, privateBytes + 40), std::vector<BYTE>(40, 0x55));
 }
 
 TEST_F(VirtualPrinterOk, anUnknownQualityIsWrittenAsTheFirst)
