@@ -64,6 +64,11 @@
 #define IDS_QUALITY_600 10128
 #define IDS_QUALITY_1200 10129
 
+// What stands beside the fields of a custom size
+#define IDS_LIMIT_MILLIMETRES 10133 // %s: length
+#define IDS_LIMIT_INCHES 10134      // %s: length
+#define IDS_LENGTH_TOO_LARGE 10135  // %s: one of the two above
+
 // Command names
 #define IDS_COMMAND_PC3EDIT 3000
 #define IDS_COMMAND_PC3GETDEVMODE 3002
@@ -144,3 +149,5 @@
 #define IDC_MILLIMETRES 10123
 #define IDC_INCHES 10124
 #define IDC_CUSTOM_SIZE_FRAME 10130
+#define IDC_WIDTH_NOTE 10131
+#define IDC_LENGTH_NOTE 10132

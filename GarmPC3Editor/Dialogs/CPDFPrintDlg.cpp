@@ -100,6 +100,7 @@ BOOL CPDFPrintDlg::OnInitDialog()
     m_length = isCustom ? wholeMillimetres(fields.dmPaperLength) : 0.0;
     m_unit = millimetres;
     UpdateData(FALSE);
+    showLimits();
     // Last: the base only moves the values into the controls, and they stand by now.
     return CDialog::OnInitDialog();
 }
@@ -161,11 +162,52 @@ CString CPDFPrintDlg::selectedPaper() const
     return entryText(::GetDlgItem(m_hWnd, IDC_PAPER), m_paper);
 }
 
+bool CPDFPrintDlg::isCustomPaper() const
+{
+    return hostControl(hostPaperList) && selectedPaper().view() == customPaper;
+}
+
+bool CPDFPrintDlg::showNote(int note, double length) const
+{
+    const GmTexts texts = languageTexts();
+    const bool isInches = m_unit == inches;
+    const OdString limit =
+        formatText(texts(isInches ? IDS_LIMIT_INCHES : IDS_LIMIT_MILLIMETRES), {longestLength(isInches)});
+    const bool isPossible = isLengthPossible(length, isInches);
+    SetDlgItemText(note, CString(isPossible ? limit : formatText(texts(IDS_LENGTH_TOO_LARGE), {limit})));
+    return isPossible;
+}
+
+void CPDFPrintDlg::showLimit(int note) const
+{
+    showNote(note, 0.0);
+}
+
+void CPDFPrintDlg::showLimits() const
+{
+    showLimit(IDC_WIDTH_NOTE);
+    showLimit(IDC_LENGTH_NOTE);
+}
+
+// What was said about a length is no longer true while another one is typed.
+
+void CPDFPrintDlg::OnWidthTyped()
+{
+    showLimit(IDC_WIDTH_NOTE);
+}
+
+void CPDFPrintDlg::OnLengthTyped()
+{
+    showLimit(IDC_LENGTH_NOTE);
+}
+
 void CPDFPrintDlg::OnPaperChange()
 {
     // With a length that is no number nothing changes: in a disabled field the user could not put it right.
-    if (UpdateData(TRUE))
-        enableCustomSize(selectedPaper().view() == customPaper);
+    if (!UpdateData(TRUE))
+        return;
+    enableCustomSize(selectedPaper().view() == customPaper);
+    showLimits();
 }
 
 void CPDFPrintDlg::OnUnitChange()
@@ -181,6 +223,7 @@ void CPDFPrintDlg::OnUnitChange()
         showLengths(m_width * millimetresPerInch, m_length * millimetresPerInch);
     else if (m_unit != millimetres && before == millimetres)
         showLengths(m_width / millimetresPerInch, m_length / millimetresPerInch);
+    showLimits();
 }
 
 void CPDFPrintDlg::showLengths(double width, double length) const
@@ -191,12 +234,24 @@ void CPDFPrintDlg::showLengths(double width, double length) const
 
 void CPDFPrintDlg::OnOK()
 {
-    if (!UpdateData(TRUE))
+    if (!UpdateData(TRUE) || (isCustomPaper() && !checkLengths()))
         return;
     chooseInHost();
     writeDevMode();
     completeByDriver();
     EndDialog(IDOK);
+}
+
+// In the 16 bits that a device mode has for them, longer ones would become others.
+bool CPDFPrintDlg::checkLengths() const
+{
+    const bool widthFits = showNote(IDC_WIDTH_NOTE, m_width);
+    const bool lengthFits = showNote(IDC_LENGTH_NOTE, m_length);
+    if (widthFits && lengthFits)
+        return true;
+    const HWND field = ::GetDlgItem(m_hWnd, widthFits ? IDC_PAPER_LENGTH : IDC_PAPER_WIDTH);
+    SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(field), TRUE);
+    return false;
 }
 
 void CPDFPrintDlg::chooseInHost() const
@@ -215,8 +270,7 @@ void CPDFPrintDlg::writeDevMode()
     choice.qualityIndex = m_quality;
     if (hostControl(hostPortrait))
         choice.landscape = m_orientation == landscape;
-    const OdString paper = hostControl(hostPaperList) ? selectedPaper().toOdString() : OdString();
-    if (paper.view() == customPaper)
+    if (isCustomPaper())
     {
         choice.width = m_width;
         choice.length = m_length;
@@ -224,8 +278,9 @@ void CPDFPrintDlg::writeDevMode()
     }
     else
     {
+        const OdString paper = hostControl(hostPaperList) ? selectedPaper().toOdString() : OdString();
         // A code that is not there becomes 65535.
-        choice.paperCode = [this, &paper](const DEVMODEW& devMode)
+        choice.paperCode = [this, paper](const DEVMODEW& devMode)
         {
             const auto ask = [&] { return paperCodeForName(m_printerName, paper.view(), &devMode); };
             return static_cast<short>(answerOnThrow(-1, ask));
@@ -275,6 +330,8 @@ BEGIN_MESSAGE_MAP(CPDFPrintDlg, CDialog)
 ON_WM_PAINT()
 ON_WM_QUERYDRAGICON()
 ON_CBN_SELCHANGE(IDC_PAPER, &CPDFPrintDlg::OnPaperChange)
+ON_EN_CHANGE(IDC_PAPER_WIDTH, &CPDFPrintDlg::OnWidthTyped)
+ON_EN_CHANGE(IDC_PAPER_LENGTH, &CPDFPrintDlg::OnLengthTyped)
 ON_BN_CLICKED(IDC_MILLIMETRES, &CPDFPrintDlg::OnUnitChange)
 ON_BN_CLICKED(IDC_INCHES, &CPDFPrintDlg::OnUnitChange)
 END_MESSAGE_MAP()

@@ -30,6 +30,8 @@ protected:
     afx_msg HCURSOR OnQueryDragIcon();
     afx_msg void OnPaperChange();
     afx_msg void OnUnitChange();
+    afx_msg void OnWidthTyped();
+    afx_msg void OnLengthTyped();
     DECLARE_MESSAGE_MAP()
 
 private:
@@ -40,6 +42,12 @@ private:
     void enableCustomSize(bool enable) const;
     void showLengths(double width, double length) const;
     CString selectedPaper() const;
+    bool isCustomPaper() const;
+    // Puts the limit beside a field, or says there that the length is beyond it. Returns whether it is possible.
+    bool showNote(int note, double length) const;
+    void showLimit(int note) const;
+    void showLimits() const;
+    bool checkLengths() const;
     void chooseInHost() const;
     void writeDevMode();
     void completeByDriver();

@@ -7,12 +7,18 @@
 #include <charconv>
 #include <cmath>
 #include <iterator>
+#include <limits>
 #include <string>
 
 namespace
 {
 constexpr short resolutions[] = {72, 150, 300, 600, 1200};
 constexpr short otherResolution = 600;
+
+double inTenths(double length, bool inches) noexcept
+{
+    return std::round((inches ? length * millimetresPerInch : length) * 10);
+}
 
 void write(DEVMODEW& dm, DWORD flag, short DEVMODEW::*field, short value)
 {
@@ -42,7 +48,18 @@ double wholeMillimetres(short tenths) noexcept
 
 short tenthsOfMillimetre(double length, bool inches) noexcept
 {
-    return wrapToInt16(std::round((inches ? length * millimetresPerInch : length) * 10));
+    return wrapToInt16(inTenths(length, inches));
+}
+
+bool isLengthPossible(double length, bool inches) noexcept
+{
+    const double tenths = inTenths(length, inches);
+    return tenths >= std::numeric_limits<short>::min() && tenths <= std::numeric_limits<short>::max();
+}
+
+OdString longestLength(bool inches)
+{
+    return inches ? OD_T("129.00") : OD_T("3276.7");
 }
 
 OdString displayedLength(double length)

@@ -20,6 +20,10 @@ double wholeMillimetres(short tenths) noexcept;
 
 // What was typed as the nearest tenth of a millimetre. The field has 16 bits: more wraps, what is not finite gives 0.
 short tenthsOfMillimetre(double length, bool inches) noexcept;
+// Whether that is so without wrapping.
+bool isLengthPossible(double length, bool inches) noexcept;
+// The longest such length in its unit: 3276.7 mm.
+OdString longestLength(bool inches);
 
 // A length with two decimals and a point, as the dialog shows converted ones.
 OdString displayedLength(double length);

@@ -52,6 +52,22 @@ TEST(VirtualPrinterLength, isWrittenToTheNearestTenth)
     EXPECT_EQ(tenthsOfMillimetre(1e300, true), 0);
 }
 
+TEST(VirtualPrinterLength, isPossibleWithin16Bits)
+{
+    EXPECT_TRUE(isLengthPossible(3276.7, false));
+    EXPECT_TRUE(isLengthPossible(3276.74, false));
+    EXPECT_FALSE(isLengthPossible(3276.75, false));
+    EXPECT_TRUE(isLengthPossible(-3276.8, false));
+    EXPECT_FALSE(isLengthPossible(-3276.9, false));
+    EXPECT_TRUE(isLengthPossible(129.0, true));
+    EXPECT_FALSE(isLengthPossible(129.01, true));
+    EXPECT_FALSE(isLengthPossible(1e300, true));
+    EXPECT_FALSE(isLengthPossible(std::numeric_limits<double>::infinity(), false));
+    EXPECT_FALSE(isLengthPossible(std::numeric_limits<double>::quiet_NaN(), false));
+    EXPECT_EQ(longestLength(false), OD_T("3276.7"));
+    EXPECT_EQ(longestLength(true), OD_T("129.00"));
+}
+
 TEST(VirtualPrinterLength, isDisplayedWithTwoDecimals)
 {
     EXPECT_EQ(displayedLength(210 / millimetresPerInch), OD_T("8.27"));

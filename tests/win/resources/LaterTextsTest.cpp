@@ -92,6 +92,10 @@ TEST_P(LaterTexts, NumbersAndNotesFit)
 {
     expectFits(IDD_CHANGE_CFG, IDC_EXTENSION_NOTE, string(IDS_EXTENSION_ADDED));
     expectFits(IDD_GENERAL, IDC_DESCRIPTION_NOTE, string(IDS_DESCRIPTION_CUT));
+    for (const int note : {IDC_WIDTH_NOTE, IDC_LENGTH_NOTE})
+        for (const UINT limit : {IDS_LIMIT_MILLIMETRES, IDS_LIMIT_INCHES})
+            // The length is no longer than the place for it.
+            expectFits(IDD_VIRTUAL_PRINTER, note, string(IDS_LENGTH_TOO_LARGE) + string(limit) + L"3276.7");
     expectFits(IDD_VIRTUAL_PRINTER, IDC_PAPER_WIDTH, L"100000.00", 8);
     expectFits(IDD_VIRTUAL_PRINTER, IDC_PAPER_LENGTH, L"100000.00", 8);
 }
