@@ -3,6 +3,8 @@
 # A DLL that holds resources and nothing else: no code, no entry point, no imports, so that loading it never runs
 # anything. CMake's own RC language cannot link such a library without the C runtime's entry. The compiled script stays
 # as TARGET.res in the current build folder, for checks that read it.
+#
+# The preprocessor finds what the script includes. DEPENDS is for the pictures, which it does not see.
 function(garm_resource_library target)
     cmake_parse_arguments(arg "" "SCRIPT;OUTPUT" "INCLUDES;DEPENDS" ${ARGN})
     set(object ${CMAKE_CURRENT_BINARY_DIR}/${target}.o)
@@ -13,8 +15,11 @@ function(garm_resource_library target)
     endforeach()
     get_filename_component(folder ${arg_OUTPUT} DIRECTORY)
     add_custom_command(OUTPUT ${compiled}
-        COMMAND ${CMAKE_RC_COMPILER} -O res ${includes} -i ${arg_SCRIPT} -o ${compiled}
+        COMMAND ${CMAKE_RC_COMPILER} -O res ${includes} --preprocessor-arg=-MMD --preprocessor-arg=-MF
+            --preprocessor-arg=${compiled}.d --preprocessor-arg=-MT --preprocessor-arg=${compiled}
+            -i ${arg_SCRIPT} -o ${compiled}
         DEPENDS ${arg_SCRIPT} ${arg_DEPENDS}
+        DEPFILE ${compiled}.d
         COMMENT "Resources of ${arg_OUTPUT}"
         VERBATIM)
     add_custom_command(OUTPUT ${arg_OUTPUT}
