@@ -1,6 +1,7 @@
 #include "tests/support/RecordedAsserts.h"
 #include "tests/win/editor/EditorSheet.h"
 #include "tests/win/editor/EditorTest.h"
+#include "tests/win/editor/Pixels.h"
 
 #include "resources/Resource.h"
 
@@ -62,29 +63,6 @@ protected:
     OdSharedPtr<GmPlotCfg3> m_cfg = newConfiguration();
     EditorSheet m_sheet;
 };
-
-std::vector<BYTE> pixels(HICON icon)
-{
-    ICONINFO info = {};
-    if (!::GetIconInfo(icon, &info))
-        return {};
-    BITMAP size = {};
-    ::GetObjectW(info.hbmColor, sizeof(size), &size);
-    BITMAPINFOHEADER header = {};
-    header.biSize = sizeof(header);
-    header.biWidth = size.bmWidth;
-    header.biHeight = size.bmHeight;
-    header.biPlanes = 1;
-    header.biBitCount = 32;
-    std::vector<BYTE> bits(static_cast<std::size_t>(size.bmWidth * size.bmHeight * 4));
-    const HDC screen = ::GetDC(nullptr);
-    ::GetDIBits(screen, info.hbmColor, 0, static_cast<UINT>(size.bmHeight), bits.data(),
-                reinterpret_cast<BITMAPINFO*>(&header), DIB_RGB_COLORS);
-    ::ReleaseDC(nullptr, screen);
-    ::DeleteObject(info.hbmColor);
-    ::DeleteObject(info.hbmMask);
-    return bits;
-}
 
 // The registry key by which Wine is known, for as long as the object lives.
 class WineKey

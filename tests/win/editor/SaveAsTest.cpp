@@ -1,13 +1,21 @@
 #include "tests/win/editor/EditorSheet.h"
 #include "tests/win/editor/EditorTest.h"
+#include "tests/win/module/ImportPatch.h"
 
 #include "resources/Resource.h"
+
+#include <commdlg.h>
+#include <objbase.h>
+
+#include <thread>
+#include <vector>
 
 namespace
 {
 // The field for the name in the system's two kinds of dialog.
 constexpr int newerNameField = 1152;
 constexpr int olderNameField = 1148;
+constexpr int typeList = 1136; // in both
 
 HWND fileNameEdit(SheetDriver& user, HWND dialog)
 {
@@ -94,6 +102,73 @@ TEST_F(SaveAsTest, ANewConfigurationStartsInTheInitialFolderWithoutAName)
         });
     EXPECT_EQ(m_sheet.m_path, m_folder.at("bare.pc3").c_str());
     EXPECT_EQ(m_folder.names(), std::set<std::string>{"bare.pc3"});
+}
+
+TEST_F(SaveAsTest, OffersPlotterConfigurationsAndAllFiles)
+{
+    m_sheet.setConfig(m_cfg, m_folder.at("old.pc3"), L"");
+    m_sheet.show(
+        [&](SheetDriver& user, HWND sheet)
+        {
+            const HWND dialog = openSaveAs(user, sheet);
+            const HWND types = user.control(dialog, typeList);
+            EXPECT_EQ(user.send(types, CB_GETCURSEL), 0);
+            std::vector<std::wstring> names;
+            for (LRESULT i = 0; i < user.send(types, CB_GETCOUNT); ++i)
+            {
+                wchar_t text[256] = {};
+                user.send(types, CB_GETLBTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(text));
+                names.emplace_back(text);
+            }
+            EXPECT_EQ(names, (std::vector<std::wstring>{L"Plotter configurations (*.pc3)", L"All files (*.*)"}));
+            user.press(dialog, IDCANCEL);
+            user.awaitClosed(dialog);
+            user.settle();
+            user.press(sheet, IDCANCEL);
+        });
+}
+
+// What the older dialog is asked, in place of the dialog. A thread gets that one when the newer one cannot work in its
+// apartment; only there the flag against a box for opening read-only has a meaning.
+OPENFILENAMEW& asked()
+{
+    static OPENFILENAMEW instance = {};
+    return instance;
+}
+
+BOOL WINAPI noteAndCancel(OPENFILENAMEW* parameters)
+{
+    asked() = *parameters;
+    EXPECT_STREQ(parameters->lpstrFilter, L"Plotter configurations (*.pc3)");
+    EXPECT_STREQ(parameters->lpstrDefExt, L"pc3");
+    return FALSE;
+}
+
+TEST_F(SaveAsTest, AsksForNoReadOnlyBoxAndBeforeItReplacesAFile)
+{
+    const ImportPatch patch(::GetModuleHandleW(nullptr), "GetSaveFileNameW",
+                            reinterpret_cast<const void*>(&noteAndCancel));
+    asked() = {};
+    std::thread(
+        [&]
+        {
+            ASSERT_TRUE(SUCCEEDED(::CoInitializeEx(nullptr, COINIT_MULTITHREADED)));
+            {
+                EditorSheet sheet;
+                sheet.setConfig(m_cfg, m_folder.at("old.pc3"), L"");
+                sheet.show(
+                    [](SheetDriver& user, HWND window)
+                    {
+                        user.selectTab(window, 1);
+                        user.click(window, IDC_SAVE_AS);
+                        EXPECT_EQ(asked().hwndOwner, window);
+                        user.press(window, IDCANCEL);
+                    });
+            }
+            ::CoUninitialize();
+        })
+        .join();
+    EXPECT_EQ(asked().Flags, static_cast<DWORD>(OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT | OFN_EXPLORER));
 }
 
 TEST_F(SaveAsTest, CancellingChangesNothing)

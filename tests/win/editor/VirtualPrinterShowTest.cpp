@@ -1,5 +1,6 @@
 // What the virtual printers' dialog shows, and what changes while it is open.
 
+#include "tests/win/editor/Pixels.h"
 #include "tests/win/editor/VirtualPrinterTest.h"
 #include "tests/win/mfc/BoxAnswerer.h"
 
@@ -64,6 +65,33 @@ TEST_F(VirtualPrinterShow, theIconIsSetInBothSizesAndForDragging)
             EXPECT_EQ(dialog.GetIcon(FALSE), icon);
             EXPECT_EQ(reinterpret_cast<HICON>(dialog.SendMessage(WM_QUERYDRAGICON)), icon);
         });
+}
+
+TEST_F(VirtualPrinterShow, itsPicturesAreThePrinterAndTheTwoOrientations)
+{
+    const auto printerIcon = pixels(::LoadIconW(library(), MAKEINTRESOURCEW(301)));
+    const auto bitmap = [this](UINT id)
+    {
+        return static_cast<HBITMAP>(
+            ::LoadImageW(library(), MAKEINTRESOURCEW(id), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION));
+    };
+    const HBITMAP loaded[] = {bitmap(10111), bitmap(10114)};
+    const auto portrait = pixels(loaded[0]);
+    const auto landscape = pixels(loaded[1]);
+    ASSERT_FALSE(printerIcon.empty());
+    ASSERT_FALSE(portrait.empty());
+    ASSERT_NE(portrait, landscape);
+    run(
+        [&](ScriptedPrintDlg& dialog)
+        {
+            const auto image = [&dialog](int id)
+            { return pixels(reinterpret_cast<HBITMAP>(dialog.SendDlgItemMessage(id, STM_GETIMAGE, IMAGE_BITMAP))); };
+            EXPECT_EQ(pixels(dialog.GetIcon(TRUE)), printerIcon);
+            EXPECT_EQ(image(10121), portrait);
+            EXPECT_EQ(image(10122), landscape);
+        });
+    for (const HBITMAP one : loaded)
+        ::DeleteObject(one);
 }
 
 TEST_F(VirtualPrinterShow, minimisedItPaintsItsIcon)
