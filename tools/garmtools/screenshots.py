@@ -1,5 +1,6 @@
 """Pictures of everything that the editor shows; see tools/screenshots."""
 
+import re
 import shutil
 import struct
 import tempfile
@@ -39,6 +40,12 @@ def _make_configurations(prefix, folder):
     if done.returncode != 0:
         raise RuntimeError(f"no configuration to show: {done.stderr}")
     shutil.copy(WINDOWS_BIN.parents[2] / "samples/virtual-pdf.pc3", folder / "file.pc3")
+    plain = (folder / "file.pc3").read_bytes()
+    for title, description in ("signs", rb"before\\U+0000after"), ("long", b"A long description. " * 10_000):
+        changed, count = re.subn(rb'(config_description=").*', rb"\g<1>" + description, plain)
+        if count != 1:
+            raise RuntimeError("no description to change")
+        (folder / f"{title}.pc3").write_bytes(changed)
     (folder / "taken.pc3").mkdir()  # a folder in the way of a file of that name
 
 
@@ -46,6 +53,7 @@ def _sessions(folder):
     yield "the tabs and pages", _pages()
     yield "saving", _saving(folder)
     yield "the virtual printers' dialog", _virtual_printer()
+    yield "texts that are cut or have signs", _hard_to_show()
 
 
 def _pages():
@@ -78,8 +86,14 @@ def _virtual_printer():
     script.device_tab().add(f"click {ed.DRIVER_SETTINGS}", "dialog", "picture 12-virtual-printer")
     script.add(f"choose {ed.PAPER} 2", f"type {ed.WIDTH} 210", f"type {ed.LENGTH} 297", "picture 13-virtual-custom")
     script.add(f"click {ed.INCHES}", f"click {ed.LANDSCAPE}", "picture 14-virtual-inches")
+    script.add(f"type {ed.WIDTH} 8.27", f"type {ed.LENGTH} 200", f"click {ed.OK}", "picture 15-virtual-too-long")
     return script.add(f"click {ed.CANCEL}", "closed", f"click {ed.CANCEL}", "end",
                       f"delete-printer {VIRTUAL_PRINTER}")
+
+
+def _hard_to_show():
+    return Script("edit signs.pc3", "dialog", "picture 16-general-signs", f"click {ed.CANCEL}", "end",
+                  "edit long.pc3", "dialog", "picture 17-general-cut", f"click {ed.CANCEL}", "end")
 
 
 def png(bitmap):
