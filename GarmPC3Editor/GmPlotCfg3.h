@@ -4,12 +4,13 @@
 #include "GarmPC3Editor/GmIoNode.h"
 #include "GarmPC3Editor/GmMediaNode.h"
 #include "GarmPC3Editor/GmMetaNode.h"
+#include "GarmPC3Editor/GmPrnHelper.h"
 #include "GarmPC3Editor/GmResColorMemNode.h"
 #include "kernel/OdArray.h"
+#include "win32/DevModeView.h"
 
 class CPBlock;
 class CPIAParser;
-class DevModeView;
 
 // How a configuration that was read is bound to an installed printer.
 enum ResolvePrinterResult
@@ -19,6 +20,8 @@ enum ResolvePrinterResult
     eOtherPrinter = 2, // another one does; its name was stored
 };
 
+// This header alone gives a host all that the module exports for configurations and their printers.
+//
 // One plotter configuration in memory. Failure is a false result, a null pointer or an empty array; nothing here throws
 // (running out of memory included) and nothing shows a message.
 //
