@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <unistd.h>
 
+#include <algorithm>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -16,7 +17,7 @@ std::optional<std::string> currentFolder()
     for (std::string folder(256, '\0');; folder.resize(2 * folder.size()))
     {
         if (::getcwd(folder.data(), folder.size()))
-            return folder.c_str();
+            return std::string(folder.c_str());
         if (errno != ERANGE)
             return std::nullopt;
     }
