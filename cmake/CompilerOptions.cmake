@@ -6,6 +6,9 @@ target_compile_options(garm_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow 
 # std::vector::insert where there are none (its bugs 105651 and 105329). The sanitizers watch the same places.
 target_compile_options(garm_options INTERFACE
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread>)
+# What is shipped ends at once when something was written beyond an array on its stack. The sanitizers see that, and more,
+# in the builds that have them.
+target_compile_options(garm_options INTERFACE $<$<CONFIG:Release>:-fstack-protector-strong>)
 target_include_directories(garm_options INTERFACE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/platform)
 target_compile_definitions(garm_options INTERFACE $<$<CONFIG:Release>:NDEBUG>)
 
@@ -18,7 +21,11 @@ if(WIN32)
     target_include_directories(garm_options INTERFACE ${PROJECT_SOURCE_DIR}/platform/win32/windows)
     # One C++ runtime in host and module: errors are thrown from one to the other.
     target_link_options(garm_options INTERFACE -shared-libgcc)
+    # The guard's code from the archive: by itself the compiler takes it from a DLL, one more to ship.
+    target_link_libraries(garm_options INTERFACE $<$<CONFIG:Release>:-l:libssp.a>)
 else()
+    # The C library's own checks of sizes. They need an optimising build, and mingw's library has none.
+    target_compile_definitions(garm_options INTERFACE $<$<CONFIG:Release>:_FORTIFY_SOURCE=2>)
     target_include_directories(garm_options INTERFACE ${PROJECT_SOURCE_DIR}/platform/win32/native)
 endif()
 

@@ -4,4 +4,4 @@ add_library(GarmHost SHARED ${PROJECT_SOURCE_DIR}/platform/host/windows/GarmHost
 target_link_libraries(GarmHost PRIVATE garm_options ${parts})
 set_target_properties(GarmHost PROPERTIES PREFIX "")
 # Nothing in it is marked for export, so that every symbol is: it stands for three libraries whose headers are ours.
-target_link_options(GarmHost PRIVATE -Wl,--export-all-symbols -Wl,--exclude-libs,libz.a)
+target_link_options(GarmHost PRIVATE -Wl,--export-all-symbols -Wl,--exclude-libs,libz.a,--exclude-libs,libssp.a)

@@ -46,6 +46,10 @@ class ModuleCopyTest(HostCase):
     def test_what_is_shipped_is_complete(self):
         self.assertIn(OFFICE, self.copied("devmode", SAMPLES / f"{OFFICE}.pc3").stdout)
 
+    def test_what_is_shipped_guards_its_stack(self):
+        for name in ("plothost.exe", "GarmPC3Editor.grx", "GarmHost.dll"):
+            self.assertTrue(b"__stack_chk_fail" in (self.bin / name).read_bytes(), name)
+
     def test_a_missing_module_is_status_3_with_the_reason(self):
         (self.bin / "GarmPC3Editor.grx").unlink()
         done = self.copied("commands", status=3)
