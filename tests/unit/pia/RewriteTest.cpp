@@ -1,13 +1,9 @@
 // Files that must stay the file they are, because they have other names too, are rewritten in place.
 
 #include "FileCalls.h"
-#include "FolderTools.h"
-#include "pia_tree/FileAccess.h"
+#include "LinkedFileTest.h"
 #include "pia_tree/native/File.h"
 #include "pia_tree/native/Lock.h"
-#include "tests/support/TemporaryFolder.h"
-
-#include <gtest/gtest.h>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -18,25 +14,9 @@ namespace
 {
 using Names = std::vector<std::string>;
 
-class Rewrite : public testing::Test
+class Rewrite : public LinkedFileTest
 {
 protected:
-    Rewrite() { makeFile(); }
-
-    void makeFile(std::string_view content = "old content")
-    {
-        for (const std::string& name : namesIn(m_folder.path()))
-            std::filesystem::remove(pathOf(m_folder.at(name)));
-        putContent(m_name, content);
-        std::filesystem::create_hard_link(pathOf(m_name), pathOf(m_other));
-    }
-
-    std::string write(std::string_view bytes = "new") const
-    {
-        const char* reason = pia::replaceFile(m_name.c_str(), bytes);
-        return reason ? reason : "was written";
-    }
-
     std::string read() const
     {
         pia::ByteBuffer bytes;
@@ -47,10 +27,6 @@ protected:
     pia::File open(int flags) const { return pia::File(::open(odToUtf8(m_name).c_str(), flags)); }
 
     FileCallsReset m_reset;
-    TemporaryFolder m_folder;
-    const OdString m_name = m_folder.at("A4.pc3");
-    const OdString m_other = m_folder.at("other-name");
-    const OdString m_spare = m_folder.at("A4.pc3.new");
 };
 } // namespace
 
@@ -84,16 +60,7 @@ TEST_F(Rewrite, whateverFailsTheOldContentIsThereAndNothingIsLeftBehind)
         const bool reached = FileCalls::now().made >= n;
         FileCalls::now() = {};
         refused += done ? 0 : 1;
-        EXPECT_EQ(contentOf(m_name), done ? "brand new" : "old content") << n;
-        EXPECT_EQ(contentOf(m_other), done ? "brand new" : "old content") << n;
-        const Names names = namesIn(m_folder.path());
-        // Only a copy that could not be removed may stay.
-        EXPECT_LE(names.size(), 3U) << n;
-        if (names.size() == 3U)
-        {
-            EXPECT_EQ(contentOf(m_folder.at(names[1])), "brand new") << names[1];
-            EXPECT_TRUE(done);
-        }
+        expectOldOrNew(done, n);
         if (!reached)
             break;
     }

@@ -1,11 +1,7 @@
 // Files that must stay the file they are, because they have other names too, are rewritten in place.
 
-#include "pia_tree/FileAccess.h"
-#include "tests/support/TemporaryFolder.h"
-#include "tests/unit/pia/FolderTools.h"
+#include "tests/unit/pia/LinkedFileTest.h"
 #include "tests/win/pia/WinFileCalls.h"
-
-#include <gtest/gtest.h>
 
 #include <windows.h>
 
@@ -13,35 +9,14 @@ namespace
 {
 using Names = std::vector<std::string>;
 
-class WinRewrite : public testing::Test
+class WinRewrite : public LinkedFileTest
 {
 protected:
-    WinRewrite() { makeFile(); }
-
-    void makeFile(std::string_view content = "old content")
-    {
-        for (const std::string& name : namesIn(m_folder.path()))
-            std::filesystem::remove(pathOf(m_folder.at(name)));
-        putContent(m_name, content);
-        std::filesystem::create_hard_link(pathOf(m_name), pathOf(m_other));
-    }
-
-    std::string write(std::string_view bytes = "new") const
-    {
-        const char* reason = pia::replaceFile(m_name.c_str(), bytes);
-        return reason ? reason : "was written";
-    }
-
     HANDLE openForReading() const
     {
         return ::CreateFileW(m_name.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                              nullptr, OPEN_EXISTING, 0, nullptr);
     }
-
-    TemporaryFolder m_folder;
-    const OdString m_name = m_folder.at("A4.pc3");
-    const OdString m_other = m_folder.at("other-name");
-    const OdString m_spare = m_folder.at("A4.pc3.new");
 };
 } // namespace
 
@@ -71,16 +46,7 @@ TEST_F(WinRewrite, whateverFailsTheOldContentIsThereAndNothingIsLeftBehind)
             reached = calls.made >= n;
         }
         refused += done ? 0 : 1;
-        EXPECT_EQ(contentOf(m_name), done ? "brand new" : "old content") << n;
-        EXPECT_EQ(contentOf(m_other), done ? "brand new" : "old content") << n;
-        const Names names = namesIn(m_folder.path());
-        // Only a copy that could not be removed may stay.
-        EXPECT_LE(names.size(), 3U) << n;
-        if (names.size() == 3U)
-        {
-            EXPECT_EQ(contentOf(m_folder.at(names[1])), "brand new") << names[1];
-            EXPECT_TRUE(done);
-        }
+        expectOldOrNew(done, n);
         if (!reached)
             break;
     }
