@@ -179,3 +179,31 @@ TEST_F(ParsedBlock, anEmptyBlockThatWasReadCanBeFilled)
     addTo<CPNum>(block, OD_T("x"), 2);
     EXPECT_EQ(describe(block), "'x' num '2'\n");
 }
+
+// Each unit of a name counts, with all its bits: U+0141 ends in the same byte as "A".
+TEST_F(ParsedBlock, aNameIsNotFoundByOneWithTheSameBytes)
+{
+    const CPBlock& root = read("AAAAA=1\n");
+    const OdChar name[] = {'A', 'A', 'A', 'A', 'A', 0};
+    std::int32_t number = 7;
+    EXPECT_TRUE(root.getInt(number, OdString(name)));
+    EXPECT_EQ(number, 1);
+    for (std::size_t i = 0; i < 5; ++i)
+    {
+        OdString other(name);
+        other = other.left(static_cast<int>(i)) + OD_T("\u0141") + other.mid(static_cast<int>(i) + 1);
+        number = 7;
+        EXPECT_FALSE(root.getInt(number, other)) << i;
+        EXPECT_EQ(number, 7);
+    }
+}
+
+TEST_F(ParsedBlock, aNameOfNothingButRawBytesIsFound)
+{
+    for (const char* spelling : {"\xC3\xA9=1\n", "\xE9=1\n"})
+    {
+        std::int32_t number = 7;
+        EXPECT_TRUE(read(spelling).getInt(number, OD_T("\u00E9"))) << spelling;
+        EXPECT_EQ(number, 1);
+    }
+}
