@@ -17,7 +17,10 @@ std::optional<std::string> currentFolder()
     for (std::string folder(256, '\0');; folder.resize(2 * folder.size()))
     {
         if (::getcwd(folder.data(), folder.size()))
-            return std::string(folder.c_str());
+        {
+            folder.resize(folder.find('\0'));
+            return folder;
+        }
         if (errno != ERANGE)
             return std::nullopt;
     }
