@@ -1,8 +1,10 @@
 // What the virtual printers' dialog shows, and what changes while it is open.
 
 #include "tests/win/editor/Pixels.h"
+#include "tests/win/editor/SentMessages.h"
 #include "tests/win/editor/VirtualPrinterTest.h"
 #include "tests/win/mfc/BoxAnswerer.h"
+#include "tests/win/module/ImportPatch.h"
 
 #include "resources/Resource.h"
 
@@ -34,6 +36,33 @@ LRESULT CALLBACK noteQuestion(HWND window, UINT message, WPARAM wParam, LPARAM l
     if (asksForValue && std::find(asked.begin(), asked.end(), static_cast<int>(id)) == asked.end())
         asked.push_back(static_cast<int>(id));
     return ::DefSubclassProc(window, message, wParam, lParam);
+}
+
+struct DrawnIcon
+{
+    HDC dc = nullptr;
+    int x = 0;
+    int y = 0;
+    HICON icon = nullptr;
+};
+
+std::vector<DrawnIcon>& drawnIcons()
+{
+    static std::vector<DrawnIcon> instance;
+    return instance;
+}
+
+BOOL WINAPI noteIcon(HDC dc, int x, int y, HICON icon)
+{
+    drawnIcons().push_back({dc, x, y, icon});
+    return TRUE;
+}
+
+// Some systems leave a minimised window no room at all.
+BOOL WINAPI roomOfMinimised(HWND /*window*/, RECT* rect)
+{
+    *rect = {0, 0, 101, 60};
+    return TRUE;
 }
 } // namespace
 
@@ -94,16 +123,36 @@ TEST_F(VirtualPrinterShow, itsPicturesAreThePrinterAndTheTwoOrientations)
         ::DeleteObject(one);
 }
 
-TEST_F(VirtualPrinterShow, minimisedItPaintsItsIcon)
+TEST_F(VirtualPrinterShow, minimisedItPaintsItsIconInTheMiddle)
 {
+    const ImportPatch drawing(::GetModuleHandleW(nullptr), "DrawIcon", reinterpret_cast<const void*>(&noteIcon));
     run(
         [](ScriptedPrintDlg& dialog)
         {
             dialog.ShowWindow(SW_MINIMIZE);
             ASSERT_TRUE(dialog.IsIconic());
+            const ImportPatch room(::GetModuleHandleW(nullptr), "GetClientRect",
+                                   reinterpret_cast<const void*>(&roomOfMinimised));
+            HDC erased = nullptr;
+            const SentMessages watch(
+                [&](HWND window, UINT message, WPARAM wParam, LPARAM)
+                {
+                    if (window == dialog && message == WM_ICONERASEBKGND)
+                        erased = reinterpret_cast<HDC>(wParam);
+                });
+            drawnIcons().clear();
             dialog.Invalidate();
             dialog.SendMessage(WM_PAINT);
             EXPECT_FALSE(::GetUpdateRect(dialog, nullptr, FALSE));
+            ASSERT_EQ(drawnIcons().size(), 1U);
+            const DrawnIcon drawn = drawnIcons()[0];
+            EXPECT_EQ(drawn.icon, dialog.GetIcon(TRUE));
+            // The ground is erased first, in the same place.
+            EXPECT_NE(erased, nullptr);
+            EXPECT_EQ(drawn.dc, erased);
+            // The icon has 32 by 32 pixels.
+            EXPECT_EQ(drawn.x, 35);
+            EXPECT_EQ(drawn.y, 14);
         });
 }
 
