@@ -160,6 +160,21 @@ TEST_F(VirtualPrinterOk, withoutAHostsPaperListEvenCustomIsNotCustom)
     EXPECT_EQ(handedToDriver()[0].dmFields, always | DM_ORIENTATION);
 }
 
+TEST_F(VirtualPrinterOk, withoutAHostsPaperListNoPaperIsNamed)
+{
+    openHost(HostDialog::noPapers);
+    run(
+        [](ScriptedPrintDlg& dialog)
+        {
+            // One that the printer has, under the code 9.
+            dialog.SendDlgItemMessage(IDC_PAPER, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(L"A4"));
+            dialog.select(IDC_PAPER, 0);
+            dialog.click(IDOK);
+        });
+    ASSERT_EQ(handedToDriver().size(), 1U);
+    EXPECT_EQ(static_cast<WORD>(handedToDriver()[0].dmPaperSize), 65535);
+}
+
 TEST_F(VirtualPrinterOk, aCustomSizeIsWrittenInTenths)
 {
     openHost().selectPaper(2);
