@@ -60,6 +60,27 @@ protected:
         return static_cast<int>(user.send(user.control(sheet, IDC_PRINTERS), CB_GETCURSEL));
     }
 
+    static HWND tipsOf(SheetDriver& user, HWND sheet)
+    {
+        HWND tips = nullptr;
+        while ((tips = ::FindWindowExW(nullptr, tips, TOOLTIPS_CLASSW, nullptr)) != nullptr &&
+               ::GetWindow(tips, GW_OWNER) != ::GetAncestor(user.page(sheet), GA_ROOT))
+            ;
+        return tips;
+    }
+    static std::wstring tipOf(SheetDriver& user, HWND sheet, int id)
+    {
+        wchar_t text[1000] = {};
+        TOOLINFOW tool = {};
+        tool.cbSize = TTTOOLINFOW_V2_SIZE;
+        tool.hwnd = user.page(sheet);
+        tool.uFlags = TTF_IDISHWND;
+        tool.uId = reinterpret_cast<UINT_PTR>(user.control(sheet, id));
+        tool.lpszText = text;
+        user.send(tipsOf(user, sheet), TTM_GETTEXTW, 1000, reinterpret_cast<LPARAM>(&tool));
+        return text;
+    }
+
     OdSharedPtr<GmPlotCfg3> m_cfg = newConfiguration();
     EditorSheet m_sheet;
 };
@@ -141,22 +162,36 @@ TEST_F(GeneralTabTest, LongTextsAreWholeInTheirTooltips)
     look(
         [&](SheetDriver& user, HWND sheet)
         {
-            const HWND page = user.page(sheet);
-            HWND tips = nullptr;
-            while ((tips = ::FindWindowExW(nullptr, tips, TOOLTIPS_CLASSW, nullptr)) != nullptr &&
-                   ::GetWindow(tips, GW_OWNER) != ::GetAncestor(page, GA_ROOT))
-                ;
-            ASSERT_NE(tips, nullptr);
-            std::wstring text(1000, L'\0');
-            TOOLINFOW tool = {};
-            tool.cbSize = TTTOOLINFOW_V2_SIZE;
-            tool.hwnd = page;
-            tool.uFlags = TTF_IDISHWND;
-            tool.uId = reinterpret_cast<UINT_PTR>(user.control(sheet, IDC_DRIVER_FILE));
-            tool.lpszText = text.data();
-            user.send(tips, TTM_GETTEXTW, text.size(), reinterpret_cast<LPARAM>(&tool));
-            EXPECT_EQ(text.c_str(), name);
+            EXPECT_EQ(tipOf(user, sheet, IDC_DRIVER_FILE), name);
+            const HWND tips = tipsOf(user, sheet);
             EXPECT_EQ(user.send(tips, TTM_GETTOOLCOUNT), 5);
+            // The page is told what its tooltips do.
+            for (WPARAM i = 0; i < 5; ++i)
+            {
+                wchar_t text[1000] = {};
+                TOOLINFOW listed = {};
+                listed.cbSize = TTTOOLINFOW_V2_SIZE;
+                listed.lpszText = text;
+                ASSERT_TRUE(user.send(tips, TTM_ENUMTOOLSW, i, reinterpret_cast<LPARAM>(&listed)));
+                EXPECT_EQ(listed.hwnd, user.page(sheet));
+            }
+        });
+}
+
+TEST_F(GeneralTabTest, ALabelHasOneTooltipAlsoAfterItsTextChanged)
+{
+    look(
+        [&](SheetDriver& user, HWND sheet)
+        {
+            EXPECT_EQ(tipOf(user, sheet, IDC_FILE_NAME), L"a.pc3");
+            EditorSheet::onItsThread(user, sheet,
+                                     [&]
+                                     {
+                                         m_sheet.general().setFileName(L"b.pc3");
+                                         m_sheet.general().UpdateData(FALSE);
+                                     });
+            EXPECT_EQ(tipOf(user, sheet, IDC_FILE_NAME), L"b.pc3");
+            EXPECT_EQ(user.send(tipsOf(user, sheet), TTM_GETTOOLCOUNT), 5);
         });
 }
 
