@@ -3,6 +3,7 @@
 #include "tests/win/editor/DeviceTabTest.h"
 #include "tests/win/editor/SentMessages.h"
 
+#include "GarmPC3Editor/Dialogs/CRasterGraphics.h"
 #include "resources/Resource.h"
 
 using DeviceTabSwitch = DeviceTabTest;
@@ -123,6 +124,61 @@ TEST_F(DeviceTabSwitch, theNewPageIsThereBeforeTheOldOneIsCommittedAndHidden)
             EXPECT_EQ(steps, (std::vector<std::string>{"commit", "disable raster", "hide raster", "enable truetype",
                                                        "show truetype"}));
             steps.clear();
+        });
+}
+
+TEST_F(DeviceTabSwitch, aPageIsPaintedAnewAtOnceWhenItIsActivated)
+{
+    run(
+        [this](DeviceTabUser& tab)
+        {
+            for (const GmDeviceEntry type : {eTrueType, eMergeCtrl})
+            {
+                tab.select(type);
+                const HWND page = tab.shownPage();
+                tab.user.settle();
+                bool isPainted = false;
+                bool isErased = false;
+                const auto activate = [&]
+                {
+                    const SentMessages watch(
+                        [&](HWND window, UINT message, WPARAM, LPARAM)
+                        {
+                            isPainted |= window == page && message == WM_PAINT;
+                            isErased |= window == page && message == WM_ERASEBKGND;
+                        });
+                    pageObject(page).activate();
+                };
+                onSheetsThread(tab, activate);
+                EXPECT_TRUE(isPainted) << type;
+                EXPECT_TRUE(isErased) << type;
+            }
+        });
+}
+
+TEST_F(DeviceTabSwitch, aNewPageIsPaintedInItsPlace)
+{
+    run(
+        [this](DeviceTabUser& tab)
+        {
+            std::string last;
+            const auto create = [&]
+            {
+                const SentMessages watch(
+                    [&](HWND window, UINT message, WPARAM, LPARAM)
+                    {
+                        if (!::GetDlgItem(window, IDC_ISM_MAX))
+                            return;
+                        if (message == WM_WINDOWPOSCHANGED)
+                            last = "placed";
+                        if (message == WM_PAINT)
+                            last = "painted";
+                    });
+                CRasterGraphics page(dynamic_cast<GmTabDevice&>(*m_sheet.GetPage(1)));
+                EXPECT_TRUE(page.createInFrame());
+                EXPECT_EQ(last, "painted");
+            };
+            onSheetsThread(tab, create);
         });
 }
 
