@@ -61,7 +61,7 @@ CPDFPrintDlg::CPDFPrintDlg(const GmMetaNode& meta, CWnd* page)
 
 HWND CPDFPrintDlg::hostControl(int id) const
 {
-    return m_hostDialog ? ::GetDlgItem(m_hostDialog, id) : nullptr;
+    return ::GetDlgItem(m_hostDialog, id);
 }
 
 void CPDFPrintDlg::DoDataExchange(CDataExchange* pDX)

@@ -16,7 +16,8 @@ HWND create(const WCHAR* className, DWORD style, HWND parent, int id = 0)
 } // namespace
 
 HostDialog::HostDialog(Controls controls)
-    : m_window(create(L"STATIC", WS_POPUP | WS_CAPTION, nullptr)), m_sheet(create(L"STATIC", WS_POPUP, m_window))
+    : m_window(create(L"STATIC", WS_POPUP | WS_CAPTION, nullptr)),
+      m_sheet(create(L"STATIC", WS_POPUP, controls == noDialog ? nullptr : m_window))
 {
     if (controls == all || controls == noOrientation)
         create(L"COMBOBOX", WS_CHILD | CBS_DROPDOWNLIST, m_window, 6455);

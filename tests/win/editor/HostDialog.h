@@ -16,6 +16,7 @@ public:
         noPapers,
         noOrientation,
         none,
+        noDialog, // the sheet is owned by no window
     };
 
     explicit HostDialog(Controls controls = all);

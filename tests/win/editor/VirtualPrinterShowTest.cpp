@@ -228,8 +228,17 @@ TEST_F(VirtualPrinterShow, withoutAHostsPaperListTheListIsEmptyAndTheSizeDisable
 
 TEST_F(VirtualPrinterShow, withoutAHostAtAllItOpens)
 {
-    openHost(HostDialog::none);
-    EXPECT_EQ(run([](ScriptedPrintDlg& dialog) { EXPECT_TRUE(dialog.isChecked(IDC_PORTRAIT)); }), IDCANCEL);
+    for (const auto controls : {HostDialog::none, HostDialog::noDialog})
+    {
+        openHost(controls);
+        EXPECT_EQ(run(
+                      [](ScriptedPrintDlg& dialog)
+                      {
+                          EXPECT_TRUE(dialog.isChecked(IDC_PORTRAIT));
+                          EXPECT_TRUE(dialog.entriesOf(IDC_PAPER).empty());
+                      }),
+                  IDCANCEL);
+    }
 }
 
 TEST_F(VirtualPrinterShow, qualitiesComeFromTheLibraryInOrder)
