@@ -165,6 +165,8 @@ TEST_F(GeneralTabTest, LongTextsAreWholeInTheirTooltips)
             EXPECT_EQ(tipOf(user, sheet, IDC_DRIVER_FILE), name);
             const HWND tips = tipsOf(user, sheet);
             EXPECT_EQ(user.send(tips, TTM_GETTOOLCOUNT), 5);
+            // Wider ones are broken into lines.
+            EXPECT_EQ(user.send(tips, TTM_GETMAXTIPWIDTH), 400);
             // The page is told what its tooltips do.
             for (WPARAM i = 0; i < 5; ++i)
             {

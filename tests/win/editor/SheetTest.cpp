@@ -1,5 +1,6 @@
 #include "tests/win/editor/EditorSheet.h"
 #include "tests/win/editor/EditorTest.h"
+#include "tests/win/editor/Pixels.h"
 
 #include "kernel/OdError.h"
 #include "resources/Resource.h"
@@ -156,11 +157,15 @@ TEST_F(SheetTest, AnotherDriverExchangesTheConfiguration)
 TEST_F(SheetTest, AnExchangeRunsTheInitialisationAgainStepByStep)
 {
     m_sheet.setConfig(m_cfg, L"", L"");
+    const std::vector<BYTE> helpPixels = pixels(loadIcon(2502, 16).get());
+    ASSERT_FALSE(helpPixels.empty());
     m_sheet.show(
         [&](SheetDriver& user, HWND sheet)
         {
             const HWND help = user.control(sheet, IDHELP);
-            EXPECT_NE(user.send(help, BM_GETIMAGE, IMAGE_ICON), 0);
+            const auto shownPixels = [&]
+            { return pixels(reinterpret_cast<HICON>(user.send(help, BM_GETIMAGE, IMAGE_ICON))); };
+            EXPECT_EQ(shownPixels(), helpPixels);
             EXPECT_FALSE(SheetDriver::isUsable(help));
             user.selectTab(sheet, 1);
             const HWND description = user.control(sheet, IDC_DESCRIPTION);
@@ -176,7 +181,7 @@ TEST_F(SheetTest, AnExchangeRunsTheInitialisationAgainStepByStep)
                                          });
                 // Once each, in this order; a second icon would be a leak.
                 EXPECT_EQ(InitSteps::steps(), (std::vector<std::string>{"icon", "tab 1", "caption"}));
-                EXPECT_NE(user.send(help, BM_GETIMAGE, IMAGE_ICON), 0);
+                EXPECT_EQ(shownPixels(), helpPixels);
             }
             EXPECT_EQ(user.text(sheet), caption(L"Plotter C"));
             EXPECT_EQ(user.selectedTab(sheet), 1);
