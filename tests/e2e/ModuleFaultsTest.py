@@ -34,11 +34,15 @@ class ModuleCase(unittest.TestCase):
         self.assertEqual(done.stderr, "")
         return Answers(done.stdout)
 
-    def assert_flat(self, answers):
-        """Nothing was more at the last question for the counts than at the one before."""
-        for what in ("handles", "gdi", "windows"):
+    def assert_flat(self, answers, rounds=1):
+        """Nothing was more at the last question for the counts than at the one before, that many rounds earlier."""
+        for what in ("handles", "windows"):
             before, after = map(int, answers.all(what)[-2:])
             self.assertEqual(after, before, what)
+        # The system makes some objects when a state is first painted, which a busy machine may do late: once for good,
+        # where a leak is one in each round.
+        before, after = map(int, answers.all("gdi")[-2:])
+        self.assertLess(after - before, rounds, "gdi")
 
 
 def setUpModule():
@@ -187,7 +191,7 @@ class LanguageSwitchTest(ModuleCase):
                *switches, f"click {ed.CANCEL}", "end"]
         answers = self.session(*one * 5, "counts", *one * 10, "counts")
         self.assertEqual(len(answers.all("output fileName")), 15)
-        self.assert_flat(answers)
+        self.assert_flat(answers, rounds=10)
 
 
 if __name__ == "__main__":
