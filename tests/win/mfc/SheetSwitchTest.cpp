@@ -167,6 +167,32 @@ TEST_F(SheetSwitchTest, ControlAndTabGoRoundAlsoFromAnEditOfManyLines)
         });
 }
 
+// With two pages each way leads to the other one.
+TEST_F(SheetSwitchTest, AmongThreePagesEachKeyGoesItsWay)
+{
+    ScriptedPage third("third", m_sheet.m_events, IDD_FIRST_PAGE);
+    m_sheet.AddPage(&third);
+    run(
+        [&](auto& s)
+        {
+            for (const CPropertyPage* next :
+                 std::initializer_list<const CPropertyPage*>{&s.m_second, &third, &s.m_first})
+            {
+                s.pressWithControl(::GetFocus(), VK_NEXT);
+                EXPECT_EQ(s.shownPage(), next);
+            }
+            for (const CPropertyPage* previous : std::initializer_list<const CPropertyPage*>{&third, &s.m_second})
+            {
+                s.pressWithControl(::GetFocus(), VK_PRIOR);
+                EXPECT_EQ(s.shownPage(), previous);
+            }
+            s.pressWithControl(::GetFocus(), VK_TAB);
+            EXPECT_EQ(s.shownPage(), &third);
+            s.pressWithControl(::GetFocus(), VK_TAB, true);
+            EXPECT_EQ(s.shownPage(), &s.m_second);
+        });
+}
+
 TEST_F(SheetSwitchTest, OnAnOnlyPageControlAndTabDoNothing)
 {
     Events events;
