@@ -2,6 +2,7 @@
 
 #include "host/CGarmPath.h"
 #include "host/FullPath.h"
+#include "tests/support/CurrentFolder.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -16,23 +17,6 @@ using Names = std::optional<std::vector<OdString>>;
 
 const OdString withNul(OD_T("a\0b"), 3);
 
-// Makes a folder the current one for a scope.
-class CurrentFolder
-{
-public:
-    explicit CurrentFolder(const TemporaryFolder& folder) : m_before(fs::current_path())
-    {
-        fs::current_path(fs::path(folder.path().view()));
-    }
-    ~CurrentFolder() { fs::current_path(m_before); }
-
-    CurrentFolder(const CurrentFolder&) = delete;
-    CurrentFolder& operator=(const CurrentFolder&) = delete;
-
-private:
-    fs::path m_before;
-};
-
 Names sorted(Names names)
 {
     if (names)
@@ -44,7 +28,7 @@ Names sorted(Names names)
 TEST(FullPath, startsAtTheRootAndHasNoDots)
 {
     const TemporaryFolder folder;
-    const CurrentFolder current(folder);
+    const CurrentFolder current(folder.path());
     const OdString here = fullPath(OD_T("."));
     const OdString x = CGarmPath::join(here, OD_T("x"));
     EXPECT_EQ(fullPath(OD_T("x")), x);

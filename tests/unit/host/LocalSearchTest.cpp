@@ -1,6 +1,7 @@
 #include "host/LocalSearch.h"
 
 #include "host/GarmInterfaces.h"
+#include "tests/support/CurrentFolder.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -21,23 +22,6 @@ OdString found(const OdString& name, const OdString& searchPath)
     EXPECT_EQ(result, path != poison);
     return path;
 }
-
-// Makes a folder the current one for a scope.
-class CurrentFolder
-{
-public:
-    explicit CurrentFolder(const TemporaryFolder& folder) : m_before(fs::current_path())
-    {
-        fs::current_path(fs::path(folder.path().view()));
-    }
-    ~CurrentFolder() { fs::current_path(m_before); }
-
-    CurrentFolder(const CurrentFolder&) = delete;
-    CurrentFolder& operator=(const CurrentFolder&) = delete;
-
-private:
-    fs::path m_before;
-};
 } // namespace
 
 TEST(LocalSearch, looksThroughTheFoldersInTheirOrder)
@@ -117,7 +101,7 @@ TEST(LocalSearch, aRelativePathIsTriedFromTheCurrentFolderAndThenBehindEachFolde
 {
     const TemporaryFolder current;
     const TemporaryFolder onPath;
-    const CurrentFolder inside(current);
+    const CurrentFolder inside(current.path());
     onPath.addFile("A0.pc3");
     EXPECT_EQ(found(OD_T("large/A0.pc3"), onPath.path()), poison) << "its folder is part of the name";
 
@@ -131,7 +115,7 @@ TEST(LocalSearch, aRelativePathIsTriedFromTheCurrentFolderAndThenBehindEachFolde
 TEST(LocalSearch, aBareNameIsNotLookedForInTheCurrentFolder)
 {
     const TemporaryFolder current;
-    const CurrentFolder inside(current);
+    const CurrentFolder inside(current.path());
     current.addFile("A0.pc3");
     EXPECT_EQ(found(OD_T("A0.pc3"), OdString()), poison);
 }
@@ -139,7 +123,7 @@ TEST(LocalSearch, aBareNameIsNotLookedForInTheCurrentFolder)
 TEST(LocalSearch, theAnswerIsAFullPath)
 {
     const TemporaryFolder current;
-    const CurrentFolder inside(current);
+    const CurrentFolder inside(current.path());
     current.addFile("sub/A0.pc3");
     const OdString path = found(OD_T("A0.pc3"), OD_T("./sub"));
     EXPECT_TRUE(fs::path(path.view()).is_absolute()) << path;

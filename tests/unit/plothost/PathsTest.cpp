@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/support/CurrentFolder.h"
 #include "tests/support/TemporaryFolder.h"
 
 using namespace plothost;
@@ -14,22 +15,6 @@ using testing::HasSubstr;
 
 namespace
 {
-// The current folder for one test.
-class CurrentFolder
-{
-public:
-    explicit CurrentFolder(const OdString& folder) : m_before(std::filesystem::current_path())
-    {
-        std::filesystem::current_path(std::filesystem::path(folder.c_str()));
-    }
-    ~CurrentFolder() { std::filesystem::current_path(m_before); }
-    CurrentFolder(const CurrentFolder&) = delete;
-    CurrentFolder& operator=(const CurrentFolder&) = delete;
-
-private:
-    std::filesystem::path m_before;
-};
-
 class HostSearchPath
 {
 public:
