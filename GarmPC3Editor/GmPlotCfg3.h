@@ -7,7 +7,7 @@
 #include "GarmPC3Editor/GmPrnHelper.h"
 #include "GarmPC3Editor/GmResColorMemNode.h"
 #include "kernel/OdArray.h"
-#include "win32/DevModeView.h"
+#include "spooler/DevModeView.h"
 
 class CPBlock;
 class CPIAParser;

@@ -7,32 +7,10 @@ add_library(gm_module_objects OBJECT
     PC3ResourceSentry.cpp)
 target_link_libraries(gm_module_objects PUBLIC garm_options)
 
-# Its windows, an object library too, so that a test program can show them without loading the module.
-add_library(gm_dialog_objects OBJECT
-    Commands/windows/Editor.cpp
-    Dialogs/CCollating.cpp
-    Dialogs/CCustomProp.cpp
-    Dialogs/CMergeCtrl.cpp
-    Dialogs/CPDFPrintDlg.cpp
-    Dialogs/CRasterGraphics.cpp
-    Dialogs/CTrueType.cpp
-    Dialogs/CVectorGraphics.cpp
-    Dialogs/DevicePages.cpp
-    Dialogs/FullTextTips.cpp
-    Dialogs/GmChangeCfgDlg.cpp
-    Dialogs/GmDeviceSubDlg.cpp
-    Dialogs/GmPCfgDlg.cpp
-    Dialogs/GmTabDevice.cpp
-    Dialogs/GmTabGeneral.cpp
-    Dialogs/HelpButton.cpp
-    Dialogs/Icons.cpp
-    Dialogs/LanguageTexts.cpp
-    Dialogs/RunsUnderWine.cpp)
-target_link_libraries(gm_dialog_objects PUBLIC garm_options)
-
 add_library(GarmPC3Editor SHARED
-    $<TARGET_OBJECTS:gm_module_objects> $<TARGET_OBJECTS:gm_dialog_objects> $<TARGET_OBJECTS:gm_model_objects>)
-target_link_libraries(GarmPC3Editor PRIVATE mfc_subset pia_tree host_services od_win32 od_kernel garm_options)
+    $<TARGET_OBJECTS:gm_module_objects> $<TARGET_OBJECTS:gm_dialog_objects> $<TARGET_OBJECTS:gm_commands_objects>
+    $<TARGET_OBJECTS:gm_decisions_objects> $<TARGET_OBJECTS:gm_printing_objects> $<TARGET_OBJECTS:gm_model_objects>)
+target_link_libraries(GarmPC3Editor PRIVATE mfc_subset pia_tree host_services spooler od_kernel garm_options)
 set_target_properties(GarmPC3Editor PROPERTIES PREFIX "" SUFFIX .grx IMPORT_PREFIX "" IMPORT_SUFFIX .unused.a)
 # What is marked for export, and nothing of the libraries linked in. The definition file is a by-product that the
 # delay-import library is made of.

@@ -3,7 +3,7 @@
 // The same configuration out of other formats: every peer fills the same members, by the same tables of the same keys
 // in the same order, in the way its library is meant to be used.
 
-#include "GarmPC3Editor/NodeTables.h"
+#include "GarmPC3Editor/Model/NodeTables.h"
 #include "bench/Samples.h"
 
 #include <charconv>

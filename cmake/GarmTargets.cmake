@@ -16,6 +16,17 @@ function(garm_host_part name)
     endif()
 endfunction()
 
+# garm_module_part(NAME sources... [LIBS libraries...]): a portable part of the module. Its objects are compiled once: the
+# module links NAME_objects, so that all of them are in it, and the tests link the static library NAME, so that what they
+# test is what is shipped.
+function(garm_module_part name)
+    cmake_parse_arguments(arg "" "" "LIBS" ${ARGN})
+    add_library(${name}_objects OBJECT ${arg_UNPARSED_ARGUMENTS})
+    target_link_libraries(${name}_objects PUBLIC garm_options)
+    add_library(${name} STATIC $<TARGET_OBJECTS:${name}_objects>)
+    target_link_libraries(${name} PUBLIC ${arg_LIBS} garm_options)
+endfunction()
+
 # What every test program includes, compiled once: GoogleTest's headers alone cost more than most of our tests. A compiler
 # cache does better on the unchanged sources, because it does not know one precompiled header from another.
 if(CMAKE_CXX_COMPILER_LAUNCHER)

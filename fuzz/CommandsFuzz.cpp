@@ -6,7 +6,7 @@
 #include "fuzz/CommandSession.h"
 #include "fuzz/FuzzTarget.h"
 #include "kernel/OdRxObjectImpl.h"
-#include "win32/DevModeView.h"
+#include "spooler/DevModeView.h"
 
 #include <gtest/gtest.h>
 

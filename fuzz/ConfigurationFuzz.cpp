@@ -6,8 +6,8 @@
 #include "fuzz/OpenConfiguration.h"
 #include "pia_tree/CPIAParser.h"
 #include "tests/support/RecordedAsserts.h"
+#include "tests/support/room/PrinterRoom.h"
 #include "tests/unit/pia/RoundTrip.h"
-#include "win32/room/PrinterRoom.h"
 
 #include <gtest/gtest.h>
 

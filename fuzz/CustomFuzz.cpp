@@ -1,8 +1,8 @@
 // Any block as a configuration's custom data. The input is the text of that block as it stands in a plain file.
 
 #include "GarmPC3Editor/GmCustomNode.h"
-#include "GarmPC3Editor/HexText.h"
-#include "GarmPC3Editor/StoredDevMode.h"
+#include "GarmPC3Editor/Model/HexText.h"
+#include "GarmPC3Editor/Printing/StoredDevMode.h"
 #include "fuzz/FuzzTarget.h"
 #include "tests/unit/pia/RoundTrip.h"
 #include "tests/unit/pia/TreeTools.h"

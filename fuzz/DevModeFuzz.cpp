@@ -6,11 +6,11 @@
 #include "fuzz/ScriptedConfiguration.h"
 #include "fuzz/ScriptedRoom.h"
 #include "pia_tree/CPIAParser.h"
+#include "spooler/DevModeView.h"
+#include "spooler/Handles.h"
+#include "spooler/PrinterQueries.h"
 #include "tests/support/RecordedAsserts.h"
 #include "tests/unit/pia/RoundTrip.h"
-#include "win32/DevModeView.h"
-#include "win32/Handles.h"
-#include "win32/PrinterQueries.h"
 
 #include <gtest/gtest.h>
 

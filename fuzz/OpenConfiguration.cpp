@@ -1,9 +1,9 @@
 #include "fuzz/OpenConfiguration.h"
 
-#include "GarmPC3Editor/HexText.h"
-#include "GarmPC3Editor/NodeTables.h"
+#include "GarmPC3Editor/Model/HexText.h"
+#include "GarmPC3Editor/Model/NodeTables.h"
+#include "spooler/DevModeView.h"
 #include "tests/unit/pia/TreeTools.h"
-#include "win32/DevModeView.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "fuzz/ScriptedConfiguration.h"
 
-#include "GarmPC3Editor/DecimalText.h"
-#include "GarmPC3Editor/HexText.h"
+#include "GarmPC3Editor/Model/DecimalText.h"
+#include "GarmPC3Editor/Model/HexText.h"
 
 namespace
 {

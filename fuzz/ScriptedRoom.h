@@ -1,7 +1,7 @@
 #pragma once
 
 #include "fuzz/Input.h"
-#include "win32/room/PrinterRoom.h"
+#include "tests/support/room/PrinterRoom.h"
 
 #include <vector>
 

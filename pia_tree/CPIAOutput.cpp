@@ -1,6 +1,6 @@
 #include "pia_tree/CPIAOutput.h"
 
-#include "pia_tree/FileAccess.h"
+#include "files/FileAccess.h"
 #include "pia_tree/TextWriter.h"
 
 #include <exception>

@@ -1,7 +1,7 @@
 #include "pia_tree/CPIAParser.h"
 
+#include "files/FileAccess.h"
 #include "pia_tree/Container.h"
-#include "pia_tree/FileAccess.h"
 #include "pia_tree/Limits.h"
 #include "pia_tree/ParsedTree.h"
 

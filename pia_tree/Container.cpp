@@ -1,5 +1,6 @@
 #include "pia_tree/Container.h"
 
+#include "files/FileAccess.h"
 #include "pia_tree/Limits.h"
 
 #include <zlib.h>

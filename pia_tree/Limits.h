@@ -7,7 +7,6 @@
 // file from using up memory or stack.
 namespace pia
 {
-constexpr std::size_t maxFileBytes = std::size_t{64} << 20;
 constexpr std::size_t maxTextBytes = std::size_t{64} << 20; // decompressed
 constexpr std::size_t maxLineBytes = std::size_t{32} << 20; // without the line end, with the indentation
 constexpr unsigned maxNesting = 128;                        // blocks open at once; the root is not one of them

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pia_tree/ByteBuffer.h"
+#include "files/ByteBuffer.h"
 #include "pia_tree/CPItem.h"
 #include "pia_tree/Characters.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pia_tree/ByteBuffer.h"
+#include "files/ByteBuffer.h"
 
 class CPBlock;
 

@@ -1,8 +1,8 @@
 #include "GarmPC3Editor/Commands/BackgroundCheck.h"
 
-#include "GarmPC3Editor/AnswerOnThrow.h"
 #include "GarmPC3Editor/Commands/ModuleThread.h"
 #include "GarmPC3Editor/Commands/PrinterQuery.h"
+#include "GarmPC3Editor/Model/AnswerOnThrow.h"
 
 #include <memory>
 

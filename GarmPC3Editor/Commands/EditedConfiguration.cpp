@@ -1,9 +1,9 @@
 #include "GarmPC3Editor/Commands/EditedConfiguration.h"
 
-#include "GarmPC3Editor/AnswerOnThrow.h"
+#include "GarmPC3Editor/Model/AnswerOnThrow.h"
 #include "host/LocalSearch.h"
-#include "win32/Handles.h"
-#include "win32/PrinterQueries.h"
+#include "spooler/Handles.h"
+#include "spooler/PrinterQueries.h"
 
 #include <span>
 

@@ -1,7 +1,7 @@
 #include "GarmPC3Editor/Commands/EditorRun.h"
 
 #include "GarmPC3Editor/Commands/Editor.h"
-#include "GarmPC3Editor/Dialogs/SaveProposal.h"
+#include "GarmPC3Editor/Decisions/SaveProposal.h"
 #include "GarmPC3Editor/PC3ResourceSentry.h"
 #include "GarmPC3Editor/ResourceInstance.h"
 #include "host/CGarmPath.h"

@@ -1,9 +1,9 @@
 #include "GarmPC3Editor/Commands/PrinterQuery.h"
 
-#include "GarmPC3Editor/AnswerOnThrow.h"
 #include "GarmPC3Editor/GmPlotCfg3.h"
+#include "GarmPC3Editor/Model/AnswerOnThrow.h"
 #include "host/LocalSearch.h"
-#include "win32/Handles.h"
+#include "spooler/Handles.h"
 
 namespace
 {

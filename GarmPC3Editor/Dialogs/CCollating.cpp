@@ -1,9 +1,9 @@
 #include "GarmPC3Editor/Dialogs/CCollating.h"
 
-#include "GarmPC3Editor/Dialogs/DeviceTree.h"
+#include "GarmPC3Editor/Decisions/DeviceTree.h"
+#include "GarmPC3Editor/Decisions/PageValues.h"
 #include "GarmPC3Editor/Dialogs/GmTabDevice.h"
 #include "GarmPC3Editor/Dialogs/LanguageTexts.h"
-#include "GarmPC3Editor/Dialogs/PageValues.h"
 #include "resources/Resource.h"
 
 CCollating::CCollating(GmTabDevice& tab)

@@ -1,16 +1,16 @@
 #include "GarmPC3Editor/Dialogs/CCustomProp.h"
 
-#include "GarmPC3Editor/AnswerOnThrow.h"
+#include "GarmPC3Editor/Decisions/DeviceTree.h"
+#include "GarmPC3Editor/Decisions/DriverSettings.h"
+#include "GarmPC3Editor/Decisions/VirtualPrinterNames.h"
 #include "GarmPC3Editor/Dialogs/CPDFPrintDlg.h"
-#include "GarmPC3Editor/Dialogs/DeviceTree.h"
-#include "GarmPC3Editor/Dialogs/DriverSettings.h"
 #include "GarmPC3Editor/Dialogs/GmPCfgDlg.h"
 #include "GarmPC3Editor/Dialogs/GmTabDevice.h"
-#include "GarmPC3Editor/Dialogs/VirtualPrinterNames.h"
+#include "GarmPC3Editor/Model/AnswerOnThrow.h"
 #include "mfc/AfxModalLoop.h"
 #include "resources/Resource.h"
-#include "win32/Handles.h"
-#include "win32/PrinterQueries.h"
+#include "spooler/Handles.h"
+#include "spooler/PrinterQueries.h"
 
 namespace
 {

@@ -1,8 +1,8 @@
 #include "GarmPC3Editor/Dialogs/CMergeCtrl.h"
 
-#include "GarmPC3Editor/Dialogs/DeviceTree.h"
+#include "GarmPC3Editor/Decisions/DeviceTree.h"
+#include "GarmPC3Editor/Decisions/PageValues.h"
 #include "GarmPC3Editor/Dialogs/GmTabDevice.h"
-#include "GarmPC3Editor/Dialogs/PageValues.h"
 #include "resources/Resource.h"
 
 CMergeCtrl::CMergeCtrl(GmTabDevice& tab) : GmDeviceSubDlg(IDD_MERGE_CTRL, tab, eMergeCtrl), m_choice(mergeChoice(cfg()))

@@ -1,12 +1,12 @@
 #include "GarmPC3Editor/Dialogs/CPDFPrintDlg.h"
 
-#include "GarmPC3Editor/AnswerOnThrow.h"
+#include "GarmPC3Editor/Decisions/ShownText.h"
+#include "GarmPC3Editor/Decisions/VirtualPaper.h"
+#include "GarmPC3Editor/Decisions/VirtualPrinterSettings.h"
 #include "GarmPC3Editor/Dialogs/LanguageTexts.h"
-#include "GarmPC3Editor/Dialogs/ShownText.h"
-#include "GarmPC3Editor/Dialogs/VirtualPaper.h"
-#include "GarmPC3Editor/Dialogs/VirtualPrinterSettings.h"
+#include "GarmPC3Editor/Model/AnswerOnThrow.h"
 #include "resources/Resource.h"
-#include "win32/PrinterQueries.h"
+#include "spooler/PrinterQueries.h"
 
 #include <algorithm>
 #include <cstring>

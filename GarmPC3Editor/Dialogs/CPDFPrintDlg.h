@@ -2,7 +2,7 @@
 
 #include "GarmPC3Editor/GmMetaNode.h"
 #include "mfc/Mfc.h"
-#include "win32/Handles.h"
+#include "spooler/Handles.h"
 
 using BitmapHandle = UniqueHandle<HBITMAP, &::DeleteObject>;
 

@@ -1,6 +1,6 @@
 #include "GarmPC3Editor/Dialogs/CRasterGraphics.h"
 
-#include "GarmPC3Editor/Dialogs/DeviceTree.h"
+#include "GarmPC3Editor/Decisions/DeviceTree.h"
 #include "GarmPC3Editor/Dialogs/GmTabDevice.h"
 #include "resources/Resource.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "GarmPC3Editor/Decisions/PageValues.h"
 #include "GarmPC3Editor/Dialogs/GmDeviceSubDlg.h"
-#include "GarmPC3Editor/Dialogs/PageValues.h"
 
 // Quality of raster images and embedded objects, and what plots are to be optimised for.
 //

@@ -1,8 +1,8 @@
 #include "GarmPC3Editor/Dialogs/CTrueType.h"
 
-#include "GarmPC3Editor/Dialogs/DeviceTree.h"
+#include "GarmPC3Editor/Decisions/DeviceTree.h"
+#include "GarmPC3Editor/Decisions/PageValues.h"
 #include "GarmPC3Editor/Dialogs/GmTabDevice.h"
-#include "GarmPC3Editor/Dialogs/PageValues.h"
 #include "resources/Resource.h"
 
 CTrueType::CTrueType(GmTabDevice& tab) : GmDeviceSubDlg(IDD_TRUETYPE, tab, eTrueType), m_choice(trueTypeChoice(cfg()))

@@ -1,9 +1,9 @@
 #include "GarmPC3Editor/Dialogs/CVectorGraphics.h"
 
-#include "GarmPC3Editor/Dialogs/DeviceTree.h"
+#include "GarmPC3Editor/Decisions/DeviceTree.h"
+#include "GarmPC3Editor/Decisions/ResolutionName.h"
+#include "GarmPC3Editor/Decisions/ShownText.h"
 #include "GarmPC3Editor/Dialogs/LanguageTexts.h"
-#include "GarmPC3Editor/Dialogs/ResolutionName.h"
-#include "GarmPC3Editor/Dialogs/ShownText.h"
 #include "GarmPC3Editor/GmPlotCfg3.h"
 #include "resources/Resource.h"
 

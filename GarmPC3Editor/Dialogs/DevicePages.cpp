@@ -1,12 +1,12 @@
 #include "GarmPC3Editor/Dialogs/DevicePages.h"
 
+#include "GarmPC3Editor/Decisions/DeviceTree.h"
 #include "GarmPC3Editor/Dialogs/CCollating.h"
 #include "GarmPC3Editor/Dialogs/CCustomProp.h"
 #include "GarmPC3Editor/Dialogs/CMergeCtrl.h"
 #include "GarmPC3Editor/Dialogs/CRasterGraphics.h"
 #include "GarmPC3Editor/Dialogs/CTrueType.h"
 #include "GarmPC3Editor/Dialogs/CVectorGraphics.h"
-#include "GarmPC3Editor/Dialogs/DeviceTree.h"
 
 namespace
 {

@@ -1,11 +1,11 @@
 #include "GarmPC3Editor/Dialogs/GmTabDevice.h"
 
+#include "GarmPC3Editor/Decisions/DeviceTree.h"
+#include "GarmPC3Editor/Decisions/ShownText.h"
 #include "GarmPC3Editor/Dialogs/DevicePages.h"
-#include "GarmPC3Editor/Dialogs/DeviceTree.h"
 #include "GarmPC3Editor/Dialogs/GmPCfgDlg.h"
 #include "GarmPC3Editor/Dialogs/Icons.h"
 #include "GarmPC3Editor/Dialogs/LanguageTexts.h"
-#include "GarmPC3Editor/Dialogs/ShownText.h"
 #include "kernel/OdAssert.h"
 #include "resources/Resource.h"
 

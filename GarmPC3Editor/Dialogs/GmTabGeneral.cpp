@@ -1,6 +1,6 @@
 #include "GarmPC3Editor/Dialogs/GmTabGeneral.h"
 
-#include "GarmPC3Editor/Dialogs/GeneralTexts.h"
+#include "GarmPC3Editor/Decisions/GeneralTexts.h"
 #include "GarmPC3Editor/Dialogs/GmPCfgDlg.h"
 #include "GarmPC3Editor/Dialogs/LanguageTexts.h"
 #include "GarmPC3Editor/Dialogs/RunsUnderWine.h"

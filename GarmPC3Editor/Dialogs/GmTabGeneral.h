@@ -1,10 +1,10 @@
 #pragma once
 
+#include "GarmPC3Editor/Decisions/ShownText.h"
 #include "GarmPC3Editor/Dialogs/DescriptionEdit.h"
 #include "GarmPC3Editor/Dialogs/FullTextTips.h"
 #include "GarmPC3Editor/Dialogs/GmBaseTab.h"
 #include "GarmPC3Editor/Dialogs/Icons.h"
-#include "GarmPC3Editor/Dialogs/ShownText.h"
 #include "mfc/Mfc.h"
 
 #include <cstdint>

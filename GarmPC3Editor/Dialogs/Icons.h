@@ -1,6 +1,6 @@
 #pragma once
 
-#include "win32/Handles.h"
+#include "spooler/Handles.h"
 
 using IconHandle = UniqueHandle<HICON, &::DestroyIcon>;
 

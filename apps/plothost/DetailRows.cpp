@@ -1,7 +1,7 @@
 #include "plothost/DetailRows.h"
 
 #include "plothost/Printable.h"
-#include "win32/DevModeView.h"
+#include "spooler/DevModeView.h"
 
 #include <array>
 #include <cstdio>

@@ -2,7 +2,7 @@
 
 #include "kernel/OdText.h"
 #include "plothost/DevModeSymbols.h"
-#include "win32/DevModeView.h"
+#include "spooler/DevModeView.h"
 
 #include <cstring>
 

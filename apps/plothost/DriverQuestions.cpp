@@ -1,7 +1,7 @@
 #include "plothost/DriverQuestions.h"
 
-#include "win32/Handles.h"
-#include "win32/PrinterQueries.h"
+#include "spooler/Handles.h"
+#include "spooler/PrinterQueries.h"
 
 #include <algorithm>
 

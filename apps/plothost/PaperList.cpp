@@ -1,7 +1,7 @@
 #include "plothost/PaperList.h"
 
 #include "kernel/OdText.h"
-#include "win32/DevModeView.h"
+#include "spooler/DevModeView.h"
 
 #include <algorithm>
 

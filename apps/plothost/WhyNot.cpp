@@ -6,7 +6,7 @@
 #include "pia_tree/CPValue.h"
 #include "plothost/ConfigurationKeys.h"
 #include "plothost/Printable.h"
-#include "win32/DevModeView.h"
+#include "spooler/DevModeView.h"
 
 #include <algorithm>
 #include <charconv>

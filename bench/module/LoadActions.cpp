@@ -6,7 +6,7 @@
 #include "bench/module/CheckedWindow.h"
 #include "bench/module/HostedModule.h"
 #include "bench/module/OpenedSheet.h"
-#include "processcounts/ProcessCounts.h"
+#include "tests/support/processcounts/ProcessCounts.h"
 
 #include <algorithm>
 #include <chrono>

@@ -1,7 +1,5 @@
 #include "host/CGarmPath.h"
 
-#include "host/FullPath.h"
-
 CGarmPath::CGarmPath(const OdString& path)
 {
     OdStringView rest = path.view();
@@ -21,15 +19,4 @@ CGarmPath::CGarmPath(const OdString& path)
     m_name = rest.substr(0, dot);
     if (dot != rest.npos)
         m_extension = rest.substr(dot);
-}
-
-OdString CGarmPath::join(const OdString& folder, const OdString& fileName)
-{
-    if (folder.isEmpty())
-        return fileName;
-    const OdChar last = folder.getAt(folder.getLength() - 1);
-    OdString result = folder;
-    if (!isSeparator(last) && last != ':')
-        result += pathSeparator();
-    return result + fileName;
 }

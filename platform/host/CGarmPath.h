@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kernel/OdString.h"
+#include "files/PathStart.h"
 
 // A path taken apart, of any length. Both "/" and "\" separate folders, on every platform, and the parts put together
 // give the path again:
@@ -31,11 +31,9 @@ public:
     // False for a bare file name.
     bool hasFolder() const noexcept { return !m_drive.isEmpty() || !m_folder.isEmpty(); }
 
-    // Folder and file name with one "\" between them ("/" where that is the system's separator). An empty folder gives
-    // the file name alone; a folder that ends in a separator or a colon gets no other.
-    static OdString join(const OdString& folder, const OdString& fileName);
-
-    static constexpr bool isSeparator(OdChar c) noexcept { return c == '/' || c == '\\'; }
+    // joinPath and isPathSeparator under the names that the host's kit has for them.
+    static OdString join(const OdString& folder, const OdString& fileName) { return joinPath(folder, fileName); }
+    static constexpr bool isSeparator(OdChar c) noexcept { return isPathSeparator(c); }
 
 private:
     OdString m_drive;

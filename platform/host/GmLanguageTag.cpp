@@ -1,7 +1,7 @@
 #include "host/GmLanguageTag.h"
 
+#include "files/FileChecks.h"
 #include "host/CGarmPath.h"
-#include "host/FileChecks.h"
 
 #include <algorithm>
 

@@ -1,11 +1,11 @@
 #include "host/LocalSearch.h"
 
+#include "files/FileChecks.h"
+#include "files/FullPath.h"
+#include "files/PathStart.h"
 #include "host/CGarmPath.h"
-#include "host/FileChecks.h"
 #include "host/FilePath.h"
-#include "host/FullPath.h"
 #include "host/GarmInterfaces.h"
-#include "host/PathStart.h"
 
 #include <optional>
 

@@ -1,7 +1,7 @@
 #include "campaign/Checks.h"
 
 #include "GarmPC3Editor/GmCustomNode.h"
-#include "pia_tree/FileAccess.h"
+#include "files/FileAccess.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 #include "campaign/Driver.h"
 
 #include "plothost/DriverQuestions.h"
-#include "win32/PrinterQueries.h"
+#include "spooler/PrinterQueries.h"
 
 #include <algorithm>
 #include <iterator>

@@ -2,8 +2,8 @@
 
 #include "campaign/Transcript.h"
 #include "kernel/OdString.h"
-#include "win32/DevModeView.h"
-#include "win32/Handles.h"
+#include "spooler/DevModeView.h"
+#include "spooler/Handles.h"
 
 #include <vector>
 

@@ -3,8 +3,8 @@
 #include "GarmPC3Editor/GmPlotCfg3.h"
 #include "plothost/DevModeQuery.h"
 #include "plothost/DriverQuestions.h"
-#include "win32/Handles.h"
-#include "win32/PrinterQueries.h"
+#include "spooler/Handles.h"
+#include "spooler/PrinterQueries.h"
 
 #include <chrono>
 #include <functional>

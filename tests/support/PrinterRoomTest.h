@@ -1,6 +1,6 @@
 #pragma once
 
-#include "win32/room/PrinterRoom.h"
+#include "tests/support/room/PrinterRoom.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "plothost/windows/PrintServer.h"
 
-#include "win32/PrinterQueries.h"
+#include "spooler/PrinterQueries.h"
 
 namespace plothost
 {

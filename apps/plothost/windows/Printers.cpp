@@ -4,8 +4,8 @@
 #include "plothost/CloseName.h"
 #include "plothost/Paths.h"
 #include "plothost/Printable.h"
-#include "win32/Handles.h"
-#include "win32/PrinterQueries.h"
+#include "spooler/Handles.h"
+#include "spooler/PrinterQueries.h"
 
 #include <algorithm>
 

@@ -1,8 +1,9 @@
 #include "plothost/windows/Session.h"
 
+#include "files/FileAccess.h"
+#include "files/FileChecks.h"
+#include "files/FullPath.h"
 #include "host/CGarmPath.h"
-#include "host/FileChecks.h"
-#include "host/FullPath.h"
 #include "host/GarmInterfaces.h"
 #include "host/GmLanguage.h"
 #include "host/GmLanguageTag.h"
@@ -10,7 +11,6 @@
 #include "host/windows/ModuleFile.h"
 #include "kernel/OdRxModule.h"
 #include "kernel/OdText.h"
-#include "pia_tree/FileAccess.h"
 #include "plothost/Paths.h"
 #include "plothost/Printable.h"
 

@@ -1,8 +1,8 @@
 #include "plothost/windows/Verbs.h"
 
-#include "host/FileChecks.h"
-#include "host/FullPath.h"
-#include "pia_tree/FileAccess.h"
+#include "files/FileAccess.h"
+#include "files/FileChecks.h"
+#include "files/FullPath.h"
 #include "plothost/DevModeQuery.h"
 #include "plothost/Paths.h"
 #include "plothost/Printable.h"

@@ -1,7 +1,7 @@
 #include "plothost/windows/Verbs.h"
 
-#include "host/FileChecks.h"
-#include "host/FullPath.h"
+#include "files/FileChecks.h"
+#include "files/FullPath.h"
 #include "plothost/EditQuery.h"
 #include "plothost/windows/Answers.h"
 #include "plothost/windows/Display.h"

@@ -1,8 +1,8 @@
 #include "plothost/windows/Verbs.h"
 
 #include "GarmPC3Editor/GmPlotCfg3.h"
-#include "host/FileChecks.h"
-#include "host/FullPath.h"
+#include "files/FileChecks.h"
+#include "files/FullPath.h"
 #include "kernel/OdEdCommandStack.h"
 #include "pia_tree/CPIAParser.h"
 #include "plothost/Paths.h"

@@ -1,7 +1,7 @@
 #include "host/GmModuleLoader.h"
 
-#include "host/FileChecks.h"
-#include "host/FullPath.h"
+#include "files/FileChecks.h"
+#include "files/FullPath.h"
 #include "host/GmLanguage.h"
 #include "win32/Win32.h"
 

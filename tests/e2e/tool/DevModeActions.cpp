@@ -1,8 +1,8 @@
 #include "Actions.h"
 #include "kernel/OdText.h"
 #include "plothost/DriverQuestions.h"
-#include "win32/Handles.h"
-#include "win32/PrinterQueries.h"
+#include "spooler/Handles.h"
+#include "spooler/PrinterQueries.h"
 
 #include <algorithm>
 #include <cstdio>

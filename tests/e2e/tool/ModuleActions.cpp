@@ -5,8 +5,8 @@
 #include "kernel/OdEdCommandStack.h"
 #include "kernel/OdResBuf.h"
 #include "kernel/OdText.h"
-#include "processcounts/ProcessCounts.h"
 #include "resources/Resource.h"
+#include "tests/support/processcounts/ProcessCounts.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -6,8 +6,8 @@
 #include "kernel/OdEdCommandStack.h"
 #include "kernel/OdError.h"
 #include "kernel/OdRxObjectImpl.h"
+#include "tests/support/room/PrinterRoom.h"
 #include "tests/unit/commands/ScriptedModule.h"
-#include "win32/room/PrinterRoom.h"
 
 #include <gtest/gtest.h>
 

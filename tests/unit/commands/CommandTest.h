@@ -5,8 +5,8 @@
 #include "kernel/OdEdCommand.h"
 #include "kernel/OdResBuf.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/room/PrinterRoom.h"
 #include "tests/unit/commands/ScriptedModule.h"
-#include "win32/room/PrinterRoom.h"
 
 #include <gtest/gtest.h>
 

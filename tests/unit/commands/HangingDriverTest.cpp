@@ -5,7 +5,7 @@
 #include "GarmPC3Editor/Commands/PrinterQuery.h"
 #include "host/GarmInterfaces.h"
 #include "tests/support/TemporaryFolder.h"
-#include "win32/room/PrinterRoom.h"
+#include "tests/support/room/PrinterRoom.h"
 
 #include <gtest/gtest.h>
 

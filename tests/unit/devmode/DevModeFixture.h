@@ -1,9 +1,9 @@
 #pragma once
 
-#include "GarmPC3Editor/DecimalText.h"
 #include "GarmPC3Editor/GmPlotCfg3.h"
-#include "win32/DevModeView.h"
-#include "win32/room/PrinterRoom.h"
+#include "GarmPC3Editor/Model/DecimalText.h"
+#include "spooler/DevModeView.h"
+#include "tests/support/room/PrinterRoom.h"
 
 #include <gtest/gtest.h>
 

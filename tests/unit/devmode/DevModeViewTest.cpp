@@ -1,4 +1,4 @@
-#include "win32/DevModeView.h"
+#include "spooler/DevModeView.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // Sizes in a file may be anything: a block is built and read within what they say, or there is none.
 
-#include "GarmPC3Editor/StoredDevMode.h"
+#include "GarmPC3Editor/Printing/StoredDevMode.h"
 #include "tests/unit/devmode/DevModeFixture.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "host/GmString.h"
 
-#include "win32/room/PrinterRoom.h"
+#include "tests/support/room/PrinterRoom.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // Walks every node's table: what holds for one row kind holds for every row of that kind.
-#include "GarmPC3Editor/NodeTables.h"
-#include "GarmPC3Editor/DecimalText.h"
+#include "GarmPC3Editor/Model/NodeTables.h"
+#include "GarmPC3Editor/Model/DecimalText.h"
 #include "tests/support/Blocks.h"
 
 #include <gtest/gtest.h>

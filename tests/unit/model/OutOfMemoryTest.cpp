@@ -3,7 +3,7 @@
 #include "tests/support/Blocks.h"
 #include "tests/support/FailingAllocation.h"
 #include "tests/support/TemporaryFolder.h"
-#include "win32/room/PrinterRoom.h"
+#include "tests/support/room/PrinterRoom.h"
 
 #include <gtest/gtest.h>
 

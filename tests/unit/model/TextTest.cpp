@@ -1,7 +1,7 @@
-#include "GarmPC3Editor/AnswerOnThrow.h"
-#include "GarmPC3Editor/DecimalText.h"
-#include "GarmPC3Editor/HexText.h"
-#include "GarmPC3Editor/WrappedNumber.h"
+#include "GarmPC3Editor/Model/AnswerOnThrow.h"
+#include "GarmPC3Editor/Model/DecimalText.h"
+#include "GarmPC3Editor/Model/HexText.h"
+#include "GarmPC3Editor/Model/WrappedNumber.h"
 
 #include <gtest/gtest.h>
 

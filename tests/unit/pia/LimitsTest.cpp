@@ -2,6 +2,7 @@
 
 #include "pia_tree/Limits.h"
 #include "TreeTools.h"
+#include "files/FileAccess.h"
 #include "pia_tree/CPIAOutput.h"
 #include "pia_tree/TextWriter.h"
 

@@ -1,7 +1,7 @@
 #include "plothost/Paths.h"
 
-#include "host/FileChecks.h"
-#include "host/FullPath.h"
+#include "files/FileChecks.h"
+#include "files/FullPath.h"
 #include "host/GarmInterfaces.h"
 
 #include <gmock/gmock.h>

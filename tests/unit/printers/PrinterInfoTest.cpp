@@ -1,4 +1,4 @@
-#include "GarmPC3Editor/GmPrinterInfo.h"
+#include "GarmPC3Editor/Printing/GmPrinterInfo.h"
 #include "tests/support/PrinterRoomTest.h"
 
 using room::Call;

@@ -1,6 +1,6 @@
-#include "GarmPC3Editor/ProposedPaper.h"
+#include "GarmPC3Editor/Printing/ProposedPaper.h"
 
-#include "GarmPC3Editor/GmPrinterInfo.h"
+#include "GarmPC3Editor/Printing/GmPrinterInfo.h"
 #include "tests/support/PrinterRoomTest.h"
 
 #include <algorithm>

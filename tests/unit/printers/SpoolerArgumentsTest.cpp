@@ -2,9 +2,9 @@
 // environment or default the system answers for another printer, and nothing else would show it.
 
 #include "GarmPC3Editor/GmPlotCfg3.h"
+#include "spooler/PrinterQueries.h"
 #include "tests/support/PrinterRoomTest.h"
 #include "tests/support/TemporaryFolder.h"
-#include "win32/PrinterQueries.h"
 
 #include <set>
 

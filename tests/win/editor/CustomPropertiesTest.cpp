@@ -4,7 +4,7 @@
 #include "tests/win/editor/SentMessages.h"
 
 #include "resources/Resource.h"
-#include "win32/DevModeView.h"
+#include "spooler/DevModeView.h"
 
 namespace
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "GarmPC3Editor/Dialogs/DeviceTree.h"
+#include "GarmPC3Editor/Decisions/DeviceTree.h"
 #include "tests/win/editor/SheetDriver.h"
 
 #include <commctrl.h>

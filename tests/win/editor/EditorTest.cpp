@@ -1,6 +1,6 @@
 #include "tests/win/editor/EditorTest.h"
 
-#include "GarmPC3Editor/Dialogs/GmTexts.h"
+#include "GarmPC3Editor/Decisions/GmTexts.h"
 #include "GarmPC3Editor/GarmPC3EditorApp.h"
 #include "host/GarmInterfaces.h"
 #include "host/GmString.h"

@@ -9,8 +9,8 @@
 #include "host/GarmInterfaces.h"
 #include "kernel/OdResBuf.h"
 #include "kernel/OdRxObjectImpl.h"
-#include "processcounts/ProcessCounts.h"
 #include "resources/Resource.h"
+#include "tests/support/processcounts/ProcessCounts.h"
 #include "tests/win/support/FailingMemory.h"
 
 #include <algorithm>

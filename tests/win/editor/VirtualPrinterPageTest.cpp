@@ -5,7 +5,7 @@
 
 #include "host/GmResellerData.h"
 #include "resources/Resource.h"
-#include "win32/DevModeView.h"
+#include "spooler/DevModeView.h"
 
 #include <stdexcept>
 

@@ -4,7 +4,7 @@
 #include "tests/win/editor/HostDialog.h"
 #include "tests/win/editor/ScriptedPrintDlg.h"
 
-#include "win32/DevModeView.h"
+#include "spooler/DevModeView.h"
 
 #include <optional>
 

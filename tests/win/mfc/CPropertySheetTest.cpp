@@ -4,7 +4,7 @@
 #include "mfc/AfxModuleState.h"
 #include "mfc/AfxRes.h"
 #include "mfc/CInvalidArgException.h"
-#include "processcounts/ProcessCounts.h"
+#include "tests/support/processcounts/ProcessCounts.h"
 
 #include <commctrl.h>
 #include <stdexcept>

@@ -6,8 +6,8 @@
 #include "kernel/OdEdCommandStack.h"
 #include "mfc/AfxModuleState.h"
 #include "mfc/AtlBaseModule.h"
+#include "tests/support/room/PrinterRoom.h"
 #include "tests/win/module/ScriptedHost.h"
-#include "win32/room/PrinterRoom.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 #include "host/GmResBufExtention.h"
 #include "kernel/OdEdCommandStack.h"
 #include "kernel/OdResBuf.h"
-#include "processcounts/ProcessCounts.h"
+#include "tests/support/processcounts/ProcessCounts.h"
 #include "tests/win/module/ImportPatch.h"
 #include "tests/win/module/LoadedModule.h"
 

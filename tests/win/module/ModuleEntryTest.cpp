@@ -2,7 +2,7 @@
 #include "kernel/OdAssert.h"
 #include "kernel/OdEdCommandStack.h"
 #include "kernel/OdError.h"
-#include "processcounts/ProcessCounts.h"
+#include "tests/support/processcounts/ProcessCounts.h"
 #include "tests/win/module/LoadedModule.h"
 
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 // entry point, and what is not loaded leaves nothing behind.
 
 #include "kernel/OdEdCommandStack.h"
-#include "processcounts/ProcessCounts.h"
+#include "tests/support/processcounts/ProcessCounts.h"
 #include "tests/win/module/LoadedModule.h"
 #include "tests/win/support/FailingMemory.h"
 #include "tests/win/support/MessageBoxAnswerer.h"

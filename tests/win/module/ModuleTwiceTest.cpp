@@ -4,7 +4,7 @@
 #include "host/GmLanguage.h"
 #include "kernel/OdEdCommandStack.h"
 #include "kernel/OdResBuf.h"
-#include "processcounts/ProcessCounts.h"
+#include "tests/support/processcounts/ProcessCounts.h"
 #include "tests/win/module/LoadedModule.h"
 #include "tests/win/support/MessageBoxAnswerer.h"
 

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "GarmPC3Editor/Decisions/GmTexts.h"
+#include "GarmPC3Editor/GmPlotCfg3.h"
+
+#include <functional>
+#include <vector>
+
+// The lines of the General tab.
+
+// A Windows printer's driver is "the system's"; others are named by family and model.
+OdString driverLine(const GmMetaNode& meta, const GmTexts& texts);
+
+// File name and extension of the driver.
+OdString driverFile(const GmMetaNode& meta);
+
+OdString versionLine(const GmMetaNode& meta, const GmTexts& texts);
+
+// Where plots go: the autospool folder, else a file, else the port of the Windows printer if it tells one. Asks the
+// spooler for the port; what a driver throws goes through.
+OdString portLine(const GmPlotCfg3& cfg, const GmTexts& texts);
+
+// The list entry that stands for a printer which is not installed.
+OdString notInstalledEntry(const OdString& printerName, const GmTexts& texts);
+
+// The installed printers in the spooler's order, in two passes: local printers, then connected, shared and network
+// ones. A pass that the spooler refuses, or that throws, adds nothing. Wine tells names at information level 5 only;
+// elsewhere level 1 is the one that names printers the way users know them. underWine is asked in each pass.
+std::vector<OdString> printerNames(const std::function<bool()>& underWine);

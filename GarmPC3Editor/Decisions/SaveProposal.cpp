@@ -1,0 +1,63 @@
+#include "GarmPC3Editor/Decisions/SaveProposal.h"
+
+#include "host/CGarmPath.h"
+#include "host/FilePath.h"
+
+namespace
+{
+constexpr OdStringView extension = OD_T(".pc3");
+
+// A printer's name may be a network path; its separators would make folders of it.
+OdString asFileName(const OdString& printerName)
+{
+    OdString name;
+    for (const OdChar c : printerName.view())
+        name += c == '|' || c == '/' || c == '\\' ? OdChar('_') : c;
+    return name;
+}
+
+// White space as Unicode has it.
+constexpr bool isSpace(OdChar c)
+{
+    constexpr OdStringView others = OD_T(" \u0085\u00A0\u1680\u2028\u2029\u202F\u205F\u3000");
+    return (c >= '\t' && c <= '\r') || (c >= 0x2000 && c <= 0x200A) || others.find(c) != others.npos;
+}
+} // namespace
+
+OdString proposedPath(const OdString& path, const OdString& searchPath, const GmPlotCfg3& cfg)
+{
+    if (!path.isEmpty() || cfg.m_meta.m_win_device_name.isEmpty())
+        return path;
+    OdString proposal = FilePath::GetFirstPath(searchPath);
+    if (!proposal.isEmpty() && proposal.getAt(proposal.getLength() - 1) != '\\')
+        proposal += OD_T("\\");
+    return proposal + asFileName(cfg.m_meta.m_win_device_name);
+}
+
+OdString savePath(const OdString& searchPath, const OdString& name)
+{
+    return FilePath::GetFirstPath(searchPath) + OD_T("\\") + name + extension;
+}
+
+GmNameProposal nameProposal(const OdString& path)
+{
+    GmNameProposal proposal{path, false, {}};
+    if (!odEndsWithNoCase(path, extension))
+    {
+        proposal.path += extension;
+        proposal.extensionAdded = true;
+    }
+    proposal.name = CGarmPath(proposal.path).name();
+    return proposal;
+}
+
+OdString trimmed(const OdString& text)
+{
+    int first = 0;
+    int last = text.getLength();
+    while (first < last && isSpace(text.getAt(first)))
+        ++first;
+    while (last > first && isSpace(text.getAt(last - 1)))
+        --last;
+    return text.mid(first, last - first);
+}

@@ -1,0 +1,124 @@
+#include "GarmPC3Editor/GmCustomNode.h"
+
+#include "GarmPC3Editor/Model/DecimalText.h"
+#include "GarmPC3Editor/Model/HexText.h"
+#include "pia_tree/CPBlock.h"
+#include "pia_tree/CPValue.h"
+
+namespace
+{
+constexpr OdStringView rawDataKey = OD_T("RawPrivateDeviceData");
+
+// Replaces the text under key; adds it only when insert is true.
+template <class MakeText>
+bool store(std::map<OdString, OdString>& items, OdStringView key, bool insert, MakeText makeText)
+{
+    const auto found = items.find(OdString(key));
+    if (found != items.end())
+        found->second = makeText();
+    else if (insert)
+        items.emplace(OdString(key), makeText());
+    else
+        return false;
+    return true;
+}
+
+// Adds sub-blocks of one running number.
+class ItemWriter
+{
+public:
+    explicit ItemWriter(CPBlock& custom) : m_custom(custom) {}
+
+    // Takes the value over.
+    void add(const OdString& key, CPItem* value)
+    {
+        const OdSharedPtr<CPItem> shared(value);
+        const OdSharedPtr<CPBlock> item(new CPBlock(decimalFromNumber(m_next++)));
+        item->add(new CPStr(OD_T("name"), key));
+        item->add(shared);
+        m_custom.add(item);
+    }
+
+private:
+    CPBlock& m_custom;
+    std::uint32_t m_next = 0;
+};
+} // namespace
+
+bool GmCustomNode::parse(const CPBlock& block)
+{
+    for (unsigned i = 0; i < block.size(); ++i)
+    {
+        if (block.kindAt(i) != CPItem::eBlock)
+            continue;
+        const auto child = block.data(i);
+        const auto& item = static_cast<const CPBlock&>(*child);
+        if (item.size() != 2)
+            return false;
+        if (item.kindAt(0) != CPItem::eStr || !odEqualNoCase(item.nameAt(0), OD_T("name")))
+            return false;
+
+        const OdString key = item.textAt(0);
+        // The second item is told by its place alone: its name is not looked at.
+        switch (item.kindAt(1))
+        {
+        case CPItem::eBlock:
+            return false;
+        case CPItem::eStr:
+            m_strings[key] = item.textAt(1);
+            break;
+        case CPItem::eBin:
+            // What this module writes itself is upper case, so a hand-edited file becomes so too. Binaries of others
+            // may mean something else by their letters.
+            m_binaries[key] = key == rawDataKey ? withUpperCaseHexDigits(item.textAt(1)) : item.textAt(1);
+            break;
+        case CPItem::eNum:
+            m_numbers[key] = item.textAt(1);
+            break;
+        case CPItem::eBool:
+            m_flags[key] = item.flagAt(1) ? 1 : 0;
+            break;
+        }
+    }
+    return true;
+}
+
+bool GmCustomNode::write(CPBlock& block) const
+{
+    constexpr OdStringView value = OD_T("value");
+    ItemWriter writer(block);
+    for (const auto& [key, text] : m_numbers)
+        writer.add(key, new CPNum(value, text));
+    for (const auto& [key, text] : m_binaries)
+        writer.add(key, new CPBin(value, text));
+    for (const auto& [key, text] : m_strings)
+        writer.add(key, new CPStr(value, text));
+    for (const auto& [key, flag] : m_flags)
+        writer.add(key, new CPBool(value, flag != 0));
+    return true;
+}
+
+bool GmCustomNode::setNumber(std::uint32_t value, OdStringView key, bool insert)
+{
+    return store(m_numbers, key, insert, [value] { return decimalFromNumber(value); });
+}
+
+bool GmCustomNode::getNumber(OdStringView key, std::int32_t& out) const
+{
+    const auto found = m_numbers.find(OdString(key));
+    return found != m_numbers.end() && numberFromDecimal(found->second, out);
+}
+
+bool GmCustomNode::setRawData(const OdString& text, bool insert)
+{
+    return store(m_binaries, rawDataKey, insert, [&text] { return text; });
+}
+
+bool GmCustomNode::getRawData(OdString& out) const
+{
+    const auto found = m_binaries.find(OdString(rawDataKey));
+    if (found == m_binaries.end())
+        return false;
+    out = found->second;
+    return true;
+}

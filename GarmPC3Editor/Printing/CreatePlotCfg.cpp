@@ -1,0 +1,68 @@
+// Makes a new configuration for an installed printer out of its driver's defaults.
+
+#include "GarmPC3Editor/GmPlotCfg3.h"
+#include "GarmPC3Editor/Model/AnswerOnThrow.h"
+#include "GarmPC3Editor/Printing/GmPrinterInfo.h"
+#include "GarmPC3Editor/Printing/ProposedPaper.h"
+#include "GarmPC3Editor/Printing/StoredDevMode.h"
+#include "spooler/DevModeView.h"
+
+#include <optional>
+#include <string>
+
+namespace
+{
+void describeSystemDriver(GmMetaNode& meta, const OdString& printerName)
+{
+    meta.m_win_device_name = printerName;
+    meta.m_short_net_name = printerName;
+    meta.m_friendly_net_name = printerName;
+    // Values of the file format: readers know a system printer's configuration by them.
+    meta.m_driver_pathname = OD_T("gdiplot7.hdi");
+    meta.m_driver_version = OD_T("not specified");
+    meta.m_driver_tag_line = OD_T("Windows System Driver from Autodesk");
+    meta.m_toolkit_version = 1;
+    meta.m_driver_type = 1;
+}
+
+// Stores the sizes of the driver's block, and as many zero bytes as it has private ones: the real ones are taken over
+// afterwards, and only over bytes of that number. A driver without private bytes gets no item for them, so that there
+// is nothing to take a device mode over with and the configuration cannot be made. That is required.
+OdSharedPtr<GmCustomNode> customDataFor(const DevModeView& devMode)
+{
+    OdSharedPtr<GmCustomNode> custom(new GmCustomNode);
+    custom->setNumber(static_cast<std::uint32_t>(devMode.size()), storedDevMode::size, true);
+    if (const std::size_t extra = devMode.driverExtra(); extra != 0)
+    {
+        custom->setNumber(static_cast<std::uint32_t>(extra), storedDevMode::driverExtra, true);
+        custom->setRawData(OdString(std::basic_string<OdChar>(2 * extra, OdChar{'0'})), true);
+    }
+    return custom;
+}
+} // namespace
+
+OdSharedPtr<GmPlotCfg3> GmPlotCfg3::create(const OdString& printerName)
+{
+    return answerOnThrow(
+        OdSharedPtr<GmPlotCfg3>(),
+        [&]() -> OdSharedPtr<GmPlotCfg3>
+        {
+            GmPrinterInfo printer(printerName);
+            if (!printer.isOpen())
+                return nullptr;
+            const DevModeBlock block = printer.defaultDevMode();
+            const DevModeView devMode = block.view();
+            if (!devMode)
+                return nullptr;
+
+            OdSharedPtr<GmPlotCfg3> configuration(new GmPlotCfg3);
+            describeSystemDriver(configuration->m_meta, printerName);
+            configuration->m_custom = customDataFor(devMode);
+            if (const std::optional<OdString> paper = proposedPaper(devMode, printer))
+                configuration->m_media.m_size.m_name = *paper;
+            configuration->m_custom->setNumber(devMode.fields().dmSpecVersion, storedDevMode::specVersion, true);
+
+            bool modified = false;
+            return configuration->fromDevMode(devMode, printerName, true, modified) ? configuration : nullptr;
+        });
+}

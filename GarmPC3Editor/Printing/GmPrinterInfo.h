@@ -1,0 +1,81 @@
+#pragma once
+
+#include "kernel/OdString.h"
+#include "spooler/DevModeView.h"
+#include "spooler/Handles.h"
+
+#include <optional>
+#include <vector>
+
+// One installed Windows printer, opened for the life of the object: its ports, its driver, its driver's default device
+// mode and its papers. Used by one thread at a time. Failure is a false result, a null block, 0, -1 or an empty text;
+// what a driver throws goes through, and so does running out of memory.
+class GmPrinterInfo
+{
+public:
+    // devMode, when given, is what the paper lists are asked for with; otherwise the printer's own current device mode
+    // is. It is not owned and must outlive the object, and its private bytes must follow it.
+    explicit GmPrinterInfo(const OdString& name, const DEVMODEW* devMode = nullptr);
+    GmPrinterInfo(const GmPrinterInfo&) = delete;
+    GmPrinterInfo& operator=(const GmPrinterInfo&) = delete;
+
+    bool isOpen() const noexcept { return static_cast<bool>(m_printer); }
+    HANDLE handle() const noexcept { return m_printer.get(); } // null when the printer could not be opened
+    const OdString& printerName() const noexcept { return m_printerName; }
+
+    // The port list exactly as the system gives it, "FILE:" or several separated by commas. out is emptied first; true
+    // when it is not empty afterwards.
+    bool getPorts(OdString& out) const;
+
+    // The driver's name. out is emptied first; true when it is not empty afterwards.
+    bool driverName(OdString& out) const;
+
+    // The driver's default device mode; null only when there is no size or the driver's fill answers 0. Ask the
+    // block's view before using it: see defaultDevMode in win32/PrinterQueries.h.
+    DevModeBlock defaultDevMode() const;
+
+    // The papers the driver offers. The first question loads the lists; once loaded they are never refreshed, and when
+    // they cannot be loaded the next question tries again.
+    int paperCount();
+
+    // The first paper of that name without regard to case, or -1. A paper for which the driver gave no name is found
+    // by no name, not even "".
+    int paperIndexByName(OdStringView name);
+
+    // The same with regard to case.
+    int paperIndexByExactName(OdStringView name);
+
+    // The first paper with that code, compared as unsigned 16-bit, or -1.
+    int paperIndexById(int id);
+
+    // The paper's name, at most 64 units; empty when there is none or no such paper. Valid as long as the object.
+    OdStringView paperName(int index);
+
+    // The paper's code; 0 when there is no such paper, and when the driver delivered no code for it.
+    WORD paperId(int index);
+
+    // Whether the driver delivered a code for the paper, be it 0.
+    bool hasPaperId(int index);
+
+private:
+    struct PaperLists
+    {
+        std::size_t count = 0;          // papers
+        std::size_t idsDelivered = 0;   // codes the driver said it wrote
+        std::size_t nameSlots = 0;      // names the driver announced
+        std::size_t namesDelivered = 0; // names the driver said it wrote
+        std::vector<WORD> ids;
+        std::vector<OdChar> names;
+    };
+
+    void loadPapers();
+    OdStringView slot(std::size_t index) const noexcept;
+    bool hasCode(std::size_t index) const noexcept;
+    template <class IsWanted>
+    int firstNamed(IsWanted isWanted);
+
+    OdString m_printerName;
+    const DEVMODEW* m_devMode;
+    std::optional<PaperLists> m_papers; // none until they are loaded
+    PrinterHandle m_printer;            // closed first: the lists outlive it
+};

@@ -1,0 +1,215 @@
+// A configuration as the DEVMODEW of its printer. The driver is not asked for its own: the stored private bytes go back
+// as they are, and the public fields are rebuilt from the nodes.
+
+#include "GarmPC3Editor/GmPlotCfg3.h"
+#include "GarmPC3Editor/Model/AnswerOnThrow.h"
+#include "GarmPC3Editor/Model/DecimalText.h"
+#include "GarmPC3Editor/Model/HexText.h"
+#include "GarmPC3Editor/Model/WrappedNumber.h"
+#include "GarmPC3Editor/Printing/GmPrinterInfo.h"
+#include "GarmPC3Editor/Printing/StoredDevMode.h"
+#include "spooler/DevModeView.h"
+
+#include <algorithm>
+#include <cstring>
+#include <span>
+
+namespace
+{
+// A 16-bit field takes the lower 16 bits of what a file may hold in 32.
+constexpr short toField(std::int32_t value)
+{
+    return static_cast<short>(value);
+}
+
+// Copies text up to its first NUL, at most as much as fits; no terminator is added.
+template <std::size_t capacity>
+void copyText(WCHAR (&field)[capacity], OdStringView text)
+{
+    text = text.substr(0, text.find(OdChar()));
+    std::copy_n(text.begin(), std::min(text.size(), capacity), field);
+}
+
+// Public fields and flags that configurations keep as numbers of the custom data.
+void putCustomNumbers(const GmCustomNode& custom, DEVMODEW& dm)
+{
+    std::int32_t number = 0;
+    // Every takeover stores it. A file without it gives 0, there being nothing better.
+    if (custom.getNumber(storedDevMode::specVersion, number))
+        dm.dmSpecVersion = static_cast<WORD>(number);
+    if (custom.getNumber(storedDevMode::mediaType, number))
+    {
+        dm.dmMediaType = static_cast<DWORD>(number);
+        dm.dmFields |= DM_MEDIATYPE;
+    }
+    if (custom.getNumber(storedDevMode::defaultSource, number))
+    {
+        dm.dmDefaultSource = toField(number);
+        dm.dmFields |= DM_DEFAULTSOURCE;
+    }
+    if (custom.getNumber(storedDevMode::ttOption, number))
+    {
+        dm.dmTTOption = toField(number);
+        dm.dmFields |= DM_TTOPTION;
+    }
+    if (custom.getNumber(storedDevMode::paperSize, number))
+    {
+        dm.dmPaperSize = toField(number);
+        dm.dmFields |= DM_PAPERSIZE;
+    }
+}
+
+void putDevice(const GmMetaNode& meta, DEVMODEW& dm)
+{
+    copyText(dm.dmDeviceName, meta.m_win_device_name);
+    // The name deliberately ends after 30 characters, one fewer than the field can hold. Of a name that fills the field
+    // the last character stays behind that end.
+    dm.dmDeviceName[30] = 0;
+    dm.dmDriverVersion = static_cast<WORD>(meta.m_dm_driver_version);
+}
+
+void putMedia(const GmMediaNode& media, DEVMODEW& dm)
+{
+    dm.dmOrientation = toField(media.m_dm_orientation);
+    dm.dmFields |= DM_ORIENTATION;
+    dm.dmCopies = toField(media.m_number_of_copies);
+    dm.dmFields |= DM_COPIES;
+    // 100 per cent means unset, so the driver is told of a scale only when there is one; the field always holds it,
+    // because a takeover reads it without asking for the flag.
+    dm.dmScale = toField(media.m_size.m_dm_scale);
+    if (media.m_size.m_dm_scale != 100)
+        dm.dmFields |= DM_SCALE;
+
+    if (media.m_destination)
+    {
+        // A file may hold any number; the device knows yes and no.
+        dm.dmCollate = media.m_destination->m_collating_type != 0 ? DMCOLLATE_TRUE : DMCOLLATE_FALSE;
+        dm.dmFields |= DM_COLLATE;
+    }
+}
+
+void putColor(const GmResColorMemNode& color, DEVMODEW& dm)
+{
+    dm.dmColor = toField(color.m_dm_color);
+    dm.dmFields |= DM_COLOR;
+    if (color.m_icm_method != 0)
+    {
+        dm.dmICMMethod = static_cast<DWORD>(color.m_icm_method);
+        dm.dmFields |= DM_ICMMETHOD;
+    }
+    if (color.m_icm_intent != 0)
+    {
+        dm.dmICMIntent = static_cast<DWORD>(color.m_icm_intent);
+        dm.dmFields |= DM_ICMINTENT;
+    }
+    color.m_resolution.get(dm);
+}
+
+// Dither type and duplex are known only since the last takeover. 1 is what both are without one, so a driver that does
+// not know them is not told of a 1 it never gave. The fields hold the values all the same: a takeover reads them
+// without asking for the flag, and taking our own block back must change nothing.
+void putDitherAndDuplex(const GmPlotCfg3& cfg, DEVMODEW& dm)
+{
+    dm.dmDitherType = cfg.m_ditherType;
+    if ((cfg.m_devModeFields & DM_DITHERTYPE) || cfg.m_ditherType != 1)
+        dm.dmFields |= DM_DITHERTYPE;
+    dm.dmDuplex = static_cast<short>(cfg.m_duplex);
+    if ((cfg.m_devModeFields & DM_DUPLEX) || cfg.m_duplex != 1)
+        dm.dmFields |= DM_DUPLEX;
+}
+
+// Tells the number of a size name such as "User300", which a takeover gives to codes of the driver's own.
+bool userPaperCode(OdStringView name, std::int32_t& code)
+{
+    constexpr OdStringView prefix = OD_T("User");
+    return odStartsWithNoCase(name, prefix) && numberFromDecimal(name.substr(prefix.size()), code);
+}
+
+// The paper by name and by code, each only if the last block taken over had it so; a configuration that never took one
+// over (no fields at all) sets both. Another name leaves the stored code alone.
+void putPaper(const GmPlotCfg3& cfg, GmPrinterInfo& printer, DEVMODEW& dm)
+{
+    const GmSizeNode& size = cfg.m_media.m_size;
+    const bool neverTakenOver = cfg.m_devModeFields == 0;
+    const bool wantsName = neverTakenOver || (cfg.m_devModeFields & DM_FORMNAME);
+    const bool wantsCode = neverTakenOver || (cfg.m_devModeFields & DM_PAPERSIZE);
+
+    std::int32_t code = 0;
+    if (const int index = printer.paperIndexByName(size.m_name); index >= 0)
+    {
+        if (wantsName)
+        {
+            copyText(dm.dmFormName, printer.paperName(index));
+            dm.dmFormName[31] = 0;
+            dm.dmFields |= DM_FORMNAME;
+        }
+        if (wantsCode)
+        {
+            dm.dmPaperSize = static_cast<short>(printer.paperId(index));
+            dm.dmFields |= DM_PAPERSIZE;
+        }
+    }
+    else if (userPaperCode(size.m_name, code))
+    {
+        if (wantsCode)
+        {
+            dm.dmPaperSize = toField(code);
+            dm.dmFields |= DM_PAPERSIZE;
+        }
+        if (neverTakenOver)
+        {
+            // Tenths of a millimetre.
+            const GmMediaBoundsNode& bounds = size.m_media_description.m_media_bounds;
+            dm.dmPaperWidth = wrapToInt16(bounds.m_urx * 10);
+            dm.dmPaperLength = wrapToInt16(bounds.m_ury * 10);
+            dm.dmFields |= DM_PAPERWIDTH | DM_PAPERLENGTH;
+        }
+    }
+}
+
+// The block as bytes: of the public fields as many as the stored size has room for (zeros behind them when it has
+// more), then the private bytes, which decide what lies at their place.
+OdArray<unsigned char> assemble(DEVMODEW dm, const storedDevMode::Sizes& sizes, OdStringView privateText)
+{
+    dm.dmFields = devModeFlagsWithin(dm.dmFields, sizes.size);
+
+    OdArray<unsigned char> block;
+    block.resize(static_cast<unsigned>(sizes.size + sizes.driverExtra));
+    std::memcpy(block.asArrayPtr(), &dm, std::min(sizes.size, sizeof dm));
+    bytesFromHex(privateText, std::span(block.begin(), block.end()).subspan(sizes.size));
+    return block;
+}
+
+OdArray<unsigned char> buildDevMode(const GmPlotCfg3& cfg)
+{
+    if (!cfg.m_custom || cfg.m_meta.m_win_device_name.isEmpty())
+        return {};
+    const GmCustomNode& custom = *cfg.m_custom;
+    storedDevMode::Sizes sizes;
+    OdString privateText;
+    if (!storedDevMode::readSizes(custom, sizes))
+        return {};
+    if (sizes.driverExtra != 0 && !storedDevMode::readPrivateText(custom, sizes.driverExtra, privateText))
+        return {};
+    GmPrinterInfo printer(cfg.m_meta.m_win_device_name);
+    if (!printer.isOpen())
+        return {};
+
+    // Built in a structure of our own, since the stored size may be smaller than what is written here.
+    DEVMODEW dm = {};
+    dm.dmSize = static_cast<WORD>(sizes.size);
+    dm.dmDriverExtra = static_cast<WORD>(sizes.driverExtra);
+    putCustomNumbers(custom, dm);
+    putDevice(cfg.m_meta, dm);
+    putMedia(cfg.m_media, dm);
+    putColor(cfg.m_res_color_mem, dm);
+    putDitherAndDuplex(cfg, dm);
+    putPaper(cfg, printer, dm);
+    return assemble(dm, sizes, privateText);
+}
+} // namespace
+
+OdArray<unsigned char> GmPlotCfg3::toDevMode() const
+{
+    return answerOnThrow(OdArray<unsigned char>(), [this] { return buildDevMode(*this); });
+}

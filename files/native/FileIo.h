@@ -1,0 +1,17 @@
+#pragma once
+
+#include "files/ByteBuffer.h"
+
+#include <string_view>
+
+// What reading and writing have in common.
+namespace pia
+{
+// A system error in plain English; otherwise for one that says nothing to a user.
+const char* reasonOf(int error, const char* otherwise) noexcept;
+
+// The whole content of an open file. Null after success, otherwise the reason.
+const char* readAll(int file, ByteBuffer& bytes);
+
+bool writeAll(int file, std::string_view bytes) noexcept;
+} // namespace pia

@@ -1,0 +1,45 @@
+#include "files/FileAccess.h"
+
+#include "files/windows/Rewrite.h"
+#include "files/windows/TempFile.h"
+
+#include <windows.h>
+
+namespace pia
+{
+const char* readFile(const OdChar* path, ByteBuffer& bytes)
+{
+    const std::wstring name = path && *path ? absolutePath(path) : std::wstring();
+    if (name.empty())
+        return "no file has that name";
+    const File file(openShared(name, GENERIC_READ, FILE_FLAG_SEQUENTIAL_SCAN));
+    return file ? readAll(file.get(), bytes) : reasonOf(::GetLastError(), "the file cannot be opened");
+}
+
+const char* replaceFile(const OdChar* path, std::string_view bytes)
+{
+    constexpr auto cannotWrite = "the file cannot be written";
+    if (!path || !*path)
+        return "no file has that name";
+    Target target;
+    if (const char* reason = findTarget(path, target))
+        return reason;
+
+    TempFile temp(target);
+    if (!temp.file())
+        return reasonOf(::GetLastError(), cannotWrite);
+    removeStaleFiles(target.folder(), temp.file());
+    if (!writeAll(temp.file().get(), bytes) || !::FlushFileBuffers(temp.file().get()) || !temp.file().close())
+        return reasonOf(::GetLastError(), cannotWrite);
+    // A file with other names, or one that only its owner can make anew, is rewritten where it is.
+    if (target.hasOtherNames || !temp.takeOverRights(target))
+        return rewriteInPlace(target, temp, bytes);
+    if (const char* reason = temp.takePlaceOf(target))
+        return reason;
+    // The new file stands; that its name reaches the disk too is all that is left, and not every file system can say.
+    const File folder(openShared(target.folder(), GENERIC_WRITE));
+    if (folder)
+        ::FlushFileBuffers(folder.get());
+    return nullptr;
+}
+} // namespace pia

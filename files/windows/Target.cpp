@@ -1,0 +1,119 @@
+#include "files/windows/Target.h"
+
+#include "files/windows/File.h"
+#include "files/windows/WineTools.h"
+
+#include <utility>
+
+namespace pia
+{
+namespace
+{
+constexpr auto cannotWrite = "the file cannot be written";
+constexpr auto notAFile = "that is a folder or a device, not a file";
+constexpr auto noName = "no file has that name";
+
+// Runs a query that is given a buffer and its size and answers the length of the text, or the size it wants with its
+// terminator, or 0. Empty when it fails.
+template <class Query>
+std::wstring queryText(Query query)
+{
+    std::wstring text(MAX_PATH, L'\0');
+    for (;;)
+    {
+        const DWORD length = query(text.data(), static_cast<DWORD>(text.size()));
+        if (length < text.size())
+        {
+            text.resize(length);
+            return text;
+        }
+        text.resize(length + std::size_t{1});
+    }
+}
+
+// Where an open file or folder really is, with all links followed; such a path is absolute in the sense above. Some
+// file systems cannot tell, nor can Wine for long paths: then the path it was opened by, if that is no link itself.
+std::wstring finalPath(const File& file, const std::wstring& path)
+{
+    std::wstring final =
+        queryText([&file](wchar_t* out, DWORD size)
+                  { return ::GetFinalPathNameByHandleW(file.get(), out, size, FILE_NAME_NORMALIZED); });
+    if (!final.empty() || (::GetFileAttributesW(path.c_str()) & FILE_ATTRIBUTE_REPARSE_POINT))
+        return final;
+    return path;
+}
+
+const char* examine(const File& file, Target& target)
+{
+    BY_HANDLE_FILE_INFORMATION information = {};
+    if (::GetFileType(file.get()) != FILE_TYPE_DISK || !::GetFileInformationByHandle(file.get(), &information) ||
+        (information.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY))
+        return notAFile;
+    if (information.dwFileAttributes & FILE_ATTRIBUTE_READONLY)
+        return "the file is read-only";
+    // What the exchange needs, asked for beforehand: later another file could be in the way of the answer.
+    const File exchangeable(openShared(target.path, DELETE));
+    if (!exchangeable)
+        return reasonOf(::GetLastError(), cannotWrite);
+    target.path = finalPath(file, target.path);
+    target.hasOtherNames = information.nNumberOfLinks > 1;
+    return target.path.empty() ? cannotWrite : nullptr;
+}
+
+const char* examineFolder(Target& target)
+{
+    const auto start = nameStart(target.path);
+    if (start == target.path.size())
+        return notAFile;
+    const File folder(openShared(target.folder(), FILE_READ_ATTRIBUTES));
+    if (!folder)
+        return reasonOf(::GetLastError(), cannotWrite);
+    std::wstring folderPath = finalPath(folder, target.folder());
+    if (folderPath.empty())
+        return cannotWrite;
+    if (!folderPath.ends_with(L'\\'))
+        folderPath += L'\\';
+    target.path = folderPath.append(target.path, start);
+    return nullptr;
+}
+} // namespace
+
+std::wstring absolutePath(const wchar_t* path)
+{
+    std::wstring full =
+        queryText([path](wchar_t* out, DWORD size) { return ::GetFullPathNameW(path, size, out, nullptr); });
+    const std::wstring_view extended(LR"(\\?\)");
+    if (full.empty() || full.starts_with(extended) || full.starts_with(LR"(\\.\)"))
+        return full;
+    if (full.starts_with(LR"(\\)"))
+        return std::wstring(LR"(\\?\UNC\)").append(full, 2);
+    return full.insert(0, extended);
+}
+
+const char* findTarget(const wchar_t* path, Target& target)
+{
+    target.path = absolutePath(path);
+    // Behind a colon is the name of a stream inside a file; nothing can take the place of one.
+    if (target.path.empty() || target.path.find(L':', nameStart(target.path)) != target.path.npos)
+        return noName;
+
+    const File file(openShared(target.path, FILE_READ_ATTRIBUTES));
+    const DWORD error = ::GetLastError();
+    target.exists = static_cast<bool>(file);
+    if (target.exists)
+        return examine(file, target);
+    if (error != ERROR_FILE_NOT_FOUND)
+        return reasonOf(error, cannotWrite);
+    // A link that leads nowhere is there although no file is; it would be replaced by a file. Wine shows no such link.
+    constexpr auto leadsNowhere = "the link leads to no file";
+    if (::GetFileAttributesW(target.path.c_str()) != INVALID_FILE_ATTRIBUTES)
+        return leadsNowhere;
+    if (const auto end = wine::endOfLink(target.path))
+    {
+        if (end->empty())
+            return leadsNowhere;
+        target.path = absolutePath(end->c_str());
+    }
+    return examineFolder(target);
+}
+} // namespace pia

@@ -1,0 +1,28 @@
+#include "spooler/Handles.h"
+
+#include <algorithm>
+#include <string>
+
+PrinterHandle openPrinter(const WCHAR* name)
+{
+    static constexpr WCHAR nameless[] = {0};
+    // A failed open may still have written to its out parameter, so the value is taken over only on success; otherwise
+    // we would close a stranger's handle.
+    HANDLE raw = nullptr;
+    if (!::OpenPrinterW(const_cast<WCHAR*>(name ? name : nameless), &raw, nullptr))
+        return {};
+    return PrinterHandle(raw);
+}
+
+DeviceContext createDeviceContext(const WCHAR* driver, const WCHAR* printer, const DEVMODEW* devMode)
+{
+    // Copies, because drivers have been seen to write into what they are told to leave alone.
+    std::basic_string<WCHAR> driverText(driver);
+    std::basic_string<WCHAR> printerText(printer);
+    return DeviceContext(::CreateDCW(driverText.c_str(), printerText.c_str(), nullptr, devMode));
+}
+
+int dotsPerInch(HDC dc, int index)
+{
+    return std::max(::GetDeviceCaps(dc, index), 0);
+}

@@ -1,0 +1,176 @@
+#include "GarmPC3Editor/Decisions/DeviceTree.h"
+
+#include "GarmPC3Editor/Decisions/FileTitle.h"
+#include "GarmPC3Editor/Decisions/ResolutionName.h"
+#include "tests/unit/decisions/FakeTexts.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+OdSharedPtr<GmDestinationNode> destinationNamed(const OdChar* name, bool collate)
+{
+    OdSharedPtr<GmDestinationNode> destination(new GmDestinationNode);
+    destination->m_name = name;
+    destination->setCollating(collate);
+    return destination;
+}
+
+std::vector<GmDeviceEntry> types(const GmPlotCfg3& cfg)
+{
+    std::vector<GmDeviceEntry> result;
+    for (const GmDeviceTreeItem& item : deviceTree(cfg))
+        result.push_back(item.type);
+    return result;
+}
+
+class DeviceLabel : public testing::Test
+{
+protected:
+    OdString label(GmDeviceEntry type) const { return deviceLabel(type, cfg, OD_T("PLOTTER.pc3"), fakeTexts()); }
+
+    GmPlotCfg3 cfg;
+};
+} // namespace
+
+TEST(FormatText, fillsPlacesInOrder)
+{
+    EXPECT_EQ(formatText(OD_T("%s of %d"), {OD_T("1"), OD_T("2")}), OD_T("1 of 2"));
+    EXPECT_EQ(formatText(OD_T("100 %% of %s"), {OD_T("%d")}), OD_T("100 % of %d"));
+    EXPECT_EQ(formatText(OD_T("%s %s!"), {OD_T("a")}), OD_T("a !"));
+    EXPECT_EQ(formatText(OD_T("no place"), {OD_T("a")}), OD_T("no place"));
+    EXPECT_EQ(formatText(OD_T("50% %x %"), {OD_T("a")}), OD_T("50% %x %"));
+}
+
+TEST(FileTitle, isTheFileNameWithExtension)
+{
+    GmPlotCfg3 cfg;
+    cfg.m_meta.m_win_device_name = OD_T("Plotter A");
+    EXPECT_EQ(fileTitle(OD_T("C:\\plots\\PLOTTER.pc3"), cfg), OD_T("PLOTTER.pc3"));
+    EXPECT_EQ(fileTitle(OD_T("C:\\plots\\.pc3"), cfg), OD_T(".pc3"));
+}
+
+TEST(FileTitle, isThePrinterWithoutAFile)
+{
+    GmPlotCfg3 cfg;
+    cfg.m_meta.m_win_device_name = OD_T("Plotter A");
+    EXPECT_EQ(fileTitle(OD_T(""), cfg), OD_T("Plotter A"));
+    EXPECT_EQ(fileTitle(OD_T("C:\\plots\\"), cfg), OD_T("Plotter A"));
+}
+
+TEST(DeviceTree, destinationEntriesComeAfterSourceAndSize)
+{
+    GmPlotCfg3 cfg;
+    cfg.m_media.m_destination = destinationNamed(OD_T("Default"), false);
+    cfg.m_res_color_mem.m_lines_overwrite = GmOptionalFlag(new bool(false));
+    const std::vector<GmDeviceTreeItem> expected = {
+        {eRoot, std::nullopt, true},         {eMedia, eRoot, true},
+        {eSourceSize, eMedia, false},        {eMediaDest, eMedia, true},
+        {eCollating, eMediaDest, false},     {eGraphics, eRoot, true},
+        {eVectorGraphics, eGraphics, false}, {eRasterGraphics, eGraphics, false},
+        {eTrueType, eGraphics, false},       {eMergeCtrl, eGraphics, false},
+        {eCustomProp, eRoot, false},
+    };
+    EXPECT_EQ(deviceTree(cfg), expected);
+}
+
+TEST(DeviceTree, whatTheConfigurationLacksHasNoEntry)
+{
+    const std::vector<GmDeviceEntry> expected = {eRoot,           eMedia,          eSourceSize, eGraphics,
+                                                 eVectorGraphics, eRasterGraphics, eTrueType,   eCustomProp};
+    EXPECT_EQ(types(GmPlotCfg3()), expected);
+}
+
+TEST(DeviceTree, iconsByKind)
+{
+    const UINT expected[] = {308, 301, 302, 307, 306, 311, 304, 309, 310, 312, 313, 303};
+    for (std::int32_t type = 0; type < deviceEntryCount; ++type)
+        EXPECT_EQ(deviceEntryIcon(static_cast<GmDeviceEntry>(type)), expected[type]) << type;
+}
+
+TEST(DeviceTree, onlySettingsHavePages)
+{
+    for (const std::int32_t type : {-1, 0, 1, 2, 3, 4, 6, 12})
+        EXPECT_FALSE(deviceEntryHasPage(type)) << type;
+    for (const std::int32_t type : {5, 7, 8, 9, 10, 11})
+        EXPECT_TRUE(deviceEntryHasPage(type)) << type;
+}
+
+TEST_F(DeviceLabel, plainEntriesShowTheirText)
+{
+    EXPECT_EQ(label(eRoot), OD_T("PLOTTER.pc3"));
+    EXPECT_EQ(label(eMedia), OD_T("[217]"));
+    EXPECT_EQ(label(eGraphics), OD_T("[220]"));
+    EXPECT_EQ(label(eCustomProp), OD_T("[225]"));
+    EXPECT_EQ(label(eChecked), OD_T(""));
+}
+
+TEST_F(DeviceLabel, anEmptyValueShowsOnlyTheLeadingText)
+{
+    EXPECT_EQ(label(eMediaDest), OD_T("[218]"));
+    EXPECT_EQ(label(eSourceSize), OD_T("[219]"));
+    EXPECT_EQ(label(eCollating), OD_T("[221]"));
+    cfg.m_media.m_destination = destinationNamed(OD_T(""), true);
+    cfg.m_media.m_destination->m_collating_name = OD_T("");
+    EXPECT_EQ(label(eMediaDest), OD_T("[218]"));
+    EXPECT_EQ(label(eCollating), OD_T("[221]"));
+}
+
+TEST_F(DeviceLabel, destinationAndCollatingStandInBrackets)
+{
+    cfg.m_media.m_destination = destinationNamed(OD_T("Default"), true);
+    EXPECT_EQ(label(eMediaDest), OD_T("[218] <Default>"));
+    EXPECT_EQ(label(eCollating), OD_T("[221] <[203]>"));
+    cfg.m_media.m_destination->setCollating(false);
+    EXPECT_EQ(label(eCollating), OD_T("[221] <[202]>"));
+    cfg.m_media.m_destination->m_collating_type = 7;
+    EXPECT_EQ(label(eCollating), OD_T("[221] <[203]>"));
+}
+
+TEST_F(DeviceLabel, thePaperStandsBehindABlank)
+{
+    cfg.m_media.m_size.m_name = OD_T("100% A4");
+    EXPECT_EQ(label(eSourceSize), OD_T("[219] [227]100% A4"));
+}
+
+TEST_F(DeviceLabel, vectorGraphicsShowColoursResolutionAndDithering)
+{
+    auto& color = cfg.m_res_color_mem;
+    color.m_num_colors = 1;
+    color.m_color_depth = 32;
+    EXPECT_EQ(label(eVectorGraphics), OD_T("[222] [230][231]1/32"));
+    color.m_resolution.m_name = OD_T("600x600_None");
+    EXPECT_EQ(label(eVectorGraphics), OD_T("[222] [230][231]1/32 [232]600x600 [233]None"));
+    color.m_resolution.m_name = OD_T("600x600_");
+    EXPECT_EQ(label(eVectorGraphics), OD_T("[222] [230][231]1/32 [232]600x600"));
+}
+
+TEST(ResolutionName, isSplitAtItsLastUnderscoreUnlessThatIsFirst)
+{
+    EXPECT_EQ(resolutionParts(OD_T("DMRES_HIGH_None")).resolution, OD_T("DMRES_HIGH"));
+    EXPECT_EQ(resolutionParts(OD_T("DMRES_HIGH_None")).dithering, OD_T("None"));
+    EXPECT_EQ(resolutionParts(OD_T("_None")).resolution, OD_T("_None"));
+    EXPECT_EQ(resolutionParts(OD_T("_None")).dithering, OD_T(""));
+    EXPECT_EQ(resolutionParts(OD_T("720x360")).resolution, OD_T("720x360"));
+}
+
+TEST_F(DeviceLabel, rasterGraphicsShowWhatTheirPageEdits)
+{
+    auto& color = cfg.m_res_color_mem;
+    color.m_preference = 50;
+    color.m_ism_max = -1;
+    color.m_ole_max = 2;
+    EXPECT_EQ(label(eRasterGraphics), OD_T("[223] [234]50 [235]-1 [236]2"));
+}
+
+TEST_F(DeviceLabel, choicesStandInBrackets)
+{
+    EXPECT_EQ(label(eTrueType), OD_T("[224] <[237]>"));
+    cfg.m_meta.m_truetype_as_text = false;
+    EXPECT_EQ(label(eTrueType), OD_T("[224] <[238]>"));
+    EXPECT_EQ(label(eMergeCtrl), OD_T("[228] <[240]>"));
+    cfg.m_res_color_mem.m_lines_overwrite = GmOptionalFlag(new bool(true));
+    EXPECT_EQ(label(eMergeCtrl), OD_T("[228] <[239]>"));
+    *cfg.m_res_color_mem.m_lines_overwrite = false;
+    EXPECT_EQ(label(eMergeCtrl), OD_T("[228] <[240]>"));
+}

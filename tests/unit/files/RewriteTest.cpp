@@ -1,0 +1,153 @@
+// Files that must stay the file they are, because they have other names too, are rewritten in place.
+
+#include "FileCalls.h"
+#include "LinkedFileTest.h"
+#include "files/native/File.h"
+#include "files/native/Lock.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+namespace
+{
+using Names = std::vector<std::string>;
+
+class Rewrite : public LinkedFileTest
+{
+protected:
+    std::string read() const
+    {
+        pia::ByteBuffer bytes;
+        const char* reason = pia::readFile(m_name.c_str(), bytes);
+        return reason ? reason : std::string(bytes.view());
+    }
+
+    pia::File open(int flags) const { return pia::File(::open(odToUtf8(m_name).c_str(), flags)); }
+
+    FileCallsReset m_reset;
+};
+} // namespace
+
+TEST_F(Rewrite, aFileWithAnotherNameKeepsIt)
+{
+    ASSERT_EQ(::chmod(odToUtf8(m_name).c_str(), 0640), 0);
+    for (const std::string bytes : {"new", "and longer than before", ""})
+    {
+        EXPECT_EQ(write(bytes), "was written");
+        EXPECT_EQ(contentOf(m_name), bytes);
+        EXPECT_EQ(contentOf(m_other), bytes);
+        EXPECT_TRUE(std::filesystem::equivalent(pathOf(m_name), pathOf(m_other)));
+        EXPECT_EQ(namesIn(m_folder.path()), (Names{"A4.pc3", "other-name"}));
+    }
+    struct stat status = {};
+    EXPECT_EQ(::stat(odToUtf8(m_name).c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777, 0640U);
+}
+
+TEST_F(Rewrite, whateverFailsTheOldContentIsThereAndNothingIsLeftBehind)
+{
+    int refused = 0;
+    for (int n = 1;; ++n)
+    {
+        makeFile();
+        FileCalls::now() = {};
+        FileCalls::now().failAt = n;
+        FileCalls::now().failure = EIO;
+        FileCalls::now().inPieces = true;
+        const bool done = write("brand new") == "was written";
+        const bool reached = FileCalls::now().made >= n;
+        FileCalls::now() = {};
+        refused += done ? 0 : 1;
+        expectOldOrNew(done, n);
+        if (!reached)
+            break;
+    }
+    // The temporary file, five pieces, the flush, the close; its other name; five pieces, the new length, the flush.
+    EXPECT_EQ(refused, 1 + 5 + 1 + 1 + 1 + 5 + 1 + 1);
+}
+
+TEST_F(Rewrite, aFullDiskCostsNothing)
+{
+    int flushes = 0;
+    FileCalls::now().failure = ENOSPC;
+    FileCalls::now().before = [&](FileCall call)
+    {
+        // The first flush is of the copy, the second of the folder, the third of the file itself.
+        if (call == FileCall::fsync && ++flushes == 3)
+            FileCalls::now().failAt = FileCalls::now().made;
+    };
+    EXPECT_EQ(write(), "there is not enough room on the disk");
+    EXPECT_EQ(contentOf(m_name), "old content");
+    EXPECT_EQ(namesIn(m_folder.path()), (Names{"A4.pc3", "other-name"}));
+}
+
+TEST_F(Rewrite, whatCannotBePutBackStaysBesideTheFile)
+{
+    int flushes = 0;
+    FileCalls::now().failure = EIO;
+    FileCalls::now().before = [&](FileCall call)
+    {
+        if (call == FileCall::fsync && ++flushes >= 3)
+            FileCalls::now().failAt = FileCalls::now().made;
+    };
+    EXPECT_EQ(write("brand new"), "the file is damaged; its new content is in the file of the same name and \".new\"");
+    EXPECT_EQ(contentOf(m_spare), "brand new");
+}
+
+TEST_F(Rewrite, aCopyOfASaveThatBrokeOffIsNotOverwritten)
+{
+    putContent(m_spare, "the only copy");
+    EXPECT_EQ(write(), "a file with the same name and \".new\" is in the way");
+    EXPECT_GT(FileCalls::now().waits, 10);
+    EXPECT_EQ(contentOf(m_spare), "the only copy");
+    EXPECT_EQ(contentOf(m_name), "old content");
+    EXPECT_EQ(namesIn(m_folder.path()), (Names{"A4.pc3", "A4.pc3.new", "other-name"}));
+}
+
+TEST_F(Rewrite, aWriterWaitsForAnotherOne)
+{
+    putContent(m_spare, "of the other");
+    FileCalls::now().onWait = [&]
+    {
+        if (FileCalls::now().waits == 3)
+            std::filesystem::remove(pathOf(m_spare));
+    };
+    EXPECT_EQ(write(), "was written");
+    EXPECT_EQ(FileCalls::now().waits, 3);
+    EXPECT_EQ(contentOf(m_other), "new");
+}
+
+TEST_F(Rewrite, aWriterWaitsForReadersAndGivesUpAfterTwoSeconds)
+{
+    pia::File reader = open(O_RDONLY);
+    ASSERT_EQ(pia::lockFile(reader.get(), F_RDLCK), pia::Lock::held);
+    EXPECT_EQ(write(), "another program is using the file");
+    // 1, 2, 4, 8, 16 and then 32 milliseconds each.
+    EXPECT_EQ(FileCalls::now().waits, 5 + 62);
+    EXPECT_EQ(contentOf(m_name), "old content");
+    EXPECT_EQ(namesIn(m_folder.path()), (Names{"A4.pc3", "other-name"}));
+
+    FileCalls::now().onWait = [&] { reader.close(); };
+    EXPECT_EQ(write(), "was written");
+}
+
+TEST_F(Rewrite, aReaderWaitsForAWriterAndGivesUpAfterTwoSeconds)
+{
+    pia::File writer = open(O_RDWR);
+    ASSERT_EQ(pia::lockFile(writer.get(), F_WRLCK), pia::Lock::held);
+    EXPECT_EQ(read(), "another program is using the file");
+    EXPECT_EQ(FileCalls::now().waits, 5 + 62);
+
+    FileCalls::now().onWait = [&] { writer.close(); };
+    EXPECT_EQ(read(), "old content");
+}
+
+TEST_F(Rewrite, readersDoNotDisturbEachOther)
+{
+    pia::File reader = open(O_RDONLY);
+    ASSERT_EQ(pia::lockFile(reader.get(), F_RDLCK), pia::Lock::held);
+    EXPECT_EQ(read(), "old content");
+    EXPECT_EQ(FileCalls::now().waits, 0);
+}

@@ -1,0 +1,286 @@
+#include "spooler/PrinterQueries.h"
+
+#include "kernel/OdText.h"
+#include "spooler/Handles.h"
+#include "tests/support/PrinterRoomTest.h"
+
+#include <cstring>
+#include <limits>
+
+using room::Call;
+
+namespace
+{
+class PrinterQueries : public PrinterRoomTest
+{
+protected:
+    room::Printer& printer = room.add({.name = OD_T("Plotter A"),
+                                       .driver = OD_T("Acme HP-GL"),
+                                       .port = OD_T("FILE:"),
+                                       .papers = {{9, OD_T("A4")}, {8, OD_T("A3")}},
+                                       .driverExtra = 8});
+    PrinterHandle handle = openPrinter(OD_T("Plotter A"));
+
+    void TearDown() override
+    {
+        handle.reset();
+        PrinterRoomTest::TearDown();
+    }
+
+    DevModeBlock askDefault() const { return defaultDevMode(handle.get(), OD_T("Plotter A")); }
+
+    DevModeMerge merge(std::span<const BYTE> bytes, DWORD mode = DM_IN_BUFFER | DM_OUT_BUFFER) const
+    {
+        return mergeDevMode(nullptr, handle.get(), OD_T("Plotter A"), bytes, mode);
+    }
+};
+
+// A block of a usual public part that says it has that many private bytes, and has them.
+std::vector<BYTE> blockWith(std::size_t extra, short copies)
+{
+    DEVMODEW dm = {};
+    dm.dmSize = sizeof dm;
+    dm.dmDriverExtra = static_cast<WORD>(extra);
+    dm.dmFields = DM_COPIES;
+    dm.dmCopies = copies;
+    std::vector<BYTE> bytes(sizeof dm + extra, BYTE{0x5A});
+    std::memcpy(bytes.data(), &dm, sizeof dm);
+    return bytes;
+}
+} // namespace
+
+TEST_F(PrinterQueries, portsAndDriverComeFromTheirLevels)
+{
+    EXPECT_EQ(portsOfPrinter(handle.get()), WideText(OD_T("FILE:")));
+    EXPECT_EQ(driverOfPrinter(handle.get()), WideText(OD_T("Acme HP-GL")));
+    for (const room::CallRecord& call : room.calls())
+    {
+        if (call.call == Call::openPrinter)
+            continue;
+        EXPECT_EQ(call.detail, call.call == Call::getPrinter ? 5U : 3U);
+    }
+}
+
+TEST_F(PrinterQueries, nullTextsAndGonePrintersGiveNothing)
+{
+    printer.port = std::nullopt;
+    printer.driver = std::nullopt;
+    EXPECT_FALSE(portsOfPrinter(handle.get()));
+    EXPECT_FALSE(driverOfPrinter(handle.get()));
+    room.remove(OD_T("Plotter A"));
+    EXPECT_FALSE(portsOfPrinter(handle.get()));
+    EXPECT_FALSE(driverOfPrinter(handle.get()));
+}
+
+TEST_F(PrinterQueries, theDefaultBlockIsWhatTheDriverFills)
+{
+    const DevModeBlock block = askDefault();
+    const DevModeView view = block.view();
+    ASSERT_TRUE(view);
+    EXPECT_EQ(view.size(), 220U);
+    EXPECT_EQ(view.driverExtra(), 8U);
+    EXPECT_EQ(view.fields().dmPaperSize, 9);
+    const auto calls = room.calls();
+    ASSERT_EQ(room.count(Call::documentProperties), 2);
+    EXPECT_EQ(calls[1].detail, 0U);
+    EXPECT_EQ(calls[2].detail, 2U); // output only
+}
+
+TEST_F(PrinterQueries, aSizeOfZeroOrLessGivesNoBlockAndNoFill)
+{
+    for (const LONG answer : {0, -1, -2147483647 - 1})
+    {
+        printer.lies.sizeAnswer = answer;
+        EXPECT_TRUE(askDefault().isNull()) << answer;
+    }
+    EXPECT_EQ(room.count(Call::documentProperties), 3);
+}
+
+TEST_F(PrinterQueries, aSizeThatNoDeviceModeHasGivesNoBlock)
+{
+    printer.lies.sizeAnswer = 0x7FFFFFFF;
+    EXPECT_TRUE(askDefault().isNull());
+    printer.lies.sizeAnswer = 1024 * 1024 + 1;
+    EXPECT_TRUE(askDefault().isNull());
+    printer.lies.sizeAnswer = 1024 * 1024; // the end of what is believed
+    EXPECT_TRUE(askDefault().view());
+}
+
+TEST_F(PrinterQueries, aFillThatAnswersZeroGivesNoBlock)
+{
+    printer.lies.fillAnswer = 0;
+    EXPECT_TRUE(askDefault().isNull());
+}
+
+TEST_F(PrinterQueries, aNegativeAnswerOfTheFillCountsAsSuccess)
+{
+    printer.lies.fillAnswer = -1;
+    const DevModeBlock block = askDefault();
+    ASSERT_FALSE(block.isNull());
+    EXPECT_EQ(block.view().fields().dmPaperSize, 9);
+}
+
+TEST_F(PrinterQueries, aFillThatWroteNothingLeavesAnEmptyBlockThatViewsRefuse)
+{
+    printer.lies = {.fillAnswer = -1, .fillWritesNothing = true};
+    const DevModeBlock block = askDefault();
+    ASSERT_FALSE(block.isNull());
+    EXPECT_FALSE(block.view());
+}
+
+TEST_F(PrinterQueries, aDriverThatWritesMoreThanItAskedForStaysInOurMemory)
+{
+    printer.lies.overrun = 4096;
+    EXPECT_TRUE(askDefault().view());
+    printer.lies = {.sizeAnswer = 1};
+    EXPECT_TRUE(askDefault().view());
+    // As far as the longest block there can be, both of whose sizes are 16-bit.
+    printer.lies.overrun = 2 * 65535 - 228;
+    EXPECT_TRUE(askDefault().view());
+    EXPECT_TRUE(merge(blockWith(8, 2)).block.view());
+}
+
+TEST_F(PrinterQueries, aBlockThatClaimsMoreThanTheBufferIsRefusedByItsView)
+{
+    printer.tune = [](DEVMODEW& dm) { dm.dmDriverExtra = 65535; };
+    const DevModeBlock block = askDefault();
+    ASSERT_FALSE(block.isNull());
+    EXPECT_FALSE(block.view());
+}
+
+TEST_F(PrinterQueries, aBlockBelowTheSmallestIsRefusedByItsView)
+{
+    printer.tune = [](DEVMODEW& dm) { dm.dmSize = 75; };
+    EXPECT_FALSE(askDefault().view());
+}
+
+TEST_F(PrinterQueries, aMergePassesTheBlockInAndOutUnderTheMode)
+{
+    const HWND owner = room.newWindow();
+    const std::vector<BYTE> bytes = blockWith(8, 3);
+    const DevModeMerge merged = mergeDevMode(owner, handle.get(), OD_T("Plotter A"), bytes, 14);
+    EXPECT_EQ(merged.result, IDOK);
+    EXPECT_EQ(merged.block.view().fields().dmCopies, 3);
+    EXPECT_EQ(merged.block.view().fields().dmPaperSize, 9); // the driver's own
+    const room::CallRecord call = room.calls().back();
+    EXPECT_EQ(call.detail, 14U);
+    EXPECT_EQ(call.owner, owner);
+    EXPECT_EQ(call.devMode, bytes);
+}
+
+TEST_F(PrinterQueries, aMergePassesTheDriversAnswerOn)
+{
+    for (const LONG answer : {IDCANCEL, 0, -1})
+    {
+        printer.lies.mergeAnswer = answer;
+        EXPECT_EQ(merge(blockWith(8, 3)).result, answer);
+    }
+}
+
+TEST_F(PrinterQueries, aMergeHasRoomWhenTheDriverGrewSinceTheBlockWasStored)
+{
+    printer.driverExtra = 60000;
+    const DevModeMerge merged = merge(blockWith(0, 2));
+    EXPECT_EQ(merged.result, IDOK);
+    EXPECT_EQ(merged.block.view().driverExtra(), 60000U);
+}
+
+TEST_F(PrinterQueries, aMergeHasRoomForAsMuchAsTheDriverAsks)
+{
+    printer.lies = {.sizeAnswer = 1024 * 1024, .overrun = 1024 * 1024 - 228};
+    const DevModeMerge merged = merge(blockWith(8, 2));
+    EXPECT_EQ(merged.result, IDOK);
+    EXPECT_TRUE(merged.block.view());
+}
+
+TEST_F(PrinterQueries, aMergeKeepsTheStoredSizeWhenTheDriverDoesNotSayOne)
+{
+    printer.lies.sizeAnswer = -1;
+    for (const std::size_t extra : {5000U, 60000U})
+    {
+        const std::vector<BYTE> bytes = blockWith(extra, 2);
+        const DevModeMerge merged = merge(bytes);
+        EXPECT_EQ(merged.result, IDOK);
+        EXPECT_EQ(room.calls().back().devMode, bytes);
+    }
+}
+
+// More than any block has: the driver is not believed, and nothing of that size is allocated.
+TEST_F(PrinterQueries, aMergeKeepsTheStoredSizeWhenTheDriverSaysAnImpossibleOne)
+{
+    printer.lies.sizeAnswer = std::numeric_limits<LONG>::max();
+    const std::vector<BYTE> bytes = blockWith(5000, 2);
+    const DevModeMerge merged = merge(bytes);
+    EXPECT_EQ(merged.result, IDOK);
+    EXPECT_EQ(room.calls().back().devMode, bytes);
+}
+
+TEST_F(PrinterQueries, aBlockThatIsNoneIsNotShownToTheDriver)
+{
+    std::vector<BYTE> lying = blockWith(8, 3);
+    lying.pop_back();
+    EXPECT_TRUE(merge(lying).block.isNull());
+    EXPECT_EQ(merge({}).result, -1);
+    EXPECT_EQ(room.count(Call::documentProperties), 0);
+}
+
+TEST_F(PrinterQueries, aPassListsPrintersInTheSystemsOrder)
+{
+    room.add({.name = OD_T("B"), .driver = std::nullopt, .port = OD_T("LPT1:")});
+    const std::vector<InstalledPrinter> found = installedPrinters(PRINTER_ENUM_LOCAL, 2);
+    ASSERT_EQ(found.size(), 2U);
+    EXPECT_EQ(found[0].name, WideText(OD_T("Plotter A")));
+    EXPECT_EQ(found[0].driver, WideText(OD_T("Acme HP-GL")));
+    EXPECT_EQ(found[1].name, WideText(OD_T("B")));
+    EXPECT_FALSE(found[1].driver);
+    EXPECT_EQ(found[1].port, WideText(OD_T("LPT1:")));
+}
+
+TEST_F(PrinterQueries, everyLevelGivesWhatItKnows)
+{
+    for (const DWORD level : {1U, 2U, 4U, 5U})
+    {
+        const std::vector<InstalledPrinter> found = installedPrinters(PRINTER_ENUM_LOCAL, level);
+        ASSERT_EQ(found.size(), 1U) << level;
+        EXPECT_EQ(found[0].name, WideText(OD_T("Plotter A"))) << level;
+        EXPECT_EQ(found[0].driver.has_value(), level == 2) << level;
+        EXPECT_EQ(found[0].port.has_value(), level == 2 || level == 5) << level;
+    }
+    EXPECT_TRUE(installedPrinters(PRINTER_ENUM_LOCAL, 3).empty());
+}
+
+TEST_F(PrinterQueries, everyLevelTellsAllPrinters)
+{
+    room.add({.name = OD_T("B"), .port = OD_T("LPT1:")});
+    room.add({.name = OD_T("C"), .port = OD_T("LPT2:")});
+    for (const DWORD level : {1U, 2U, 4U, 5U})
+    {
+        const std::vector<InstalledPrinter> found = installedPrinters(PRINTER_ENUM_LOCAL, level);
+        ASSERT_EQ(found.size(), 3U) << level;
+        EXPECT_EQ(found[1].name, WideText(OD_T("B"))) << level;
+        EXPECT_EQ(found[2].name, WideText(OD_T("C"))) << level;
+    }
+}
+
+TEST_F(PrinterQueries, aPassThatIsRefusedOrFindsNoneIsEmpty)
+{
+    EXPECT_TRUE(installedPrinters(0x64, 2).empty());
+    EXPECT_EQ(room.count(Call::enumPrinters), 1); // needed 0: no fill
+    room.allowNetworkPass();
+    EXPECT_TRUE(installedPrinters(0x64, 2).empty());
+    room.lies(Call::enumPrinters).sizeQuerySucceeds = true;
+    EXPECT_TRUE(installedPrinters(PRINTER_ENUM_LOCAL, 2).empty());
+}
+
+TEST_F(PrinterQueries, aCountAboveWhatTheBufferHoldsReadsNothingBehindIt)
+{
+    room.lies(Call::enumPrinters).returned = 0xFFFFFFFF;
+    const std::vector<InstalledPrinter> found = installedPrinters(PRINTER_ENUM_LOCAL, 2);
+    ASSERT_FALSE(found.empty());
+    EXPECT_EQ(found[0].name, WideText(OD_T("Plotter A")));
+    for (std::size_t i = 1; i < found.size(); ++i)
+        EXPECT_NE(found[i].name, WideText(OD_T("Plotter A")));
+
+    room.lies(Call::enumPrinters).returned = 0;
+    EXPECT_TRUE(installedPrinters(PRINTER_ENUM_LOCAL, 2).empty());
+}
