@@ -2,9 +2,9 @@
 
 #include "files/FileAccess.h"
 #include "FolderTools.h"
-#include "TreeTools.h"
 #include "pia_tree/CPIAOutput.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/unit/pia/TreeTools.h"
 
 #include <gtest/gtest.h>
 

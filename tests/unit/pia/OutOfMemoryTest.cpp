@@ -1,10 +1,10 @@
 // Running out of memory, one allocation at a time: a failed read or write, nothing else.
 
-#include "FolderTools.h"
 #include "TreeTools.h"
 #include "pia_tree/CPIAOutput.h"
 #include "tests/support/FailingAllocation.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/unit/files/FolderTools.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// A program that dies in the middle of a write: pia_killed_writer FILE N ends itself right after the N-th call that
+// A program that dies in the middle of a write: killed_writer FILE N ends itself right after the N-th call that
 // changes the disk, with status 3. With fewer calls it comes to its end: status 0, or 1 when the write failed.
 
 #include "files/FileAccess.h"

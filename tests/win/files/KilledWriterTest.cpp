@@ -28,13 +28,13 @@ protected:
     {
         wchar_t self[MAX_PATH] = {};
         ::GetModuleFileNameW(nullptr, self, MAX_PATH);
-        const auto program = std::filesystem::path(self).parent_path() / "pia_killed_writer.exe";
+        const auto program = std::filesystem::path(self).parent_path() / "killed_writer.exe";
         std::wstring line = L"\"" + program.wstring() + L"\" \"" + m_name.c_str() + L"\" " + std::to_wstring(n);
         STARTUPINFOW startup = {};
         startup.cb = sizeof startup;
         PROCESS_INFORMATION child = {};
         if (!::CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &child))
-            throw std::runtime_error("pia_killed_writer.exe cannot be started");
+            throw std::runtime_error("killed_writer.exe cannot be started");
         ::WaitForSingleObject(child.hProcess, INFINITE);
         DWORD status = 0;
         ::GetExitCodeProcess(child.hProcess, &status);
