@@ -157,7 +157,7 @@ Sample make(std::size_t privateBytes)
 {
     Sample sample;
     sample.tree = std::make_unique<CPBlock>(OD_T(""));
-    pia::ByteBuffer text;
+    files::ByteBuffer text;
     if (!configuration(privateBytes).writeToBlock(*sample.tree) || pia::writeText(*sample.tree, text) ||
         !CPIAOutput().writeToMemory(*sample.tree, sample.file))
         std::abort();

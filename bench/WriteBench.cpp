@@ -23,7 +23,7 @@ void treeToText(benchmark::State& state)
     const Sample& sample = sampleOf(state);
     for (auto _ : state)
     {
-        pia::ByteBuffer text;
+        files::ByteBuffer text;
         if (pia::writeText(*sample.tree, text) || text.size() != sample.text.size())
             std::abort();
         benchmark::DoNotOptimize(text.data());

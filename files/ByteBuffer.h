@@ -6,7 +6,7 @@
 #include <memory>
 #include <string_view>
 
-namespace pia
+namespace files
 {
 // Bytes on the heap that are not cleared when they are made: files and texts are filled at once, and clearing them
 // first would cost as much as reading them. One byte more than the capacity may be written; a parser puts its
@@ -57,4 +57,4 @@ private:
     std::size_t m_size = 0;
     std::size_t m_capacity = 0;
 };
-} // namespace pia
+} // namespace files

@@ -10,7 +10,7 @@
 //
 // Both answer null after success, otherwise the reason in plain English. A null or empty path is refused. What they
 // throw is std::bad_alloc, and then the disk is as it was.
-namespace pia
+namespace files
 {
 // A larger file is refused, and none is written. Far above any configuration in the field.
 constexpr std::size_t maxFileBytes = std::size_t{64} << 20;
@@ -27,4 +27,4 @@ const char* readFile(const OdChar* path, ByteBuffer& bytes);
 // file, is rewritten in place while the new content is kept beside it. A file that another program has open is tried
 // again for two seconds. Old temporary files that no program holds are removed.
 const char* replaceFile(const OdChar* path, std::string_view bytes);
-} // namespace pia
+} // namespace files

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace pia
+namespace files
 {
 bool Patience::again() noexcept
 {
@@ -17,4 +17,4 @@ bool Patience::again() noexcept
     m_pause = std::min(2 * m_pause, longestPause);
     return true;
 }
-} // namespace pia
+} // namespace files

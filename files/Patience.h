@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-namespace pia
+namespace files
 {
 // For how long a reader or a writer tries again when another program is in its way: two seconds from the first refusal.
 // Saves take some milliseconds, also on a share; who holds a file longer than this holds it for good.
@@ -21,4 +21,4 @@ private:
 std::uint64_t milliseconds() noexcept;
 
 void pause(unsigned milliseconds) noexcept;
-} // namespace pia
+} // namespace files

@@ -10,7 +10,7 @@
 // Names of the temporary files that a write makes: "~gm", 16 hexadecimal digits at random, ".tmp". Short, so that it
 // fits wherever the target's name does, and never taken for a configuration, which ends in ".pc3". Writers in other
 // containers and Wine prefixes, and on other machines, use the same folder, so nothing in the name says whose it is.
-namespace pia
+namespace files
 {
 constexpr std::string_view tempNameStart = "~gm";
 constexpr std::string_view tempNameEnd = ".tmp";
@@ -45,4 +45,4 @@ inline bool isTempName(std::string_view name) noexcept
 
 // Where a file is rewritten in place, the new content is kept under this name beside it until that is done.
 constexpr std::string_view spareNameEnd = ".new";
-} // namespace pia
+} // namespace files

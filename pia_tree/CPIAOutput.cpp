@@ -11,8 +11,8 @@ bool CPIAOutput::save(const CPBlock& root, pia::Form form, Store storeFile) noex
 {
     try
     {
-        pia::ByteBuffer text;
-        pia::ByteBuffer file;
+        files::ByteBuffer text;
+        files::ByteBuffer file;
         m_reason = pia::writeText(root, text);
         if (!m_reason)
             m_reason = pia::pack(text.view(), form, file);
@@ -31,7 +31,7 @@ bool CPIAOutput::save(const CPBlock& root, pia::Form form, Store storeFile) noex
 
 bool CPIAOutput::write(const CPBlock& root, const OdChar* path, pia::Form form)
 {
-    return save(root, form, [path](std::string_view file) { return pia::replaceFile(path, file); });
+    return save(root, form, [path](std::string_view file) { return files::replaceFile(path, file); });
 }
 
 bool CPIAOutput::writeToMemory(const CPBlock& root, std::string& bytes, pia::Form form)

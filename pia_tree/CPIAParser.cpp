@@ -13,17 +13,17 @@ CPIAParser::~CPIAParser() = default;
 
 bool CPIAParser::read(const OdChar* path)
 {
-    return load([path](pia::ByteBuffer& file) { return pia::readFile(path, file); });
+    return load([path](files::ByteBuffer& file) { return files::readFile(path, file); });
 }
 
 bool CPIAParser::parse(std::string_view bytes)
 {
     return load(
-        [bytes](pia::ByteBuffer& file) -> const char*
+        [bytes](files::ByteBuffer& file) -> const char*
         {
-            if (bytes.size() > pia::maxFileBytes)
+            if (bytes.size() > files::maxFileBytes)
                 return "the file is too large";
-            file = pia::ByteBuffer(bytes.size());
+            file = files::ByteBuffer(bytes.size());
             bytes.copy(file.data(), bytes.npos);
             file.setSize(bytes.size());
             return nullptr;
@@ -38,7 +38,7 @@ bool CPIAParser::load(Load loadFile) noexcept
     m_line = 0;
     try
     {
-        pia::ByteBuffer file;
+        files::ByteBuffer file;
         m_reason = loadFile(file);
         if (!m_reason)
             m_reason = take(std::move(file));
@@ -53,9 +53,9 @@ bool CPIAParser::load(Load loadFile) noexcept
     return true;
 }
 
-const char* CPIAParser::take(pia::ByteBuffer file)
+const char* CPIAParser::take(files::ByteBuffer file)
 {
-    pia::ByteBuffer text;
+    files::ByteBuffer text;
     if (const char* reason = pia::unpack(std::move(file), text))
         return reason;
     pia::TextFailure failure;

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string_view>
 
-namespace pia
+namespace files
 {
 class ByteBuffer;
 }
@@ -36,7 +36,7 @@ public:
 private:
     template <class Load>
     bool load(Load loadFile) noexcept;
-    const char* take(pia::ByteBuffer file);
+    const char* take(files::ByteBuffer file);
 
     std::unique_ptr<const CPBlock> m_root;
     const char* m_reason = "";

@@ -117,14 +117,14 @@ struct Stream : z_stream
         next_in = const_cast<Bytef*>(bytesOf(text)); // the codec only reads it
         avail_in = static_cast<uInt>(text.size());
     }
-    void setOutput(ByteBuffer& out) noexcept
+    void setOutput(files::ByteBuffer& out) noexcept
     {
         next_out = reinterpret_cast<Bytef*>(out.data() + out.size());
         avail_out = static_cast<uInt>(out.capacity() - out.size());
     }
 };
 
-const char* inflateText(std::string_view stream, std::size_t expectedLength, ByteBuffer& text)
+const char* inflateText(std::string_view stream, std::size_t expectedLength, files::ByteBuffer& text)
 {
     Stream<inflateEnd> codec;
     if (inflateInit(&codec) != Z_OK)
@@ -133,7 +133,7 @@ const char* inflateText(std::string_view stream, std::size_t expectedLength, Byt
 
     // One byte more than is allowed, to see that there is more.
     constexpr std::size_t largest = maxTextBytes + 1;
-    text = ByteBuffer(std::min({expectedLength, largest, stream.size() * maxInflation}));
+    text = files::ByteBuffer(std::min({expectedLength, largest, stream.size() * maxInflation}));
     for (;;)
     {
         codec.setOutput(text);
@@ -153,14 +153,14 @@ const char* inflateText(std::string_view stream, std::size_t expectedLength, Byt
     }
 }
 
-const char* deflateText(std::string_view text, ByteBuffer& file)
+const char* deflateText(std::string_view text, files::ByteBuffer& file)
 {
     Stream<deflateEnd> codec;
     if (deflateInit(&codec, Z_DEFAULT_COMPRESSION) != Z_OK)
         throw std::bad_alloc();
 
     constexpr std::size_t streamAt = compressedFirstLine.size() + headSize;
-    file = ByteBuffer(streamAt + deflateBound(&codec, static_cast<uLong>(text.size())));
+    file = files::ByteBuffer(streamAt + deflateBound(&codec, static_cast<uLong>(text.size())));
     file.setSize(streamAt);
     codec.setInput(text);
     codec.setOutput(file);
@@ -180,9 +180,9 @@ const char* deflateText(std::string_view text, ByteBuffer& file)
 }
 } // namespace
 
-const char* unpack(ByteBuffer file, ByteBuffer& text)
+const char* unpack(files::ByteBuffer file, files::ByteBuffer& text)
 {
-    if (file.size() > maxFileBytes)
+    if (file.size() > files::maxFileBytes)
         return "the file is too large";
     auto rest = file.view();
     Form form = Form::compressed;
@@ -202,7 +202,7 @@ const char* unpack(ByteBuffer file, ByteBuffer& text)
     return inflateText(rest.substr(headSize), readNumber(rest.substr(textLengthAt)), text);
 }
 
-const char* pack(std::string_view text, Form form, ByteBuffer& file)
+const char* pack(std::string_view text, Form form, files::ByteBuffer& file)
 {
     if (form == Form::compressed)
     {
@@ -211,11 +211,11 @@ const char* pack(std::string_view text, Form form, ByteBuffer& file)
     }
     else
     {
-        file = ByteBuffer(plainFirstLine.size() + text.size());
+        file = files::ByteBuffer(plainFirstLine.size() + text.size());
         plainFirstLine.copy(file.data(), plainFirstLine.npos);
         text.copy(file.data() + plainFirstLine.size(), text.npos);
         file.setSize(plainFirstLine.size() + text.size());
     }
-    return file.size() > maxFileBytes ? "the file would be too large" : nullptr;
+    return file.size() > files::maxFileBytes ? "the file would be too large" : nullptr;
 }
 } // namespace pia

@@ -17,7 +17,7 @@ enum class Form
 
 // Takes the text out of a file. The numbers beside the compressed text are not trusted: a tool that edited the text
 // may have left stale ones.
-const char* unpack(ByteBuffer file, ByteBuffer& text);
+const char* unpack(files::ByteBuffer file, files::ByteBuffer& text);
 
-const char* pack(std::string_view text, Form form, ByteBuffer& file);
+const char* pack(std::string_view text, Form form, files::ByteBuffer& file);
 } // namespace pia

@@ -34,7 +34,7 @@ public:
     static constexpr std::uint32_t none = ~std::uint32_t{0};
 
     // Null, and the failure filled, when the text breaks the grammar or a limit.
-    static std::shared_ptr<const ParsedTree> parse(ByteBuffer text, TextFailure& failure);
+    static std::shared_ptr<const ParsedTree> parse(files::ByteBuffer text, TextFailure& failure);
 
     Range root() const noexcept { return m_root; }
 
@@ -79,7 +79,7 @@ private:
     template <class Number>
     bool readNumberOf(const Record& record, Number& out) const;
 
-    ByteBuffer m_text;
+    files::ByteBuffer m_text;
     Charset m_charset = Charset::ascii;
     std::vector<Record> m_records;
     Range m_root;

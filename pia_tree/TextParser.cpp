@@ -220,7 +220,7 @@ private:
     std::pmr::vector<Record> m_open{&m_memory};
 };
 
-std::shared_ptr<const ParsedTree> ParsedTree::parse(ByteBuffer text, TextFailure& failure)
+std::shared_ptr<const ParsedTree> ParsedTree::parse(files::ByteBuffer text, TextFailure& failure)
 {
     failure = {};
     if (text.size() > maxTextBytes)

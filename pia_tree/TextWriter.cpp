@@ -49,7 +49,7 @@ bool isEscapedAnywhere(OdStringView text, std::size_t at) noexcept
 class TextWriter
 {
 public:
-    explicit TextWriter(ByteBuffer& out) : m_out(out) {}
+    explicit TextWriter(files::ByteBuffer& out) : m_out(out) {}
 
     const char* writeChildren(const CPBlock& block)
     {
@@ -203,19 +203,19 @@ private:
         return result;
     }
 
-    ByteBuffer& m_out;
+    files::ByteBuffer& m_out;
     std::size_t m_lineStart = 0;
     std::size_t m_items = 0;
     unsigned m_depth = 0;
 };
 } // namespace
 
-const char* writeText(const CPBlock& root, ByteBuffer& text)
+const char* writeText(const CPBlock& root, files::ByteBuffer& text)
 {
     if (!root.name().isEmpty())
         return "the root block has a name, which no file can hold";
     constexpr std::size_t usualText = 8192;
-    text = ByteBuffer(usualText);
+    text = files::ByteBuffer(usualText);
     return TextWriter(text).writeChildren(root);
 }
 } // namespace pia

@@ -2,7 +2,7 @@
 
 #include <time.h>
 
-namespace pia
+namespace files
 {
 std::uint64_t milliseconds() noexcept
 {
@@ -17,4 +17,4 @@ void pause(unsigned milliseconds) noexcept
                            static_cast<long>(milliseconds % 1000) * 1'000'000};
     ::nanosleep(&time, nullptr);
 }
-} // namespace pia
+} // namespace files

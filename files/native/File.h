@@ -4,7 +4,7 @@
 
 #include <utility>
 
-namespace pia
+namespace files
 {
 // Owns a file descriptor; negative: none.
 class File
@@ -32,4 +32,4 @@ public:
 private:
     int m_descriptor;
 };
-} // namespace pia
+} // namespace files

@@ -16,7 +16,7 @@
 #include <climits>
 #include <string>
 
-namespace pia
+namespace files
 {
 namespace
 {
@@ -114,4 +114,4 @@ const char* replaceFile(const OdChar* path, std::string_view bytes)
     (void)::fsync(folder.get());
     return nullptr;
 }
-} // namespace pia
+} // namespace files

@@ -8,7 +8,7 @@
 #include <cerrno>
 #include <cstdint>
 
-namespace pia
+namespace files
 {
 const char* reasonOf(int error, const char* otherwise) noexcept
 {
@@ -76,4 +76,4 @@ bool writeAll(int file, std::string_view bytes) noexcept
     }
     return true;
 }
-} // namespace pia
+} // namespace files

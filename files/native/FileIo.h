@@ -5,7 +5,7 @@
 #include <string_view>
 
 // What reading and writing have in common.
-namespace pia
+namespace files
 {
 // A system error in plain English; otherwise for one that says nothing to a user.
 const char* reasonOf(int error, const char* otherwise) noexcept;
@@ -14,4 +14,4 @@ const char* reasonOf(int error, const char* otherwise) noexcept;
 const char* readAll(int file, ByteBuffer& bytes);
 
 bool writeAll(int file, std::string_view bytes) noexcept;
-} // namespace pia
+} // namespace files

@@ -4,7 +4,7 @@
 
 #include <cerrno>
 
-namespace pia
+namespace files
 {
 enum class Lock
 {
@@ -24,4 +24,4 @@ inline Lock lockFile(int file, short type) noexcept
         return Lock::held;
     return errno == EAGAIN || errno == EACCES ? Lock::busy : Lock::unknown;
 }
-} // namespace pia
+} // namespace files

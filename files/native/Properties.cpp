@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-namespace pia
+namespace files
 {
 namespace
 {
@@ -99,4 +99,4 @@ bool takeOverProperties(int file, const char* path, const struct stat& status)
     ::fchmod(file, S_IRUSR | S_IWUSR);
     return false;
 }
-} // namespace pia
+} // namespace files

@@ -10,7 +10,7 @@
 
 #include <cerrno>
 
-namespace pia
+namespace files
 {
 namespace
 {
@@ -66,4 +66,4 @@ const char* rewriteInPlace(int folder, const std::string& path, TempFile& temp, 
     ::unlinkat(folder, spare.c_str(), 0);
     return reason;
 }
-} // namespace pia
+} // namespace files

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace pia
+namespace files
 {
 // Gives a file new bytes without giving it another owner, other names or other attributes: for what cannot be had for a
 // file that takes its place. temp holds the bytes already, on the disk, and they are kept beside the target under its
@@ -14,4 +14,4 @@ namespace pia
 //
 // path names the target, without links. Null after success, otherwise the reason.
 const char* rewriteInPlace(int folder, const std::string& path, TempFile& temp, std::string_view bytes);
-} // namespace pia
+} // namespace files

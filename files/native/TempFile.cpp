@@ -10,7 +10,7 @@
 #include <cerrno>
 #include <memory>
 
-namespace pia
+namespace files
 {
 namespace
 {
@@ -78,4 +78,4 @@ void removeStaleFiles(int folder, int justMade) noexcept
         if (isTempName(entry->d_name))
             removeIfStale(folder, entry->d_name, status.st_mtime);
 }
-} // namespace pia
+} // namespace files

@@ -6,7 +6,7 @@
 
 #include <string>
 
-namespace pia
+namespace files
 {
 // A new file beside its target, removed again unless it got another name. It is locked as long as it is written, which
 // tells it from a file left behind.
@@ -39,4 +39,4 @@ private:
 // Removes the temporary files of writers that are no more: those that are old beside a file just made in that folder
 // and that nobody has locked. What cannot be removed stays, and so does everything where there are no locks.
 void removeStaleFiles(int folder, int justMade) noexcept;
-} // namespace pia
+} // namespace files

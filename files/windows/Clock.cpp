@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-namespace pia
+namespace files
 {
 std::uint64_t milliseconds() noexcept
 {
@@ -13,4 +13,4 @@ void pause(unsigned milliseconds) noexcept
 {
     ::Sleep(milliseconds);
 }
-} // namespace pia
+} // namespace files

@@ -4,7 +4,7 @@
 
 #include <utility>
 
-namespace pia
+namespace files
 {
 // Owns a file handle; INVALID_HANDLE_VALUE: none.
 class File
@@ -31,4 +31,4 @@ public:
 private:
     HANDLE m_handle;
 };
-} // namespace pia
+} // namespace files

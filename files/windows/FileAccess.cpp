@@ -5,11 +5,11 @@
 
 #include <windows.h>
 
-namespace pia
+namespace files
 {
 const char* readFile(const OdChar* path, ByteBuffer& bytes)
 {
-    const std::wstring name = path && *path ? absolutePath(path) : std::wstring();
+    const std::wstring name = path && *path ? absolutePath(OdString(path)) : std::wstring();
     if (name.empty())
         return "no file has that name";
     const File file(openShared(name, GENERIC_READ, FILE_FLAG_SEQUENTIAL_SCAN));
@@ -42,4 +42,4 @@ const char* replaceFile(const OdChar* path, std::string_view bytes)
         ::FlushFileBuffers(folder.get());
     return nullptr;
 }
-} // namespace pia
+} // namespace files

@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-namespace pia
+namespace files
 {
 const char* reasonOf(DWORD error, const char* otherwise) noexcept
 {
@@ -100,4 +100,4 @@ std::size_t nameStart(const std::wstring& path) noexcept
     const auto slash = path.find_last_of(L"\\/");
     return slash == path.npos ? 0 : slash + 1;
 }
-} // namespace pia
+} // namespace files

@@ -8,7 +8,7 @@
 #include <string_view>
 
 // What reading and writing have in common.
-namespace pia
+namespace files
 {
 // A system error in plain English; otherwise for one that says nothing to a user.
 const char* reasonOf(DWORD error, const char* otherwise) noexcept;
@@ -27,4 +27,4 @@ bool writeAll(HANDLE file, std::string_view bytes) noexcept;
 
 // Where in a path the name of the file begins.
 std::size_t nameStart(const std::wstring& path) noexcept;
-} // namespace pia
+} // namespace files

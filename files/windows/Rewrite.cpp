@@ -3,7 +3,7 @@
 #include "files/Patience.h"
 #include "files/TempName.h"
 
-namespace pia
+namespace files
 {
 namespace
 {
@@ -64,4 +64,4 @@ const char* rewriteInPlace(const Target& target, TempFile& temp, std::string_vie
     ::DeleteFileW(spare.c_str());
     return reason;
 }
-} // namespace pia
+} // namespace files

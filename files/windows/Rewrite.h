@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-namespace pia
+namespace files
 {
 // Gives a file new bytes without giving it another owner, other names or other attributes: for what cannot be had for a
 // file that takes its place. temp holds the bytes already, on the disk, and they are kept beside the target under its
@@ -13,4 +13,4 @@ namespace pia
 //
 // Null after success, otherwise the reason.
 const char* rewriteInPlace(const Target& target, TempFile& temp, std::string_view bytes);
-} // namespace pia
+} // namespace files

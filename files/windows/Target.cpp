@@ -1,11 +1,13 @@
 #include "files/windows/Target.h"
 
+#include "files/FullPath.h"
+#include "files/PathStart.h"
 #include "files/windows/File.h"
 #include "files/windows/WineTools.h"
 
 #include <utility>
 
-namespace pia
+namespace files
 {
 namespace
 {
@@ -78,21 +80,14 @@ const char* examineFolder(Target& target)
 }
 } // namespace
 
-std::wstring absolutePath(const wchar_t* path)
+std::wstring absolutePath(const OdString& path)
 {
-    std::wstring full =
-        queryText([path](wchar_t* out, DWORD size) { return ::GetFullPathNameW(path, size, out, nullptr); });
-    const std::wstring_view extended(LR"(\\?\)");
-    if (full.empty() || full.starts_with(extended) || full.starts_with(LR"(\\.\)"))
-        return full;
-    if (full.starts_with(LR"(\\)"))
-        return std::wstring(LR"(\\?\UNC\)").append(full, 2);
-    return full.insert(0, extended);
+    return std::wstring(extendedPath(fullPath(path)).view());
 }
 
 const char* findTarget(const wchar_t* path, Target& target)
 {
-    target.path = absolutePath(path);
+    target.path = absolutePath(OdString(path));
     // Behind a colon is the name of a stream inside a file; nothing can take the place of one.
     if (target.path.empty() || target.path.find(L':', nameStart(target.path)) != target.path.npos)
         return noName;
@@ -112,8 +107,8 @@ const char* findTarget(const wchar_t* path, Target& target)
     {
         if (end->empty())
             return leadsNowhere;
-        target.path = absolutePath(end->c_str());
+        target.path = absolutePath(OdString(*end));
     }
     return examineFolder(target);
 }
-} // namespace pia
+} // namespace files

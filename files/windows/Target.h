@@ -1,11 +1,12 @@
 #pragma once
 
 #include "files/windows/FileIo.h"
+#include "kernel/OdString.h"
 
-namespace pia
+namespace files
 {
-// The absolute form of a path, which may be longer than the classic limit. Empty for what is no path.
-std::wstring absolutePath(const wchar_t* path);
+// The full path in the form that has no limit of length. Empty for an empty path.
+std::wstring absolutePath(const OdString& path);
 
 // The file that a write goes to.
 struct Target
@@ -19,4 +20,4 @@ struct Target
 
 // Null after success, otherwise the reason why nothing must be written there.
 const char* findTarget(const wchar_t* path, Target& target);
-} // namespace pia
+} // namespace files

@@ -10,7 +10,7 @@
 #include <memory>
 #include <vector>
 
-namespace pia
+namespace files
 {
 namespace
 {
@@ -223,4 +223,4 @@ void removeStaleFiles(const std::wstring& folder, const File& justMade)
         removeIfStale(folder, entry, secondsOf(now));
     while (::FindNextFileW(search.get(), &entry));
 }
-} // namespace pia
+} // namespace files

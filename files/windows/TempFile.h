@@ -5,7 +5,7 @@
 
 #include <string>
 
-namespace pia
+namespace files
 {
 // A new file beside its target, removed again unless it got another name. No other program can write or remove it as
 // long as it is open, and it is locked, which tells it from a file left behind also where another Wine server, or none,
@@ -44,4 +44,4 @@ private:
 // Removes the temporary files of writers that are no more: those that are old beside a file just made in that folder
 // and that no other program has open or locked. What cannot be removed stays. folder ends in a backslash.
 void removeStaleFiles(const std::wstring& folder, const File& justMade);
-} // namespace pia
+} // namespace files

@@ -9,7 +9,7 @@
 #include <memory>
 #include <vector>
 
-namespace pia::wine
+namespace files::wine
 {
 namespace
 {
@@ -122,4 +122,4 @@ bool rename(const std::wstring& from, const std::wstring& to)
 {
     return run(R"(mv -fT -- "$1" "$2")", {from, to}) == 0;
 }
-} // namespace pia::wine
+} // namespace files::wine

@@ -6,7 +6,7 @@
 // On Wine files have the owners, modes, access lists and extended attributes of the system below, which no Windows call
 // can copy, links may lead to a file that does not exist, which no Windows call shows, and no Windows call replaces a
 // file that is open in one step. That system's own tools can do all three. Paths are absolute.
-namespace pia::wine
+namespace files::wine
 {
 // Whether this is Wine and the tools can be run.
 bool hasTools() noexcept;
@@ -24,4 +24,4 @@ std::optional<std::wstring> endOfLink(const std::wstring& path);
 
 // Gives a file another name in one step, in the place of a file that has it, whoever has that open.
 bool rename(const std::wstring& from, const std::wstring& to);
-} // namespace pia::wine
+} // namespace files::wine

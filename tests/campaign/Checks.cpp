@@ -42,8 +42,8 @@ std::string rawData(const GmPlotCfg3& configuration)
 
 std::string contentOf(const OdString& path)
 {
-    pia::ByteBuffer bytes;
-    if (pia::readFile(path.c_str(), bytes))
+    files::ByteBuffer bytes;
+    if (files::readFile(path.c_str(), bytes))
         return {};
     const auto view = bytes.view();
     return {reinterpret_cast<const char*>(view.data()), view.size()};

@@ -85,8 +85,8 @@ bool Session::readSettings(std::string& whyNot) const
         m_request.settings ? fullPath(*m_request.settings) : CGarmPath::join(programFolder(), OdString(settingsName));
     if (m_request.settings || isRegularFile(file))
     {
-        pia::ByteBuffer bytes;
-        const char* const reason = pia::readFile(file.c_str(), bytes);
+        files::ByteBuffer bytes;
+        const char* const reason = files::readFile(file.c_str(), bytes);
         const ResellerSettings read = reason ? ResellerSettings{reason, {}} : parseResellerSettings(bytes.view());
         if (!read.problem.empty())
         {

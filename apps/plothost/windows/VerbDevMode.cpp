@@ -34,7 +34,7 @@ ExitStatus writeBytes(const DevModeReport& report, const OdString& typed)
         return exitYes;
     }
     const std::string_view bytes(reinterpret_cast<const char*>(report.devMode.data()), report.devMode.size());
-    if (const char* reason = pia::replaceFile(path.c_str(), bytes))
+    if (const char* reason = files::replaceFile(path.c_str(), bytes))
         return answerNo(whyNotWritten(path, reason));
     return exitYes;
 }

@@ -24,7 +24,7 @@ class KilledWriter : public testing::Test
 protected:
     static std::string write(const OdString& name, std::string_view bytes)
     {
-        const char* reason = pia::replaceFile(name.c_str(), bytes);
+        const char* reason = files::replaceFile(name.c_str(), bytes);
         return reason ? reason : "was written";
     }
 
@@ -43,7 +43,7 @@ protected:
             FileCalls::now() = {};
             (after ? FileCalls::now().after : FileCalls::now().before) = die;
             FileCalls::now().inPieces = true;
-            ::_exit(pia::replaceFile(name.c_str(), bytes) ? 1 : 0);
+            ::_exit(files::replaceFile(name.c_str(), bytes) ? 1 : 0);
         }
         int status = -1;
         EXPECT_EQ(::waitpid(child, &status, 0), child);
@@ -116,7 +116,7 @@ public:
                     (::write(entered[1], &byte, 1) != 1 || ::read(leave[0], &byte, 1) != 0))
                     ::_exit(2);
             };
-            ::_exit(pia::replaceFile(name.c_str(), "of the living") ? 1 : 0);
+            ::_exit(files::replaceFile(name.c_str(), "of the living") ? 1 : 0);
         }
         ::close(entered[1]);
         ::close(leave[0]);

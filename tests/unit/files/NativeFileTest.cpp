@@ -33,14 +33,14 @@ mode_t modeOf(const OdString& name)
 
 std::string refusal(const OdString& name, std::string_view bytes = "new")
 {
-    const char* reason = pia::replaceFile(name.c_str(), bytes);
+    const char* reason = files::replaceFile(name.c_str(), bytes);
     return reason ? reason : "was written";
 }
 
 std::string refusalToRead(const OdString& name)
 {
-    pia::ByteBuffer bytes;
-    const char* reason = pia::readFile(name.c_str(), bytes);
+    files::ByteBuffer bytes;
+    const char* reason = files::readFile(name.c_str(), bytes);
     return reason ? reason : "was read";
 }
 
@@ -56,7 +56,7 @@ protected:
         FileCalls::now().failAt = n;
         FileCalls::now().failure = error;
         FileCalls::now().inPieces = true;
-        const char* reason = pia::replaceFile(name.c_str(), "brand new");
+        const char* reason = files::replaceFile(name.c_str(), "brand new");
         reached = FileCalls::now().made >= n;
         FileCalls::now() = {};
         return reason;
@@ -287,8 +287,8 @@ TEST_F(NativeFile, aNameWithoutAFolderIsOneOfTheCurrentFolder)
 // Files of the system that say they are empty, as one does that grows while it is read, and that fail in the middle.
 TEST_F(NativeFile, aFileMayGrowWhileItIsReadAndMayFail)
 {
-    pia::ByteBuffer bytes;
-    ASSERT_EQ(pia::readFile(OD_T("/proc/self/maps"), bytes), nullptr);
+    files::ByteBuffer bytes;
+    ASSERT_EQ(files::readFile(OD_T("/proc/self/maps"), bytes), nullptr);
     EXPECT_GT(bytes.size(), 1000U);
     EXPECT_EQ(refusalToRead(OD_T("/proc/self/mem")), "the file cannot be read");
 }

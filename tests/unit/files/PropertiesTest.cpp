@@ -40,7 +40,7 @@ protected:
 
     std::string write(std::string_view bytes = "new") const
     {
-        const char* reason = pia::replaceFile(m_name.c_str(), bytes);
+        const char* reason = files::replaceFile(m_name.c_str(), bytes);
         return reason ? reason : "was written";
     }
 

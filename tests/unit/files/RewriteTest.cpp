@@ -19,12 +19,12 @@ class Rewrite : public LinkedFileTest
 protected:
     std::string read() const
     {
-        pia::ByteBuffer bytes;
-        const char* reason = pia::readFile(m_name.c_str(), bytes);
+        files::ByteBuffer bytes;
+        const char* reason = files::readFile(m_name.c_str(), bytes);
         return reason ? reason : std::string(bytes.view());
     }
 
-    pia::File open(int flags) const { return pia::File(::open(odToUtf8(m_name).c_str(), flags)); }
+    files::File open(int flags) const { return files::File(::open(odToUtf8(m_name).c_str(), flags)); }
 
     FileCallsReset m_reset;
 };
@@ -121,8 +121,8 @@ TEST_F(Rewrite, aWriterWaitsForAnotherOne)
 
 TEST_F(Rewrite, aWriterWaitsForReadersAndGivesUpAfterTwoSeconds)
 {
-    pia::File reader = open(O_RDONLY);
-    ASSERT_EQ(pia::lockFile(reader.get(), F_RDLCK), pia::Lock::held);
+    files::File reader = open(O_RDONLY);
+    ASSERT_EQ(files::lockFile(reader.get(), F_RDLCK), files::Lock::held);
     EXPECT_EQ(write(), "another program is using the file");
     // 1, 2, 4, 8, 16 and then 32 milliseconds each.
     EXPECT_EQ(FileCalls::now().waits, 5 + 62);
@@ -135,8 +135,8 @@ TEST_F(Rewrite, aWriterWaitsForReadersAndGivesUpAfterTwoSeconds)
 
 TEST_F(Rewrite, aReaderWaitsForAWriterAndGivesUpAfterTwoSeconds)
 {
-    pia::File writer = open(O_RDWR);
-    ASSERT_EQ(pia::lockFile(writer.get(), F_WRLCK), pia::Lock::held);
+    files::File writer = open(O_RDWR);
+    ASSERT_EQ(files::lockFile(writer.get(), F_WRLCK), files::Lock::held);
     EXPECT_EQ(read(), "another program is using the file");
     EXPECT_EQ(FileCalls::now().waits, 5 + 62);
 
@@ -146,8 +146,8 @@ TEST_F(Rewrite, aReaderWaitsForAWriterAndGivesUpAfterTwoSeconds)
 
 TEST_F(Rewrite, readersDoNotDisturbEachOther)
 {
-    pia::File reader = open(O_RDONLY);
-    ASSERT_EQ(pia::lockFile(reader.get(), F_RDLCK), pia::Lock::held);
+    files::File reader = open(O_RDONLY);
+    ASSERT_EQ(files::lockFile(reader.get(), F_RDLCK), files::Lock::held);
     EXPECT_EQ(read(), "old content");
     EXPECT_EQ(FileCalls::now().waits, 0);
 }

@@ -29,7 +29,7 @@ std::string refusal(std::string_view file, unsigned line = 0)
 // Why a tree gives no text; "" when it gives one.
 std::string refusalToWrite(const CPBlock& root)
 {
-    pia::ByteBuffer text;
+    files::ByteBuffer text;
     const char* reason = pia::writeText(root, text);
     return reason ? reason : "";
 }
@@ -61,7 +61,7 @@ OdString textOf(std::size_t length)
 
 TEST(Limits, areWhatTheFormatSays)
 {
-    EXPECT_EQ(pia::maxFileBytes, 64U * 1024 * 1024);
+    EXPECT_EQ(files::maxFileBytes, 64U * 1024 * 1024);
     EXPECT_EQ(pia::maxTextBytes, 64U * 1024 * 1024);
     EXPECT_EQ(pia::maxLineBytes, 32U * 1024 * 1024);
     EXPECT_EQ(pia::maxNesting, 128U);
@@ -177,7 +177,7 @@ TEST(Limits, textOfWhatIsWritten)
 TEST(Limits, fileOfWhatIsWritten)
 {
     std::string text((std::size_t{64} << 20) - plainFirstLine.size(), ' ');
-    pia::ByteBuffer file;
+    files::ByteBuffer file;
     EXPECT_EQ(pia::pack(text, pia::Form::plain, file), nullptr);
     EXPECT_EQ(file.size(), std::size_t{64} << 20);
     text += ' ';

@@ -17,5 +17,5 @@ int wmain(int count, wchar_t** arguments)
         if (calls.made == n)
             ::TerminateProcess(::GetCurrentProcess(), 3);
     };
-    return pia::replaceFile(arguments[1], "brand new") ? 1 : 0;
+    return files::replaceFile(arguments[1], "brand new") ? 1 : 0;
 }

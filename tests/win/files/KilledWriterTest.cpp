@@ -19,7 +19,7 @@ class KilledWriter : public testing::Test
 protected:
     static std::string write(const OdString& name, std::string_view bytes = "new")
     {
-        const char* reason = pia::replaceFile(name.c_str(), bytes);
+        const char* reason = files::replaceFile(name.c_str(), bytes);
         return reason ? reason : "was written";
     }
 

@@ -24,7 +24,7 @@ class WinExchange : public testing::Test
 protected:
     static std::string write(const OdString& name, std::string_view bytes = "brand new")
     {
-        const char* reason = pia::replaceFile(name.c_str(), bytes);
+        const char* reason = files::replaceFile(name.c_str(), bytes);
         return reason ? reason : "was written";
     }
 

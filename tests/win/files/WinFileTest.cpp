@@ -16,14 +16,14 @@ using Names = std::vector<std::string>;
 
 std::string refusal(const OdString& name)
 {
-    const char* reason = pia::replaceFile(name.c_str(), "new");
+    const char* reason = files::replaceFile(name.c_str(), "new");
     return reason ? reason : "was written";
 }
 
 std::string refusalToRead(const OdString& name)
 {
-    pia::ByteBuffer bytes;
-    const char* reason = pia::readFile(name.c_str(), bytes);
+    files::ByteBuffer bytes;
+    const char* reason = files::readFile(name.c_str(), bytes);
     return reason ? reason : "was read";
 }
 
