@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <new>
 
-// What a failed kernel allocation throws. Its text is fixed: the standard class leaves it to the library, and ours is
-// read by people and tests.
+// What a failed kernel allocation throws. Its text is fixed because people and tests read it; the standard class leaves
+// it to the library.
 class OdBadAlloc : public std::bad_alloc
 {
 public:
@@ -14,14 +14,14 @@ public:
     const char* what() const noexcept override;
 };
 
-// The kernel allocator. Host and module free each other's objects, so both take their memory from here.
-// odrxAlloc never returns null: it throws OdBadAlloc. 0 bytes give a block of their own. odrxFree takes null.
+// The kernel allocator. Host and module free each other's objects, so both allocate here. odrxAlloc never returns null:
+// it throws OdBadAlloc. Allocating 0 bytes returns a block of its own. odrxFree accepts null.
 void* odrxAlloc(std::size_t size);
 void odrxFree(void* block) noexcept;
 
-// Where odrxAlloc takes its memory from: a function that returns a block of std::malloc, or null when there is none.
+// Where odrxAlloc gets its memory: a function that returns a block from std::malloc, or null when there is none.
 using OdAllocSource = void* (*)(std::size_t size);
 
-// Replaces the source of this process and returns the one before; null restores std::malloc. For tests that let the
-// n-th allocation fail.
+// Replaces this process's source and returns the previous one; null restores std::malloc. For tests that make the n-th
+// allocation fail.
 OdAllocSource odrxSetAllocSource(OdAllocSource source) noexcept;

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-// The kernel's growing array, a value.
+// The kernel's growing array. A value type.
 template <class T>
 class OdArray
 {

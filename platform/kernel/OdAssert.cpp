@@ -26,6 +26,6 @@ void odReportAssert(const char* text, const char* file, int line) noexcept
     }
     catch (...)
     {
-        // A handler is somebody else's code; a report must not change how the program goes on.
+        // The handler is the host's code; whatever it does, a report must not change how the program continues.
     }
 }

@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-// UTF-16 everywhere. Windows has it as wchar_t; elsewhere wchar_t is 32 bits wide and making it shorter breaks the
-// standard library, so char16_t stands in.
+// UTF-16 everywhere. On Windows that is wchar_t. Elsewhere wchar_t has 32 bits, and shortening it breaks the standard
+// library, so char16_t is used.
 #ifdef _WIN32
 using OdChar = wchar_t;
 #define OD_T(text) L##text

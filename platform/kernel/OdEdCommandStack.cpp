@@ -29,10 +29,11 @@ public:
         return true;
     }
 
-    // Takes no memory: a module that is unloaded must not leave a command behind for the lack of it.
+    // Allocates nothing: an unloading module must not leave a command behind because memory ran out.
     void removeGroup(const OdString& group) override
     {
-        // They leave the stack before they are released, so a command that asks the stack while it goes finds it whole.
+        // The commands leave the stack before they are released, so one whose destructor asks the stack finds it
+        // consistent.
         std::list<Entry> removed;
         for (auto at = m_commands.begin(); at != m_commands.end();)
         {
@@ -53,7 +54,7 @@ public:
 
     bool executeCommand(const OdString& name, OdEdCommandContext* context) override
     {
-        // This reference keeps the command until it has ended, also when it takes itself off the stack.
+        // This reference keeps the command alive until it has ended, even if it removes itself from the stack.
         const OdEdCommandPtr command = lookup(name);
         if (!command)
             return false;
@@ -76,7 +77,7 @@ private:
         OdString group; // as it was when the command was added
     };
 
-    // An empty name finds nothing, also when a command has no local name.
+    // An empty name finds nothing, even if a command has no local name.
     OdEdCommandPtr find(NameOf nameOf, const OdString& name) const
     {
         if (name.isEmpty())
@@ -98,7 +99,7 @@ OdEdCommandStackPtr odedNewCommandStack()
 
 OdEdCommandStackPtr odedRegCmds()
 {
-    // Never destroyed: at the end of the process the commands' modules may be gone before it.
+    // Never destroyed: the modules of the commands may be unloaded before the process ends.
     static OdEdCommandStack* const stack = odedNewCommandStack().detach();
     return stack;
 }

@@ -9,27 +9,27 @@
 class OdEdCommandStack : public OdRxObject
 {
 public:
-    // Adds the command with a reference of its own and answers true, unless the stack has a command of that global name
-    // already: the first one stays. Local names are not reserved: when two commands share one, looking it up finds the
-    // one added first. Throws OdError (eInvalidInput) for null and for an empty global name.
+    // Adds the command with its own reference and returns true, unless the stack already has a command with that global
+    // name: the first one stays. Local names are not reserved: if two commands share one, lookup finds the one added
+    // first. Throws OdError (eInvalidInput) for null and for an empty global name.
     virtual bool addCommand(OdEdCommand* command) = 0;
 
-    // Removes all commands of the group; a command that is running goes when it has ended. An unknown group is no
+    // Removes all commands of the group; a running command is released when it has ended. An unknown group is not an
     // error.
     virtual void removeGroup(const OdString& group) = 0;
 
-    // The command of that global (local) name, or null.
+    // The command with that global (local) name, or null.
     virtual OdEdCommandPtr lookupGlobal(const OdString& name) const = 0;
     virtual OdEdCommandPtr lookupLocal(const OdString& name) const = 0;
 
     // By global name first, then by local name.
     virtual OdEdCommandPtr lookup(const OdString& name) const = 0;
 
-    // Runs the command that lookup finds; false when there is none. The command may remove itself, its group and
-    // others while it runs. What it throws gets out.
+    // Runs the command that lookup finds; returns false if there is none. The command may remove itself, its group and
+    // others while it runs. Its exceptions are passed on.
     virtual bool executeCommand(const OdString& name, OdEdCommandContext* context) = 0;
 
-    // All commands as they are now.
+    // A copy of the list of commands.
     virtual std::vector<OdEdCommandPtr> commands() const = 0;
 
 protected:
@@ -38,8 +38,8 @@ protected:
 
 using OdEdCommandStackPtr = OdSmartPtr<OdEdCommandStack>;
 
-// An empty stack of one's own.
+// A new, empty stack.
 OdEdCommandStackPtr odedNewCommandStack();
 
-// The stack of this process. It is there until the process ends.
+// The stack of this process. It exists until the process ends.
 OdEdCommandStackPtr odedRegCmds();

@@ -18,7 +18,8 @@ const char* odResultText(OdResult code) noexcept
     return "unknown error";
 }
 
-// The destructors stand here so that class information and virtual table have one home, which host and module share.
+// The destructors are defined here so that type information and virtual table have one home, which host and module
+// share.
 OdError::~OdError() = default;
 
 const char* OdError::what() const noexcept

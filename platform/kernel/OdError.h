@@ -4,8 +4,8 @@
 
 #include <exception>
 
-// A programming error, thrown from host to module and back. It holds no memory, so throwing one never fails for lack
-// of it.
+// A programming error, thrown from host to module or back. It owns no memory, so throwing one cannot fail for lack of
+// it.
 class OdError : public std::exception
 {
 public:
@@ -14,14 +14,14 @@ public:
 
     OdResult code() const noexcept { return m_code; }
 
-    // The text of the code.
+    // The text for the code.
     const char* what() const noexcept override;
 
 private:
     OdResult m_code;
 };
 
-// An object is there but of another class than the caller needs.
+// The object exists but is not of the class that the caller needs.
 class OdError_NotThatKindOfClass : public OdError
 {
 public:

@@ -4,7 +4,7 @@
 
 namespace
 {
-// Opens the constructor to the wrapper; everybody else goes through newRb.
+// Gives the wrapper access to the constructor; everyone else uses newRb.
 class ResBuf : public OdResBuf
 {
 public:

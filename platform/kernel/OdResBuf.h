@@ -22,17 +22,17 @@ enum OdResBufType : int
 class OdResBuf;
 using OdResBufPtr = OdSmartPtr<OdResBuf>;
 
-// One value of a kind that its restype names; made by newRb, held by OdResBufPtr.
+// One value, of the kind that its restype names. Created by newRb, held by OdResBufPtr.
 //
-// A getter of another kind than the value's and a setter of another kind than the restype throw OdError
+// A getter for another kind than the value's, and a setter for another kind than the restype, throw OdError
 // (eInvalidResBuf); nothing is converted. A new buffer without a value holds "", false, 0, no bytes or a null pointer.
 class OdResBuf : public OdRxObject
 {
 public:
-    // Throws OdError (eInvalidInput) for a restype that is none of OdResBufType.
+    // Throws OdError (eInvalidInput) for a restype that is not in OdResBufType.
     static OdResBufPtr newRb(int restype = kRtNone);
 
-    // With a value whose type is that of the restype: 5005 takes text, 290 bool, 5003 OdInt16, and so on.
+    // With a value of the restype's type: 5005 takes text, 290 bool, 5003 OdInt16, and so on.
     static OdResBufPtr newRb(int restype, const OdString& value);
     static OdResBufPtr newRb(int restype, const OdChar* value);
     static OdResBufPtr newRb(int restype, bool value);
@@ -41,7 +41,7 @@ public:
     static OdResBufPtr newRb(int restype, double value);
     static OdResBufPtr newRb(int restype, const OdBinaryData& value);
 
-    // The object as a result buffer, or null when it is none.
+    // The object as a result buffer, or null if it is not one.
     static OdResBufPtr cast(OdRxObject* object) noexcept { return odrxCast<OdResBuf>(object); }
 
     int restype() const noexcept { return m_restype; }

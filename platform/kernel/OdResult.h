@@ -1,6 +1,6 @@
 #pragma once
 
-// What an OdError says. The numbers that callers outside the kernel know are 0, 3 and 5; the rest only have names.
+// The code of an OdError. Callers outside the kernel know the numbers 0, 3 and 5; the others are known by name only.
 enum OdResult : int
 {
     eOk = 0,
@@ -18,5 +18,5 @@ enum OdRoutineResult : int
     eRoutineNormal = 5100,
 };
 
-// One line in English for a code; never null, also for a number that is no code.
+// One line in English for a code; never null, even for an unknown number.
 const char* odResultText(OdResult code) noexcept;

@@ -3,25 +3,25 @@
 #include "kernel/OdRxObject.h"
 #include "kernel/OdString.h"
 
-// The object through which the host speaks to a loaded module. It lives from the module's first
-// odrxCreateModuleObject to deleteModule; references only lock it.
+// The object through which the host talks to a loaded module. It lives from the module's first odrxCreateModuleObject
+// to deleteModule; references only lock it.
 class OdRxModule : public OdRxObject
 {
 public:
     // The system's handle of the loaded library.
     virtual void* sysData() = 0;
 
-    // Ends the object. The caller is the module loader, after uninitApp and before the library is let go.
+    // Destroys the object. Called by the module loader, after uninitApp and before it frees the library.
     virtual void deleteModule() = 0;
 
-    // The module puts its commands in, and takes them out again. Neither lets an exception out.
+    // Register the module's commands, and remove them again. Neither throws.
     virtual void initApp() = 0;
     virtual void uninitApp() = 0;
 
-    // Full path of the module's file; empty when the system does not tell.
+    // Full path of the module's file; empty if the system does not know it.
     virtual OdString moduleName() const = 0;
 
-    // How many hold the module at this moment. It is not let go while it is locked.
+    // How many locks the module has at this moment. A locked module is not unloaded.
     virtual void lock() noexcept = 0;
     virtual void unlock() noexcept = 0;
     virtual OdRefCount lockCount() const noexcept = 0;
@@ -32,7 +32,7 @@ protected:
 
 using OdRxModulePtr = OdSmartPtr<OdRxModule>;
 
-// The version of this interface. A module answers with the version it was built against.
+// The version of this interface. A module returns the version it was built against.
 struct OdRxApiVersion
 {
     int major = 4;

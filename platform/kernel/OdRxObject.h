@@ -6,16 +6,16 @@
 
 #include <cstddef>
 
-// What host and module share by reference counting. The object itself is not locked; only its count may be touched by
-// several threads at once. Objects live in the kernel allocator's memory: creating one throws OdBadAlloc when there is
-// none.
+// The base of what host and module share by counting references. The object itself has no lock; only its count may be
+// touched by several threads at once. Objects live in the kernel allocator's memory, so creating one may throw
+// OdBadAlloc.
 class OdRxObject
 {
 public:
     OdRxObject(const OdRxObject&) = delete;
     OdRxObject& operator=(const OdRxObject&) = delete;
 
-    // The object goes when the last reference is released. How it is counted is up to the wrapper that makes the class
+    // The last release destroys the object. How references are counted is up to the wrapper that makes the class
     // concrete: OdRxObjectImpl, OdStaticRxObject or OdRxWin32Module.
     virtual void addRef() noexcept = 0;
     virtual void release() noexcept = 0;
@@ -34,7 +34,7 @@ protected:
 
 using OdRxObjectPtr = OdSmartPtr<OdRxObject>;
 
-// The object as a T, or null when it is none or null.
+// The object as a T; null if there is no object or it is not a T.
 template <class T>
 OdSmartPtr<T> odrxCast(OdRxObject* object) noexcept
 {

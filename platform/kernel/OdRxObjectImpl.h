@@ -6,8 +6,8 @@
 #include <atomic>
 #include <utility>
 
-// Makes T concrete by counting: a 32-bit atomic count, 1 at creation; the release that brings it to 0 destroys the
-// object. A release too many asserts "(m_nRefCounter > 0)" and never destroys twice.
+// Makes T concrete with a 32-bit atomic count that starts at 1. The release that brings it to 0 destroys the object. A
+// further release asserts "(m_nRefCounter > 0)" and does not destroy it again.
 template <class T>
 class OdRxObjectImpl : public T
 {
@@ -29,7 +29,7 @@ public:
 
     OdRefCount refCount() const noexcept override { return m_nRefCounter.load(std::memory_order_relaxed); }
 
-    // A new object in its first pointer.
+    // A new object, with its first reference.
     template <class... Args>
     static OdSmartPtr<T> createObject(Args&&... args)
     {

@@ -6,13 +6,13 @@
 #include <atomic>
 #include <windows.h>
 
-// Makes a module class concrete for a Windows library. There is one object per load: create makes it, deleteModule ends
-// it and the next create makes a new one. Main thread only, but for the lock count.
+// Makes a module class concrete for a Windows library. There is one object per load: create makes it, deleteModule
+// destroys it, and the next create makes a new one. Main thread only, except for the lock count.
 template <class T>
 class OdRxWin32Module : public T
 {
 public:
-    // The module object of this library, made on the first call; later calls give the same one, whatever they pass.
+    // This library's module object, created by the first call; later calls return the same one, whatever they pass.
     // Throws OdBadAlloc.
     static OdRxModule* create(HINSTANCE library)
     {
@@ -26,14 +26,14 @@ public:
 
     void* sysData() override { return m_library; }
 
-    // The pointer goes first, so whatever runs while the object ends no longer finds it.
+    // The pointer is cleared first, so code that runs during the destruction no longer finds the object.
     void deleteModule() override
     {
         s_module = nullptr;
         delete this;
     }
 
-    // A path that does not fit the buffer comes back cut, and without a terminator on old systems.
+    // A path that does not fit the buffer is cut off, and on old systems has no terminator.
     OdString moduleName() const override
     {
         OdChar path[MAX_PATH] = {};
@@ -52,7 +52,7 @@ public:
 
     OdRefCount lockCount() const noexcept override { return m_nLockCount.load(std::memory_order_relaxed); }
 
-    // A reference on a module is a lock on it.
+    // A reference to a module is a lock on it.
     void addRef() noexcept override { lock(); }
     void release() noexcept override { unlock(); }
     OdRefCount refCount() const noexcept override { return lockCount(); }

@@ -6,10 +6,10 @@
 #include <type_traits>
 #include <utility>
 
-// The kernel's shared pointer: an object pointer plus a separately allocated 32-bit atomic count that starts at 1.
-// The last owner deletes the object and the count. A null pointer has no count.
+// The kernel's shared pointer: an object pointer and a separately allocated 32-bit atomic count that starts at 1. The
+// last owner deletes the object and the count. A null pointer has no count.
 //
-// The object is not locked: one object is used by one thread at a time; only the count may be shared.
+// The object has no lock: one thread uses it at a time; only the count may be shared.
 template <class T>
 class OdSharedPtr
 {
@@ -57,7 +57,7 @@ public:
     // How many owners there are; 0 for a null pointer.
     std::int32_t refCount() const noexcept { return m_count ? m_count->load(std::memory_order_relaxed) : 0; }
 
-    // The same object under a derived type; the caller knows that it is one.
+    // The same object under a derived type. The caller knows that it has that type.
     template <class U>
     OdSharedPtr<U> staticCast() const noexcept
     {

@@ -7,14 +7,14 @@
 
 using OdRefCount = std::int32_t;
 
-// Says that a pointer brings its reference with it.
+// Marks a pointer that comes with its reference.
 enum OdRxObjMod
 {
     kOdRxObjAttach = 0
 };
 
-// Holds one reference on an object that counts its own. Made from a plain pointer it adds a reference; with
-// kOdRxObjAttach it takes over the one that the caller holds.
+// Holds one reference to an object that counts its own. Constructed from a plain pointer it adds a reference; with
+// kOdRxObjAttach it adopts the caller's.
 template <class T>
 class OdSmartPtr
 {
@@ -43,14 +43,14 @@ public:
         return *this;
     }
 
-    // Takes over the caller's reference, releasing the one held so far.
+    // Adopts the caller's reference and releases the one held so far.
     void attach(T* object) noexcept { *this = OdSmartPtr(object, kOdRxObjAttach); }
 
-    // Gives the reference to the caller.
+    // Hands the reference to the caller.
     [[nodiscard]] T* detach() noexcept { return std::exchange(m_object, nullptr); }
 
-    // Lets go. The pointer is null before the object hears of it, so an object that reaches this pointer while it goes
-    // finds nothing.
+    // Releases the reference. The pointer is set to null first, so an object that looks at this pointer while it is
+    // destroyed finds nothing.
     void release() noexcept
     {
         if (T* object = detach())

@@ -4,7 +4,7 @@
 
 #include <utility>
 
-// Makes T concrete without counting: addRef and release do nothing, whoever made the object ends it.
+// Makes T concrete without counting: addRef and release do nothing, and whoever created the object destroys it.
 template <class T>
 class OdStaticRxObject : public T
 {

@@ -6,7 +6,7 @@
 #include <iosfwd>
 #include <utility>
 
-// The kernel's text: UTF-16, may hold NULs, a value.
+// The kernel's text: UTF-16, may contain NULs. A value type.
 class OdString
 {
 public:
@@ -35,19 +35,19 @@ public:
     bool isEmpty() const noexcept { return m_text.empty(); }
     void empty() noexcept { m_text.clear(); }
 
-    // An index outside the text gives NUL.
+    // An index outside the text returns NUL.
     OdChar getAt(int index) const noexcept
     {
         return index >= 0 && index < getLength() ? m_text[static_cast<std::size_t>(index)] : OdChar();
     }
 
-    // Parts of the text; counts and positions outside it are cut to it.
+    // Parts of the text; counts and positions outside it are clamped.
     OdString left(int count) const;
     OdString right(int count) const;
     OdString mid(int first) const;
     OdString mid(int first, int count) const;
 
-    // Position of the first (last) such unit, -1 when there is none.
+    // Position of the first (last) such unit, or -1.
     int find(OdChar c) const noexcept;
     int reverseFind(OdChar c) const noexcept;
 
@@ -81,7 +81,7 @@ private:
     std::basic_string<OdChar> m_text;
 };
 
-// As UTF-8; how a failed test shows a text.
+// As UTF-8; this is how a failed test shows a text.
 std::ostream& operator<<(std::ostream& out, const OdString& text);
 
 template <>
