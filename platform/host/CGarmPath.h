@@ -2,8 +2,8 @@
 
 #include "files/PathStart.h"
 
-// A path taken apart, of any length. Both "/" and "\" separate folders, on every platform, and the parts put together
-// give the path again:
+// A path split into its parts, of any length. Both "/" and "\" separate folders, on every platform, and the parts
+// joined together yield the path again:
 //
 //   "C:\plots\A0.ctb.pc3" is drive "C:", folder "\plots\", name "A0.ctb", extension ".pc3".
 //
@@ -23,7 +23,7 @@ public:
     // Name and extension.
     OdString fileName() const { return m_name + m_extension; }
 
-    // Drive and folder, with the separator at the end when there is a folder.
+    // Drive and folder, with a separator at the end if there is a folder.
     OdString fullFolder() const { return m_drive + m_folder; }
 
     OdString path() const { return fullFolder() + fileName(); }

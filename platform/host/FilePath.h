@@ -4,12 +4,12 @@
 
 #include <vector>
 
-// Search paths: folders with ";" between them. Entries without a text are no folders.
+// Search paths: folders separated by ";". Empty entries are skipped.
 namespace FilePath
 {
-// The first folder of a search path, as it is written there; empty when there is none.
+// The first folder of a search path, exactly as written; empty if there is none.
 OdString GetFirstPath(const OdString& searchPath);
 
-// All folders in their order.
+// All folders, in their order.
 std::vector<OdString> GetPaths(const OdString& searchPath);
 } // namespace FilePath

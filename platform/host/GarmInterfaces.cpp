@@ -4,7 +4,7 @@
 
 namespace
 {
-// Opens the constructor to the wrapper; everybody else goes through newGarmInterfaces.
+// Gives the wrapper access to the constructor; everyone else uses newGarmInterfaces.
 class Interfaces : public GarmInterfaces
 {
 };
@@ -19,7 +19,7 @@ GarmInterfacesPtr newGarmInterfaces()
 
 GarmInterfacesPtr getGarmInterfaces()
 {
-    // Never destroyed: the named values may be objects of modules that are gone at the end of the process.
+    // Never destroyed: the named values may be objects of modules that are already unloaded when the process ends.
     static GarmInterfaces* const interfaces = newGarmInterfaces().detach();
     return interfaces;
 }
@@ -31,7 +31,7 @@ GarmInterfacesPtr getGarmInterfaces(OdEdCommandContext* context) noexcept
 
 GmMainInternalInterface* getMainInternalInterface()
 {
-    // Never destroyed: a background check may still search while the process ends.
+    // Never destroyed: a background check may still be searching while the process ends.
     static auto* const mainInterface = new GmMainInternalInterface;
     return mainInterface;
 }

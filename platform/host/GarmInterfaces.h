@@ -4,8 +4,8 @@
 #include "host/GmMainInternalInterface.h"
 #include "kernel/OdEdCommand.h"
 
-// The host's interface object: what a command gets as its context. Made with newGarmInterfaces; each has a document of
-// its own, so commands that run in different contexts do not see each other's named values.
+// The host's interface object, which a command gets as its context. Created by newGarmInterfaces. Each has its own
+// document, so commands that run in different contexts do not see each other's named values.
 class GarmInterfaces : public OdEdCommandContext
 {
 public:
@@ -23,16 +23,16 @@ using GarmInterfacesPtr = OdSmartPtr<GarmInterfaces>;
 
 GarmInterfacesPtr newGarmInterfaces();
 
-// The interface object of this process, which the host runs its commands in. It is there until the process ends.
+// The interface object of this process, in which the host runs its commands. It exists until the process ends.
 GarmInterfacesPtr getGarmInterfaces();
 
-// The context as the host's interface object; null when it is another host's, or null.
+// The context as the host's interface object; null if the context is null or another host's.
 GarmInterfacesPtr getGarmInterfaces(OdEdCommandContext* context) noexcept;
 
 // Never null.
 GmMainInternalInterface* getMainInternalInterface();
 
-// What an interface object gives access to; it lives as long as the object. Null gives null.
+// What an interface object gives access to; it lives as long as the object. Null for null.
 GmDocInternalInterface* getDocInternalInterface(GarmInterfaces* interfaces) noexcept;
 GmSysvarManagerInterface* getSysvarManagerInterface(GarmInterfaces* interfaces) noexcept;
 GmServicesManagerInterface* getServicesManagerInterface(GarmInterfaces* interfaces) noexcept;

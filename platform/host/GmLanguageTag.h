@@ -6,15 +6,15 @@
 
 // Language tags such as "en", "de-AT" or "zh-Hant-TW".
 
-// Whether a text is a language tag: parts of 1 to 8 ASCII letters and digits with "-" between them, the first one of 2
-// letters or more, 35 units at most. Tags name folders, so nothing else ever reaches the file system.
+// Whether a text is a language tag: parts of 1 to 8 ASCII letters and digits separated by "-", the first with at least
+// 2 letters, at most 35 units in all. Tags name folders, so nothing else may reach the file system.
 bool isLanguageTag(OdStringView tag) noexcept;
 
-// The tag and its more general ones, the best first: "de-AT" gives "de-AT", "de". A part of one unit goes together with
-// the one behind it. Empty for a text that is no tag.
+// The tag followed by its more general ones: "de-AT" yields "de-AT", "de". A part of one unit is dropped together with
+// the one after it. Empty for a text that is not a tag.
 std::vector<OdString> languageFallbacks(OdStringView tag);
 
-// Full path of the language library of a module: folder TAG beside the module's file, for the first tag of the
-// fallbacks that has one; in it the module's name without extension followed by "Res.dll". Empty when there is none.
-// Throws nothing but std::bad_alloc.
+// Full path of a module's language library: the folder TAG beside the module's file, for the first of the fallbacks
+// that has one, and in it the module's name without extension followed by "Res.dll". Empty if there is none. Throws
+// only std::bad_alloc.
 OdString findLanguageLibrary(const OdString& moduleFile, OdStringView tag);

@@ -10,7 +10,7 @@ OdString GmMainInternalInterface::plotCfgSearchPath() const
 
 void GmMainInternalInterface::setPlotCfgSearchPath(const OdString& searchPath)
 {
-    // Copied before the lock is taken and freed after it is let go: the lock covers a swap only.
+    // Copied before the lock is taken and freed after it is released, so that the lock covers only a swap.
     OdString path = searchPath;
     const std::scoped_lock lock(m_mutex);
     std::swap(m_plotCfgSearchPath, path);

@@ -4,23 +4,23 @@
 
 #include <vector>
 
-// Brings modules into the process and takes them out again. Main thread only.
+// Loads and unloads modules. Main thread only.
 namespace GmModuleLoader
 {
-// Loads a module: its library, its module object, a look at the interface version it was built against (it has to be
-// the host's own), initApp. The object stays the loader's; it is valid until unload.
+// Loads a module: its library and its module object, then checks the interface version it was built against, which must
+// be the host's, and calls initApp. The loader owns the object, which is valid until unload.
 //
-// Libraries that the module needs are those beside it, beside the program and in the system's folder.
+// Libraries that the module needs are loaded from beside it, beside the program, or the system folder.
 //
-// Null when that does not work; whyNot is then one line in English for the user, and nothing of the module is left in
-// the process. A module that is loaded already is refused, under whatever path: each has one module object, and a
-// second initApp would register its commands twice.
+// Null on failure; whyNot is then one line in English for the user, and nothing of the module is left in the process. A
+// module that is already loaded is refused, under any path: each has one module object, and a second initApp would
+// register its commands twice.
 OdRxModule* load(const OdString& file, OdString& whyNot);
 
-// Unloads a module: uninitApp, the end of its module object, the end of its library and of its language callback.
-// Refused with the reason for a module that is not loaded or is locked.
+// Unloads a module: calls uninitApp, destroys its module object, frees its library and drops its language callback. A
+// module that is not loaded or is locked is refused, with the reason.
 bool unload(OdRxModule* module, OdString& whyNot);
 
-// What is loaded, in the order of loading.
+// The loaded modules, in the order of loading.
 std::vector<OdRxModule*> modules();
 } // namespace GmModuleLoader

@@ -2,10 +2,10 @@
 
 #include "kernel/OdResBuf.h"
 
-// Result values that hold an address of this process, such as a window handle.
+// Result buffers that hold an address in this process, such as a window handle.
 namespace GmResBufExtention
 {
-// The address; null for null. Throws OdError when the buffer holds a value of another kind.
+// The address; null for null. Throws OdError if the buffer holds a value of another kind.
 void* getVoid(const OdResBuf* buffer);
 void* getVoid(const OdResBufPtr& buffer);
 

@@ -11,7 +11,7 @@ OdRxObjectPtr GmServicesManagerInterface::get(const OdString& name) const
 
 void GmServicesManagerInterface::set(const OdString& name, const OdRxObjectPtr& value)
 {
-    // Its own references: the arguments may live in the value that goes.
+    // References of our own: the arguments may be part of the value that is replaced.
     NamedValue written{name, value};
     if (!written.value)
     {
@@ -28,7 +28,7 @@ bool GmServicesManagerInterface::remove(const OdString& name)
     const auto found = std::ranges::find(m_values, name, &NamedValue::name);
     if (found == m_values.end())
         return false;
-    // The value leaves the list before it is released, so whatever it does while it goes finds the list whole.
+    // The value leaves the list before it is released, so a destructor that uses the list finds it consistent.
     const NamedValue removed = std::move(*found);
     m_values.erase(found);
     return true;

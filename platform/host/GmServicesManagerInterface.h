@@ -5,24 +5,24 @@
 
 #include <vector>
 
-// The named values through which the host and a command exchange arguments and results. A value is any object, mostly
-// an OdResBuf; asking for the class one needs is up to the reader. Names are exact. Main thread only.
+// The named values through which the host and a command exchange arguments and results. A value is any object, usually
+// an OdResBuf; the reader casts it to the class it needs. Names match exactly. Main thread only.
 class GmServicesManagerInterface
 {
 public:
-    // The value itself, not a copy; null when there is none of that name.
+    // The value itself, not a copy; null if there is none with that name.
     OdRxObjectPtr get(const OdString& name) const;
 
-    // Stores the value under the name, in place of the one before; null takes the name away. When memory runs out
-    // nothing has changed.
+    // Stores the value under the name, replacing an earlier one; null removes the name. If memory runs out, nothing has
+    // changed.
     void set(const OdString& name, const OdRxObjectPtr& value);
 
-    // Whether there was such a value.
+    // Returns whether there was such a value.
     bool remove(const OdString& name);
 
     void clear();
 
-    // In the order in which the values they have now were written.
+    // In the order in which their current values were written.
     std::vector<OdString> names() const;
 
 private:

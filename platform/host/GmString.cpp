@@ -8,8 +8,8 @@ OdString GmString::loadString(UINT id, const OdChar* fallback, HINSTANCE library
     if (!library)
         return OdString(fallback);
 
-    // The system cuts a text to the buffer without saying so: a full buffer is tried again with a larger one. A string
-    // table holds no text above 65535 units.
+    // The system silently cuts a text to the buffer, so a full buffer is retried with a larger one. A string table
+    // holds no text above 65535 units.
     for (int capacity = 256;; capacity *= 2)
     {
         std::vector<OdChar> buffer(static_cast<std::size_t>(capacity));

@@ -5,7 +5,7 @@
 
 namespace GmString
 {
-// The text of that number in the string table of a library, of any length. The fallback where there is none: without a
-// library, without such a number, and for an empty text, which the system cannot tell from a missing one.
+// The text with that number in a library's string table, of any length. The fallback is returned if there is no library
+// or no such number, and for an empty text, which the system cannot tell from a missing one.
 OdString loadString(UINT id, const OdChar* fallback, HINSTANCE library);
 } // namespace GmString

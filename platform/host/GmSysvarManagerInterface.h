@@ -5,15 +5,15 @@
 
 #include <map>
 
-// The system variables of a document: values by name, names without regard to case. Empty until the host sets some.
-// Main thread only.
+// The system variables of a document: values by name, without regard to case. Empty until the host sets some. Main
+// thread only.
 class GmSysvarManagerInterface
 {
 public:
-    // The value itself, or null when there is no such variable.
+    // The value itself, or null if there is no such variable.
     OdResBufPtr getVar(const OdString& name) const;
 
-    // Null takes the variable away.
+    // Null removes the variable.
     void setVar(const OdString& name, const OdResBufPtr& value);
 
 private:

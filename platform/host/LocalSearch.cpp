@@ -16,7 +16,8 @@ std::optional<OdString> regularFile(const OdString& path)
     return isRegularFile(path) ? std::optional(fullPath(path)) : std::nullopt;
 }
 
-// As given, then with the extension: a configuration may be called "A0.pc3.pc3", and "A0.pc3" is found first.
+// First as given, then with the extension: a configuration may be called "A0.pc3.pc3", and "A0.pc3" is found first
+// (quirk 76).
 std::optional<OdString> fileOrConfiguration(const OdString& path)
 {
     auto found = regularFile(path);
@@ -25,7 +26,7 @@ std::optional<OdString> fileOrConfiguration(const OdString& path)
 
 std::optional<OdString> search(const OdString& name, const OdString& searchPath)
 {
-    // The system would stop reading at a NUL and find a file of another name.
+    // The system would stop reading at a NUL and find a file with another name.
     if (name.isEmpty() || name.find(OdChar()) >= 0 || searchPath.find(OdChar()) >= 0)
         return std::nullopt;
 
@@ -34,7 +35,7 @@ std::optional<OdString> search(const OdString& name, const OdString& searchPath)
         return std::nullopt; // reading it would wait for a port
     const CGarmPath parts(name);
     if (parts.fileName().isEmpty())
-        return std::nullopt; // a folder, which together with ".pc3" would become a file
+        return std::nullopt; // a folder, which would become a file together with ".pc3"
     if (parts.hasFolder())
         if (auto found = fileOrConfiguration(name))
             return found;

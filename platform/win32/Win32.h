@@ -1,12 +1,13 @@
 #pragma once
 
-// The Win32 names that portable code may use. On Windows they are the system's own; elsewhere the same names are
-// declared here and the printer room defines the functions, so one body of code and one set of tests serve both.
+// The Win32 names that portable code may use. On Windows they are the system's own. Elsewhere the same names are
+// declared here, and the printer room defines the functions, so that one body of code and one set of tests serve both.
 #include <Win32Names.h>
 
 #include <cstddef>
 
-// The bytes of a DEVMODEW come from drivers and files and go to drivers, so both worlds must agree on every field.
+// The bytes of a DEVMODEW come from drivers and files and go to drivers, so every field must be laid out identically on
+// both platforms.
 static_assert(sizeof(WCHAR) == 2 && sizeof(WORD) == 2 && sizeof(DWORD) == 4 && sizeof(BOOL) == 4 && sizeof(BYTE) == 1);
 static_assert(sizeof(DEVMODEW) == 220 && alignof(DEVMODEW) == 4);
 static_assert(offsetof(DEVMODEW, dmDeviceName) == 0 && sizeof(DEVMODEW::dmDeviceName) == 64);
@@ -44,6 +45,6 @@ static_assert(offsetof(DEVMODEW, dmReserved2) == 208);
 static_assert(offsetof(DEVMODEW, dmPanningWidth) == 212);
 static_assert(offsetof(DEVMODEW, dmPanningHeight) == 216);
 
-// The records the spooler writes in front of their texts.
+// The spooler's records, which are followed by their texts.
 static_assert(sizeof(PRINTER_INFO_1W) == 32 && sizeof(PRINTER_INFO_2W) == 136 && sizeof(PRINTER_INFO_4W) == 24 &&
               sizeof(PRINTER_INFO_5W) == 32 && sizeof(DRIVER_INFO_3W) == 80);

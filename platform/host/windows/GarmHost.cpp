@@ -1,1 +1,1 @@
-// GarmHost.dll is made of the objects of its parts; a library needs one source of its own.
+// GarmHost.dll consists of the objects of its parts, but a library needs one source of its own.

@@ -13,8 +13,8 @@ struct Registration
 {
     HINSTANCE module = nullptr;
     GmLangReloadCallback callback = nullptr;
-    HINSTANCE callbackModule = nullptr; // where the callback's code is, mostly the module itself
-    bool refused = false;               // its latest request was answered null
+    HINSTANCE callbackModule = nullptr; // contains the callback's code; usually the module itself
+    bool refused = false;               // its latest request returned null
 };
 
 struct Languages
@@ -49,15 +49,15 @@ bool isGone(const Registration& registration)
            moduleAt(addressOf(registration.callback)) != registration.callbackModule;
 }
 
-// Tells one module and answers whether it now has the library of the current language.
+// Notifies one module and returns whether it now has the library of the current language.
 bool tell(HINSTANCE module)
 {
     const Registration* registration = registrationOf(module);
     if (!registration)
-        return true; // it went while another one was told
+        return true; // it was unloaded while another one was notified
     const GmLangReloadCallback callback = registration->callback;
 
-    // A thread of the module's own may hold its last reference and end meanwhile.
+    // One of the module's own threads may hold its last reference and end in the meantime.
     const PinnedModule pin(registration->callbackModule);
     registrationOf(module)->refused = false;
     bool content = false;
@@ -67,7 +67,7 @@ bool tell(HINSTANCE module)
     }
     catch (...)
     {
-        // Somebody else's code: what went wrong there counts as a refusal.
+        // The callback is the module's code; an exception counts as a refusal.
     }
     const Registration* afterwards = registrationOf(module);
     return content && !(afterwards && afterwards->refused);
@@ -88,8 +88,8 @@ HINSTANCE GmLoadAppLangResourceDLL(HINSTANCE module, void*, GmLangReloadCallback
         *registration = {module, callback, moduleAt(addressOf(callback)), false};
     }
 
-    // As resources: the handle serves FindResource, LoadString, dialogs, icons and bitmaps, and no code is run, which
-    // matters because modules ask from their entry point and because a folder name comes from a setting.
+    // As resources: the handle works for FindResource, LoadString, dialogs, icons and bitmaps, and no code is run. That
+    // matters because modules ask from their entry point, and because the folder's name comes from a setting.
     const OdString file = findLanguageLibrary(moduleFileName(module), languages().tag);
     const HINSTANCE library =
         file.isEmpty()
@@ -119,7 +119,7 @@ bool setUiLanguage(const OdString& tag)
     for (const Registration& registration : state.registrations)
         modules.push_back(registration.module);
 
-    // From here on nothing throws, so the change is made or undone as a whole.
+    // Nothing throws from here on, so the change is made or undone as a whole.
     OdString before = std::exchange(state.tag, std::move(next));
     state.switching = true;
     const auto refused = std::ranges::find_if_not(modules, &tell);

@@ -19,27 +19,27 @@ struct LoadedModule
 
 std::vector<LoadedModule>& loadedModules()
 {
-    // Never destroyed: modules that were not unloaded stay until the process ends.
+    // Never destroyed: modules that were not unloaded stay loaded until the process ends.
     static auto* const modules = new std::vector<LoadedModule>;
     return *modules;
 }
 
-// A library reference that is given back unless it is kept. The language callback goes with it: a module may have
+// A reference to a library that is released unless it is kept. The language callback goes with it: a module may have
 // registered one in its entry point before the load failed.
 class Library
 {
 public:
     explicit Library(const OdString& file)
     {
-        // Without this the system may show a box of its own about a damaged file.
+        // Otherwise the system may show its own message box about a damaged file.
         DWORD errorMode = 0;
         const BOOL changed = ::SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &errorMode);
-        // What the module needs is looked for beside it, beside the program and in the system's folder; neither in the
-        // current folder nor in those of PATH, where anybody's library may be.
+        // What the module needs is looked for beside it, beside the program and in the system folder, but neither in
+        // the current folder nor in those of PATH, where anyone may have put a library.
         load(file,
              LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRARY_SEARCH_APPLICATION_DIR | LOAD_LIBRARY_SEARCH_SYSTEM32);
-        // Wine for a file on a share, and Windows 7 before its update, refuse these flags. Beside the module comes
-        // first then too, and a program has dropped the current folder (LibrarySearch.h).
+        // Wine refuses these flags for a file on a share, and so does Windows 7 before its update. The module's own
+        // folder is still searched first then, and a program has dropped the current folder (LibrarySearch.h).
         if (m_error == ERROR_INVALID_PARAMETER)
             load(file, LOAD_WITH_ALTERED_SEARCH_PATH);
         if (changed)
@@ -60,7 +60,7 @@ public:
     DWORD error() const noexcept { return m_error; }
     void keep() noexcept { m_handle = nullptr; }
 
-    // Null when the library has no such export.
+    // Null if the library has no such export.
     template <class Function>
     Function find(const char* name) const noexcept
     {
@@ -101,7 +101,7 @@ OdString versionText(const OdRxApiVersion& version)
                                std::to_string(version.majorBuild) + "." + std::to_string(version.minorBuild)));
 }
 
-// Calls into the module. What it throws, although it must not, ends here; whether it got through.
+// Calls into the module and returns whether the call succeeded. A module must not throw; if it does, it ends here.
 template <class Call>
 bool guarded(Call call) noexcept
 {
@@ -116,7 +116,7 @@ bool guarded(Call call) noexcept
     }
 }
 
-// Makes the module object and lets it start. A text when that failed; the object is gone then.
+// Creates the module object and starts it. On failure returns a text, and the object is destroyed.
 std::optional<OdString> start(const Library& library, OdRxModule*& object)
 {
     const auto create = library.find<OdRxCreateModuleObject>("odrxCreateModuleObject");

@@ -5,7 +5,7 @@
 
 void dropCurrentFolderFromSearch()
 {
-    // Whatever folder is set takes the place of the current one; the program's own is searched first anyway. An empty
-    // text would do the same on Windows, but Wine takes it for "as before".
+    // Any folder set here replaces the current one; the program's own is searched first anyway. On Windows an empty
+    // text would do the same, but Wine reads it as "as before".
     ::SetDllDirectoryW(CGarmPath(moduleFileName(nullptr)).fullFolder().c_str());
 }

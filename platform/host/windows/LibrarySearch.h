@@ -1,6 +1,6 @@
 #pragma once
 
-// Takes the current folder out of the places where this process looks for libraries: it is mostly the folder of
-// somebody's drawings, and a library there would run with the user's rights. To be called first of all in a program.
-// The folders of PATH stay: printer drivers work in this process, and theirs may be there.
+// Removes the current folder from the places where this process looks for libraries: it is usually a folder of
+// drawings, and a library planted there would run with the user's rights. Call it first of all in a program. The
+// folders of PATH stay, because printer drivers run in this process and may have their libraries there.
 void dropCurrentFolderFromSearch();

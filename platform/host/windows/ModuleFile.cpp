@@ -4,8 +4,8 @@
 
 namespace
 {
-// Wine gives the path of a module that it loaded from a share without its beginning: "UNC\\srv\\share\\x.grx". A
-// module's path is never a relative one, so that cannot be a folder called UNC.
+// Wine returns the path of a module that it loaded from a share without its beginning: "UNC\\srv\\share\\x.grx". A
+// module's path is never relative, so this cannot be a folder called UNC.
 OdString withShare(OdStringView path)
 {
     constexpr OdStringView rest = OD_T("UNC\\");
@@ -15,7 +15,7 @@ OdString withShare(OdStringView path)
 
 OdString moduleFileName(HINSTANCE module)
 {
-    // A path that does not fit is cut to the buffer; no path is longer than 32767 units.
+    // A path that does not fit is cut to the buffer. No path is longer than 32767 units.
     for (DWORD capacity = MAX_PATH; capacity <= 0x10000; capacity *= 2)
     {
         std::vector<OdChar> path(capacity);

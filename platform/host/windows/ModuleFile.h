@@ -5,10 +5,10 @@
 
 // Modules (programs and DLLs) of this process.
 
-// Full path of the module's file, of any length; empty when the system does not tell.
+// Full path of the module's file, of any length; empty if the system does not know it.
 OdString moduleFileName(HINSTANCE module);
 
-// The module that has this address in it, or null. Its reference count stays as it is.
+// The module that contains this address, or null. Its reference count does not change.
 HINSTANCE moduleAt(const void* address) noexcept;
 
 // Keeps a module loaded for a scope.

@@ -1,8 +1,8 @@
 #pragma once
 
 // Our own declarations of the Win32 names that portable code uses, with the values and layouts of Windows x64. Names
-// that nothing portable needs are left out on purpose. Constants are objects instead of macros; conditional
-// compilation on them is not wanted.
+// that portable code does not need are left out. Constants are objects, not macros, so that nothing can be compiled
+// conditionally on them.
 
 #include <cstdint>
 
@@ -65,7 +65,7 @@ inline constexpr DWORD ERROR_RESOURCE_NAME_NOT_FOUND = 1814;
 inline constexpr int CCHDEVICENAME = 32;
 inline constexpr int CCHFORMNAME = 32;
 
-// The printer's half of the structure's unions; a display's settings are nothing this product handles.
+// Only the printer's half of the structure's unions; this product does not handle display settings.
 struct DEVMODEW
 {
     WCHAR dmDeviceName[CCHDEVICENAME];
@@ -201,7 +201,7 @@ inline constexpr DWORD DM_OUT_BUFFER = 2;
 inline constexpr DWORD DM_IN_PROMPT = 4;
 inline constexpr DWORD DM_IN_BUFFER = 8;
 
-// Questions to DeviceCapabilitiesW
+// Capabilities for DeviceCapabilitiesW
 inline constexpr WORD DC_FIELDS = 1;
 inline constexpr WORD DC_PAPERS = 2;
 inline constexpr WORD DC_PAPERSIZE = 3;

@@ -1,6 +1,6 @@
 #pragma once
 
-// The real thing. winspool.h is not part of a lean windows.h.
+// The system's own. A lean windows.h does not include winspool.h.
 #include <windows.h>
 
 #include <winspool.h>
