@@ -8,7 +8,7 @@ namespace
 struct FlaggedField
 {
     DWORD flag;
-    std::size_t end; // offset of the first byte behind the field
+    std::size_t end; // offset of the first byte after the field
 };
 
 #define GARM_FIELD_END(member) (offsetof(DEVMODEW, member) + sizeof(DEVMODEW::member))
@@ -36,8 +36,8 @@ constexpr FlaggedField flaggedFields[] = {
 
 constexpr std::size_t endOfFormName = offsetof(DEVMODEW, dmFormName) + sizeof(DEVMODEW::dmFormName);
 
-// How many of the first size bytes hold whole fields: the 16-bit fields, the form name as one field, the 16 bits
-// behind it, then fields of 32 bits.
+// How many of the first size bytes hold whole fields: the 16-bit fields, the form name as one field, the 16 bits after
+// it, then 32-bit fields.
 constexpr std::size_t wholeFields(std::size_t size) noexcept
 {
     if (size < offsetof(DEVMODEW, dmFormName))
@@ -52,7 +52,7 @@ constexpr std::size_t wholeFields(std::size_t size) noexcept
 static_assert(smallestDevMode == 76);
 static_assert(wholeFields(77) == 76 && wholeFields(165) == 102 && wholeFields(167) == 166 && wholeFields(171) == 168);
 
-// Room that is always there behind a block, so that a driver which writes or reads too far stays in our memory.
+// Spare room after every block, so that a driver which writes or reads too far stays in our memory.
 constexpr std::size_t spareBytes = 8192;
 
 // Both sizes of a block are 16-bit.

@@ -6,8 +6,8 @@
 PrinterHandle openPrinter(const WCHAR* name)
 {
     static constexpr WCHAR nameless[] = {0};
-    // A failed open may still have written to its out parameter, so the value is taken over only on success; otherwise
-    // we would close a stranger's handle.
+    // A failed open may still have written to its out parameter, so the handle is taken only on success; otherwise we
+    // would close one that belongs to other code.
     HANDLE raw = nullptr;
     if (!::OpenPrinterW(const_cast<WCHAR*>(name ? name : nameless), &raw, nullptr))
         return {};
@@ -16,7 +16,7 @@ PrinterHandle openPrinter(const WCHAR* name)
 
 DeviceContext createDeviceContext(const WCHAR* driver, const WCHAR* printer, const DEVMODEW* devMode)
 {
-    // Copies, because drivers have been seen to write into what they are told to leave alone.
+    // Copies, because drivers have been seen to write into texts they must not change.
     std::basic_string<WCHAR> driverText(driver);
     std::basic_string<WCHAR> printerText(printer);
     return DeviceContext(::CreateDCW(driverText.c_str(), printerText.c_str(), nullptr, devMode));

@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <utility>
 
-// Owns one handle of the system and closes it exactly once. Drivers have been seen to report success with a handle of
-// -1, so that and null both count as none: they are not kept and not closed.
+// Owns one system handle and closes it exactly once. Drivers have been seen to report success with a handle of -1, so
+// -1 and null both count as no handle: they are neither kept nor closed.
 template <class Handle, auto close>
 class UniqueHandle
 {
@@ -40,7 +40,7 @@ public:
         }
         catch (...)
         {
-            // A port monitor may throw while it closes. The handle is gone for us either way.
+            // A port monitor may throw while it closes. For us the handle is closed either way.
         }
     }
 
@@ -53,13 +53,12 @@ private:
 using PrinterHandle = UniqueHandle<HANDLE, &::ClosePrinter>;
 using DeviceContext = UniqueHandle<HDC, &::DeleteDC>;
 
-// An open printer, or none. A null name is passed on as "": for null the system would open the print server instead.
+// An open printer, or no handle. A null name is passed on as "": null would open the print server instead.
 PrinterHandle openPrinter(const WCHAR* name);
 
-// The device context of a printer, or none. The driver gets copies of the texts; devMode may be null, otherwise it is
-// followed by its private bytes.
+// The device context of a printer, or no handle. The driver gets copies of the texts. devMode may be null; otherwise
+// its private bytes follow it.
 DeviceContext createDeviceContext(const WCHAR* driver, const WCHAR* printer, const DEVMODEW* devMode);
 
-// LOGPIXELSX or LOGPIXELSY of a device context; 0 when it does not know it, which some drivers say with a negative
-// number.
+// LOGPIXELSX or LOGPIXELSY of a device context; 0 if it does not know, which some drivers report as a negative number.
 int dotsPerInch(HDC dc, int index);

@@ -4,8 +4,8 @@
 
 namespace
 {
-// Both sizes of a DEVMODEW are 16-bit, so no block is longer than this; a driver that asks for more than a generous
-// multiple is not telling a size.
+// Both sizes of a DEVMODEW have 16 bits, so no block is longer than this. A driver that asks for more than a generous
+// multiple of it is not reporting a size.
 constexpr LONG largestDevModeAnswer = 1 << 20;
 
 InstalledPrinter fromRecord(const SpoolerRecords& records, const PRINTER_INFO_1W& info)
@@ -38,7 +38,7 @@ std::vector<InstalledPrinter> enumerate(DWORD flags, DWORD level)
                   { return ::EnumPrintersW(flags, nullptr, level, buffer, size, needed, &returned); });
 
     std::vector<InstalledPrinter> printers;
-    // The count may be wrong; the buffer's size is not.
+    // The count may be wrong, but the buffer's size is not.
     for (DWORD i = 0; i < returned; ++i)
     {
         const std::optional<Record> record = records.at<Record>(i);
@@ -86,7 +86,7 @@ DevModeMerge mergeDevMode(HWND owner, HANDLE printer, const WCHAR* name, std::sp
     if (!input)
         return merge;
 
-    // The size asked now and the size that is stored may differ: the driver may have been replaced since.
+    // The size requested now and the stored size may differ: the driver may have been replaced in the meantime.
     const auto device = const_cast<WCHAR*>(name);
     const LONG asked = ::DocumentPropertiesW(nullptr, printer, device, nullptr, nullptr, 0);
     const std::size_t usable = asked > 0 && asked <= largestDevModeAnswer ? static_cast<std::size_t>(asked) : 0;

@@ -4,7 +4,7 @@
 
 namespace
 {
-// Enough for the longest record, and zero at the end of a text that came without a terminator.
+// Enough for the longest record, and zero at the end of a text that has no terminator.
 constexpr std::size_t spareBytes = 1024;
 static_assert(spareBytes >= sizeof(PRINTER_INFO_2W));
 } // namespace
@@ -19,7 +19,7 @@ SpoolerRecords SpoolerRecords::toFill(DWORD size)
 
 std::span<const BYTE> SpoolerRecords::bytesAt(const void* pointer) const noexcept
 {
-    // Compared as numbers: pointers into different objects have no order.
+    // Compared as numbers, because pointers into different objects have no order.
     const auto first = reinterpret_cast<std::uintptr_t>(m_bytes.data());
     const auto wanted = reinterpret_cast<std::uintptr_t>(pointer);
     if (!pointer || wanted < first || wanted - first >= m_bytes.size())

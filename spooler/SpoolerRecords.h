@@ -11,26 +11,26 @@
 
 using WideText = std::basic_string<WCHAR>;
 
-// What the spooler wrote into one buffer: records, and behind them the texts and blocks they point to. Records are read
-// as copies, and what a record points to is read only as far as the buffer reaches: sizes, counts and terminators come
-// from printer drivers.
+// What the spooler wrote into one buffer: records, followed by the texts and blocks they point to. Records are read as
+// copies, and what a record points to is read only up to the end of the buffer, because sizes, counts and terminators
+// come from printer drivers.
 class SpoolerRecords
 {
 public:
-    // None.
+    // No records.
     SpoolerRecords() noexcept = default;
 
-    // Zeroed bytes for the spooler to fill. There is room behind them: a record that is longer than what was asked for
+    // Zeroed bytes for the spooler to fill, with spare room after them: a record that extends past the requested size
     // reads as zero there, and a driver that writes too far stays in our memory.
     static SpoolerRecords toFill(DWORD size);
 
     bool isNull() const noexcept { return m_bytes.empty(); }
 
-    // The buffer as the spooler's functions want it, and the size it asked for.
+    // The buffer for the spooler's functions, and the size it asked for.
     BYTE* data() noexcept { return m_bytes.data(); }
     DWORD size() const noexcept { return m_size; }
 
-    // A copy of the record at that index; nothing when it begins outside what was asked for.
+    // A copy of the record at that index; nothing if it begins past the requested size.
     template <class Record>
     std::optional<Record> at(std::size_t index) const
     {
@@ -41,12 +41,12 @@ public:
         return record;
     }
 
-    // The text a record points to, up to its NUL or the end of the buffer; nothing for a null pointer and for one that
-    // leads out of the buffer.
+    // The text a record points to, up to its NUL or the end of the buffer; nothing for a null pointer or one that
+    // points out of the buffer.
     std::optional<WideText> text(const WCHAR* pointer) const;
 
-    // The bytes from what a record points to up to the end of the buffer; none for a null pointer and for one that
-    // leads out of the buffer. May be misaligned.
+    // The bytes from what a record points to up to the end of the buffer; none for a null pointer or one that points
+    // out of the buffer. May be misaligned.
     std::span<const BYTE> bytesAt(const void* pointer) const noexcept;
 
 private:
@@ -54,12 +54,12 @@ private:
     DWORD m_size = 0;
 };
 
-// No set of records is as long as this; an answer above it is a mistake, not a size.
+// No set of records is this long; a larger number is an error, not a size.
 inline constexpr DWORD largestSpoolerAnswer = 64U << 20U;
 
-// Runs the spooler's size-then-fill protocol, for which query takes (buffer, size, needed) and answers like the
-// function it calls. A size query that succeeds has nothing to deliver and counts as failure, as does a size of zero.
-// None on any failure.
+// Runs the spooler's size-then-fill protocol. query takes (buffer, size, needed) and returns the result of the function
+// it calls. A size query that succeeds has nothing to deliver and counts as a failure, as does a size of zero. Returns
+// no records on any failure.
 template <class Query>
 SpoolerRecords queryInfo(Query query)
 {
