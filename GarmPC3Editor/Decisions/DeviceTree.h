@@ -1,8 +1,10 @@
 #pragma once
 
-#include "GarmPC3Editor/Decisions/GmTexts.h"
-#include "GarmPC3Editor/GmPlotCfg3.h"
+#include "GarmPC3Editor/Decisions/DeviceLabels.h"
+#include "resources/Resource.h"
 
+#include <algorithm>
+#include <iterator>
 #include <optional>
 #include <vector>
 
@@ -10,7 +12,7 @@
 // of its page; assertions use the names.
 enum GmDeviceEntry : std::int32_t
 {
-    eChecked = 0, // the mark on changed entries, no entry itself
+    eChecked = 0, // the mark on changed entries; not an entry itself
     eRoot = 1,
     eMedia = 2,
     eMediaDest = 3,
@@ -23,27 +25,78 @@ enum GmDeviceEntry : std::int32_t
     eMergeCtrl = 10,
     eCustomProp = 11,
 };
-inline constexpr std::int32_t deviceEntryCount = 12;
 
-// The icon of a kind, by its number in the language resource library.
-UINT deviceEntryIcon(GmDeviceEntry type) noexcept;
+bool hasDestination(const GmPlotCfg3& cfg) noexcept;
+bool hasLinesOverwrite(const GmPlotCfg3& cfg) noexcept;
 
-// Whether a page belongs to a kind; the others leave the frame empty.
-bool deviceEntryHasPage(std::int32_t type) noexcept;
+// All that the editor knows of a kind of entry. Its page's class is added in Dialogs/DevicePages.cpp.
+struct GmDeviceRow
+{
+    GmDeviceEntry type;
+    std::optional<GmDeviceEntry> parent; // none for the root
+    UINT icon;
+    UINT dialog;                                 // of its page; 0 for a kind that leaves the frame empty
+    OdString (*label)(const GmLabelSource&);     // null for a kind that is not an entry
+    bool (*isShown)(const GmPlotCfg3&) noexcept; // besides having its parent; null when that is all
+    const char* iconAssertion;                   // reported when the icon is not at the kind's place in the list
+};
+
+// In the order in which the entries are inserted, each as the last child of its parent.
+inline constexpr GmDeviceRow deviceRows[] = {
+    {eChecked, {}, IDI_CHECKED, 0, nullptr, nullptr, "iIcon == eChecked"},
+    {eRoot, {}, IDI_SYSTEM_PRINTER, 0, &rootLabel, nullptr, "iIcon == eRoot"},
+    {eMedia, eRoot, IDI_MEDIA, 0, &nameLabel<IDS_MEDIA>, nullptr, "iIcon == eMedia"},
+    {eSourceSize, eMedia, IDI_SOURCE_SIZE, 0, &sourceSizeLabel, nullptr, "iIcon == eSourceSize"},
+    {eMediaDest, eMedia, IDI_MEDIA_DEST, 0, &mediaDestLabel, &hasDestination, "iIcon == eMediaDest"},
+    {eCollating, eMediaDest, IDI_COLLATING, IDD_COLLATING, &collatingLabel, nullptr, "iIcon == eCollating"},
+    {eGraphics, eRoot, IDI_GRAPHICS, 0, &nameLabel<IDS_GRAPHICS>, nullptr, "iIcon == eGraphics"},
+    {eVectorGraphics, eGraphics, IDI_VECTOR_GRAPHICS, IDD_VECTOR_GRAPHICS, &vectorGraphicsLabel, nullptr,
+     "iIcon == eVectorGraphics"},
+    {eRasterGraphics, eGraphics, IDI_RASTER_GRAPHICS, IDD_RASTER_GRAPHICS, &rasterGraphicsLabel, nullptr,
+     "iIcon == eRasterGraphics"},
+    {eTrueType, eGraphics, IDI_TRUETYPE, IDD_TRUETYPE, &trueTypeLabel, nullptr, "iIcon == eTrueType"},
+    {eMergeCtrl, eGraphics, IDI_MERGE_CTRL, IDD_MERGE_CTRL, &mergeCtrlLabel, &hasLinesOverwrite, "iIcon == eMergeCtrl"},
+    {eCustomProp, eRoot, IDI_CUSTOM_PROP, IDD_CUSTOM_PROP, &nameLabel<IDS_CUSTOM_PROP>, nullptr,
+     "iIcon == eCustomProp"},
+};
+inline constexpr std::int32_t deviceRowCount = std::size(deviceRows);
+
+// The place of a kind's row; deviceRowCount for a number that is no kind.
+constexpr std::int32_t placeOfDeviceRow(std::int32_t type) noexcept
+{
+    return static_cast<std::int32_t>(std::ranges::find(deviceRows, type, &GmDeviceRow::type) - deviceRows);
+}
+
+// Whether the kinds are numbered from 0 without a gap, and each parent has its row before its children.
+constexpr bool areDeviceRowsInOrder() noexcept
+{
+    for (std::int32_t type = 0; type < deviceRowCount; ++type)
+        if (placeOfDeviceRow(type) == deviceRowCount)
+            return false;
+    return std::ranges::all_of(deviceRows, [](const GmDeviceRow& row)
+                               { return !row.parent || placeOfDeviceRow(*row.parent) < placeOfDeviceRow(row.type); });
+}
+static_assert(areDeviceRowsInOrder());
+
+// The row of a kind; null for a number that is no kind.
+inline const GmDeviceRow* deviceRow(std::int32_t type) noexcept
+{
+    const std::int32_t place = placeOfDeviceRow(type);
+    return place == deviceRowCount ? nullptr : &deviceRows[place];
+}
 
 struct GmDeviceTreeItem
 {
     GmDeviceEntry type;
-    std::optional<GmDeviceEntry> parent; // none for the root; each kind stands at most once in the tree
+    std::optional<GmDeviceEntry> parent;
     bool hasChildren;
 
     friend bool operator==(const GmDeviceTreeItem&, const GmDeviceTreeItem&) = default;
 };
 
-// The entries of a configuration in the order in which they are inserted, each as the last child of its parent. What
-// the configuration does not have gets no entry.
+// The entries of a configuration in the order in which they are inserted. What the configuration does not have gets no
+// entry.
 std::vector<GmDeviceTreeItem> deviceTree(const GmPlotCfg3& cfg);
 
-// The label of an entry with the setting's present value. fileTitle names the configuration. Empty for a kind that is
-// no entry.
-OdString deviceLabel(std::int32_t type, const GmPlotCfg3& cfg, const OdString& fileTitle, const GmTexts& texts);
+// The label of an entry with the setting's present value; empty for a kind that is not an entry.
+OdString deviceLabel(std::int32_t type, const GmLabelSource& source);

@@ -1,15 +1,11 @@
 #include "GarmPC3Editor/Dialogs/CCollating.h"
 
-#include "GarmPC3Editor/Decisions/DeviceTree.h"
 #include "GarmPC3Editor/Decisions/PageValues.h"
 #include "GarmPC3Editor/Dialogs/GmTabDevice.h"
 #include "GarmPC3Editor/Dialogs/LanguageTexts.h"
 #include "resources/Resource.h"
 
-CCollating::CCollating(GmTabDevice& tab)
-    : GmDeviceSubDlg(IDD_COLLATING, tab, eCollating), m_choice(collatingChoice(cfg()))
-{
-}
+CCollating::CCollating(GmTabDevice& tab) : GmDeviceSubDlg(tab, eCollating), m_choice(collatingChoice(cfg())) {}
 
 BOOL CCollating::OnInitDialog()
 {

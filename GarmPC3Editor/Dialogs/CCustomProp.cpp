@@ -1,6 +1,5 @@
 #include "GarmPC3Editor/Dialogs/CCustomProp.h"
 
-#include "GarmPC3Editor/Decisions/DeviceTree.h"
 #include "GarmPC3Editor/Decisions/DriverSettings.h"
 #include "GarmPC3Editor/Decisions/VirtualPrinterNames.h"
 #include "GarmPC3Editor/Dialogs/CPDFPrintDlg.h"
@@ -44,7 +43,7 @@ private:
 };
 } // namespace
 
-CCustomProp::CCustomProp(GmTabDevice& tab) : GmDeviceSubDlg(IDD_CUSTOM_PROP, tab, eCustomProp) {}
+CCustomProp::CCustomProp(GmTabDevice& tab) : GmDeviceSubDlg(tab, eCustomProp) {}
 
 void CCustomProp::OnDriverSettings()
 {

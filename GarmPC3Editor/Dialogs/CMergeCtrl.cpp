@@ -1,13 +1,10 @@
 #include "GarmPC3Editor/Dialogs/CMergeCtrl.h"
 
-#include "GarmPC3Editor/Decisions/DeviceTree.h"
 #include "GarmPC3Editor/Decisions/PageValues.h"
 #include "GarmPC3Editor/Dialogs/GmTabDevice.h"
 #include "resources/Resource.h"
 
-CMergeCtrl::CMergeCtrl(GmTabDevice& tab) : GmDeviceSubDlg(IDD_MERGE_CTRL, tab, eMergeCtrl), m_choice(mergeChoice(cfg()))
-{
-}
+CMergeCtrl::CMergeCtrl(GmTabDevice& tab) : GmDeviceSubDlg(tab, eMergeCtrl), m_choice(mergeChoice(cfg())) {}
 
 BOOL CMergeCtrl::OnInitDialog()
 {

@@ -1,6 +1,5 @@
 #include "GarmPC3Editor/Dialogs/CRasterGraphics.h"
 
-#include "GarmPC3Editor/Decisions/DeviceTree.h"
 #include "GarmPC3Editor/Dialogs/GmTabDevice.h"
 #include "resources/Resource.h"
 
@@ -11,8 +10,7 @@ constexpr int largestPreference = 100;
 constexpr int preferencePerTick = 10;
 } // namespace
 
-CRasterGraphics::CRasterGraphics(GmTabDevice& tab)
-    : GmDeviceSubDlg(IDD_RASTER_GRAPHICS, tab, eRasterGraphics), m_values(rasterValues(cfg()))
+CRasterGraphics::CRasterGraphics(GmTabDevice& tab) : GmDeviceSubDlg(tab, eRasterGraphics), m_values(rasterValues(cfg()))
 {
 }
 

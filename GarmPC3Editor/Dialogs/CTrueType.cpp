@@ -1,13 +1,10 @@
 #include "GarmPC3Editor/Dialogs/CTrueType.h"
 
-#include "GarmPC3Editor/Decisions/DeviceTree.h"
 #include "GarmPC3Editor/Decisions/PageValues.h"
 #include "GarmPC3Editor/Dialogs/GmTabDevice.h"
 #include "resources/Resource.h"
 
-CTrueType::CTrueType(GmTabDevice& tab) : GmDeviceSubDlg(IDD_TRUETYPE, tab, eTrueType), m_choice(trueTypeChoice(cfg()))
-{
-}
+CTrueType::CTrueType(GmTabDevice& tab) : GmDeviceSubDlg(tab, eTrueType), m_choice(trueTypeChoice(cfg())) {}
 
 void CTrueType::DoDataExchange(CDataExchange* pDX)
 {

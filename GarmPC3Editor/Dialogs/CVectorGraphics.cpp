@@ -1,13 +1,12 @@
 #include "GarmPC3Editor/Dialogs/CVectorGraphics.h"
 
-#include "GarmPC3Editor/Decisions/DeviceTree.h"
-#include "GarmPC3Editor/Decisions/ResolutionName.h"
+#include "GarmPC3Editor/Decisions/DeviceLabels.h"
 #include "GarmPC3Editor/Decisions/ShownText.h"
 #include "GarmPC3Editor/Dialogs/LanguageTexts.h"
 #include "GarmPC3Editor/GmPlotCfg3.h"
 #include "resources/Resource.h"
 
-CVectorGraphics::CVectorGraphics(GmTabDevice& tab) : GmDeviceSubDlg(IDD_VECTOR_GRAPHICS, tab, eVectorGraphics) {}
+CVectorGraphics::CVectorGraphics(GmTabDevice& tab) : GmDeviceSubDlg(tab, eVectorGraphics) {}
 
 BOOL CVectorGraphics::OnInitDialog()
 {

@@ -1,6 +1,5 @@
 #include "GarmPC3Editor/Dialogs/DevicePages.h"
 
-#include "GarmPC3Editor/Decisions/DeviceTree.h"
 #include "GarmPC3Editor/Dialogs/CCollating.h"
 #include "GarmPC3Editor/Dialogs/CCustomProp.h"
 #include "GarmPC3Editor/Dialogs/CMergeCtrl.h"
@@ -10,30 +9,39 @@
 
 namespace
 {
-std::unique_ptr<GmDeviceSubDlg> newPage(std::int32_t type, GmTabDevice& tab)
+using Page = std::unique_ptr<GmDeviceSubDlg>;
+
+struct PageClass
 {
-    switch (type)
-    {
-    case eCollating:
-        return std::make_unique<CCollating>(tab);
-    case eVectorGraphics:
-        return std::make_unique<CVectorGraphics>(tab);
-    case eRasterGraphics:
-        return std::make_unique<CRasterGraphics>(tab);
-    case eTrueType:
-        return std::make_unique<CTrueType>(tab);
-    case eMergeCtrl:
-        return std::make_unique<CMergeCtrl>(tab);
-    case eCustomProp:
-        return std::make_unique<CCustomProp>(tab);
-    default:
-        return nullptr;
-    }
+    GmDeviceEntry type;
+    Page (*create)(GmTabDevice& tab);
+};
+
+template <class Class>
+Page create(GmTabDevice& tab)
+{
+    return std::make_unique<Class>(tab);
 }
+
+constexpr PageClass pageClasses[] = {
+    {eCollating, &create<CCollating>},           {eVectorGraphics, &create<CVectorGraphics>},
+    {eRasterGraphics, &create<CRasterGraphics>}, {eTrueType, &create<CTrueType>},
+    {eMergeCtrl, &create<CMergeCtrl>},           {eCustomProp, &create<CCustomProp>},
+};
+
+// Every row with a dialog has one class, and no other row has one.
+static_assert(std::ranges::all_of(deviceRows,
+                                  [](const GmDeviceRow& row) {
+                                      return std::ranges::count(pageClasses, row.type, &PageClass::type) ==
+                                             (row.dialog ? 1 : 0);
+                                  }));
 } // namespace
 
-std::unique_ptr<GmDeviceSubDlg> createDevicePage(std::int32_t type, GmTabDevice& tab)
+Page createDevicePage(std::int32_t type, GmTabDevice& tab)
 {
-    std::unique_ptr<GmDeviceSubDlg> page = newPage(type, tab);
-    return page && page->createInFrame() ? std::move(page) : nullptr;
+    const auto* const found = std::ranges::find(pageClasses, type, &PageClass::type);
+    if (found == std::end(pageClasses))
+        return nullptr;
+    Page page = found->create(tab);
+    return page->createInFrame() ? std::move(page) : nullptr;
 }

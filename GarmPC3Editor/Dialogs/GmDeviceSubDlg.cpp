@@ -6,8 +6,8 @@
 
 #include <uxtheme.h>
 
-GmDeviceSubDlg::GmDeviceSubDlg(UINT templateId, GmTabDevice& tab, std::int32_t type)
-    : CDialog(templateId, &tab), m_dlg(tab), m_type(type)
+GmDeviceSubDlg::GmDeviceSubDlg(GmTabDevice& tab, GmDeviceEntry type)
+    : CDialog(deviceRow(type)->dialog, &tab), m_dlg(tab), m_type(type)
 {
 }
 

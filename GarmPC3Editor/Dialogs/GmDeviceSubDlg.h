@@ -1,10 +1,8 @@
 #pragma once
 
+#include "GarmPC3Editor/Decisions/DeviceTree.h"
 #include "mfc/Mfc.h"
 
-#include <cstdint>
-
-class GmPlotCfg3;
 class GmTabDevice;
 
 // The base of the pages that the device tab shows beside its tree, each for one kind of entry.
@@ -15,9 +13,9 @@ class GmTabDevice;
 class GmDeviceSubDlg : public CDialog
 {
 public:
-    GmDeviceSubDlg(UINT templateId, GmTabDevice& tab, std::int32_t type);
+    GmDeviceSubDlg(GmTabDevice& tab, GmDeviceEntry type);
 
-    std::int32_t eType() const noexcept { return m_type; }
+    GmDeviceEntry eType() const noexcept { return m_type; }
 
     // Creates the window as a child of the tab, shown and enabled, in the place of the tab's frame. False when the
     // system refuses.
@@ -39,7 +37,7 @@ protected:
 private:
     void placeInFrame() const;
 
-    std::int32_t m_type;
+    GmDeviceEntry m_type;
 
 public:
     // Set by the data exchange that changed a stored value, cleared by the tab that has seen to it.

@@ -1,6 +1,5 @@
 #include "GarmPC3Editor/Dialogs/GmTabDevice.h"
 
-#include "GarmPC3Editor/Decisions/DeviceTree.h"
 #include "GarmPC3Editor/Decisions/ShownText.h"
 #include "GarmPC3Editor/Dialogs/DevicePages.h"
 #include "GarmPC3Editor/Dialogs/GmPCfgDlg.h"
@@ -18,13 +17,6 @@ void verify(bool held, const char* text, int line)
     if (!held)
         odReportAssert(text, "GarmPC3Editor/Dialogs/GmTabDevice", line);
 }
-
-// By the kinds' numbers.
-constexpr const char* indexAssertions[deviceEntryCount] = {
-    "iIcon == eChecked",        "iIcon == eRoot",      "iIcon == eMedia",     "iIcon == eMediaDest",
-    "iIcon == eSourceSize",     "iIcon == eCollating", "iIcon == eGraphics",  "iIcon == eVectorGraphics",
-    "iIcon == eRasterGraphics", "iIcon == eTrueType",  "iIcon == eMergeCtrl", "iIcon == eCustomProp",
-};
 } // namespace
 
 GmTabDevice::GmTabDevice() : CPropertyPage(IDD_DEVICE, IDS_TAB_DEVICE) {}
@@ -62,18 +54,19 @@ BOOL GmTabDevice::OnInitDialog()
 }
 
 // The number of a kind is the place of its icon. A library without one of them is a programming error; the entries
-// behind it then have wrong pictures.
+// after it then have wrong pictures.
 void GmTabDevice::loadImages()
 {
     int width = 0;
     int height = 0;
     ::ImageList_GetIconSize(m_images, &width, &height);
-    for (std::int32_t type = 0; type < deviceEntryCount; ++type)
+    for (std::int32_t type = 0; type < deviceRowCount; ++type)
     {
-        const IconHandle icon = loadIcon(deviceEntryIcon(static_cast<GmDeviceEntry>(type)), width);
+        const GmDeviceRow& row = *deviceRow(type);
+        const IconHandle icon = loadIcon(row.icon, width);
         verify(static_cast<bool>(icon), "hIcon", __LINE__);
         const int index = icon ? m_images.Add(icon.get()) : -1;
-        verify(index == type, indexAssertions[type], __LINE__);
+        verify(index == type, row.iconAssertion, __LINE__);
         if (type == eChecked)
             m_images.SetOverlayImage(eChecked, checkOverlay);
     }
@@ -113,7 +106,7 @@ bool GmTabDevice::insertEntries()
 void GmTabDevice::refreshItem(HTREEITEM item, bool mark, bool recurse)
 {
     const std::int32_t type = typeOf(item);
-    OdString newLabel = deviceLabel(type, m_sheet->cfg(), m_sheet->fileTitle(), languageTexts());
+    OdString newLabel = deviceLabel(type, {m_sheet->cfg(), m_sheet->fileTitle(), languageTexts()});
     if (!newLabel.isEmpty())
     {
         m_tree.SetItemText(item, shownLine(newLabel).c_str());

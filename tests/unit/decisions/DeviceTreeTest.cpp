@@ -1,10 +1,12 @@
 #include "GarmPC3Editor/Decisions/DeviceTree.h"
 
 #include "GarmPC3Editor/Decisions/FileTitle.h"
-#include "GarmPC3Editor/Decisions/ResolutionName.h"
 #include "tests/unit/decisions/FakeTexts.h"
 
 #include <gtest/gtest.h>
+
+#include <map>
+#include <string>
 
 namespace
 {
@@ -27,7 +29,7 @@ std::vector<GmDeviceEntry> types(const GmPlotCfg3& cfg)
 class DeviceLabel : public testing::Test
 {
 protected:
-    OdString label(GmDeviceEntry type) const { return deviceLabel(type, cfg, OD_T("PLOTTER.pc3"), fakeTexts()); }
+    OdString label(GmDeviceEntry type) const { return deviceLabel(type, {cfg, OD_T("PLOTTER.pc3"), fakeTexts()}); }
 
     GmPlotCfg3 cfg;
 };
@@ -84,16 +86,38 @@ TEST(DeviceTree, whatTheConfigurationLacksHasNoEntry)
 TEST(DeviceTree, iconsByKind)
 {
     const UINT expected[] = {308, 301, 302, 307, 306, 311, 304, 309, 310, 312, 313, 303};
-    for (std::int32_t type = 0; type < deviceEntryCount; ++type)
-        EXPECT_EQ(deviceEntryIcon(static_cast<GmDeviceEntry>(type)), expected[type]) << type;
+    ASSERT_EQ(deviceRowCount, std::ssize(expected));
+    for (std::int32_t type = 0; type < deviceRowCount; ++type)
+        EXPECT_EQ(deviceRow(type)->icon, expected[type]) << type;
 }
 
 TEST(DeviceTree, onlySettingsHavePages)
 {
-    for (const std::int32_t type : {-1, 0, 1, 2, 3, 4, 6, 12})
-        EXPECT_FALSE(deviceEntryHasPage(type)) << type;
-    for (const std::int32_t type : {5, 7, 8, 9, 10, 11})
-        EXPECT_TRUE(deviceEntryHasPage(type)) << type;
+    const std::map<std::int32_t, UINT> expected = {{5, 110}, {7, 107}, {8, 109}, {9, 111}, {10, 112}, {11, 108}};
+    std::map<std::int32_t, UINT> dialogs;
+    for (const GmDeviceRow& row : deviceRows)
+        if (row.dialog)
+            dialogs.emplace(row.type, row.dialog);
+    EXPECT_EQ(dialogs, expected);
+}
+
+TEST(DeviceTree, aNumberThatIsNoKindHasNothing)
+{
+    for (const std::int32_t type : {-1, 12})
+    {
+        EXPECT_EQ(deviceRow(type), nullptr) << type;
+        EXPECT_EQ(deviceLabel(type, {GmPlotCfg3(), OD_T("PLOTTER.pc3"), fakeTexts()}), OD_T("")) << type;
+    }
+}
+
+TEST(DeviceTree, assertionsNameTheKind)
+{
+    const std::string names[] = {"eChecked",        "eRoot",      "eMedia",     "eMediaDest",
+                                 "eSourceSize",     "eCollating", "eGraphics",  "eVectorGraphics",
+                                 "eRasterGraphics", "eTrueType",  "eMergeCtrl", "eCustomProp"};
+    ASSERT_EQ(deviceRowCount, std::ssize(names));
+    for (std::int32_t type = 0; type < deviceRowCount; ++type)
+        EXPECT_EQ(deviceRow(type)->iconAssertion, "iIcon == " + names[type]);
 }
 
 TEST_F(DeviceLabel, plainEntriesShowTheirText)
@@ -127,7 +151,7 @@ TEST_F(DeviceLabel, destinationAndCollatingStandInBrackets)
     EXPECT_EQ(label(eCollating), OD_T("[221] <[203]>"));
 }
 
-TEST_F(DeviceLabel, thePaperStandsBehindABlank)
+TEST_F(DeviceLabel, thePaperFollowsABlank)
 {
     cfg.m_media.m_size.m_name = OD_T("100% A4");
     EXPECT_EQ(label(eSourceSize), OD_T("[219] [227]100% A4"));

@@ -1,5 +1,5 @@
 #include "GarmPC3Editor/Decisions/DriverSettings.h"
-#include "GarmPC3Editor/Decisions/ResolutionName.h"
+#include "GarmPC3Editor/Decisions/DeviceLabels.h"
 
 #include <gtest/gtest.h>
 
