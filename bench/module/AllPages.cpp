@@ -1,19 +1,23 @@
 #include "bench/module/AllPages.h"
 
+#include "GarmPC3Editor/Decisions/DeviceTree.h"
 #include "bench/module/BareSheet.h"
 #include "bench/module/OpenedSheet.h"
 #include "resources/Resource.h"
 
 #include <commctrl.h>
-#include <iterator>
+#include <cstddef>
 #include <stdexcept>
 
 namespace modulebench
 {
 namespace
 {
-constexpr UINT treePages[] = {IDD_VECTOR_GRAPHICS, IDD_CUSTOM_PROP, IDD_RASTER_GRAPHICS,
-                              IDD_COLLATING,       IDD_TRUETYPE,    IDD_MERGE_CTRL};
+constexpr bool hasPage(const GmDeviceRow& row) noexcept
+{
+    return row.dialog != 0;
+}
+constexpr auto treePages = std::ranges::count_if(deviceRows, &hasPage);
 
 HTREEITEM next(HWND tree, WPARAM which, HTREEITEM item)
 {
@@ -46,9 +50,9 @@ void addTexts(std::wstring& texts, HWND tree, HTREEITEM item)
     }
 }
 
-std::size_t dialogsIn(HWND page)
+std::ptrdiff_t dialogsIn(HWND page)
 {
-    std::size_t count = 0;
+    std::ptrdiff_t count = 0;
     HWND dialog = nullptr;
     while ((dialog = ::FindWindowExW(page, dialog, L"#32770", nullptr)) != nullptr)
         ++count;
@@ -63,7 +67,7 @@ void showBothTabs(HWND sheet, MakePages makePages)
     paint(sheet);
     const HWND page = shownPage(sheet);
     makePages(page);
-    if (dialogsIn(page) != std::size(treePages))
+    if (dialogsIn(page) != treePages)
         throw std::runtime_error("not all pages of the device tree have been made");
     showTab(sheet, 0);
     paint(sheet);
@@ -85,9 +89,11 @@ void showAllBarePages(HWND sheet, HINSTANCE resources)
     showBothTabs(sheet,
                  [resources](HWND page)
                  {
-                     for (const UINT dialog : treePages)
+                     for (const GmDeviceRow& row : deviceRows)
                      {
-                         ::ShowWindow(createBareDialog(resources, dialog, page), SW_SHOW);
+                         if (!hasPage(row))
+                             continue;
+                         ::ShowWindow(createBareDialog(resources, row.dialog, page), SW_SHOW);
                          paint(page);
                      }
                  });

@@ -1,5 +1,6 @@
 #include "bench/module/FilledPages.h"
 
+#include "GarmPC3Editor/Decisions/DeviceTree.h"
 #include "bench/module/BareCalls.h"
 #include "bench/module/BareSheet.h"
 #include "resources/Resource.h"
@@ -23,28 +24,21 @@ constexpr PageText texts[] = {{IDC_FILE_NAME, L"load.pc3"},
                               {IDC_VERSION, L"Version: not specified"},
                               {IDC_PORT, L"Port: LPR:DesignJet-3500CP"}};
 
-constexpr UINT icons[] = {IDI_CHECKED,         IDI_SYSTEM_PRINTER, IDI_MEDIA,      IDI_MEDIA_DEST,
-                          IDI_SOURCE_SIZE,     IDI_COLLATING,      IDI_GRAPHICS,   IDI_VECTOR_GRAPHICS,
-                          IDI_RASTER_GRAPHICS, IDI_TRUETYPE,       IDI_MERGE_CTRL, IDI_CUSTOM_PROP};
-
-struct Entry
-{
-    int icon;
-    int parent; // an entry before, -1 for none
-    const wchar_t* text;
-};
-// With the values of a new configuration: they make the tree wider than its room, so that it has a scroll bar to paint.
-constexpr Entry entries[] = {{1, -1, L"load.pc3"},
-                             {2, 0, L"Media"},
-                             {4, 1, L"Source and size <Size: US Letter>"},
-                             {3, 1, L"Media destination <Default>"},
-                             {5, 3, L"Collating <Not collated>"},
-                             {6, 0, L"Graphics"},
-                             {7, 5, L"Vector graphics <Colors: 1, depth 32> <Resolution: 300x300> <Dithering: None>"},
-                             {8, 5, L"Raster graphics <Preference: 50> <Raster images: 6> <OLE objects: 6>"},
-                             {9, 5, L"TrueType text <As text>"},
-                             {10, 5, L"Merge control <Lines overwrite>"},
-                             {11, 0, L"Custom properties"}};
+// The labels of the tree's entries in their order, with the values of a new configuration: they make the tree wider
+// than its room, so that it has a scroll bar to paint.
+constexpr const wchar_t* labels[] = {L"load.pc3",
+                                     L"Media",
+                                     L"Source and size <Size: US Letter>",
+                                     L"Media destination <Default>",
+                                     L"Collating <Not collated>",
+                                     L"Graphics",
+                                     L"Vector graphics <Colors: 1, depth 32> <Resolution: 300x300> <Dithering: None>",
+                                     L"Raster graphics <Preference: 50> <Raster images: 6> <OLE objects: 6>",
+                                     L"TrueType text <As text>",
+                                     L"Merge control <Lines overwrite>",
+                                     L"Custom properties"};
+static_assert(std::size(labels) == static_cast<std::size_t>(std::ranges::count_if(deviceRows, [](const GmDeviceRow& row)
+                                                                                  { return row.label != nullptr; })));
 
 HINSTANCE libraryOf(LPARAM page)
 {
@@ -91,9 +85,9 @@ HIMAGELIST entryPictures(HINSTANCE resources)
 {
     const int size = ::GetSystemMetrics(SM_CXSMICON);
     const HIMAGELIST images = ::ImageList_Create(size, size, ILC_MASK | ILC_COLOR24, 0, 1);
-    for (const UINT id : icons)
+    for (std::int32_t type = 0; type < deviceRowCount; ++type)
     {
-        const HICON icon = iconOf(resources, id, size);
+        const HICON icon = iconOf(resources, deviceRow(type)->icon, size);
         ::ImageList_ReplaceIcon(images, -1, icon);
         ::DestroyIcon(icon);
     }
@@ -102,23 +96,26 @@ HIMAGELIST entryPictures(HINSTANCE resources)
 
 void insertEntries(HWND tree)
 {
-    HTREEITEM items[std::size(entries)] = {};
-    for (std::size_t i = 0; i < std::size(entries); ++i)
+    HTREEITEM items[deviceRowCount] = {};
+    const auto* label = std::begin(labels);
+    for (const GmDeviceRow& row : deviceRows)
     {
+        if (!row.label)
+            continue;
         TVINSERTSTRUCTW insert = {};
-        insert.hParent = entries[i].parent < 0 ? TVI_ROOT : items[entries[i].parent];
+        insert.hParent = row.parent ? items[*row.parent] : TVI_ROOT;
         insert.hInsertAfter = TVI_LAST;
         insert.item.mask = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE;
-        insert.item.pszText = const_cast<wchar_t*>(entries[i].text);
-        insert.item.iImage = entries[i].icon;
-        insert.item.iSelectedImage = entries[i].icon;
-        items[i] =
+        insert.item.pszText = const_cast<wchar_t*>(*label++);
+        insert.item.iImage = row.type;
+        insert.item.iSelectedImage = row.type;
+        items[row.type] =
             reinterpret_cast<HTREEITEM>(::SendMessageW(tree, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insert)));
     }
     // As the editor does: what media has is to be seen, what graphics has is not.
-    ::SendMessageW(tree, TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(items[1]));
-    ::SendMessageW(tree, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(items[std::size(items) - 1]));
-    ::SendMessageW(tree, TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(items[0]));
+    ::SendMessageW(tree, TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(items[eMedia]));
+    ::SendMessageW(tree, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(items[eCustomProp]));
+    ::SendMessageW(tree, TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(items[eRoot]));
 }
 
 void fillDevice(HWND page, HINSTANCE resources)
