@@ -16,7 +16,6 @@ LANGUAGES = ("en", "de", "ja")
 SCALES = (96, 144, 192)
 PLOTTER = "DesignJet-3500CP"
 VIRTUAL_PRINTER = "Tarnwick PDF Printer 2018"
-PAGES = ("root", "collating", "vector", "raster", "truetype", "merge")
 
 
 def take_all(prefix, language, target):
@@ -59,9 +58,7 @@ def _sessions(folder):
 def _pages():
     script = Script("edit plan.pc3", "dialog",
                     f"type {ed.DESCRIPTION} Plans of the second floor, colour, ISO A1", "picture 01-general")
-    script.device_tab().add("picture 02-custom")
-    for name in PAGES:
-        script.entry(name).add(f"picture 03-{name}")
+    script.device_tab().add("picture 02-device").entry("root").add("picture 03-page-none", "page-pictures 03-page")
     script.entry("collating").add(f"choose {ed.COLLATING} 1")
     script.entry("raster").add(f"slide {ed.PREFERENCE} 10", f"slide {ed.RASTER_IMAGES} 2")
     script.entry("truetype").add(f"click {ed.AS_GRAPHICS}")

@@ -1,5 +1,6 @@
 #include "tests/support/operator/Steps.h"
 
+#include "GarmPC3Editor/Decisions/DeviceTree.h"
 #include "files/FileChecks.h"
 #include "host/CGarmPath.h"
 #include "host/GmLanguage.h"
@@ -81,6 +82,7 @@ Questions
   title, box, text ID, value ID, choices ID, enabled ID, present ID, which-tab, tree, controls, owner-enabled, counts
   host-value ID           of the window that the editor is opened from
   picture NAME            writes NAME.bmp
+  page-pictures NAME      selects each entry of the tree that has a page, and writes NAME-TYPE.bmp
 )";
 }
 
@@ -227,6 +229,8 @@ bool Steps::runQuestion(const std::string& verb, std::string rest)
         tellCounts();
     else if (verb == "picture")
         takePicture(rest);
+    else if (verb == "page-pictures")
+        takePagePictures(rest);
     else
         return false;
     return true;
@@ -300,6 +304,17 @@ void Steps::takePicture(const std::string& name)
 {
     const HWND dialog = m_hands.dialog();
     m_ui.doNow([&] { savePicture(dialog, CGarmPath::join(m_place.pictures, OdString(wide(name) + L".bmp"))); });
+}
+
+void Steps::takePagePictures(const std::string& name)
+{
+    for (const TreeEntry& entry : m_hands.entries())
+    {
+        if (!deviceRow(entry.type)->dialog)
+            continue;
+        m_hands.selectEntry(entry.type);
+        takePicture(name + "-" + std::to_string(entry.type));
+    }
 }
 
 void Steps::tellTree() const

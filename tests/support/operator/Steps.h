@@ -51,6 +51,7 @@ private:
     void switchLanguage(const OdString& tag) const;
     void askOutside(const std::string& what) const;
     void takePicture(const std::string& name);
+    void takePagePictures(const std::string& name);
     void tellTree() const;
     void tellCounts() const;
 
