@@ -8,9 +8,8 @@
 
 namespace files
 {
-// Bytes on the heap that are not cleared when they are made: files and texts are filled at once, and clearing them
-// first would cost as much as reading them. One byte more than the capacity may be written; a parser puts its
-// sentinel there.
+// Bytes on the heap that are not cleared on allocation: files and texts fill them immediately, and clearing would cost
+// as much as reading. One byte beyond the capacity may be written; a parser puts its sentinel there.
 class ByteBuffer
 {
 public:
@@ -25,7 +24,7 @@ public:
     // At most the capacity.
     void setSize(std::size_t size) noexcept { m_size = size; }
 
-    // Forgets the first bytes without moving the others.
+    // Drops the first bytes without moving the rest.
     void dropFront(std::size_t count) noexcept
     {
         m_begin += count;
@@ -44,7 +43,7 @@ public:
         *this = std::move(larger);
     }
 
-    // Makes room for more bytes behind the content, at least doubling what there is.
+    // Makes room for more bytes after the content, at least doubling the capacity.
     void reserveMore(std::size_t count)
     {
         if (capacity() - m_size < count)

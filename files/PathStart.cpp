@@ -21,14 +21,14 @@ bool hasDriveAt(OdStringView path, std::size_t index) noexcept
     return letter >= 'a' && letter <= 'z';
 }
 
-// The end of the next part from here, with its separator when there is one.
+// The end of the next part, including its separator if there is one.
 std::size_t behindPart(OdStringView path, std::size_t start) noexcept
 {
     const std::size_t end = path.find_first_of(separators, start);
     return end == path.npos ? path.size() : end + 1;
 }
 
-// Whether "\\" is followed by this sign alone, as in "\\?\" and "\\.\". A server may be called "?x" as far as we know.
+// Whether "\\" is followed by this sign alone, as in "\\?\" and "\\.\". A server may well be called "?x".
 bool isNamespace(OdStringView path, OdChar sign) noexcept
 {
     return path.size() >= 3 && path[2] == sign && (path.size() == 3 || isPathSeparator(path[3]));
@@ -38,11 +38,11 @@ bool isNumberedDevice(OdStringView name) noexcept
 {
     if (name.size() != 4 || !(odStartsWithNoCase(name, OD_T("com")) || odStartsWithNoCase(name, OD_T("lpt"))))
         return false;
-    // The raised figures count too.
+    // The superscript digits count too.
     return (name[3] >= '1' && name[3] <= '9') || name[3] == 0xB9 || name[3] == 0xB2 || name[3] == 0xB3;
 }
 
-// Whether a file name is a device's: up to the first dot or colon, without the blanks before that.
+// Whether a file name is a device's. Only the part up to the first dot or colon counts, without trailing spaces.
 bool isDeviceName(OdStringView name) noexcept
 {
     name = name.substr(0, name.find_first_of(OD_T(".:")));

@@ -4,12 +4,13 @@
 
 namespace files
 {
-// For how long a reader or a writer tries again when another program is in its way: two seconds from the first refusal.
-// Saves take some milliseconds, also on a share; who holds a file longer than this holds it for good.
+// How long a reader or writer retries while another program has the file open: two seconds from the first refusal. A
+// save takes a few milliseconds, even on a share; a program that holds a file longer than this will not release it
+// soon.
 class Patience
 {
 public:
-    // Waits a little, each time longer. False, without waiting, when the time is over.
+    // Waits a little, longer each time. Returns false at once when the time is up.
     bool again() noexcept;
 
 private:
@@ -17,7 +18,7 @@ private:
     unsigned m_pause = 1;    // milliseconds
 };
 
-// Of a clock that only goes forward.
+// From a clock that never goes back.
 std::uint64_t milliseconds() noexcept;
 
 void pause(unsigned milliseconds) noexcept;

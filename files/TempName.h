@@ -7,20 +7,21 @@
 #include <string>
 #include <string_view>
 
-// Names of the temporary files that a write makes: "~gm", 16 hexadecimal digits at random, ".tmp". Short, so that it
-// fits wherever the target's name does, and never taken for a configuration, which ends in ".pc3". Writers in other
-// containers and Wine prefixes, and on other machines, use the same folder, so nothing in the name says whose it is.
+// Names of the temporary files that a write creates: "~gm", 16 random hexadecimal digits, ".tmp". They are short, so
+// they fit wherever the target's name does, and never mistaken for a configuration, which ends in ".pc3". Writers in
+// other containers and Wine prefixes, and on other machines, use the same folder, so the name says nothing about its
+// owner.
 namespace files
 {
 constexpr std::string_view tempNameStart = "~gm";
 constexpr std::string_view tempNameEnd = ".tmp";
 constexpr std::size_t tempNameDigits = 16;
 
-// How old a temporary file has to be before it can be one that a killed process left behind. By the clock of the file
+// The age from which a temporary file may have been left behind by a killed process. Measured by the clock of the file
 // system, which need not be ours.
 constexpr std::uint64_t staleSeconds = 3600;
 
-// Another name with each call.
+// A different name with each call.
 inline std::string newTempName()
 {
     std::random_device random;
@@ -43,6 +44,6 @@ inline bool isTempName(std::string_view name) noexcept
     return digits.find_first_not_of("0123456789abcdef") == digits.npos;
 }
 
-// Where a file is rewritten in place, the new content is kept under this name beside it until that is done.
+// While a file is rewritten in place, the new content is kept beside it under this name.
 constexpr std::string_view spareNameEnd = ".new";
 } // namespace files

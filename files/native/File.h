@@ -6,7 +6,7 @@
 
 namespace files
 {
-// Owns a file descriptor; negative: none.
+// Owns a file descriptor; a negative one is none.
 class File
 {
 public:
@@ -22,7 +22,7 @@ public:
     explicit operator bool() const noexcept { return m_descriptor >= 0; }
     int get() const noexcept { return m_descriptor; }
 
-    // False when what was written did not arrive, which some file systems notice only now.
+    // False if data did not reach the disk; some file systems notice this only when closing.
     bool close() noexcept
     {
         const int descriptor = std::exchange(m_descriptor, -1);

@@ -20,7 +20,7 @@ namespace files
 {
 namespace
 {
-// False for a name that no file here can have; it would be taken for another one.
+// False for a name that no file here can have; the system would take it for another one.
 bool toNative(const OdChar* path, std::string& native)
 {
     const OdStringView text = odViewOrEmpty(path);
@@ -34,7 +34,7 @@ std::string_view folderOf(std::string_view path) noexcept
     return slash == path.npos ? std::string_view() : path.substr(0, slash + 1);
 }
 
-// The file behind a path that may name a symbolic link, whether that file exists or not.
+// The file that a path leads to if it names a symbolic link, whether that file exists or not.
 const char* followLinks(std::string& path)
 {
     constexpr int mostLinks = 40;
@@ -43,7 +43,7 @@ const char* followLinks(std::string& path)
         char target[PATH_MAX];
         const ssize_t length = ::readlink(path.c_str(), target, sizeof target);
         if (length < 0)
-            return nullptr; // no link; whatever else is wrong shows when it is used
+            return nullptr; // not a link; any other problem shows when the path is used
         const std::string_view name(target, static_cast<std::size_t>(length));
         path = name.starts_with('/') ? std::string(name) : std::string(folderOf(path)).append(name);
     }
@@ -56,11 +56,11 @@ const char* readFile(const OdChar* path, ByteBuffer& bytes)
     std::string name;
     if (!toNative(path, name))
         return "no file has that name";
-    // Without waiting: a pipe would keep us until somebody writes to it.
+    // Without waiting: opening a pipe would block until another program writes to it.
     const File file(::open(name.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     if (!file)
         return reasonOf(errno, "the file cannot be opened");
-    // A writer that rewrites the file in place.
+    // A writer is rewriting the file in place.
     Patience patience;
     while (lockFile(file.get(), F_RDLCK) == Lock::busy)
         if (!patience.again())
@@ -88,7 +88,7 @@ const char* replaceFile(const OdChar* path, std::string_view bytes)
         return target.empty() ? "that is a folder, not a file" : reasonOf(errno, cannotWrite);
     if (exists && !S_ISREG(status.st_mode))
         return "that is a folder or a device, not a file";
-    // An administrator may write every file; one that nobody may write is meant to stay as it is.
+    // An administrator may write every file, but a read-only one is meant to stay as it is.
     constexpr mode_t anyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
     if (exists &&
         ((status.st_mode & anyWrite) == 0 || ::faccessat(folder.get(), target.c_str(), W_OK, AT_EACCESS) != 0))
@@ -100,8 +100,8 @@ const char* replaceFile(const OdChar* path, std::string_view bytes)
     removeStaleFiles(folder.get(), temp.file().get());
     if (!writeAll(temp.file().get(), bytes))
         return reasonOf(errno, cannotWrite);
-    // A file with other names, or one that only its owner can make anew, is rewritten where it is. Asked after the
-    // bytes are written: until then only we may see them, and writing takes away some bits of the mode.
+    // A file with several names, or one that only its owner can recreate, is rewritten in place. Checked after the
+    // bytes are written, because until then only we may see them, and because writing clears some bits of the mode.
     const bool replaced =
         !exists || (status.st_nlink == 1 && takeOverProperties(temp.file().get(), name.c_str(), status));
     if (::fsync(temp.file().get()) != 0 || !temp.file().close())
@@ -110,7 +110,8 @@ const char* replaceFile(const OdChar* path, std::string_view bytes)
         return rewriteInPlace(folder.get(), name, temp, bytes);
     if (!temp.takePlaceOf(target.c_str()))
         return reasonOf(errno, cannotWrite);
-    // The new file stands; that its name reaches the disk too is all that is left, and not every file system can say.
+    // The new file is in place. All that is left is that its name reaches the disk, which not every file system can
+    // confirm.
     (void)::fsync(folder.get());
     return nullptr;
 }

@@ -44,7 +44,7 @@ const char* readAll(int file, ByteBuffer& bytes)
     if (static_cast<std::uint64_t>(status.st_size) > maxFileBytes)
         return "the file is too large";
 
-    // One byte more than there should be, to see the end of the file.
+    // One byte more than expected, to see the end of the file.
     bytes = ByteBuffer(static_cast<std::size_t>(status.st_size) + 1);
     for (;;)
     {
@@ -59,7 +59,7 @@ const char* readAll(int file, ByteBuffer& bytes)
         if (bytes.size() > maxFileBytes)
             return "the file is too large";
         if (bytes.size() == bytes.capacity())
-            bytes.reserveMore(1); // it is growing while we read
+            bytes.reserveMore(1); // it grows while we read
     }
 }
 

@@ -7,10 +7,10 @@
 // What reading and writing have in common.
 namespace files
 {
-// A system error in plain English; otherwise for one that says nothing to a user.
+// A system error in plain English; otherwise is for one that would mean nothing to a user.
 const char* reasonOf(int error, const char* otherwise) noexcept;
 
-// The whole content of an open file. Null after success, otherwise the reason.
+// The whole content of an open file. Returns null on success, otherwise the reason.
 const char* readAll(int file, ByteBuffer& bytes);
 
 bool writeAll(int file, std::string_view bytes) noexcept;

@@ -44,7 +44,7 @@ std::string withoutDots(const std::string& path)
     std::string result;
     for (const std::string_view part : parts)
         result.append("/").append(part);
-    // A separator at the end says that a folder is meant.
+    // A trailing separator says that a folder is meant.
     return path.ends_with('/') || result.empty() ? result + "/" : result;
 }
 } // namespace

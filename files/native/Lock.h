@@ -9,12 +9,12 @@ namespace files
 enum class Lock
 {
     held,
-    busy,    // another one has it
+    busy,    // another program has it
     unknown, // this file system has no locks
 };
 
-// Locks a whole open file without waiting: F_RDLCK together with other readers, F_WRLCK alone, which needs a file open
-// for writing. The lock goes with the open file, and Wine's programs see it.
+// Locks a whole open file without waiting: F_RDLCK shared with other readers, F_WRLCK exclusively, for which the file
+// must be open for writing. The lock ends with the open file. Programs under Wine see it too.
 inline Lock lockFile(int file, short type) noexcept
 {
     struct flock range = {};

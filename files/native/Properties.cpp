@@ -15,7 +15,7 @@ namespace
 {
 constexpr mode_t allPermissions = 07777;
 
-// What a query by size and fill gives; nothing when it fails.
+// The result of a size-then-fill query; nothing if it fails.
 template <class Query>
 std::optional<std::string> queryBytes(Query query)
 {
@@ -24,7 +24,7 @@ std::optional<std::string> queryBytes(Query query)
         const ssize_t size = query(nullptr, 0);
         if (size < 0)
             return std::nullopt;
-        // A byte more, so that what has grown meanwhile is seen.
+        // One byte more, so that growth in the meantime is noticed.
         std::string bytes(static_cast<std::size_t>(size) + 1, '\0');
         const ssize_t got = query(bytes.data(), bytes.size());
         if (got < 0 && errno == ERANGE)
@@ -36,7 +36,7 @@ std::optional<std::string> queryBytes(Query query)
     }
 }
 
-// Calls visit with each name; false as soon as it does. Names end in a NUL.
+// Calls visit with each name and stops at the first false. Names end in a NUL.
 template <class Visit>
 bool forEachName(const std::string& names, Visit visit)
 {
@@ -46,7 +46,8 @@ bool forEachName(const std::string& names, Visit visit)
     return true;
 }
 
-// Access lists are extended attributes too. What the new file inherited from its folder and the other has not goes.
+// Access lists are extended attributes too. Those that the new file inherited from its folder and the other file lacks
+// are removed.
 bool takeOverAttributes(int file, const char* path)
 {
     const auto wanted = queryBytes([path](char* out, std::size_t size) { return ::listxattr(path, out, size); });
@@ -67,15 +68,15 @@ bool takeOverAttributes(int file, const char* path)
                                           return false;
                                       if (::fsetxattr(file, name, value->data(), value->size(), 0) == 0)
                                           return true;
-                                      // A label of the system's that only the system may give, and has given.
+                                      // A label that only the system can set, and has set.
                                       const auto given = queryBytes([&](char* out, std::size_t size)
                                                                     { return ::fgetxattr(file, name, out, size); });
                                       return given && *given == *value;
                                   });
 }
 
-// The owner first, because a change of it takes away some bits of the mode, and the mode last, because a list of
-// permissions sets the group's.
+// The owner comes first, because changing it clears some bits of the mode, and the mode last, because an access list
+// sets the group's bits.
 bool takeOverAll(int file, const char* path, const struct stat& wanted)
 {
     struct stat status = {};
@@ -95,7 +96,7 @@ bool takeOverProperties(int file, const char* path, const struct stat& status)
 {
     if (takeOverAll(file, path, status))
         return true;
-    // An access list that was given goes with the mode's group bits.
+    // An access list that was set determines the group bits of the mode.
     ::fchmod(file, S_IRUSR | S_IWUSR);
     return false;
 }

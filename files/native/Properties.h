@@ -4,8 +4,8 @@ struct stat;
 
 namespace files
 {
-// Gives a new file who may use another one: its owner, group, mode, access list and extended attributes, never more
-// rights than it has. path names the other file, without links, and status is its state. False when something could not
-// be given; the new file is then for its owner alone.
+// Gives a new file the permissions of another one: owner, group, mode, access list and extended attributes, and never
+// more rights than the other has. path names the other file, with links resolved, and status is its state. False if
+// something could not be set; the new file is then accessible to its owner only.
 bool takeOverProperties(int file, const char* path, const struct stat& status);
 } // namespace files

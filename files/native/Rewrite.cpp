@@ -23,7 +23,7 @@ bool put(int file, std::string_view bytes) noexcept
            ::ftruncate(file, static_cast<off_t>(bytes.size())) == 0 && ::fsync(file) == 0;
 }
 
-// The file open and locked, and its old content.
+// The file, open and locked, and its old content.
 const char* openTarget(const std::string& path, File& file, ByteBuffer& old)
 {
     file = File(::open(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
@@ -49,7 +49,7 @@ bool takeSpareName(TempFile& temp, const char* spare) noexcept
 const char* rewriteInPlace(int folder, const std::string& path, TempFile& temp, std::string_view bytes)
 {
     const std::string spare = path.substr(path.rfind('/') + 1).append(spareNameEnd);
-    // Two writers cannot both have the spare name, so neither writes into what the other does.
+    // Two writers cannot both create the spare name, so neither overwrites the other's work.
     if (!takeSpareName(temp, spare.c_str()))
         return errno == EEXIST ? "a file with the same name and \".new\" is in the way" : reasonOf(errno, cannotWrite);
     (void)::fsync(folder);

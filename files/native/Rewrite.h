@@ -7,11 +7,11 @@
 
 namespace files
 {
-// Gives a file new bytes without giving it another owner, other names or other attributes: for what cannot be had for a
-// file that takes its place. temp holds the bytes already, on the disk, and they are kept beside the target under its
-// name and ".new" until the target has them: a kill in between leaves them there whole. When it fails the old content
-// is put back; where even that fails the ".new" file stays.
+// Writes new bytes into a file without changing its owner, names or attributes, for files that cannot be replaced by a
+// new one. temp already has the bytes on disk; they are kept beside the target as its name plus ".new" until it has
+// been rewritten, so a kill in between leaves them there complete. On failure the old content is restored; if even that
+// fails, the ".new" file stays.
 //
-// path names the target, without links. Null after success, otherwise the reason.
+// path names the target, with links resolved. Returns null on success, otherwise the reason.
 const char* rewriteInPlace(int folder, const std::string& path, TempFile& temp, std::string_view bytes);
 } // namespace files

@@ -21,7 +21,7 @@ void removeIfStale(int folder, const char* name, time_t now) noexcept
         now - status.st_mtime < static_cast<time_t>(staleSeconds))
         return;
     const File file(::openat(folder, name, O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-    // Its name is random: it is this file's or nobody's.
+    // The name is random, so it is either this file's or unused.
     if (file && lockFile(file.get(), F_WRLCK) == Lock::held)
         ::unlinkat(folder, name, 0);
 }

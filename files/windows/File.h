@@ -6,7 +6,7 @@
 
 namespace files
 {
-// Owns a file handle; INVALID_HANDLE_VALUE: none.
+// Owns a file handle; INVALID_HANDLE_VALUE is none.
 class File
 {
 public:

@@ -31,12 +31,13 @@ const char* replaceFile(const OdChar* path, std::string_view bytes)
     removeStaleFiles(target.folder(), temp.file());
     if (!writeAll(temp.file().get(), bytes) || !::FlushFileBuffers(temp.file().get()) || !temp.file().close())
         return reasonOf(::GetLastError(), cannotWrite);
-    // A file with other names, or one that only its owner can make anew, is rewritten where it is.
+    // A file with several names, or one that only its owner can recreate, is rewritten in place.
     if (target.hasOtherNames || !temp.takeOverRights(target))
         return rewriteInPlace(target, temp, bytes);
     if (const char* reason = temp.takePlaceOf(target))
         return reason;
-    // The new file stands; that its name reaches the disk too is all that is left, and not every file system can say.
+    // The new file is in place. All that is left is that its name reaches the disk, which not every file system can
+    // confirm.
     const File folder(openShared(target.folder(), GENERIC_WRITE));
     if (folder)
         ::FlushFileBuffers(folder.get());

@@ -8,8 +8,8 @@
 
 namespace
 {
-// How the system is asked for a path, so that its length does not matter. Empty for what is no place on a disk: for the
-// name of a device the system would report the attributes of a file.
+// The path in a form whose length does not matter to the system. Empty for what is not a place on a disk: for the name
+// of a device the system would report the attributes of a file.
 OdString askedPath(const OdString& path)
 {
     if (path.isEmpty() || path.find(OdChar()) >= 0)
@@ -18,7 +18,7 @@ OdString askedPath(const OdString& path)
     return pathStart(full).kind == PathKind::device ? OdString() : extendedPath(full);
 }
 
-// Of what a link leads to.
+// Of the target, if it is a link.
 DWORD attributesBehindLink(const OdString& asked)
 {
     const HANDLE handle =
@@ -32,7 +32,7 @@ DWORD attributesBehindLink(const OdString& asked)
     return got ? information.dwFileAttributes : INVALID_FILE_ATTRIBUTES;
 }
 
-// INVALID_FILE_ATTRIBUTES for what is not there.
+// INVALID_FILE_ATTRIBUTES if it does not exist.
 DWORD attributesOf(const OdString& path)
 {
     const OdString asked = askedPath(path);

@@ -16,7 +16,7 @@ OdString fullPath(const OdString& path)
             return path;
         if (length < full.size())
             return OdString(OdStringView(full.data(), length));
-        // The current folder may have changed since the last time, so the size asked for need not be enough.
+        // The current folder may have changed in the meantime, so the size asked for may not be enough.
         full.resize(length + std::size_t{1});
     }
 }

@@ -15,7 +15,7 @@ bool put(const File& file, std::string_view bytes) noexcept
            ::SetEndOfFile(file.get()) && ::FlushFileBuffers(file.get());
 }
 
-// For us alone, so that no program reads half of the old and half of the new.
+// Exclusively, so that no program reads half of the old and half of the new content.
 const char* openTarget(const std::wstring& path, File& file, ByteBuffer& old)
 {
     Patience patience;
@@ -43,7 +43,7 @@ bool takeSpareName(TempFile& temp, const std::wstring& spare) noexcept
 const char* rewriteInPlace(const Target& target, TempFile& temp, std::string_view bytes)
 {
     const std::wstring spare = target.path + std::wstring(spareNameEnd.begin(), spareNameEnd.end());
-    // Two writers cannot both have the spare name, so neither writes into what the other does.
+    // Two writers cannot both create the spare name, so neither overwrites the other's work.
     if (!takeSpareName(temp, spare))
     {
         const DWORD error = ::GetLastError();

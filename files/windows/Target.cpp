@@ -15,8 +15,8 @@ constexpr auto cannotWrite = "the file cannot be written";
 constexpr auto notAFile = "that is a folder or a device, not a file";
 constexpr auto noName = "no file has that name";
 
-// Runs a query that is given a buffer and its size and answers the length of the text, or the size it wants with its
-// terminator, or 0. Empty when it fails.
+// Runs a query that takes a buffer and its size and returns the length of the text, the size it needs including the
+// terminator, or 0. Empty if it fails.
 template <class Query>
 std::wstring queryText(Query query)
 {
@@ -33,8 +33,8 @@ std::wstring queryText(Query query)
     }
 }
 
-// Where an open file or folder really is, with all links followed; such a path is absolute in the sense above. Some
-// file systems cannot tell, nor can Wine for long paths: then the path it was opened by, if that is no link itself.
+// Where an open file or folder really is, with all links resolved; such a path is absolute. Some file systems cannot
+// say, nor can Wine for long paths: then the path it was opened by, unless that is a link itself.
 std::wstring finalPath(const File& file, const std::wstring& path)
 {
     std::wstring final =
@@ -53,7 +53,7 @@ const char* examine(const File& file, Target& target)
         return notAFile;
     if (information.dwFileAttributes & FILE_ATTRIBUTE_READONLY)
         return "the file is read-only";
-    // What the exchange needs, asked for beforehand: later another file could be in the way of the answer.
+    // What the replacement needs to know, asked beforehand: later another file could change the answer.
     const File exchangeable(openShared(target.path, DELETE));
     if (!exchangeable)
         return reasonOf(::GetLastError(), cannotWrite);
@@ -88,7 +88,7 @@ std::wstring absolutePath(const OdString& path)
 const char* findTarget(const wchar_t* path, Target& target)
 {
     target.path = absolutePath(OdString(path));
-    // Behind a colon is the name of a stream inside a file; nothing can take the place of one.
+    // After a colon comes the name of a stream inside a file, which no file can replace.
     if (target.path.empty() || target.path.find(L':', nameStart(target.path)) != target.path.npos)
         return noName;
 
@@ -99,7 +99,8 @@ const char* findTarget(const wchar_t* path, Target& target)
         return examine(file, target);
     if (error != ERROR_FILE_NOT_FOUND)
         return reasonOf(error, cannotWrite);
-    // A link that leads nowhere is there although no file is; it would be replaced by a file. Wine shows no such link.
+    // A link to a missing file exists although the file does not; it would be replaced by a file. Wine does not show
+    // such a link.
     constexpr auto leadsNowhere = "the link leads to no file";
     if (::GetFileAttributesW(target.path.c_str()) != INVALID_FILE_ATTRIBUTES)
         return leadsNowhere;

@@ -14,27 +14,27 @@ namespace files
 {
 namespace
 {
-// FileRenameInfoEx and its flags, which the headers know for newer systems only.
+// FileRenameInfoEx and its flags, which the headers define for newer systems only.
 constexpr auto fileRenameInfoEx = static_cast<FILE_INFO_BY_HANDLE_CLASS>(22);
 constexpr DWORD renameReplaces = 1;
 constexpr DWORD renameWhileOpen = 2;
 
-// Gives a file another name, in one step also when a file of that name is there.
+// Renames a file in one step, even if there is a file with that name.
 bool rename(const std::wstring& path, const std::wstring& name)
 {
     const File file(openShared(path, DELETE));
     if (!file)
         return false;
     const std::size_t nameBytes = name.size() * sizeof(wchar_t);
-    // In units that align the structure; all zero, with room for a terminator that is not counted.
+    // Counted in units that align the structure; all zero, with room for a terminator that is not counted.
     std::vector<std::uint64_t> block((sizeof(FILE_RENAME_INFO) + nameBytes) / sizeof(std::uint64_t) + 1);
     auto* information = reinterpret_cast<FILE_RENAME_INFO*>(block.data());
     const auto size = static_cast<DWORD>(block.size() * sizeof(std::uint64_t));
     information->FileNameLength = static_cast<DWORD>(nameBytes);
     std::memcpy(information->FileName, name.data(), nameBytes);
 
-    // Newer systems do it also while others have the replaced file open. The flags are where the plain form has its
-    // one byte.
+    // Newer systems can do it even while other programs have the replaced file open. The flags are where the plain form
+    // has its single byte.
     const DWORD flags = renameReplaces | renameWhileOpen;
     std::memcpy(information, &flags, sizeof flags);
     if (::SetFileInformationByHandle(file.get(), fileRenameInfoEx, information, size))
@@ -44,7 +44,7 @@ bool rename(const std::wstring& path, const std::wstring& name)
     return ::SetFileInformationByHandle(file.get(), FileRenameInfo, information, size);
 }
 
-// The list of who may do what; empty when it cannot be had.
+// The access list; empty if it cannot be read.
 std::vector<unsigned char> accessListOf(const File& file)
 {
     DWORD needed = 0;
@@ -64,7 +64,7 @@ bool isMissing(const std::wstring& path) noexcept
     return missing;
 }
 
-// Far behind the end of any content, so that it is in nobody's way.
+// Far past the end of any content, where it is in no one's way.
 bool lock(const File& file) noexcept
 {
     OVERLAPPED at = {};
@@ -85,7 +85,7 @@ void removeIfStale(const std::wstring& folder, const WIN32_FIND_DATAW& entry, st
     if (!ascii || !isTempName(std::string(name.begin(), name.end())) ||
         secondsOf(entry.ftLastWriteTime) + staleSeconds > now)
         return;
-    // Not shared: who writes it has it open.
+    // Not shared: while the file is being written, no other program can open it.
     File file(::CreateFileW((folder + entry.cFileName).c_str(), GENERIC_WRITE | DELETE, 0, nullptr, OPEN_EXISTING,
                             FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
     if (!file || !lock(file))
@@ -135,8 +135,7 @@ void TempFile::takeOverProperties(const std::wstring& target)
     const File file(openShared(target, FILE_READ_ATTRIBUTES | READ_CONTROL));
     if (!file)
         return;
-    // Opened for that alone: a share may let us write files but not say who may use them. A list that is the same
-    // already is left alone.
+    // Opened for this alone: a share may let us write files but not set permissions. An identical list is left alone.
     const File guarded(openShared(m_path, READ_CONTROL | WRITE_DAC));
     std::vector<unsigned char> list = accessListOf(file);
     if (guarded && !list.empty() && list != accessListOf(guarded))
@@ -147,7 +146,7 @@ void TempFile::takeOverProperties(const std::wstring& target)
         return;
     constexpr DWORD kept =
         FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
-    FILE_BASIC_INFO basic = {}; // zero: as it is
+    FILE_BASIC_INFO basic = {}; // zero: unchanged
     basic.FileAttributes = information.dwFileAttributes & kept;
     basic.CreationTime.LowPart = information.ftCreationTime.dwLowDateTime;
     basic.CreationTime.HighPart = static_cast<LONG>(information.ftCreationTime.dwHighDateTime);
@@ -172,13 +171,13 @@ const char* TempFile::takePlaceOf(const Target& target)
         if (m_path.empty())
             break; // the only copy, which must stay
     } while ((isBusy(::GetLastError()) || ::GetLastError() == ERROR_ACCESS_DENIED) && patience.again());
-    // That we may replace the target was found out before, so this is about who has it open.
+    // That we may replace the target was checked before, so the error means that another program has it open.
     const DWORD error = ::GetLastError();
     return reasonOf(target.exists && error == ERROR_ACCESS_DENIED ? ERROR_SHARING_VIOLATION : error,
                     "the file cannot be written");
 }
 
-// For a target that others have open, where the system does not replace such a file by a rename.
+// For a target that other programs have open, where the system cannot replace such a file by a rename.
 bool TempFile::exchangeOpen(const Target& target)
 {
     if (wine::hasTools())
@@ -188,7 +187,7 @@ bool TempFile::exchangeOpen(const Target& target)
         ::SetLastError(error);
         return done;
     }
-    // This goes through a moment in which there is no target.
+    // There is a moment without a target.
     if (::ReplaceFileW(target.path.c_str(), m_path.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr))
         return true;
     if (!isMissing(target.path))

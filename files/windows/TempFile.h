@@ -7,41 +7,41 @@
 
 namespace files
 {
-// A new file beside its target, removed again unless it got another name. No other program can write or remove it as
-// long as it is open, and it is locked, which tells it from a file left behind also where another Wine server, or none,
-// looks at it.
+// A new file beside its target, which is removed again unless it is renamed. While it is open, no other program can
+// write or delete it. It is also locked, which distinguishes it from a file left behind even for another Wine server,
+// or for a program without Wine.
 class TempFile
 {
 public:
-    // When none can be made, file() is empty and the last error tells why.
+    // If none can be created, file() is empty and the last error says why.
     explicit TempFile(const Target& target);
     TempFile(const TempFile&) = delete;
     TempFile& operator=(const TempFile&) = delete;
     ~TempFile();
 
-    // To be closed before the file gets its name, so that every program can open it under that name at once.
+    // Call this before the file is renamed, so that other programs can open it under its new name at once.
     File& file() noexcept { return m_file; }
 
-    // Lets the same people use it as use the target; once its bytes are written and it is closed. False when that
-    // cannot be done: then the target has to stay the file it is.
+    // Gives the file the target's permissions. Call this once its bytes are written and it is closed. False if that is
+    // not possible: the target must then stay the file it is.
     bool takeOverRights(const Target& target);
 
-    // In one step, in the place of a file that has the name. Null after success, otherwise the reason.
+    // Renames the file in one step, replacing a file with that name. Returns null on success, otherwise the reason.
     const char* takePlaceOf(const Target& target);
 
-    // Never in the place of another file: then the last error is ERROR_ALREADY_EXISTS.
+    // Renames the file but never replaces another one: then the last error is ERROR_ALREADY_EXISTS.
     bool takeFreeName(const std::wstring& path) noexcept;
 
 private:
     void takeOverProperties(const std::wstring& target);
     bool exchangeOpen(const Target& target);
 
-    std::wstring m_path; // empty when there is nothing to remove
+    std::wstring m_path; // empty if there is nothing to remove
     File m_file;
-    bool m_private = false; // made by Wine's tools
+    bool m_private = false; // created by Wine's tools
 };
 
-// Removes the temporary files of writers that are no more: those that are old beside a file just made in that folder
-// and that no other program has open or locked. What cannot be removed stays. folder ends in a backslash.
+// Removes the temporary files of writers that no longer run: those that are old compared with a file just created in
+// that folder, and that no other program has open or locked. What cannot be removed stays. folder ends in a backslash.
 void removeStaleFiles(const std::wstring& folder, const File& justMade);
 } // namespace files

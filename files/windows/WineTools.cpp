@@ -13,7 +13,7 @@ namespace files::wine
 {
 namespace
 {
-// Of Wine's own libraries: runs a program of the system below, and names of files there and here.
+// From Wine's own libraries: runs a Unix program, and converts file names between the two systems.
 using SpawnUnix = LONG(__cdecl*)(char* const* arguments, int wait);
 using ToUnixName = char*(__cdecl*)(const wchar_t* path);
 using FromUnixName = wchar_t*(__cdecl*)(const char* path);
@@ -35,7 +35,7 @@ struct FreeOnHeap
     void operator()(void* text) const noexcept { ::HeapFree(::GetProcessHeap(), 0, text); }
 };
 
-// Empty when the file has no name there.
+// Empty if the file has no name on the Unix side.
 std::string unixName(const std::wstring& path)
 {
     const auto convert = wineFunction<ToUnixName>(L"kernel32.dll", "wine_get_unix_file_name");
@@ -50,7 +50,7 @@ std::wstring windowsName(const std::string& unixPath)
     return name ? name.get() : L"";
 }
 
-// Runs a script with the paths as $1, $2, ..., silently. Its exit status; -1 when it could not be run.
+// Runs a script with the paths as $1, $2, ..., silently. Returns its exit status, or -1 if it could not be run.
 int run(const char* script, std::initializer_list<std::wstring> paths)
 {
     const SpawnUnix spawn = spawnUnix();
@@ -69,12 +69,12 @@ int run(const char* script, std::initializer_list<std::wstring> paths)
     for (std::string& word : words)
         arguments.push_back(word.data());
     arguments.push_back(nullptr);
-    // An error of the system's is a status far beyond those of programs.
+    // A system error is a status far above any program's.
     const LONG status = spawn(arguments.data(), TRUE);
     return status >= 0 && status <= 255 ? static_cast<int>(status) : -1;
 }
 
-// Times are not copied: the content is new. What cp could not copy it does not always tell.
+// Times are not copied, because the content is new. cp does not always report what it could not copy.
 constexpr auto giveRightsScript = R"sh(
 rights() { stat -c '%a %u %g' -- "$1"; }
 cp --attributes-only --preserve=mode,ownership,xattr -- "$2" "$1" && [ "$(rights "$1")" = "$(rights "$2")" ] && exit 0
@@ -101,7 +101,7 @@ std::optional<std::wstring> endOfLink(const std::wstring& path)
 {
     if (run(R"([ -L "$1" ])", {path}) != 0)
         return std::nullopt;
-    // What a tool prints can only be had through a file.
+    // A tool's output can only be read from a file.
     wchar_t folder[MAX_PATH + 1] = {};
     wchar_t answer[MAX_PATH + 1] = {};
     if (!::GetTempPathW(MAX_PATH, folder) || !::GetTempFileNameW(folder, L"gm", 0, answer))
