@@ -5,7 +5,7 @@
 
 #include <exception>
 
-// storeFile takes the bytes of the file and answers null, or the reason why it could not.
+// storeFile receives the bytes of the file and returns null, or the reason why it failed.
 template <class Store>
 bool CPIAOutput::save(const CPBlock& root, pia::Form form, Store storeFile) noexcept
 {

@@ -6,14 +6,14 @@
 #include <string>
 
 // Writes a PC3 file, children in stored order. The file is replaced in one step: after a failure the old one is intact.
-// A tree that could not be read back (beyond a limit, or a root with a name) is refused with the disk untouched.
+// A tree that could not be read back (beyond a limit, or a root with a name) is refused without touching the disk.
 // Nothing here throws: running out of memory is a failed write.
 class CPIAOutput
 {
 public:
     bool write(const CPBlock& root, const OdChar* path, pia::Form form = pia::Form::compressed);
 
-    // The bytes of the file; they are untouched after a failure.
+    // Puts the bytes of the file into the output, which is untouched after a failure.
     bool writeToMemory(const CPBlock& root, std::string& bytes, pia::Form form = pia::Form::compressed);
 
     // Why the last write failed, in plain English for tools; "" after success.

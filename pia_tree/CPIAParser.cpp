@@ -30,7 +30,7 @@ bool CPIAParser::parse(std::string_view bytes)
         });
 }
 
-// loadFile puts the bytes of the file where it is told, or answers the reason why not.
+// loadFile puts the bytes of the file into its argument, or returns the reason why it failed.
 template <class Load>
 bool CPIAParser::load(Load loadFile) noexcept
 {

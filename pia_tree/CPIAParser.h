@@ -10,7 +10,7 @@ namespace files
 class ByteBuffer;
 }
 
-// Reads a PC3 file. The root lives as long as the parser or until its next read; after a failed read there is none.
+// Reads a PC3 file. The root is valid until the parser's next read or its end; after a failed read there is none.
 // Nothing here throws: running out of memory is a failed read.
 class CPIAParser
 {
@@ -20,16 +20,16 @@ public:
     CPIAParser(const CPIAParser&) = delete;
     CPIAParser& operator=(const CPIAParser&) = delete;
 
-    // Null and "" are no files.
+    // Null and "" are refused.
     bool read(const OdChar* path);
-    // The same for bytes that were read elsewhere.
+    // The same for bytes that were already read.
     bool parse(std::string_view bytes);
 
-    // Null means that nothing was read.
+    // Null if nothing was read.
     const CPBlock* root() const noexcept { return m_root.get(); }
 
-    // Why the last read failed, in plain English for tools ("" after success), and the line of the text it happened in
-    // (1 is the first; 0 when it is not about a line).
+    // Why the last read failed, in plain English for tools ("" after success), and the line of the text where it failed
+    // (the first is 1; 0 if it does not concern a line).
     const char* reason() const noexcept { return m_reason; }
     unsigned line() const noexcept { return m_line; }
 

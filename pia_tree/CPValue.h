@@ -8,7 +8,7 @@
 class CPText : public CPItem
 {
 public:
-    // A name and a text to be taken over; a payload is too large to copy it more often than needed.
+    // Takes a name and a text, which are moved: a payload is too large to copy it more often than needed.
     struct Parts
     {
         OdString name;
@@ -32,7 +32,7 @@ public:
     explicit CPStr(Parts&& parts) noexcept : CPText(eStr, std::move(parts)) {}
 };
 
-// Binary payload in text form.
+// A binary payload, as text.
 class CPBin : public CPText
 {
 public:
@@ -40,7 +40,7 @@ public:
     explicit CPBin(Parts&& parts) noexcept : CPText(eBin, std::move(parts)) {}
 };
 
-// A number, kept as its text.
+// A number, stored as its text.
 class CPNum : public CPText
 {
 public:

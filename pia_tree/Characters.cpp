@@ -21,14 +21,14 @@ bool isUtf8(std::string_view text) noexcept
     for (std::size_t i = 0; i < text.size();)
     {
         const std::size_t before = i;
-        // A bad sequence is replaced and skips one byte; the real U+FFFD is three bytes long.
+        // An invalid sequence is replaced and skips one byte; a real U+FFFD is three bytes long.
         if (odNextCodePoint(text, i) == odReplacementCharacter && i == before + 1)
             return false;
     }
     return true;
 }
 
-// Bytes 0x80 to 0x9F; the others are the same code.
+// Bytes 0x80 to 0x9F; all others map to the same code.
 constexpr OdChar windows1252High[32] = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,

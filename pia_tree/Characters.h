@@ -6,16 +6,16 @@
 #include <string>
 #include <string_view>
 
-// The characters of a PC3 text. It is written in plain ASCII, with an escape for every other UTF-16 code unit; people
-// who edit one put in whatever their editor saves.
+// The characters of a PC3 text. The writer uses plain ASCII, with an escape for every other UTF-16 code unit. People
+// who edit a text put in whatever their editor saves.
 namespace pia
 {
-// What a raw byte above 0x7E means; one answer for the whole text.
+// How raw bytes above 0x7E are read; one choice for the whole text.
 enum class Charset
 {
-    ascii,       // there is none
+    ascii,       // there are none
     utf8,        // the whole text is valid UTF-8
-    windows1252, // anything else; its five undefined bytes are the same code
+    windows1252, // anything else; its five unassigned bytes map to the same code
 };
 
 Charset charsetOf(std::string_view text) noexcept;
@@ -32,7 +32,7 @@ constexpr int hexDigit(unsigned c) noexcept
     return c >= 'a' && c <= 'f' ? static_cast<int>(c - 'a' + 10) : -1;
 }
 
-// The code unit of the escape that the text begins with; -1 when it begins with none.
+// The code unit of the escape at the start of the text; -1 if there is none.
 template <class Unit>
 constexpr int escapeAtFront(std::basic_string_view<Unit> text) noexcept
 {
@@ -49,6 +49,6 @@ constexpr int escapeAtFront(std::basic_string_view<Unit> text) noexcept
     return value;
 }
 
-// A raw name or value as the text it means.
+// The text that a raw name or value stands for.
 std::basic_string<OdChar> decoded(std::string_view raw, Charset charset);
 } // namespace pia

@@ -21,14 +21,14 @@ constexpr auto compressedFirstLine = "PIAFILEVERSION_2.0,PC3VER1,compress\r\n"sv
 constexpr auto plainFirstLine = "PIAFILEVERSION_2.0,PC3VER1\r\n"sv;
 constexpr auto byteOrderMark = "\xEF\xBB\xBF"sv;
 
-// Behind the first line of the compressed form: the codec, then three unsigned little-endian numbers, namely the
+// What follows the first line of the compressed form: the codec, then three unsigned little-endian numbers, the
 // Adler-32 of the stream, the length of the text and the length of the stream.
 constexpr auto codecWord = "pmzlibcodec"sv;
 constexpr std::size_t numberSize = 4;
 constexpr std::size_t headSize = codecWord.size() + 3 * numberSize;
 constexpr std::size_t textLengthAt = codecWord.size() + numberSize;
 
-// A deflated byte stands for at most this many.
+// The most bytes that one deflated byte can stand for.
 constexpr std::size_t maxInflation = 1032;
 
 constexpr auto damaged = "the compressed data is damaged";
@@ -41,7 +41,7 @@ std::string_view takePart(std::string_view& rest) noexcept
     return part;
 }
 
-// Removes the first line from the file. False when it is none of ours.
+// Removes the first line from the file. False if it is not that of a PC3 file.
 bool takeFirstLine(std::string_view& file, Form& form) noexcept
 {
     const bool hasMark = file.starts_with(byteOrderMark);
@@ -83,7 +83,7 @@ void writeNumber(char* out, std::size_t value) noexcept
         out[i] = static_cast<char>(static_cast<unsigned char>(value >> (8 * i)));
 }
 
-// Memory for the codec comes from where all other memory does, so that one counter sees it.
+// The codec's memory comes from the same place as all other memory, so that one counter sees it.
 voidpf allocate(voidpf, uInt count, uInt size)
 {
     return ::operator new (std::size_t{count} * size, std::nothrow);
@@ -99,7 +99,7 @@ const Bytef* bytesOf(std::string_view text) noexcept
     return reinterpret_cast<const Bytef*>(text.data());
 }
 
-// A codec's stream, ended exactly when it was begun.
+// A codec's stream, ended exactly if it was started.
 template <int (*end)(z_streamp)>
 struct Stream : z_stream
 {
@@ -110,7 +110,7 @@ struct Stream : z_stream
     }
     Stream(const Stream&) = delete;
     Stream& operator=(const Stream&) = delete;
-    ~Stream() { end(this); } // harmless for one that was not begun
+    ~Stream() { end(this); } // harmless for one that was not started
 
     void setInput(std::string_view text) noexcept
     {
@@ -131,7 +131,7 @@ const char* inflateText(std::string_view stream, std::size_t expectedLength, fil
         throw std::bad_alloc();
     codec.setInput(stream);
 
-    // One byte more than is allowed, to see that there is more.
+    // One byte more than is allowed, to notice that there is more.
     constexpr std::size_t largest = maxTextBytes + 1;
     text = files::ByteBuffer(std::min({expectedLength, largest, stream.size() * maxInflation}));
     for (;;)
@@ -145,7 +145,7 @@ const char* inflateText(std::string_view stream, std::size_t expectedLength, fil
             return nullptr;
         if (result == Z_MEM_ERROR)
             throw std::bad_alloc();
-        // Out of room is the only reason to go on.
+        // Lack of room is the only reason to continue.
         if ((result != Z_OK && result != Z_BUF_ERROR) || codec.avail_out != 0)
             return result == Z_BUF_ERROR || result == Z_OK ? "the compressed data ends too early" : damaged;
         constexpr std::size_t smallest = 4096;

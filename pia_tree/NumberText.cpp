@@ -10,7 +10,7 @@ namespace pia
 {
 namespace
 {
-// The most digits after the point that any double has; more would only be zeros.
+// No double has more digits after the point; more would only be zeros.
 constexpr int maxPrecision = 1074;
 // A sign, the 309 digits before the point of the largest double, the point.
 constexpr int maxBeforePrecision = 311;
@@ -55,7 +55,7 @@ bool startsLikeANumber(std::string_view text) noexcept
     return (text.front() >= '0' && text.front() <= '9') || text.front() == '.';
 }
 
-// A number is plain ASCII; any other unit becomes a byte that no number has.
+// A number is plain ASCII; any other unit becomes a byte that occurs in no number.
 std::string bytesOf(OdStringView text)
 {
     std::string bytes(text.size(), '\0');
@@ -64,7 +64,7 @@ std::string bytesOf(OdStringView text)
     return bytes;
 }
 
-// True when the digits before the exponent are all zero.
+// Whether the digits before the exponent are all zero.
 bool isWrittenAsZero(std::string_view digits) noexcept
 {
     const auto end = std::find_if(digits.begin(), digits.end(), [](char c) { return c == 'e' || c == 'E'; });
@@ -108,7 +108,7 @@ bool readNumber(std::string_view text, std::int32_t& out) noexcept
         return false;
 
     const char* last = number->digits.data() + number->digits.size();
-    // One digit more than the output has room for, so that the smallest number can be read before its sign is put on.
+    // One digit more than the output can hold, so that the smallest number can be read before its sign is applied.
     std::int64_t value = 0;
     const auto [end, error] = std::from_chars(number->digits.data(), last, value);
     if (error != std::errc() || end != last)
@@ -135,13 +135,13 @@ bool readNumber(std::string_view text, double& out) noexcept
     else
     {
         const char* last = number->digits.data() + number->digits.size();
-        // The library would also take "infinity" and "nan(1)".
+        // The library would also accept "infinity" and "nan(1)".
         if (!startsLikeANumber(number->digits))
             return false;
         const auto [end, error] = std::from_chars(number->digits.data(), last, value);
         if (error != std::errc() || end != last)
             return false;
-        // Too small is out of range as too large is, but not every library says so.
+        // Too small is as much out of range as too large, but not every library says so.
         if (value == 0.0 && !isWrittenAsZero(number->digits))
             return false;
     }

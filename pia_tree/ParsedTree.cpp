@@ -28,7 +28,7 @@ bool ParsedTree::hasName(const Record& record, OdStringView name) const
         return decoded(raw, m_charset) == name;
     if (raw.size() != name.size())
         return false;
-    // The signature was the same, so this hardly ever ends early: many units at once are faster than stopping.
+    // The signatures were equal, so this hardly ever ends early: comparing many units at once is faster than stopping.
     unsigned difference = 0;
     for (std::size_t i = 0; i < raw.size(); ++i)
         difference |= static_cast<unsigned char>(raw[i]) ^ static_cast<unsigned>(name[i]);
@@ -54,7 +54,7 @@ template <class Number>
 bool ParsedTree::readNumberOf(const Record& record, Number& out) const
 {
     const std::string_view raw = rawValue(record);
-    // Hardly any number is written with escapes, so the raw bytes mostly are the text.
+    // Hardly any number is written with escapes, so the raw bytes usually are the text.
     if (raw.empty() || !std::memchr(raw.data(), '\\', raw.size()))
         return readNumber(raw, out);
     return readNumber(OdStringView(decoded(raw, m_charset)), out);

@@ -10,21 +10,21 @@
 
 namespace pia
 {
-// Where and why a text is none. An empty reason means that it is one.
+// Why and where a text is invalid. An empty reason means that it is valid.
 struct TextFailure
 {
     const char* reason = "";
     unsigned line = 0;
 };
 
-// A text that was parsed: the text itself and one record per item that says where its parts are. Nothing is decoded
-// and no item is made before somebody asks, because a configuration is mostly read once, key by key.
+// A parsed text: the text itself and one record per item that says where its parts are. Nothing is decoded and no item
+// is created until it is asked for, because a configuration is usually read once, key by key.
 //
-// Never changes once it is made; the blocks that show it share it.
+// Immutable once it is created; the blocks that show it share it.
 class ParsedTree : public std::enable_shared_from_this<ParsedTree>
 {
 public:
-    // The children of a block are records one after the other.
+    // The children of a block are consecutive records.
     struct Range
     {
         std::uint32_t first = 0;
@@ -33,7 +33,7 @@ public:
 
     static constexpr std::uint32_t none = ~std::uint32_t{0};
 
-    // Null, and the failure filled, when the text breaks the grammar or a limit.
+    // Returns null and fills failure if the text breaks the grammar or a limit.
     static std::shared_ptr<const ParsedTree> parse(files::ByteBuffer text, TextFailure& failure);
 
     Range root() const noexcept { return m_root; }
@@ -41,7 +41,7 @@ public:
     // The position in the range of the first item with this name and kind, or none.
     std::uint32_t find(Range range, OdStringView name, CPItem::EType kind) const;
 
-    // These take the number of a record; those for values are for the kind that has one.
+    // These take the number of a record; those for values require a record of that kind.
     CPItem::EType kind(std::uint32_t record) const noexcept { return m_records[record].kind; }
     OdString name(std::uint32_t record) const;
     OdString text(std::uint32_t record) const;
@@ -57,14 +57,14 @@ private:
 
     struct Record
     {
-        std::uint32_t signature; // of name and kind: nearly every other item differs in it
+        std::uint32_t signature; // of name and kind: differs in nearly every other item
         std::uint32_t name;
         std::uint32_t nameLength;
-        // A block keeps the range of its children here, a bool whether it is true in the second.
+        // A block stores the range of its children here; a bool stores its value in the second number.
         std::uint32_t value;
         std::uint32_t valueLength;
         CPItem::EType kind : 8;
-        bool isNameEncoded : 8; // the name is not its raw bytes
+        bool isNameEncoded : 8; // the name differs from its raw bytes
     };
 
     std::string_view rawName(const Record& record) const noexcept

@@ -7,8 +7,8 @@
 
 namespace pia
 {
-// A cheap digest of name and kind: different digests mean different items, so that a look-up compares the names of
-// hardly any but the one it looks for. Bytes and UTF-16 of the same ASCII name give the same.
+// A cheap hash of name and kind. Different hashes mean different items, so a lookup rarely compares any name but the
+// one it is looking for. A name in bytes and the same ASCII name in UTF-16 have the same hash.
 template <class Unit>
 constexpr std::uint32_t signature(std::basic_string_view<Unit> name, CPItem::EType kind) noexcept
 {

@@ -14,11 +14,11 @@ namespace pia
 {
 namespace
 {
-// What a byte does to a name.
+// What a byte means within a name.
 enum class InName : unsigned char
 {
     plain,
-    encoded,   // may stand for something else than itself
+    encoded,   // may stand for something other than itself
     divider,   // =
     forbidden, // a raw brace or quote
     lineEnd,
@@ -63,13 +63,13 @@ public:
     {
         m_text = tree.m_text.data();
         m_end = m_text + tree.m_text.size();
-        // Every line has an end, the last one too.
+        // Every line has an end, even the last one.
         tree.m_text.data()[tree.m_text.size()] = '\n';
     }
 
     bool run()
     {
-        // About what a usual configuration has, so that most are read without growing.
+        // About as many as a typical configuration has, so that most are read without growing.
         constexpr std::size_t usualLine = 32;
         constexpr std::size_t usualItems = 256;
         m_tree.m_records.reserve(std::min(m_tree.m_text.size() / usualLine + 1, usualItems));
@@ -97,7 +97,7 @@ private:
         return false;
     }
 
-    // Answers the start of the next line; null after a failure.
+    // Returns the start of the next line; null after a failure.
     const char* readLine(const char* line)
     {
         const char* name = line;
@@ -117,7 +117,7 @@ private:
 
         const char* lineEnd = static_cast<const char*>(std::memchr(at, '\n', static_cast<std::size_t>(m_end - at) + 1));
         const char* contentEnd = lineEnd;
-        // The sentinel is no line end that a CR could belong to.
+        // The sentinel is not a line end that a CR could belong to.
         if (lineEnd != m_end && lineEnd > name && lineEnd[-1] == '\r')
             --contentEnd;
 
@@ -128,7 +128,7 @@ private:
         return done ? lineEnd + 1 : nullptr;
     }
 
-    // A line whose first divider, if there is any, comes behind something that no name has.
+    // A line whose first divider, if any, comes after something that no name contains.
     bool readBraces(std::string_view line, bool isEncoded)
     {
         line = withoutTrailingBlanks(line);
@@ -195,7 +195,7 @@ private:
         return true;
     }
 
-    // Moves the children of the innermost block, which is complete, to where they stay: one after the other.
+    // Moves the children of the innermost block, which is complete, to their final place, one after the other.
     ParsedTree::Range closeRange(std::size_t firstChild)
     {
         auto& records = m_tree.m_records;
@@ -214,7 +214,7 @@ private:
     std::size_t m_items = 0;
     unsigned m_depth = 0;
     std::array<std::size_t, maxNesting> m_firstChild;
-    // The items of the blocks that are not closed yet; those of a usual configuration need no memory of their own.
+    // The items of the blocks that are still open; a typical configuration needs no extra memory for them.
     alignas(Record) std::array<std::byte, 8192> m_usualMemory;
     std::pmr::monotonic_buffer_resource m_memory{m_usualMemory.data(), m_usualMemory.size()};
     std::pmr::vector<Record> m_open{&m_memory};
@@ -229,7 +229,7 @@ std::shared_ptr<const ParsedTree> ParsedTree::parse(files::ByteBuffer text, Text
         return nullptr;
     }
     const auto tree = std::make_shared<ParsedTree>();
-    // An empty text may come without memory; the sentinel needs some.
+    // An empty text may come without memory, but the sentinel needs some.
     text.reserve(1);
     tree->m_text = std::move(text);
     tree->m_charset = charsetOf(tree->m_text.view());

@@ -11,15 +11,15 @@ namespace pia
 {
 namespace
 {
-// Whether a unit may need an escape; none of the others does anywhere but at an end. Bitwise and in the units' own
-// width, so that the compiler tests many of them at once: private driver data is one very long value.
+// Whether a unit may need an escape; the others need none except at an end. Bitwise and in the units' own width, so
+// that the compiler tests many at once: private driver data is one very long value.
 constexpr std::uint16_t isSpecialInValue(std::uint16_t c) noexcept
 {
     const auto fromBlank = static_cast<std::uint16_t>(c - 0x20);
     return static_cast<std::uint16_t>((fromBlank > 0x7E - 0x20) | (c == '\\'));
 }
 
-// The units that are part of the grammar in names only.
+// The units that are part of the grammar only in names.
 constexpr std::uint16_t isGrammarInName(std::uint16_t c) noexcept
 {
     return static_cast<std::uint16_t>((c == '=') | (c == '{') | (c == '}') | (c == '"'));
@@ -39,7 +39,8 @@ bool hasSpecial(OdStringView text) noexcept
     return any != 0;
 }
 
-// A backslash needs an escape only where an escape would be read; names of printers and paths are full of the others.
+// A backslash needs an escape only where an escape would be read; names of printers and paths are full of other
+// backslashes.
 bool isEscapedAnywhere(OdStringView text, std::size_t at) noexcept
 {
     const OdChar c = text[at];
@@ -116,7 +117,8 @@ private:
             return;
         }
         const auto first = std::min(name.find_first_not_of(OdChar(' ')), name.size());
-        const auto last = name.find_last_not_of(OdChar(' ')); // in a name of blanks all of them are leading ones
+        const auto last =
+            name.find_last_not_of(OdChar(' ')); // in a name of nothing but spaces all of them are leading ones
         for (std::size_t i = 0; i < name.size(); ++i)
         {
             const bool isAtAnEnd = i < first || i > last;
@@ -126,7 +128,7 @@ private:
 
     void putNumber(OdStringView text)
     {
-        // A number text is any text; this one would be read as another kind, or lose its start.
+        // A number may have any text; this one would be read as another kind, or lose its start.
         const bool looksOtherwise = text == OD_T("TRUE") || text == OD_T("FALSE") || text.starts_with('"') ||
                                     text.starts_with('#') || text.starts_with(' ');
         if (looksOtherwise)
@@ -139,7 +141,7 @@ private:
 
     void putValue(OdStringView text)
     {
-        // Editors strip a blank at the end of a line, and real paper names end in one.
+        // Text editors strip a space at the end of a line, and some real paper names end in one.
         const bool endsInBlank = text.ends_with(' ');
         if (endsInBlank)
             text.remove_suffix(1);
@@ -194,7 +196,7 @@ private:
         return m_out.size() > maxTextBytes ? "the text would be too large" : nullptr;
     }
 
-    // Where the next bytes go, which are then part of the text.
+    // Where the next bytes go, which then become part of the text.
     char* room(std::size_t count)
     {
         m_out.reserveMore(count);

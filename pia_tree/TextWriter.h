@@ -6,7 +6,7 @@ class CPBlock;
 
 namespace pia
 {
-// The text of a tree, children in stored order. Answers null after success, otherwise the reason in plain English why
-// no reader would give this tree back.
+// The text of a tree, children in stored order. Returns null on success, otherwise the reason in plain English why no
+// reader would return this tree.
 const char* writeText(const CPBlock& root, files::ByteBuffer& text);
 } // namespace pia
