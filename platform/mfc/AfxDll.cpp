@@ -17,7 +17,7 @@ void exitInstance(CWinApp& app) noexcept
     }
     catch (...)
     {
-        // The loader is above us; nothing may leave. The module goes in any case.
+        // Our caller is the loader, so no exception may leave. The module is unloaded in any case.
     }
 }
 

@@ -40,6 +40,6 @@ void AfxKeepException() noexcept
 
 void AfxWakeMessageLoop() noexcept
 {
-    // To the thread, not to a window: the window may be gone when the loop looks.
+    // To the thread, not to a window: the window may be destroyed before the loop looks.
     ::PostThreadMessageW(::GetCurrentThreadId(), WM_NULL, 0, 0);
 }

@@ -4,9 +4,9 @@
 
 #include <exception>
 
-// An exception must not unwind through the system, which calls the window procedures. So each is caught where it would
-// leave one of ours and kept here, by the innermost function of ours that called into the system and has such a scope:
-// a modal loop, or the creation of a dialog. That function ends what it is doing, cleans up and throws it on:
+// An exception must not unwind through the system, which calls the window procedures. So it is caught where it would
+// leave one of them and stored in the scope of the innermost function of ours that called into the system: a modal
+// loop, or the creation of a dialog. That function stops what it is doing, cleans up and rethrows:
 //
 //     AfxExceptionScope scope;
 //     ... create, and run the loop until it has ended or scope.hasException() ...
@@ -15,7 +15,7 @@
 class AfxExceptionScope
 {
 public:
-    // Throws std::bad_alloc when the thread cannot have a state.
+    // Throws std::bad_alloc if there is no memory for the thread's state.
     AfxExceptionScope();
     AfxExceptionScope(const AfxExceptionScope&) = delete;
     AfxExceptionScope& operator=(const AfxExceptionScope&) = delete;
@@ -23,10 +23,10 @@ public:
 
     bool hasException() const noexcept { return m_exception != nullptr; }
 
-    // The first one is kept: what a clean-up throws later is a consequence.
+    // The first exception is kept; one thrown later, while cleaning up, is only a consequence.
     void keep(std::exception_ptr exception) noexcept;
 
-    // Throws on what was kept, if anything was.
+    // Rethrows the stored exception, if there is one.
     void rethrow();
 
 private:
@@ -36,10 +36,11 @@ private:
     std::exception_ptr m_exception;
 };
 
-// For a catch (...) at the border to the system: gives the exception being handled to this thread's innermost scope and
-// wakes its loop. Where there is none, as in a modeless window served by somebody else's loop, nobody could go on with
-// it, and it is reported as a failed assertion.
+// For a catch (...) just before returning to the system: stores the current exception in this thread's innermost scope
+// and wakes its loop. Without a scope, as in a modeless window whose messages another program's loop dispatches, no
+// code could handle it, so it is reported as a failed assertion.
 void AfxKeepException() noexcept;
 
-// Makes this thread's GetMessage return. A sent message is handled inside it, and a loop that is to end would sleep on.
+// Makes this thread's GetMessage return. A sent message is handled inside GetMessage, so a loop that should end would
+// otherwise keep sleeping.
 void AfxWakeMessageLoop() noexcept;

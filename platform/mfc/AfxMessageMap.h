@@ -7,11 +7,11 @@
 class CCmdTarget;
 class CScrollBar;
 
-// Runs one handler of an object. For WM_NOTIFY lParam is the NMHDR. What the handler answers goes into result.
+// Runs one handler of an object. For WM_NOTIFY, lParam is the NMHDR. The handler's result goes into result.
 using AFX_MSG_CALLER = void (*)(CCmdTarget& target, WPARAM wParam, LPARAM lParam, LRESULT& result);
 
-// One line of a message map. nCode is the notification's code; nID to nLastID are the controls or commands meant. Both
-// are 0 for other messages.
+// One line of a message map. nCode is the notification's code; nID to nLastID are the controls or commands. Both are 0
+// for other messages.
 struct AFX_MSGMAP_ENTRY
 {
     UINT nMessage;
@@ -27,7 +27,7 @@ struct AFX_MSGMAP
     const AFX_MSGMAP_ENTRY* lpEntries;
 };
 
-// The object behind a window as a scroll bar; null for other kinds of control, sliders among them.
+// The window's object as a scroll bar; null for other kinds of control, including sliders.
 CScrollBar* AfxScrollBarFromHandle(HWND hWnd);
 
 // The class that a handler belongs to.
@@ -41,7 +41,7 @@ struct AfxHandlerTraits<Result (Class::*)(Arguments...)>
 template <auto handler>
 using AfxHandlerTarget = typename AfxHandlerTraits<decltype(handler)>::Target;
 
-// One caller per shape of handler; a handler of another shape does not compile.
+// One caller per handler signature; a handler with any other signature does not compile.
 
 template <auto handler> // void OnCommand()
 void AfxCallCommand(CCmdTarget& target, WPARAM, LPARAM, LRESULT&)
@@ -77,7 +77,7 @@ void AfxCallQueryHandle(CCmdTarget& target, WPARAM, LPARAM, LRESULT& result)
 // Marks a handler in its class.
 #define afx_msg
 
-// In the class: it has a message map. What follows is protected.
+// Inside the class: declares a message map. What follows is protected.
 #define DECLARE_MESSAGE_MAP()                                                                                          \
 protected:                                                                                                             \
     static const AFX_MSGMAP* GetThisMessageMap();                                                                      \
@@ -110,7 +110,7 @@ protected:                                                                      
     return &messageMap;                                                                                                \
     }
 
-// A menu command has no code, and neither has a click on a button: both are CN_COMMAND.
+// A menu command has no code, and neither has the click on a button: both are CN_COMMAND.
 constexpr UINT CN_COMMAND = 0;
 
 #define ON_CONTROL(code, id, handler)                                                                                  \
@@ -123,7 +123,7 @@ constexpr UINT CN_COMMAND = 0;
     {WM_NOTIFY, static_cast<UINT>(code), static_cast<UINT>(id), static_cast<UINT>(id), &AfxCallNotify<handler>},
 #define ON_MESSAGE(message, handler) {message, 0, 0, 0, &AfxCallMessage<handler>},
 
-// These name their handler themselves.
+// These determine the handler's name themselves.
 #define ON_WM_DESTROY() {WM_DESTROY, 0, 0, 0, &AfxCallCommand<&ThisClass::OnDestroy>},
 #define ON_WM_PAINT() {WM_PAINT, 0, 0, 0, &AfxCallCommand<&ThisClass::OnPaint>},
 #define ON_WM_HSCROLL() {WM_HSCROLL, 0, 0, 0, &AfxCallScroll<&ThisClass::OnHScroll>},

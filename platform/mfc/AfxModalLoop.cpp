@@ -11,7 +11,7 @@ struct Search
     HWND found;
 };
 
-// Called from the topmost window down.
+// Called from the topmost window downwards.
 BOOL CALLBACK takeFirstUsable(HWND hWnd, LPARAM parameter) noexcept
 {
     auto& search = *reinterpret_cast<Search*>(parameter);

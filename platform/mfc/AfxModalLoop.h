@@ -4,24 +4,24 @@
 
 // What modal loops share.
 
-// The window that a modal window is to be owned by. A parent that is a child window is climbed to its top-level window.
-// Without a parent it is the thread's active window, else its topmost visible and enabled top-level window: activation
-// can be lost while another program is in front, and a modal window without an owner could be left behind the one it
-// belongs to, which would still take input. Null when the thread shows no window.
+// The owner for a modal window. A parent that is a child window is replaced by its top-level window. Without a parent
+// it is the thread's active window, otherwise its topmost visible and enabled top-level window: the activation may be
+// lost while another program is in front, and a modal window without an owner could end up behind a window that still
+// takes input. Null if the thread shows no window.
 HWND AfxGetSafeOwner(HWND hParent) noexcept;
 
-// Keeps a modal window's owner from taking input. An owner that was disabled before stays so.
+// Disables a modal window's owner. An owner that was disabled before stays disabled.
 class AfxDisabledOwner
 {
 public:
-    explicit AfxDisabledOwner(HWND hOwner) noexcept; // null, and the desktop, are left alone
+    explicit AfxDisabledOwner(HWND hOwner) noexcept; // null and the desktop are left alone
     AfxDisabledOwner(const AfxDisabledOwner&) = delete;
     AfxDisabledOwner& operator=(const AfxDisabledOwner&) = delete;
     ~AfxDisabledOwner() { enable(); }
 
-    // Call before the modal window goes: the system activates the next window that is enabled.
+    // Call before the modal window is destroyed: the system activates the next enabled window.
     void enable() noexcept;
-    // Call after it went.
+    // Call after it was destroyed.
     void activate() const noexcept;
 
     HWND get() const noexcept { return m_hOwner; }
@@ -31,6 +31,6 @@ private:
     bool m_disabled = false;
 };
 
-// The next message for a modal loop; false when the loop must end at once. That is when the program is to quit, which
-// is passed on to the loop around this one.
+// The next message for a modal loop; false if the loop must end at once. That is the case when the program is to quit,
+// which is passed on to the enclosing loop.
 bool AfxGetModalMessage(MSG& message) noexcept;

@@ -5,8 +5,8 @@ namespace
 // Constant-initialised: global application objects register themselves in it from their constructors.
 constinit AFX_MODULE_STATE staticModuleState;
 
-// The thread's current state. A slot of the system rather than thread_local: the compiler's emulation of that leaves
-// memory behind on every thread each time the module is unloaded.
+// The thread's current state. A slot of the system rather than thread_local: the compiler's emulation of thread_local
+// leaks memory on every thread each time the module is unloaded.
 class ThreadSlot
 {
 public:
@@ -15,8 +15,8 @@ public:
     ThreadSlot(const ThreadSlot&) = delete;
     ThreadSlot& operator=(const ThreadSlot&) = delete;
 
-    // Null when nothing was set on this thread, and always when the system has no slot left. The last error stays as it
-    // is: asking for the state must not spoil a caller's error handling.
+    // Null if nothing was set on this thread, and always if the system has no slot left. Preserves the last error:
+    // asking for the state must not disturb a caller's error handling.
     void* get() const noexcept
     {
         const DWORD lastError = ::GetLastError();
@@ -51,7 +51,7 @@ AFX_MODULE_STATE* AfxGetModuleState() noexcept
 AFX_MODULE_STATE* AfxSetModuleState(AFX_MODULE_STATE* newState) noexcept
 {
     AFX_MODULE_STATE* previous = AfxGetModuleState();
-    // The module's own state is what an empty slot means, so nothing of the module stays behind in the thread.
+    // An empty slot means the module's own state, so nothing of the module stays behind in the thread.
     currentState().set(newState == &staticModuleState ? nullptr : newState);
     return previous;
 }

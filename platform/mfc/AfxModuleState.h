@@ -4,8 +4,8 @@
 
 class CWinApp;
 
-// What one module (program or DLL) keeps for itself: its application object, its instance and the library its resources
-// come from at the moment.
+// What each module (program or DLL) has for itself: its application object, its instance and the library that its
+// resources currently come from.
 class AFX_MODULE_STATE
 {
 public:
@@ -17,13 +17,13 @@ public:
 // The state of the module this library is linked into.
 AFX_MODULE_STATE* AfxGetStaticModuleState() noexcept;
 
-// The state that is current on this thread: the one set with AfxSetModuleState, else the module's own.
+// The state that is current on this thread: the one set with AfxSetModuleState, otherwise the module's own.
 AFX_MODULE_STATE* AfxGetModuleState() noexcept;
 
-// Makes a state current on this thread, null the module's own; returns the one that was current before.
+// Makes a state current on this thread (null: the module's own) and returns the previous one.
 AFX_MODULE_STATE* AfxSetModuleState(AFX_MODULE_STATE* newState) noexcept;
 
-// Keeps a module state current for a scope: the first line of a function that is entered from outside the module.
+// Makes a module state current for a scope. The first line of every function that is called from outside the module.
 class AFX_MAINTAIN_STATE2
 {
 public:

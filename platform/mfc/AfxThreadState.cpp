@@ -11,9 +11,9 @@ void CALLBACK destroyState(void* state)
     delete static_cast<AFX_THREAD_STATE*>(state);
 }
 
-// A slot of the system rather than thread_local: the compiler's emulation of that leaves memory behind on every thread
-// each time the module is unloaded. This kind of slot has a destructor, run at the end of each thread and, for all of
-// them, when the slot is freed.
+// A slot of the system rather than thread_local: the compiler's emulation of thread_local leaks memory on every thread
+// each time the module is unloaded. This kind of slot has a destructor, which runs at the end of each thread, and for
+// all threads when the slot is freed.
 class StateSlot
 {
 public:
@@ -28,7 +28,7 @@ public:
 
     AFX_THREAD_STATE* get() const noexcept
     {
-        // Asking for the state must not spoil the error handling of whoever sent the message.
+        // Asking for the state must not disturb the error handling of the code that sent the message.
         const DWORD lastError = ::GetLastError();
         void* value = m_index == FLS_OUT_OF_INDEXES ? nullptr : ::FlsGetValue(m_index);
         ::SetLastError(lastError);
@@ -56,7 +56,7 @@ AFX_THREAD_STATE::~AFX_THREAD_STATE()
 {
     if (m_hHookCreate)
         ::UnhookWindowsHookEx(m_hHookCreate);
-    // The windows are not theirs.
+    // Temporary objects do not own their windows.
     for (const auto& object : m_temporary)
         object->m_hWnd = nullptr;
     m_temporary.clear();

@@ -10,8 +10,8 @@
 class AfxExceptionScope;
 class CWnd;
 
-// What one thread keeps about its windows. Windows belong to threads, so nothing here needs a lock, and no thread may
-// use the window objects of another.
+// What one thread knows about its windows. Windows belong to threads, so nothing here needs a lock, and no thread may
+// use another thread's window objects.
 class AFX_THREAD_STATE
 {
 public:
@@ -20,36 +20,36 @@ public:
     AFX_THREAD_STATE& operator=(const AFX_THREAD_STATE&) = delete;
     ~AFX_THREAD_STATE();
 
-    // Windows that have an object of their own; the objects belong to whoever made them.
+    // Windows that have an object of their own; the objects belong to the code that created them.
     std::unordered_map<HWND, CWnd*> m_windows;
-    // Objects made for other windows on demand, in the order they were made.
+    // Objects created for other windows on demand, in the order of their creation.
     std::vector<std::unique_ptr<CWnd>> m_temporary;
 
-    // The message being handled, of the innermost level.
+    // The message being handled at the innermost level.
     MSG m_lastSentMsg = {};
-    // Levels of window procedures and exception scopes under way.
+    // The current nesting of window procedures and exception scopes.
     int m_depth = 0;
     // How many temporary objects there were when the outermost of them began.
     std::size_t m_temporaryBefore = 0;
 
-    // The object that the next created window is given to, and the hook that does it.
+    // The object that the next created window is attached to, and the hook that attaches it.
     CWnd* m_pWndInit = nullptr;
     HHOOK m_hHookCreate = nullptr;
 
-    // The dialog whose controls are being exchanged: their notifications are not news to it.
+    // The dialog whose controls are being exchanged; it ignores their notifications meanwhile.
     HWND m_hLockoutNotifyWindow = nullptr;
 
-    // Where the next exception of a window procedure goes.
+    // Where the next exception of a window procedure is stored.
     AfxExceptionScope* m_scope = nullptr;
 };
 
-// This thread's state, made at the first use and gone with the thread or with the module. Throws std::bad_alloc.
+// This thread's state, created on first use and destroyed with the thread or the module. Throws std::bad_alloc.
 AFX_THREAD_STATE& AfxGetThreadState();
 
-// This thread's state, null when it has none yet.
+// This thread's state, or null if it has none yet.
 AFX_THREAD_STATE* AfxFindThreadState() noexcept;
 
-// One level of handling: when the outermost ends, the temporary objects made within it go.
+// One level of message handling. When the outermost one ends, the temporary objects created within it are destroyed.
 class AfxThreadLevel
 {
 public:
@@ -62,5 +62,5 @@ private:
     AFX_THREAD_STATE& m_state;
 };
 
-// How many windows of this thread have an object of their own.
+// How many of this thread's windows have an object of their own.
 std::size_t AfxPermanentWindowCount() noexcept;

@@ -35,7 +35,7 @@ LRESULT CALLBACK creationHook(int code, WPARAM wParam, LPARAM lParam)
     }
     catch (...)
     {
-        // The object could not be attached, so there must be no window either.
+        // The object could not be attached, so the window must not be created either.
         AfxKeepException();
         removeHook(*state);
         return 1;

@@ -2,17 +2,16 @@
 
 class CWnd;
 
-// Gives the next window that this thread creates to an object, before the window sees its first message: attached and
-// subclassed. Input method windows, which the system creates in between, are passed over. The object must have no
-// window yet; one that has is left as it is. Throws std::bad_alloc, and CInvalidArgException when the system refuses
-// the hook.
+// Attaches an object to the next window that this thread creates, and subclasses it, before the window sees its first
+// message. Input method windows, which the system creates in between, are skipped. An object that already has a window
+// is left as it is. Throws std::bad_alloc, and CInvalidArgException if the system refuses the hook.
 void AfxHookWindowCreate(CWnd* pWnd);
 
-// Ends it; false when no window was created in the meantime. Not needed after a window was: the hook goes by itself
-// then.
+// Removes the hook; false if no window was created in the meantime. Not needed once a window was created: the hook then
+// removes itself.
 bool AfxUnhookWindowCreate() noexcept;
 
-// Keeps the hook for a scope. An object that waited around it waits on afterwards.
+// Sets the hook for a scope. An object that was already waiting in an enclosing scope keeps waiting afterwards.
 class AfxWindowCreation
 {
 public:

@@ -4,7 +4,7 @@
 
 namespace ATL
 {
-// Constant-initialised: the application object's constructor may run before any other of this file.
+// Constant-initialised: the application object's constructor may run before the constructors in this file.
 constinit CAtlBaseModule _AtlBaseModule; // NOLINT(bugprone-reserved-identifier)
 
 HINSTANCE CAtlBaseModule::GetResourceInstance() const noexcept

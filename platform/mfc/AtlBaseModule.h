@@ -4,15 +4,15 @@
 
 namespace ATL
 {
-// Where the ATL part of the libraries takes the resources of this module from.
+// Where the ATL part of the libraries gets this module's resources from.
 class CAtlBaseModule
 {
 public:
     HINSTANCE GetModuleInstance() const noexcept { return m_hInst; }
     HINSTANCE GetResourceInstance() const noexcept;
 
-    // Makes the instance current in one atomic step and returns the one before, so that a reader on another thread sees
-    // the old library or the new one and the caller knows which one it may free.
+    // Makes the instance current in one atomic step and returns the previous one. A reader on another thread sees
+    // either the old or the new library, and the caller knows which one it may free.
     HINSTANCE SetResourceInstance(HINSTANCE hInst) noexcept;
 
     HINSTANCE m_hInst = nullptr;

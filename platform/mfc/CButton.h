@@ -2,7 +2,7 @@
 
 #include "mfc/CWnd.h"
 
-// A push button, check box or radio button. The setters answer the picture shown before; none owns a picture.
+// A push button, check box or radio button. The setters return the previous picture; no button owns its picture.
 class CButton : public CWnd
 {
 public:

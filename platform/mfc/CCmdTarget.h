@@ -2,7 +2,7 @@
 
 #include "mfc/AfxMessageMap.h"
 
-// The base of everything that has a message map.
+// The base of every class that has a message map.
 class CCmdTarget
 {
 public:
@@ -12,11 +12,11 @@ public:
     virtual ~CCmdTarget() = default;
 
 protected:
-    // The map of the object's own class; its base maps follow from it.
+    // The map of the object's own class, which leads to the maps of its bases.
     virtual const AFX_MSGMAP* GetMessageMap() const { return GetThisMessageMap(); }
     static const AFX_MSGMAP* GetThisMessageMap();
 
-    // The nearest entry for the message, notification code and control, the class's own map before its bases; null when
-    // there is none.
+    // The nearest entry for the message, notification code and control, looking in the class's own map before those of
+    // its bases; null if there is none.
     const AFX_MSGMAP_ENTRY* AfxFindMessageEntry(UINT message, UINT code, UINT id) const;
 };

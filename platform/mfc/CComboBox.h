@@ -2,13 +2,13 @@
 
 #include "mfc/CWnd.h"
 
-// A list that drops down. Indices count from 0; CB_ERR (-1) means none or failure, CB_ERRSPACE that memory ran out.
+// A drop-down list. Indices start at 0; CB_ERR (-1) means none or failure, CB_ERRSPACE that memory ran out.
 class CComboBox : public CWnd
 {
 public:
     int GetCount() const { return asInt(SendMessage(CB_GETCOUNT)); }
     int GetCurSel() const { return asInt(SendMessage(CB_GETCURSEL)); }
-    // Sends no notification. -1 selects nothing, and answers CB_ERR although it worked.
+    // Sends no notification. -1 selects nothing and returns CB_ERR although it worked.
     int SetCurSel(int index) const { return asInt(SendMessage(CB_SETCURSEL, asWord(index))); }
 
     int AddString(LPCWSTR text) const { return asInt(SendMessage(CB_ADDSTRING, 0, asParam(text))); }
@@ -19,7 +19,7 @@ public:
     int DeleteString(UINT index) const { return asInt(SendMessage(CB_DELETESTRING, index)); }
     void ResetContent() const { SendMessage(CB_RESETCONTENT); }
 
-    // The search begins behind the given entry, with -1 at the first, and goes round; case does not count.
+    // The search begins after the given entry (at the first for -1), wraps around and ignores case.
     int FindString(int after, LPCWSTR start) const
     {
         return asInt(SendMessage(CB_FINDSTRING, asWord(after), asParam(start)));
@@ -34,12 +34,12 @@ public:
     }
 
     int GetLBTextLen(int index) const { return asInt(SendMessage(CB_GETLBTEXTLEN, asWord(index))); }
-    // The buffer must be long enough for the text and a terminator.
+    // The buffer must be large enough for the text and a terminator.
     int GetLBText(int index, LPWSTR buffer) const
     {
         return asInt(SendMessage(CB_GETLBTEXT, asWord(index), reinterpret_cast<LPARAM>(buffer)));
     }
-    // Empty when there is no such entry.
+    // Empty if there is no such entry.
     void GetLBText(int index, CString& text) const;
 
     DWORD_PTR GetItemData(int index) const

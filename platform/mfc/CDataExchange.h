@@ -2,7 +2,7 @@
 
 #include "mfc/CWnd.h"
 
-// One exchange between the members of a dialog and its controls, as UpdateData hands it to DoDataExchange.
+// One exchange of values between a dialog's members and its controls, passed by UpdateData to DoDataExchange.
 class CDataExchange
 {
 public:
@@ -14,13 +14,13 @@ public:
     BOOL m_bSaveAndValidate; // TRUE saves the controls' values, FALSE loads them
     CWnd* m_pDlgWnd;
 
-    // The control that the next value belongs to: where the focus goes when the value cannot be taken. A control that
-    // the dialog does not have throws the invalid-argument exception.
+    // Names the control of the next value, which gets the focus if the value cannot be accepted. Throws the
+    // invalid-argument exception for a control that the dialog does not have.
     HWND PrepareCtrl(int id);
     HWND PrepareEditCtrl(int id);
 
-    // Ends the exchange: focus on the control prepared last, its text selected, then the user exception. Tell the user
-    // why before.
+    // Ends the exchange: gives the focus to the control prepared last, selects its text, and throws the user exception.
+    // Tell the user the reason first.
     [[noreturn]] void Fail();
 
     HWND m_hWndLastControl = nullptr;

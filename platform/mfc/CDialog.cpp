@@ -19,8 +19,8 @@ struct TemplateHead
 
 TemplateHead headOf(const DLGTEMPLATE* dialogTemplate)
 {
-    // The newer kind has 1 and 0xFFFF where the older one has its style; then help number, extended style, style,
-    // number of controls and place follow. No field is aligned for sure.
+    // The newer kind has 1 and 0xFFFF where the older one has its style, followed by help number, extended style,
+    // style, number of controls and position. The fields may be misaligned.
     const auto* bytes = reinterpret_cast<const BYTE*>(dialogTemplate);
     WORD marks[2] = {};
     std::memcpy(marks, bytes, sizeof(marks));
@@ -49,7 +49,7 @@ CDialog::CDialog(LPCWSTR templateName, CWnd* pParent) : m_lpszTemplateName(templ
 
 CDialog::~CDialog()
 {
-    // Here rather than in the base, so that the dialog's own messages still find a dialog.
+    // Here rather than in the base, so that messages during the dialog's destruction still find a dialog.
     if (m_hWnd)
         CWnd::DestroyWindow();
 }
@@ -82,8 +82,8 @@ BOOL CDialog::Create(LPCWSTR templateName, CWnd* pParent)
         m_pParentWnd = pParent;
     AfxExceptionScope scope;
     const HWND created = createWindow(templateName, m_pParentWnd ? m_pParentWnd->m_hWnd : nullptr);
-    // The handle may be that of a window that is gone again, and the dialog may have deleted itself with it: no member
-    // is touched before the map was asked.
+    // The handle may be that of a window already destroyed, and the dialog may have deleted itself with it, so the map
+    // is asked before any member is touched.
     const bool exists = created && FromHandlePermanent(created) == this;
     if (exists && scope.hasException())
         destroyWindow(scope);
@@ -142,7 +142,7 @@ void CDialog::destroyWindow(AfxExceptionScope& scope)
     {
         scope.keep(std::current_exception());
     }
-    // An override that threw or forgot its base.
+    // An override threw or did not call its base.
     if (m_hWnd)
         CWnd::DestroyWindow();
 }

@@ -5,7 +5,7 @@
 
 class AfxExceptionScope;
 
-// A dialog from a template of the current resource library: DoModal for a modal one, Create for a modeless one, such as
+// A dialog from a template in the current resource library: DoModal shows it modally, Create modelessly, for example as
 // a page inside another window.
 class CDialog : public CWnd
 {
@@ -15,18 +15,18 @@ public:
     explicit CDialog(LPCWSTR templateName, CWnd* pParent = nullptr);
     ~CDialog() override;
 
-    // Modeless. FALSE when it cannot be created; rethrows what its initialisation threw. A dialog that was built
-    // without a template names it here.
+    // Creates a modeless dialog. FALSE if it cannot be created; rethrows what its initialisation threw. A dialog that
+    // was constructed without a template names it here.
     BOOL Create(UINT templateId, CWnd* pParent = nullptr);
     BOOL Create(LPCWSTR templateName, CWnd* pParent = nullptr);
 
-    // Shows the dialog and runs a message loop until EndDialog, and answers what that was given. -1 when it cannot be
-    // created, when its window is destroyed otherwise, or when the program is to quit. What a handler of any window
-    // throws meanwhile ends the loop and is thrown on, after the owner is enabled again and the window gone.
+    // Shows the dialog and runs a message loop until EndDialog, whose argument it returns. -1 if the dialog cannot be
+    // created, if its window is destroyed in another way, or if the program is to quit. An exception from any window's
+    // handler ends the loop and is rethrown, after the owner is enabled again and the window destroyed.
     virtual INT_PTR DoModal();
 
-    // Ends DoModal with this result; also from OnInitDialog, and then the dialog never shows. A modeless dialog is
-    // hidden.
+    // Ends DoModal with this result. Called from OnInitDialog, it prevents the dialog from being shown at all. A
+    // modeless dialog is hidden.
     void EndDialog(int result);
 
     // Moves the focus within the dialog.
@@ -35,18 +35,18 @@ public:
     void GotoDlgCtrl(const CWnd* pControl) const;
     void SetDefID(UINT id) const;
 
-    // Loads the controls. TRUE: the focus goes to the first control.
+    // Loads the controls. Returning TRUE gives the focus to the first control.
     virtual BOOL OnInitDialog();
 
-    // Tab, arrows, Return, Escape and access keys. The top-level dialog does it for the dialogs inside it.
+    // Handles Tab, arrows, Return, Escape and access keys. The top-level dialog does so for the dialogs inside it.
     BOOL PreTranslateMessage(MSG* pMsg) override;
 
 protected:
-    // Saves the values and ends the dialog; with a value that cannot be saved it stays open.
+    // Saves the values and ends the dialog, which stays open if a value cannot be saved.
     virtual void OnOK();
     virtual void OnCancel();
 
-    // WM_INITDIALOG: runs OnInitDialog, and places a dialog that was not placed otherwise in the middle of its owner.
+    // WM_INITDIALOG: runs OnInitDialog and, unless the dialog was positioned otherwise, centres it in its owner.
     afx_msg LRESULT HandleInitDialog(WPARAM focus, LPARAM param);
 
     LPCWSTR m_lpszTemplateName = nullptr; // a number as MAKEINTRESOURCE
@@ -65,5 +65,5 @@ private:
     int m_nModalResult = -1;
 };
 
-// What the system runs for a dialog of ours; the window object does everything. For whoever creates one himself.
+// The dialog procedure of our dialogs; the window object does everything. For code that creates a dialog itself.
 INT_PTR CALLBACK AfxDlgProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);

@@ -2,7 +2,7 @@
 
 #include "mfc/CWnd.h"
 
-// A field for text.
+// A text field.
 class CEdit : public CWnd
 {
 public:

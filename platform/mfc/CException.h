@@ -1,7 +1,6 @@
 #pragma once
 
-// The base of what this library throws. Exceptions are thrown by pointer; who catches one and does not throw it on
-// calls Delete:
+// The base of what this library throws. Exceptions are thrown by pointer. A handler that does not rethrow calls Delete:
 //
 //     catch (CException* e)
 //     {
@@ -15,7 +14,7 @@ public:
     CException& operator=(const CException&) = delete;
     virtual ~CException() = default;
 
-    // Ends the exception. Those of this library are static objects, so that throwing one needs no memory and a
-    // forgotten one leaks nothing: there is nothing to do for them.
+    // Releases the exception. Those of this library are static objects, so throwing one needs no memory, forgetting one
+    // leaks nothing, and there is nothing to release.
     virtual void Delete() {}
 };

@@ -11,7 +11,7 @@
 
 namespace
 {
-// The longest path there is, so that no choice is too long.
+// The longest possible path, so that no choice is too long.
 constexpr std::size_t longestPath = 0x8000;
 
 // The newer dialog works only in an apartment with a message loop.
@@ -62,14 +62,14 @@ ComPointer<IShellItem> folderItem(const CString& folder)
     return ComPointer<IShellItem>(static_cast<IShellItem*>(made));
 }
 
-// How much of a path is its folder, the separator included.
+// The length of a path's folder, including the separator.
 int folderLength(const CString& path)
 {
     const auto end = path.view().find_last_of(L"\\/:");
     return end == OdStringView::npos ? 0 : static_cast<int>(end) + 1;
 }
 
-// Folder and name apart. A folder that is not there stays with the name, where the user sees it.
+// Splits folder and name. A folder that does not exist stays with the name, where the user sees it.
 void placeIn(IFileDialog& dialog, const CString& path, const CString& initialFolder)
 {
     const int length = folderLength(path);
@@ -107,7 +107,7 @@ CFileDialog::CFileDialog(BOOL bOpenFileDialog, LPCWSTR defaultExtension, LPCWSTR
         m_filter.push_back(whole.Mid(begin, end - begin));
         begin = end + 1;
     }
-    // The last "|" ends the list; so does a text without a pattern.
+    // The last "|" ends the list, and so does a text without a pattern.
     if (m_filter.size() % 2)
         m_filter.pop_back();
 }
@@ -188,7 +188,7 @@ INT_PTR CFileDialog::runCommonDialog(HWND owner)
     m_ofn.nMaxFile = longestPath;
     const auto show = m_bOpenFileDialog ? &::GetOpenFileNameW : &::GetSaveFileNameW;
     BOOL chosen = show(&m_ofn);
-    // A name that cannot be one is no reason not to ask for a better one.
+    // An invalid name is no reason not to ask for a better one.
     if (!chosen && ::CommDlgExtendedError() == FNERR_INVALIDFILENAME)
     {
         path.assign(longestPath, L'\0');

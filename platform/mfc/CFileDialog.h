@@ -6,8 +6,8 @@
 #include <commdlg.h>
 #include <vector>
 
-// The system's dialog for the name of a file to open or to save. It is the newer one where there is one, else, and for
-// bVistaStyle FALSE, the older one.
+// The system's dialog for the name of a file to open or save. It uses the newer dialog where available, otherwise, and
+// if bVistaStyle is FALSE, the older one.
 //
 //     CFileDialog dialog(FALSE, L"pc3", path, OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT, filter, this);
 //     dialog.m_ofn.lpstrInitialDir = folder;
@@ -16,9 +16,9 @@
 class CFileDialog
 {
 public:
-    // defaultExtension: without a dot, added to a name that has none of the filter's. fileName: what stands in the name
-    // field, with a folder in front where the dialog is to start. filter: pairs of text and pattern, each followed by
-    // "|", with one more "|" at the end. All may be null.
+    // defaultExtension: without a dot, appended to a name that has none of the filter's extensions. fileName: the
+    // initial content of the name field, preceded by a folder if the dialog should start there. filter: pairs of text
+    // and pattern, each followed by "|", with one more "|" at the end. All may be null.
     explicit CFileDialog(BOOL bOpenFileDialog, LPCWSTR defaultExtension = nullptr, LPCWSTR fileName = nullptr,
                          DWORD flags = OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT, LPCWSTR filter = nullptr,
                          CWnd* pParentWnd = nullptr, DWORD size = 0, BOOL bVistaStyle = TRUE);
@@ -27,14 +27,14 @@ public:
     virtual ~CFileDialog() = default;
 
     // lpstrInitialDir, lpstrTitle and nFilterIndex may be set before DoModal. What they point to must outlive it. A
-    // folder of the file name's own counts before the initial one.
+    // folder in the file name takes precedence over the initial one.
     OPENFILENAMEW m_ofn = {};
 
-    // IDOK when the user chose a name, else IDCANCEL. While it is open the owner is disabled: the parent's top-level
-    // window, without a parent the one in front. Throws on what a handler of any window threw meanwhile.
+    // IDOK if the user chose a name, otherwise IDCANCEL. While the dialog is open, its owner is disabled: the parent's
+    // top-level window, or without a parent the one in front. Rethrows what any window's handler threw meanwhile.
     virtual INT_PTR DoModal();
 
-    // What was chosen; before that the name given at construction.
+    // The chosen path; before that the name given to the constructor.
     CString GetPathName() const { return m_path; }
     // Without the folder.
     CString GetFileName() const;

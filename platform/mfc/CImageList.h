@@ -6,7 +6,7 @@
 
 #include <utility>
 
-// A list of pictures of one size, which it owns: gone with the object unless detached.
+// A list of pictures of one size. It owns them and destroys them with the object unless detached.
 class CImageList
 {
 public:
@@ -19,12 +19,12 @@ public:
     operator HIMAGELIST() const noexcept { return m_hImageList; }
     HIMAGELIST GetSafeHandle() const noexcept { return m_hImageList; }
 
-    // FALSE when the object has a list already, or the system refuses.
+    // FALSE if the object already has a list or the system refuses.
     BOOL Create(int width, int height, UINT flags, int initial, int grow)
     {
         return Attach(m_hImageList ? nullptr : ::ImageList_Create(width, height, flags, initial, grow));
     }
-    // FALSE when the object has a list already, and for null.
+    // FALSE if the object already has a list, and for null.
     BOOL Attach(HIMAGELIST list) noexcept
     {
         if (m_hImageList || !list)
@@ -40,13 +40,13 @@ public:
     }
 
     int GetImageCount() const { return ::ImageList_GetImageCount(m_hImageList); }
-    // The index of the new picture, a copy; -1 when it fails. The icon stays the caller's.
+    // Adds a copy of the icon and returns its index; -1 on failure. The caller keeps the icon.
     int Add(HICON icon) const { return ::ImageList_ReplaceIcon(m_hImageList, -1, icon); }
-    // Makes a picture the overlay of that number, 1 to 4.
+    // Makes a picture the overlay with that number, 1 to 4.
     BOOL SetOverlayImage(int image, int overlay) const
     {
         return ::ImageList_SetOverlayImage(m_hImageList, image, overlay);
     }
-    // CLR_NONE draws transparently. Answers the colour before.
+    // CLR_NONE draws transparently. Returns the previous colour.
     COLORREF SetBkColor(COLORREF colour) const { return ::ImageList_SetBkColor(m_hImageList, colour); }
 };

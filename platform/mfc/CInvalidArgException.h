@@ -2,7 +2,7 @@
 
 #include "mfc/CException.h"
 
-// An argument that makes no sense: an index outside its range, a control that is not in the dialog.
+// An invalid argument: an index outside its range, a control that is not in the dialog.
 class CInvalidArgException : public CException
 {
 };

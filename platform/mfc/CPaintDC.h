@@ -2,7 +2,7 @@
 
 #include "mfc/CWnd.h"
 
-// The device context of a WM_PAINT handler: begins the painting and ends it with the object.
+// The device context of a WM_PAINT handler: begins painting, and ends it with the object.
 class CPaintDC
 {
 public:

@@ -30,7 +30,7 @@ LRESULT refusal(UINT code)
 {
     if (code == PSN_APPLY)
         return PSNRET_INVALID_NOCHANGEPAGE;
-    // Another page instead of this one would not be better.
+    // Showing another page instead would not help.
     return code == PSN_SETACTIVE ? 0 : TRUE;
 }
 } // namespace
@@ -50,7 +50,7 @@ CPropertyPage::CPropertyPage(LPCWSTR templateName, UINT captionId) : CDialog(tem
 
 bool CPropertyPage::prepare()
 {
-    // A copy: the page may be created long after the library it came from was exchanged for another language's.
+    // A copy, because the page may be created long after its library was replaced by another language's.
     const HINSTANCE library = AfxGetResourceHandle();
     const HRSRC found = ::FindResourceW(library, m_lpszTemplateName, RT_DIALOG);
     const HGLOBAL loaded = found ? ::LoadResource(library, found) : nullptr;
@@ -125,7 +125,7 @@ BOOL CPropertyPage::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult)
     }
     catch (...)
     {
-        // The sheet ends, but not as if this page had agreed: no other page is to be told that all is well.
+        // The sheet ends, but not as if this page had agreed: no other page may be told that all is well.
         AfxKeepException();
         *pResult = refusal(header->code);
         return TRUE;

@@ -12,7 +12,7 @@ CPropertySheet::CPropertySheet(LPCWSTR caption, CWnd* pParentWnd, UINT selectPag
     : m_strCaption(caption), m_pParentWnd(pParentWnd)
 {
     m_psh.dwSize = sizeof(m_psh);
-    // There is no help for single controls, so there is no question mark in the title bar either.
+    // There is no help for individual controls, so there is no question mark in the title bar either.
     m_psh.dwFlags = PSH_PROPSHEETPAGE | PSH_NOCONTEXTHELP;
     m_psh.nStartPage = selectPage;
 }
@@ -25,7 +25,7 @@ CPropertySheet::CPropertySheet(UINT captionId, CWnd* pParentWnd, UINT selectPage
 
 CPropertySheet::~CPropertySheet()
 {
-    // Here rather than in the base, so that the sheet's own messages still find a sheet.
+    // Here rather than in the base, so that messages during the sheet's destruction still find a sheet.
     if (m_hWnd)
         CWnd::DestroyWindow();
 }
@@ -118,7 +118,7 @@ bool CPropertySheet::preparePages(std::vector<PROPSHEETPAGEW>& pages)
 void CPropertySheet::createWindow(std::vector<PROPSHEETPAGEW>& pages, HWND owner)
 {
     PROPSHEETHEADERW header = m_psh;
-    // A sheet that is modal by itself runs the system's loop, in which no page can look at a message first.
+    // A sheet that the system runs modally uses the system's loop, in which no page can see a message first.
     header.dwFlags |= PSH_MODELESS | PSH_PROPSHEETPAGE;
     header.hwndParent = owner;
     header.hInstance = AfxGetInstanceHandle();
@@ -151,7 +151,7 @@ void CPropertySheet::runModalLoop()
         ::TranslateMessage(&message);
         ::DispatchMessageW(&message);
     }
-    // The system has no current page any more after OK and Cancel.
+    // After OK and Cancel the system no longer has a current page.
     if (m_hWnd && !m_ended && !m_scope->hasException() && !currentPage())
         m_nModalResult = SendMessage(PSM_GETRESULT) > 0 ? IDOK : IDCANCEL;
 }
@@ -166,7 +166,7 @@ void CPropertySheet::destroyModalWindow(AfxExceptionScope& scope)
     {
         scope.keep(std::current_exception());
     }
-    // An override that threw or forgot its base.
+    // An override threw or did not call its base.
     if (m_hWnd)
         CWnd::DestroyWindow();
     forgetPageWithoutWindow();
@@ -193,7 +193,7 @@ BOOL CPropertySheet::OnInitDialog()
 
 LRESULT CPropertySheet::HandleInitDialog(WPARAM /*focus*/, LPARAM /*param*/)
 {
-    // Makes the tab control and the first page.
+    // Creates the tab control and the first page.
     const LRESULT systemSetsFocus = Default();
     if (!m_scope || m_scope->hasException() || !currentPage())
         return systemSetsFocus;
@@ -202,8 +202,8 @@ LRESULT CPropertySheet::HandleInitDialog(WPARAM /*focus*/, LPARAM /*param*/)
     return OnInitDialog() ? systemSetsFocus : FALSE;
 }
 
-// The system shows the window as soon as it is created. A sheet that ends or fails in its initialisation is not to be
-// seen at all.
+// The system shows the window as soon as it is created, but a sheet that ends or fails during its initialisation must
+// not be seen at all.
 LRESULT CPropertySheet::HandleWindowPosChanging(WPARAM /*wParam*/, LPARAM lParam)
 {
     const LRESULT result = Default();
@@ -233,7 +233,7 @@ BOOL CPropertySheet::PreTranslateMessage(MSG* pMsg)
     return SendMessage(PSM_ISDIALOGMESSAGE, 0, reinterpret_cast<LPARAM>(pMsg)) != 0;
 }
 
-// As a click on the tab does it, with both notifications: those who follow the tab learn of it.
+// Just as a click on the tab does, with both notifications, so that code which follows the tab is informed.
 void CPropertySheet::switchTab(int step)
 {
     const int count = GetPageCount();
@@ -248,11 +248,11 @@ void CPropertySheet::afterSwitching()
     const HWND page = m_hWnd ? currentPage() : nullptr;
     if (!page)
         return;
-    // A refused switch may leave the tab highlighted that was asked for.
+    // A refused switch may leave the wrong tab highlighted.
     const LRESULT shown = SendMessage(PSM_HWNDTOINDEX, reinterpret_cast<WPARAM>(page));
     if (shown >= 0 && shown != m_tabControl.SendMessage(TCM_GETCURSEL))
         m_tabControl.SendMessage(TCM_SETCURSEL, static_cast<WPARAM>(shown));
-    // The focus does not stay in a page that is no longer seen, where the user would type into nothing.
+    // The focus must not stay in a hidden page, where the user's input would go unseen.
     const HWND focus = ::GetFocus();
     if (!focus || focus == m_hWnd || (::IsChild(m_hWnd, focus) && !::IsWindowVisible(focus)))
     {
@@ -263,7 +263,7 @@ void CPropertySheet::afterSwitching()
 
 void CPropertySheet::forgetPageWithoutWindow() noexcept
 {
-    // A page whose window could not be created still waits for it, and would take any other.
+    // A page whose window could not be created is still waiting for it and would be attached to any other window.
     const AFX_THREAD_STATE* state = AfxFindThreadState();
     if (state && state->m_pWndInit && std::ranges::find(m_pages, state->m_pWndInit) != m_pages.end())
         AfxUnhookWindowCreate();
@@ -289,7 +289,7 @@ BOOL CPropertySheet::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult)
     }
     catch (...)
     {
-        // The sheet ends where it is: TRUE keeps the tab control from going on to another page.
+        // The sheet ends here: TRUE keeps the tab control from switching to another page.
         AfxKeepException();
         *pResult = TRUE;
         return TRUE;

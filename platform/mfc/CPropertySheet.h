@@ -8,8 +8,8 @@
 
 class AfxExceptionScope;
 
-// A window with tabs, each showing one page, and with OK and Cancel. It is the system's property sheet, run by a
-// message loop of our own, so that the pages can see messages before the keyboard handling takes them.
+// A window with tabs, each with a page, and with OK and Cancel. It is the system's property sheet, but runs in our own
+// message loop, so that pages can see messages before the keyboard handling takes them.
 class CPropertySheet : public CWnd
 {
 public:
@@ -20,43 +20,44 @@ public:
     // Flags for the system, such as PSH_NOAPPLYNOW; pages, caption and owner are filled in when the sheet is started.
     PROPSHEETHEADERW m_psh = {};
 
-    // Appends a page, which stays its maker's. While the sheet is shown, and for null, it throws the invalid-argument
-    // exception.
+    // Appends a page, which its creator continues to own. Throws the invalid-argument exception for null, and while the
+    // sheet is shown.
     void AddPage(CPropertyPage* pPage);
     int GetPageCount() const noexcept { return static_cast<int>(m_pages.size()); }
-    // The invalid-argument exception for any index that is not a page's.
+    // Throws the invalid-argument exception for an index that is out of range.
     CPropertyPage* GetPage(int index) const;
-    // -1 when it is none of this sheet's.
+    // -1 if the page is not in this sheet.
     int GetPageIndex(const CPropertyPage* pPage) const noexcept;
 
-    // The tab that is selected; without a window the page that is to be shown first.
+    // The selected tab; without a window, the page to be shown first.
     int GetActiveIndex() const;
     CPropertyPage* GetActivePage() const { return GetPage(GetActiveIndex()); }
-    // FALSE when there is no such page, or when the page shown does not let go or the other one refuses.
+    // FALSE if there is no such page, if the shown page cannot be left, or if the other one refuses.
     BOOL SetActivePage(int index);
     BOOL SetActivePage(const CPropertyPage* pPage) { return SetActivePage(GetPageIndex(pPage)); }
 
     // The sheet's tab control, with the ID AFX_IDC_TAB_CONTROL; null without a window.
     //
-    // A handler for one of its notifications hides it from the system's procedure, and without that no page is ever
-    // switched: call Default() in it. After TCN_SELCHANGING the answer of Default() is the result, unless the handler
-    // refuses by itself.
+    // A handler for one of its notifications hides it from the system's procedure, which then never switches pages, so
+    // call Default() in it. After TCN_SELCHANGING the result of Default() is the handler's result, unless it refuses by
+    // itself.
     CWnd* GetTabControl() const;
 
     // Shows the sheet and runs a message loop until it is confirmed (IDOK), cancelled (IDCANCEL) or ended by EndDialog.
-    // -1 when it or its first page cannot be created, when its window is destroyed otherwise, or when the program is to
-    // quit. What a handler of any window throws meanwhile ends the loop and is thrown on, after the owner is enabled
-    // again and the window gone.
+    // -1 if the sheet or its first page cannot be created, if its window is destroyed in another way, or if the program
+    // is to quit. An exception from any window's handler ends the loop and is rethrown, after the owner is enabled
+    // again and the window destroyed.
     virtual INT_PTR DoModal();
 
-    // Ends DoModal with this result, without asking the pages; from OnInitDialog the sheet never shows.
+    // Ends DoModal with this result, without asking the pages. Called from OnInitDialog, it prevents the sheet from
+    // being shown at all.
     void EndDialog(int result);
 
     // Presses one of the sheet's buttons, PSBTN_OK to PSBTN_HELP.
     BOOL PressButton(int button);
 
-    // Run once the first page is there and before the sheet shows; may be called again at any time while it is shown.
-    // TRUE: the system gives the focus to a control.
+    // Called when the first page exists and before the sheet is shown; may be called again at any time while it is
+    // shown. Returning TRUE lets the system set the focus.
     virtual BOOL OnInitDialog();
 
     // Ctrl+Tab, Ctrl+Page Down and Ctrl+Page Up switch pages; Tab, arrows, Return, Escape and access keys work.
@@ -72,7 +73,7 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
-    // The tab control, watched: whatever came of it, tab, page and focus agree afterwards.
+    // Handles the tab control's messages: whatever they lead to, tab, page and focus agree afterwards.
     class TabControl : public CWnd
     {
     public:
@@ -101,7 +102,7 @@ private:
     std::vector<CPropertyPage*> m_pages;
     TabControl m_tabControl{*this};
 
-    const AfxExceptionScope* m_scope = nullptr; // of the DoModal that runs
+    const AfxExceptionScope* m_scope = nullptr; // of the running DoModal
     bool m_keepHidden = false;
     bool m_ended = false;
     int m_nModalResult = -1;

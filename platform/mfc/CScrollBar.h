@@ -2,7 +2,7 @@
 
 #include "mfc/CWnd.h"
 
-// A scroll bar; only its name is needed, in the handlers of scroll messages.
+// A scroll bar; only the type is needed, for the handlers of scroll messages.
 class CScrollBar : public CWnd
 {
 };

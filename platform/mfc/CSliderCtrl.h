@@ -2,7 +2,7 @@
 
 #include "mfc/CWnd.h"
 
-// A slider (trackbar). Setting a position sends no notification and cuts it to the range.
+// A slider (trackbar). Setting a position sends no notification and limits it to the range.
 class CSliderCtrl : public CWnd
 {
 public:
@@ -15,7 +15,7 @@ public:
         minimum = GetRangeMin();
         maximum = GetRangeMax();
     }
-    // Each end by a message of its own: the one message for both has only 16 bits for each.
+    // Each end with its own message: the combined message has only 16 bits for each.
     void SetRange(int minimum, int maximum, BOOL redraw = FALSE) const
     {
         SetRangeMin(minimum);

@@ -2,7 +2,7 @@
 
 #include "mfc/CWnd.h"
 
-// A label, frame or picture. The setters answer the picture shown before; none of them owns a picture.
+// A label, frame or picture. The setters return the previous picture; no control owns its picture.
 class CStatic : public CWnd
 {
 public:

@@ -90,8 +90,8 @@ int CString::Replace(WCHAR from, WCHAR to) noexcept
 
 void CString::FormatV(LPCWSTR format, va_list arguments)
 {
-    // The functions with an underscore are the system runtime's own. The names without it take "%s" as narrow text
-    // with this compiler.
+    // The functions with an underscore are the system runtime's own. With this compiler, those without it take "%s" as
+    // narrow text.
     va_list counted;
     va_copy(counted, arguments);
     const int length = format ? _vscwprintf(format, counted) : -1;
@@ -137,7 +137,7 @@ BOOL CString::LoadString(UINT id)
 
 BOOL CString::LoadString(HINSTANCE library, UINT id)
 {
-    // Without a buffer the call gives the place of the text inside the library, so no length is guessed.
+    // Without a buffer the call returns the address of the text inside the library, so no length is guessed.
     LPCWSTR text = nullptr;
     const int length = ::LoadStringW(library, id, reinterpret_cast<LPWSTR>(&text), 0);
     m_text = length > 0 ? OdStringView(text, static_cast<std::size_t>(length)) : OdStringView();

@@ -9,7 +9,7 @@
 #include <string>
 #include <utility>
 
-// Text of windows and dialogs: UTF-16, a value. Converts from and to the kernel's OdString.
+// Text of windows and dialogs: UTF-16, a value type. Converts from and to the kernel's OdString.
 class CString
 {
 public:
@@ -26,7 +26,7 @@ public:
         return *this;
     }
 
-    // Ends at the first NUL for whoever takes a pointer, such as the system.
+    // Code that takes a pointer, such as the system, stops at the first NUL.
     operator LPCWSTR() const noexcept { return m_text.c_str(); }
     LPCWSTR GetString() const noexcept { return m_text.c_str(); }
     OdStringView view() const noexcept { return m_text; }
@@ -40,35 +40,35 @@ public:
     // exception.
     WCHAR GetAt(int index) const;
     WCHAR operator[](int index) const { return GetAt(index); }
-    // The index must be inside the text, else the invalid-argument exception is thrown.
+    // An index outside the text throws the invalid-argument exception.
     void SetAt(int index, WCHAR c);
 
-    // Parts of the text; counts and positions outside it are cut to it.
+    // Parts of the text; counts and positions outside it are clamped.
     CString Left(int count) const;
     CString Right(int count) const;
     CString Mid(int first) const;
     CString Mid(int first, int count) const;
 
-    // Position at or after start, -1 when there is none or start is outside the text.
+    // Position at or after start; -1 if there is none or start is outside the text.
     int Find(WCHAR c, int start = 0) const noexcept;
     int Find(LPCWSTR part, int start = 0) const noexcept;
     int ReverseFind(WCHAR c) const noexcept;
 
-    // Negative, 0 or positive. CompareNoCase folds A to Z only, as everything in this product does.
+    // Negative, 0 or positive. CompareNoCase folds only A to Z, like everything in this product.
     int Compare(LPCWSTR other) const noexcept { return view().compare(odViewOrEmpty(other)); }
     int CompareNoCase(LPCWSTR other) const noexcept;
 
-    // Take white space away, as iswspace knows it.
+    // Remove white space as defined by iswspace.
     CString& Trim() { return TrimRight().TrimLeft(); }
     CString& TrimLeft();
     CString& TrimRight();
 
-    // Number of units that were replaced.
+    // Returns the number of replaced units.
     int Replace(WCHAR from, WCHAR to) noexcept;
 
-    // As printf with wide meanings: "%s" and "%c" take wide text, "%S" and "%hs" narrow text. An argument may be a
+    // Like printf with wide meanings: "%s" and "%c" take wide text, "%S" and "%hs" narrow text. An argument may be a
     // CString. A format that the runtime refuses throws the invalid-argument exception and changes nothing; so does the
-    // second form when the current resource library has no such string.
+    // second form if the current resource library has no such string.
     template <class... Arguments>
     void Format(LPCWSTR format, Arguments... arguments)
     {
@@ -88,12 +88,12 @@ public:
     }
     void FormatV(LPCWSTR format, va_list arguments);
 
-    // Takes a string resource from the given library, by default from the current resource handle. FALSE when there is
-    // none, or it is empty; the text is then empty.
+    // Loads a string resource from the given library, by default from the current resource handle. FALSE if there is
+    // none or it is empty; the text is then empty.
     BOOL LoadString(UINT id);
     BOOL LoadString(HINSTANCE library, UINT id);
 
-    // A buffer for at least minLength units and a terminator, valid until the next change; ReleaseBuffer ends the text
+    // A buffer for at least minLength units and a terminator, valid until the next change. ReleaseBuffer ends the text
     // at newLength, by default at the first NUL.
     LPWSTR GetBuffer(int minLength);
     void ReleaseBuffer(int newLength = -1);
@@ -139,5 +139,5 @@ private:
     std::wstring m_text;
 };
 
-// As UTF-8; how a failed test shows a text.
+// As UTF-8; this is how a failed test shows a text.
 std::ostream& operator<<(std::ostream& out, const CString& text);

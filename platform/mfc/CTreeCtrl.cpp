@@ -87,7 +87,7 @@ BOOL CTreeCtrl::SetItem(const TVITEMW& item) const
 
 CString CTreeCtrl::GetItemText(HTREEITEM item) const
 {
-    // The control does not tell how long the text is, and cuts it to the buffer.
+    // The control does not say how long the text is, and cuts it to the buffer.
     std::vector<WCHAR> buffer(256);
     for (;;)
     {
@@ -98,7 +98,7 @@ CString CTreeCtrl::GetItemText(HTREEITEM item) const
         read.cchTextMax = static_cast<int>(buffer.size());
         if (!GetItem(read))
             return CString();
-        // The pointer may have been changed to the control's own text, which is whole.
+        // The pointer may have been changed to the control's own text, which is complete.
         const bool isOwnText = read.pszText != buffer.data();
         if (isOwnText || std::wcslen(read.pszText) + 1 < buffer.size())
             return CString(read.pszText);

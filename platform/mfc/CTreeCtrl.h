@@ -3,8 +3,8 @@
 #include "mfc/CImageList.h"
 #include "mfc/CWnd.h"
 
-// A tree of entries with texts and pictures. Functions that look an entry up answer null when there is none; FALSE is
-// the answer of a call that the control refuses.
+// A tree of entries with texts and pictures. Functions that look up an entry return null if there is none; a call that
+// the control refuses returns FALSE.
 class CTreeCtrl : public CWnd
 {
 public:
@@ -25,12 +25,12 @@ public:
 
     BOOL GetItem(TVITEMW& item) const;
     BOOL SetItem(const TVITEMW& item) const;
-    // Whole, however long it is; empty when there is no such entry.
+    // The complete text, however long; empty if there is no such entry.
     CString GetItemText(HTREEITEM item) const;
     BOOL SetItemText(HTREEITEM item, LPCWSTR text) const;
     DWORD_PTR GetItemData(HTREEITEM item) const;
     BOOL SetItemData(HTREEITEM item, DWORD_PTR data) const;
-    // Only the bits of the mask.
+    // Only the bits in the mask.
     UINT GetItemState(HTREEITEM item, UINT mask) const;
     BOOL SetItemState(HTREEITEM item, UINT state, UINT mask) const;
     BOOL GetItemImage(HTREEITEM item, int& image, int& selectedImage) const;
@@ -39,7 +39,7 @@ public:
     BOOL Expand(HTREEITEM item, UINT code) const;
     BOOL EnsureVisible(HTREEITEM item) const;
 
-    // The list stays the caller's, and must live as long as the control shows it. Answers the one before.
+    // The caller keeps the list, which must live as long as the control shows it. Returns the previous one.
     HIMAGELIST SetImageList(HIMAGELIST list, int which) const;
     HIMAGELIST GetImageList(UINT which) const;
 };

@@ -19,7 +19,7 @@ CWinApp::~CWinApp()
     const HINSTANCE library = std::exchange(m_hLangResourceDLL, nullptr);
     if (!library)
         return;
-    // Nobody may find a library that is gone.
+    // No code may find a library that is already freed.
     if (state->m_hCurrentResourceHandle == library)
         state->m_hCurrentResourceHandle = state->m_hCurrentInstanceHandle;
     if (_AtlBaseModule.GetResourceInstance() == library)

@@ -10,7 +10,8 @@ CWnd::~CWnd()
 {
     if (AFX_THREAD_STATE* state = AfxFindThreadState(); state && state->m_pWndInit == this)
         state->m_pWndInit = nullptr;
-    // Its handlers would use an object that is gone, so the window goes too. Nothing virtual is left to call here.
+    // The window's handlers would use a destroyed object, so the window is destroyed too. No virtual function can be
+    // called here any more.
     if (m_hWnd)
         CWnd::DestroyWindow();
 }
@@ -51,7 +52,7 @@ HWND CWnd::Detach() noexcept
 {
     const HWND hWnd = std::exchange(m_hWnd, nullptr);
     m_pfnSuper = nullptr;
-    // A temporary object is not in the map, and somebody else's entry is left alone.
+    // A temporary object is not in the map, and an entry for another object is left alone.
     if (FromHandlePermanent(hWnd) == this)
         AfxFindThreadState()->m_windows.erase(hWnd);
     return hWnd;
@@ -62,7 +63,8 @@ BOOL CWnd::SubclassWindow(HWND hWnd)
     if (!Attach(hWnd))
         return FALSE;
     const LONG_PTR former = ::SetWindowLongPtrW(hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&AfxWndProc));
-    // Ours already when the object before was only detached; the class's own procedure is then the one to go on with.
+    // Already our procedure if the previous object was only detached; unhandled messages then go to the procedure of
+    // the window's class.
     m_pfnSuper = reinterpret_cast<WNDPROC>(former) == &AfxWndProc ? nullptr : reinterpret_cast<WNDPROC>(former);
     return TRUE;
 }
@@ -74,7 +76,7 @@ BOOL CWnd::SubclassDlgItem(UINT id, const CWnd* pParent)
 
 HWND CWnd::UnsubclassWindow() noexcept
 {
-    // Somebody who subclassed after us calls our procedure; taking theirs away would cut them off.
+    // Code that subclassed after us calls our procedure; removing theirs would cut them off.
     if (m_pfnSuper && reinterpret_cast<WNDPROC>(::GetWindowLongPtrW(m_hWnd, GWLP_WNDPROC)) == &AfxWndProc)
         ::SetWindowLongPtrW(m_hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(m_pfnSuper));
     return Detach();
@@ -92,7 +94,7 @@ BOOL CWnd::CreateEx(DWORD exStyle, LPCWSTR className, LPCWSTR windowName, DWORD 
         created = ::CreateWindowExW(exStyle, className, windowName, style, x, y, width, height, parent, idOrMenu,
                                     AfxGetInstanceHandle(), param);
     }
-    // No member is touched before the map was asked: the object may have deleted itself with its window.
+    // The map is asked before any member is touched: the object may have deleted itself with its window.
     if (scope.hasException() && created && FromHandlePermanent(created) == this)
         DestroyWindow();
     scope.rethrow();
@@ -112,8 +114,8 @@ BOOL CWnd::DestroyWindow()
         return FALSE;
     const HWND hWnd = m_hWnd;
     const BOOL destroyed = ::DestroyWindow(hWnd);
-    // The object may have deleted itself by now, so the map is asked first. Still there is an object whose window was
-    // only attached: nobody told it that the window died.
+    // The object may have deleted itself by now, so the map is asked first. An object is still in it if its window was
+    // only attached, because nothing reported the window's destruction to it.
     if (destroyed && FromHandlePermanent(hWnd) == this)
         Detach();
     return destroyed;

@@ -5,12 +5,11 @@
 
 class CDataExchange;
 
-// A window and its object. An object of its own is "permanent": it sees every message of its window from the first on,
-// and the thread's map finds it by the handle. The object does not own the window and the window not the object: the
-// object is detached when the window dies, and a window that outlives its object is destroyed with it.
+// A window and its object. An object of its own is "permanent": it sees every message of its window from the first one
+// on, and the thread's map finds it by the window's handle. Neither owns the other: the object is detached when the
+// window is destroyed, and a window that outlives its object is destroyed with it.
 //
-// Names and meanings of the members that only call the system are those of the system. All of them are for the window's
-// own thread.
+// Members that only call the system have the system's names and meanings. All of them are for the window's own thread.
 class CWnd : public CCmdTarget
 {
 public:
@@ -25,23 +24,23 @@ public:
 
     // The permanent object of a window of this thread, or null.
     static CWnd* FromHandlePermanent(HWND hWnd) noexcept;
-    // The permanent object, else a temporary one, null for null. A temporary object is good until the outermost message
-    // or modal loop of the thread that it was asked for in ends; it sees no messages.
+    // The permanent object, otherwise a temporary one; null for null. A temporary object is valid until the end of the
+    // thread's outermost message or modal loop in which it was asked for. It sees no messages.
     static CWnd* FromHandle(HWND hWnd);
 
-    // Enters the window into the map without changing it. FALSE when the object has a window, the window an object, or
-    // hWnd is null.
+    // Enters the window into the map without changing it. FALSE if the object already has a window, the window already
+    // has an object, or hWnd is null.
     BOOL Attach(HWND hWnd);
     HWND Detach() noexcept;
 
-    // Attaches and takes the window procedure over. FALSE as for Attach. The window's former procedure gets what is not
-    // handled.
+    // Attaches the object and replaces the window procedure. FALSE as for Attach. The previous procedure gets what is
+    // not handled.
     BOOL SubclassWindow(HWND hWnd);
     BOOL SubclassDlgItem(UINT id, const CWnd* pParent);
-    // Gives the window its procedure back and detaches; answers the window.
+    // Restores the window's procedure and detaches; returns the window.
     HWND UnsubclassWindow() noexcept;
 
-    // Creates a window of any class. FALSE when the system refuses; rethrows what a handler threw meanwhile.
+    // Creates a window of any class. FALSE if the system refuses; rethrows what a handler threw meanwhile.
     BOOL CreateEx(DWORD exStyle, LPCWSTR className, LPCWSTR windowName, DWORD style, int x, int y, int width,
                   int height, HWND parent, HMENU idOrMenu, void* param = nullptr);
     BOOL Create(LPCWSTR className, LPCWSTR windowName, DWORD style, const RECT& rect, CWnd* pParent, UINT id);
@@ -53,13 +52,13 @@ public:
     virtual BOOL PreTranslateMessage(MSG* pMsg);
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
     BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
-    // The message being handled on this thread, of the innermost window procedure.
+    // The message being handled on this thread by the innermost window procedure.
     static const MSG* GetCurrentMessage();
-    // Offers a message to the objects of its window and of that window's parents, up to and with hWndStop: true when
-    // one took it.
+    // Offers a message to the objects of its window and of that window's parents, up to and including hWndStop. True if
+    // one of them handled it.
     static bool WalkPreTranslateTree(HWND hWndStop, MSG* pMsg);
 
-    // --- Text, state, place ---
+    // --- Text, state, position ---
 
     void SetWindowText(LPCWSTR text) const;
     int GetWindowText(LPWSTR buffer, int size) const;
@@ -94,15 +93,16 @@ public:
     void UpdateWindow() const;
     BOOL RedrawWindow(const RECT* rect = nullptr, HRGN region = nullptr,
                       UINT flags = RDW_INVALIDATE | RDW_UPDATENOW | RDW_ERASE) const;
-    // In the middle of the given window, else of the owner or parent, else of the screen; kept on its screen.
+    // Centres the window in the given one, otherwise in its owner or parent, otherwise on the screen; it stays on that
+    // window's screen.
     void CenterWindow(const CWnd* pAlternateOwner = nullptr) const;
     int MessageBox(LPCWSTR text, LPCWSTR caption, UINT type = MB_OK) const;
 
     // --- Relatives ---
 
-    // The permanent object of the parent or owner; null when it has none, also when there is a window.
+    // The permanent object of the parent or owner; null if there is none, even if there is a window.
     CWnd* GetParent() const;
-    // Temporary where the window has no permanent object; null when there is no window.
+    // A temporary object if the window has no permanent one; null if there is no window.
     CWnd* GetDlgItem(int id) const;
     void GetDlgItem(int id, HWND* hWnd) const;
     CWnd* GetTopLevelParent() const;
@@ -120,31 +120,31 @@ public:
     UINT IsDlgButtonChecked(int id) const;
     int GetCheckedRadioButton(int first, int last) const;
 
-    // Moves values between the members and the controls: TRUE saves them from the controls, FALSE loads them. FALSE
-    // when a value cannot be saved; the user was told and the focus is on the control. Does nothing and answers TRUE
-    // without a window. While it runs, notifications of the controls are ignored.
+    // Moves values between the members and the controls: TRUE saves them from the controls, FALSE loads them. Returns
+    // FALSE if a value cannot be saved; the user has then been told, and the control has the focus. Without a window it
+    // does nothing and returns TRUE. While it runs, notifications of the controls are ignored.
     BOOL UpdateData(BOOL saveAndValidate = TRUE);
 
 protected:
     // Says which value belongs to which control; see the DDX functions. The base has none.
     virtual void DoDataExchange(CDataExchange* pDX);
 
-    // Every message comes here first; what is not handled goes on to the window's former procedure.
+    // Every message comes here first; unhandled ones go to the window's previous procedure.
     virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
-    // Looks the message up in the message map. FALSE when it is not handled.
+    // Looks up the message in the message map. FALSE if it is not handled.
     virtual BOOL OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
-    // WM_COMMAND and WM_NOTIFY. FALSE when they are not handled.
+    // WM_COMMAND and WM_NOTIFY. FALSE if they are not handled.
     virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
     virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult);
     virtual LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam);
 
-    // The current message once more, for the window's former procedure.
+    // Passes the current message to the window's previous procedure.
     LRESULT Default();
 
-    // The last call for a window: the object is detached already and may delete itself.
+    // The last call for a window: the object is already detached and may delete itself.
     virtual void PostNcDestroy();
 
-    // Default() all of them.
+    // All of these call Default().
     afx_msg void OnDestroy();
     afx_msg void OnPaint();
     afx_msg void OnHScroll(UINT code, UINT position, CScrollBar* pScrollBar);

@@ -26,7 +26,7 @@ int CWnd::GetWindowText(LPWSTR buffer, int size) const
 
 void CWnd::GetWindowText(CString& text) const
 {
-    // The length may be an upper bound, and the text shorter by the time it is read.
+    // The length may be an upper bound, and the text may be shorter by the time it is read.
     const int length = GetWindowTextLength();
     const int copied = ::GetWindowTextW(m_hWnd, text.GetBuffer(length + 1), length + 1);
     text.ReleaseBuffer(copied);
@@ -139,7 +139,7 @@ void CWnd::GetWindowRect(RECT* rect) const
     ::GetWindowRect(m_hWnd, rect);
 }
 
-// Both corners in one call: that keeps left and right in order in a mirrored window.
+// Both corners in one call, which keeps left and right in order in a mirrored window.
 void CWnd::ScreenToClient(RECT* rect) const
 {
     ::MapWindowPoints(nullptr, m_hWnd, reinterpret_cast<POINT*>(rect), 2);
@@ -199,7 +199,7 @@ void CWnd::CenterWindow(const CWnd* pAlternateOwner) const
 {
     const bool isChild = (GetStyle() & WS_CHILD) != 0;
     HWND around = pAlternateOwner ? pAlternateOwner->m_hWnd : ::GetParent(m_hWnd);
-    // Around something that cannot be seen the window would be anywhere.
+    // Centred in an invisible window it could end up anywhere.
     if (!isChild && around && (!::IsWindowVisible(around) || ::IsIconic(around)))
         around = nullptr;
 
@@ -226,7 +226,7 @@ void CWnd::CenterWindow(const CWnd* pAlternateOwner) const
     }
     const LONG width = own.right - own.left;
     const LONG height = own.bottom - own.top;
-    // The left and upper edge win when there is not room for all of it: the title bar stays in reach.
+    // If there is not enough room, the left and upper edges win, so that the title bar stays within reach.
     const LONG left = std::max(limit.left, std::min((area.left + area.right - width) / 2, limit.right - width));
     const LONG top = std::max(limit.top, std::min((area.top + area.bottom - height) / 2, limit.bottom - height));
     SetWindowPos(nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);

@@ -1,4 +1,4 @@
-// The way of a message through a window object.
+// How a message travels through a window object.
 
 #include "mfc/AfxExceptionScope.h"
 #include "mfc/CScrollBar.h"
@@ -8,7 +8,7 @@
 
 namespace
 {
-// Makes a message the current one, and on every way out the one around it again.
+// Makes a message the current one, and on every way out restores the enclosing one.
 class CurrentMessage
 {
 public:
@@ -31,12 +31,12 @@ WNDPROC classProcedure(HWND hWnd)
     return procedure && procedure != &AfxWndProc ? procedure : &::DefWindowProcW;
 }
 
-// What the system is told when a handler threw.
+// What is returned to the system if a handler threw.
 LRESULT answerAfterException(HWND hWnd, UINT message)
 {
     if (message == WM_CREATE)
         return -1;
-    // Else the system would ask for the same painting again and again.
+    // Otherwise the system would ask for the same painting again and again.
     if (message == WM_PAINT)
         ::ValidateRect(hWnd, nullptr);
     return 0;
@@ -67,7 +67,7 @@ LRESULT CALLBACK AfxWndProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lPara
         AfxKeepException();
         result = answerAfterException(hWnd, message);
     }
-    // An override that threw or forgot its base must not leave a dead window in the map.
+    // An override that threw or did not call its base must not leave a destroyed window in the map.
     if (message == WM_NCDESTROY)
         if (CWnd* left = CWnd::FromHandlePermanent(hWnd))
             left->UnsubclassWindow();
@@ -103,7 +103,7 @@ BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult
 
 BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam)
 {
-    // What comes without a control is a command, also when the high word says that a shortcut key gave it.
+    // Without a control it is a command, even if the high word says that it came from a shortcut key.
     const UINT code = lParam ? HIWORD(wParam) : CN_COMMAND;
     if (lParam && AfxGetThreadState().m_hLockoutNotifyWindow == m_hWnd)
         return TRUE;
@@ -149,7 +149,7 @@ const MSG* CWnd::GetCurrentMessage()
 
 void CWnd::onNcDestroy()
 {
-    // The system's procedure frees what it keeps for the window; ours must be out of the way for later messages.
+    // The system's procedure frees what it holds for the window, and ours must be removed before later messages.
     Default();
     UnsubclassWindow();
     PostNcDestroy();

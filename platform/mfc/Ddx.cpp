@@ -41,7 +41,7 @@ std::optional<double> numberIn(CString text)
     if (text.GetAt(0) == L'+' && text.GetAt(1) != L'-')
         text = text.Mid(1);
 
-    // What is not ASCII is no part of a number.
+    // Anything that is not ASCII cannot be part of a number.
     std::string narrow;
     for (const WCHAR c : text.view())
         narrow += c < 0x80 ? static_cast<char>(c) : '?';
@@ -117,7 +117,7 @@ void DDX_Radio(CDataExchange* pDX, int id, int& value)
     int number = 0;
     do
     {
-        // The group may hold other controls, such as labels.
+        // The group may contain other controls, such as labels.
         if (::SendMessageW(control, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON)
         {
             if (!pDX->m_bSaveAndValidate)

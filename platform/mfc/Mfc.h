@@ -1,6 +1,6 @@
 #pragma once
 
-// All of the subset, for those who build windows with it.
+// The whole subset, for code that builds windows with it.
 
 #include "mfc/AfxMessageMap.h"
 #include "mfc/AfxModuleState.h"
