@@ -1,6 +1,6 @@
 #pragma once
 
-// Numbers of what the language resource library holds; read by the resource compiler too, so macros.
+// Numbers in the language resource library. Macros, because the resource compiler reads this file too.
 
 // Dialogs
 #define IDD_GENERAL 103
@@ -32,7 +32,7 @@
 #define IDS_TAB_DEVICE 216
 #define IDS_DESCRIPTION_CUT 242
 
-// Strings of the device tree. "Value" strings format what stands behind the entry's name.
+// Strings of the device tree. "Value" strings format what follows an entry's name.
 #define IDS_MEDIA 217
 #define IDS_MEDIA_DEST 218
 #define IDS_SOURCE_SIZE 219
@@ -64,7 +64,7 @@
 #define IDS_QUALITY_600 10128
 #define IDS_QUALITY_1200 10129
 
-// What stands beside the fields of a custom size
+// What is shown beside the fields of a custom size
 #define IDS_LIMIT_MILLIMETRES 10133 // %s: length
 #define IDS_LIMIT_INCHES 10134      // %s: length
 #define IDS_LENGTH_TOO_LARGE 10135  // %s: one of the two above
@@ -73,7 +73,7 @@
 #define IDS_COMMAND_PC3EDIT 3000
 #define IDS_COMMAND_PC3GETDEVMODE 3002
 
-// What the window library says about a number field: its AFX_IDP_PARSE_REAL (0xF111)
+// The window library's message for a number field: its AFX_IDP_PARSE_REAL (0xF111)
 #define IDS_NO_NUMBER 61713
 
 // Icons
@@ -113,7 +113,7 @@
 #define IDC_DEFAULTS 532
 #define IDC_PAGE_FRAME 533
 
-// Controls of the pages. The vector page only shows: label 1 names the colours, in 502, 601 and 602; label 3 the
+// Controls of the pages. The vector page only displays: label 1 names the colours, in 502, 601 and 602; label 3 the
 // resolution, in 503; label 4 the dithering, in 504.
 #define IDC_PREFERENCE 501
 #define IDC_COLOR_DEPTH 502
