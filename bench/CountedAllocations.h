@@ -2,5 +2,5 @@
 
 #include <cstddef>
 
-// How often this program has asked for memory by operator new, the codec's memory included.
+// How often this program has allocated memory with operator new, including the codec's allocations.
 std::size_t countedAllocations() noexcept;

@@ -1,7 +1,7 @@
 #pragma once
 
-// The same configuration out of other formats: every peer fills the same members, by the same tables of the same keys
-// in the same order, in the way its library is meant to be used.
+// The same configuration read from other formats: every peer fills the same members, using the same tables of keys in
+// the same order, in the way its library is meant to be used.
 
 #include "GarmPC3Editor/Model/NodeTables.h"
 #include "bench/Samples.h"
@@ -38,7 +38,7 @@ const auto& tableOf()
         return nodes::configuration;
 }
 
-// The keys in the characters of the other formats, made once.
+// The keys in the other formats' character type, converted once.
 template <class Node>
 const std::vector<std::string>& keysOf()
 {
@@ -47,7 +47,7 @@ const std::vector<std::string>& keysOf()
     return keys;
 }
 
-// UTF-8 as the members hold it; nearly always ASCII, as it is for us.
+// UTF-8 converted to the members' text; nearly always ASCII, as for us.
 inline OdString wide(std::string_view text)
 {
     unsigned char all = 0;
@@ -62,7 +62,7 @@ bool numberFrom(std::string_view text, Number& out)
     return std::from_chars(text.data(), text.data() + text.size(), out).ec == std::errc();
 }
 
-// Source: get(key, out) for each kind of member, get(key, Source&) for a block, and readCustom(GmCustomNode&).
+// Source has get(key, out) for each kind of member, get(key, Source&) for a block, and readCustom(GmCustomNode&).
 template <class Source, class Node>
 bool readNode(Source source, Node& node);
 

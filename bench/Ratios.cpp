@@ -1,4 +1,4 @@
-// Runs the benchmarks and prints what they are for: ratios, which depend on the machine less than times do.
+// Runs the benchmarks and prints ratios, which depend less on the machine than times do.
 
 #include "bench/Samples.h"
 
@@ -12,7 +12,7 @@
 
 namespace
 {
-// Keeps the fastest of the repetitions: what else runs on the machine only ever adds to a time.
+// Keeps the fastest repetition: other work on the machine can only add to a time.
 class Fastest : public benchmark::BenchmarkReporter
 {
 public:

@@ -1,4 +1,5 @@
-// From bytes to the fields of a configuration, against other parsers; and a whole file, against getting its bytes.
+// From bytes to the fields of a configuration, compared with other parsers; and a whole file, compared with getting its
+// bytes.
 
 #include "CountedAllocations.h"
 #include "bench/Peers.h"
@@ -199,7 +200,7 @@ void mustBe(bool condition)
         std::abort();
 }
 
-// What came out must be the configuration that went in.
+// The result must be the configuration that went in.
 void mustBeRead(const OpenPlotCfg& read, const Sample& sample)
 {
     CPBlock tree(OD_T(""));
@@ -215,7 +216,7 @@ bool initFrom(CPIAParser& parser, OpenPlotCfg& out)
     return out.init(parser, modified);
 }
 
-// read(sample, configuration) is what is measured.
+// Measures read(sample, configuration).
 template <class Read>
 void measure(benchmark::State& state, Read read)
 {
@@ -238,7 +239,7 @@ void measure(benchmark::State& state, Read read)
 
 void parseAndInit(benchmark::State& state)
 {
-    // The text as it is after inflation, in memory, as the peers have theirs.
+    // The text after inflation, in memory, as the peers have theirs.
     const std::string plain = "PIAFILEVERSION_2.0,PC3VER1\n" + sampleOf(state).text;
     measure(state,
             [&plain](const Sample&, OpenPlotCfg& out)
@@ -283,7 +284,7 @@ void parseAndInitRapidJson(benchmark::State& state)
 
 void parseAndInitSimdjson(benchmark::State& state)
 {
-    // It wants its input padded, and its parser kept: both are how its makers measure it.
+    // It expects its input padded and its parser kept; both are how its authors measure it.
     const simdjson::padded_string padded(sampleOf(state).json);
     simdjson::ondemand::parser parser;
     measure(state,
@@ -297,7 +298,7 @@ void parseAndInitSimdjson(benchmark::State& state)
             });
 }
 
-// A file of the sample for as long as the object lives.
+// A file with the sample, for the object's lifetime.
 class SampleFile
 {
 public:
@@ -316,7 +317,7 @@ private:
     std::filesystem::path m_path;
 };
 
-// The text in a file, as directly as it can be had: two buffers of the right size, one call each.
+// The text of a file, read as directly as possible: two buffers of the right size, one call each.
 template <class Inflate>
 void floorOf(benchmark::State& state, Inflate inflateStream)
 {

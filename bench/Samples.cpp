@@ -85,7 +85,7 @@ OpenPlotCfg configuration(std::size_t privateBytes)
     return made;
 }
 
-// The test values have nothing that these formats would have to escape but the backslash.
+// The backslash is the only character in the test values that these formats have to escape.
 std::string jsonText(OdStringView text)
 {
     std::string out = "\"";
@@ -103,7 +103,7 @@ const OdString& textOf(const CPItem& item)
     return static_cast<const CPText&>(item).text();
 }
 
-// The second item of a custom entry is named by its kind, which these formats cannot tell from the value.
+// The second item of a custom entry is named after its kind, which these formats cannot derive from the value.
 std::string nameOf(const CPItem& item)
 {
     return item.type() == CPItem::eBin ? "bin" : odToUtf8(item.name());

@@ -6,22 +6,22 @@
 #include <memory>
 #include <string>
 
-// One configuration in the formats that are compared. The trees are the same: the same blocks, keys, order and values.
+// One configuration in each of the compared formats. The trees are the same: the same blocks, keys, order and values.
 struct Sample
 {
     std::unique_ptr<CPBlock> tree;
-    std::string text; // of the tree, not compressed
+    std::string text; // of the tree, uncompressed
     std::string file; // the compressed form
     std::string json;
     std::string xml;
 };
 
-// A configuration whose text has 5 to 6 KB, and one that has 64 KB of private driver data as well. Neither is bound to
-// an installed printer, so reading one looks for none.
+// A configuration with 5 to 6 KB of text, and one that has 64 KB of private driver data as well. Neither is bound to an
+// installed printer, so reading them does not look for one.
 const Sample& smallSample();
 const Sample& largeSample();
 
-// Lets the benchmarks take a configuration to pieces.
+// Gives the benchmarks access to the parts of a configuration.
 class OpenPlotCfg : public GmPlotCfg3
 {
 public:

@@ -142,7 +142,7 @@ std::vector<std::wstring> namesOfPrinters()
     std::vector<std::wstring> names;
     for (DWORD i = 0; i < returned; ++i)
         names.emplace_back(reinterpret_cast<const PRINTER_INFO_1W*>(records.get())[i].pName);
-    // The second pass: Wine refuses it, and so there is nothing to fill.
+    // The second pass. Wine refuses it, so there is nothing to fill.
     DWORD needed = 0;
     ::EnumPrintersW(PRINTER_ENUM_CONNECTIONS | PRINTER_ENUM_SHARED | PRINTER_ENUM_NETWORK, nullptr, 1, nullptr, 0,
                     &needed, &returned);
@@ -154,7 +154,7 @@ void bareCheck(const OdString& file, const OdString& printer, HWND window, UINT 
     auto check = std::make_unique<Check>(Check{file, printer, window, message});
     const HANDLE thread = ::CreateThread(nullptr, 0, &runCheck, check.get(), 0, nullptr);
     require(thread != nullptr, "CreateThread");
-    static_cast<void>(check.release()); // the thread's from here on
+    static_cast<void>(check.release()); // now the thread's
     ::CloseHandle(thread);
 }
 } // namespace modulebench

@@ -6,21 +6,20 @@
 #include <string>
 #include <vector>
 
-// The system calls that cannot be done without, in the module's order and with buffers of the sizes that the system
-// asks for; nothing of ours is in them. What they answer is not used. Each throws std::runtime_error when a call fails.
+// The indispensable system calls, in the module's order and with buffers of the sizes that the system asks for; none of
+// our code is in them. Their results are not used. Each function throws std::runtime_error when a call fails.
 namespace modulebench
 {
-// Of PC3GETDEVMODE for a configuration that is bound to the printer: the file's bytes are read, the printer is opened
-// and asked for its driver's name, opened again twice and asked for its own device mode and for its papers' codes and
-// names.
+// For PC3GETDEVMODE on a configuration that is bound to the printer: reads the file's bytes, opens the printer and asks
+// for its driver's name, opens it twice more and asks for its own device mode and for its papers' codes and names.
 void bareCallsOfCommand(const OdString& file, const OdString& printer);
 
-// Of opening the editor on it: the file's bytes, the driver's name and the port.
+// For opening the editor on it: the file's bytes, the driver's name and the port.
 void bareCallsOfEditor(const OdString& file, const OdString& printer);
 
-// Of the list on its first page.
+// For the list on its first page.
 std::vector<std::wstring> namesOfPrinters();
 
-// bareCallsOfCommand on a thread of its own, which posts the message when it is through.
+// Runs bareCallsOfCommand on its own thread, which posts the message at the end.
 void bareCheck(const OdString& file, const OdString& printer, HWND window, UINT message);
 } // namespace modulebench

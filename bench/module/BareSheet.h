@@ -4,7 +4,7 @@
 
 namespace modulebench
 {
-// A property sheet of the system with the editor's two pages, and nothing behind them: no code of the module is in it.
+// A property sheet of the system with the templates of the editor's two pages and no code of the module.
 class BareSheet
 {
 public:
@@ -14,9 +14,9 @@ public:
     BareSheet(const BareSheet&) = delete;
     BareSheet& operator=(const BareSheet&) = delete;
 
-    // Shows it, and returns when it is closed. Throws std::runtime_error when it cannot be shown.
+    // Shows the sheet and returns when it is closed. Throws std::runtime_error if it cannot be shown.
     void show(HWND owner) const;
-    // The same, with what the editor shows in its pages when it opens.
+    // The same, filled with what the editor shows on its pages when it opens.
     void showFilled(HWND owner) const;
 
     HINSTANCE resources() const noexcept { return m_resources; }
@@ -25,6 +25,6 @@ private:
     HMODULE m_resources;
 };
 
-// A dialog of a template alone, as a child of the parent.
+// A dialog that consists of its template alone, as a child of the parent.
 HWND createBareDialog(HINSTANCE resources, UINT dialog, HWND parent);
 } // namespace modulebench

@@ -6,7 +6,7 @@
 
 namespace modulebench
 {
-// A window that background checks post their answers to.
+// A window that background checks post their results to.
 class CheckedWindow
 {
 public:
@@ -17,8 +17,8 @@ public:
 
     HWND handle() const noexcept { return m_window; }
 
-    // Hands messages on until that many answers have come since the last time. Throws std::runtime_error when one was
-    // no, or when the next one takes more than half a minute.
+    // Dispatches messages until that many results have come since the last call. Throws std::runtime_error if a check
+    // found no printer, or if the next result takes more than half a minute.
     void await(std::size_t answers);
 
 private:

@@ -24,8 +24,8 @@ constexpr PageText texts[] = {{IDC_FILE_NAME, L"load.pc3"},
                               {IDC_VERSION, L"Version: not specified"},
                               {IDC_PORT, L"Port: LPR:DesignJet-3500CP"}};
 
-// The labels of the tree's entries in their order, with the values of a new configuration: they make the tree wider
-// than its room, so that it has a scroll bar to paint.
+// The labels of the tree's entries in their order, with the values of a new configuration. They make the tree wider
+// than its window, so that it has a scroll bar to paint.
 constexpr const wchar_t* labels[] = {L"load.pc3",
                                      L"Media",
                                      L"Source and size <Size: US Letter>",
@@ -112,7 +112,7 @@ void insertEntries(HWND tree)
         items[row.type] =
             reinterpret_cast<HTREEITEM>(::SendMessageW(tree, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insert)));
     }
-    // As the editor does: what media has is to be seen, what graphics has is not.
+    // As in the editor: the entries of media are visible, those of graphics are not.
     ::SendMessageW(tree, TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(items[eMedia]));
     ::SendMessageW(tree, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(items[eCustomProp]));
     ::SendMessageW(tree, TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(items[eRoot]));

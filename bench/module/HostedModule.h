@@ -7,8 +7,8 @@ class OdRxModule;
 
 namespace modulebench
 {
-// The module of this program's folder as long as the object lives, and its commands as a host calls them. Everything
-// throws std::runtime_error when it does not work.
+// The module in this program's folder, loaded for the object's lifetime, and its commands as a host calls them.
+// Everything throws std::runtime_error on failure.
 class HostedModule
 {
 public:
@@ -24,7 +24,7 @@ public:
     // PC3EDIT for a configuration; returns when the editor has been closed.
     void edit(const OdString& configuration) const;
 
-    // Whether the library is in the process, also without an object of this class.
+    // Whether the library is in the process, even without an object of this class.
     static bool isLoaded();
 
     static constexpr UINT checkedMessage = 1125;

@@ -21,7 +21,7 @@ namespace modulebench
 namespace
 {
 constexpr unsigned mostParts = 20;
-// Checks that are under way at the same time: more than a host ever starts for its list of devices.
+// How many checks run at the same time: more than a host ever starts for its list of devices.
 constexpr unsigned wave = 8;
 constexpr auto longestWait = std::chrono::seconds(30);
 
@@ -32,7 +32,7 @@ void tellCounts(const std::string& phase)
     std::fflush(stdout);
 }
 
-// Does the work in parts, each of which is told how much it is to do.
+// Does the work in parts; each part gets its share of the repetitions.
 void inParts(const std::string& phase, unsigned total, const std::function<void(unsigned)>& work)
 {
     const unsigned parts = std::min(total, mostParts);
@@ -44,7 +44,7 @@ void inParts(const std::string& phase, unsigned total, const std::function<void(
     }
 }
 
-// A check has answered before its thread has ended.
+// A check posts its result before its thread has ended.
 void awaitThreads(std::size_t wanted)
 {
     const auto end = std::chrono::steady_clock::now() + longestWait;

@@ -14,7 +14,7 @@ constexpr int tabControl = 0x3020; // of a property sheet
 const wchar_t* const watcherClass = L"ModuleBenchWatcher";
 const wchar_t* const ownerClass = L"ModuleBenchOwner";
 
-// The sheet that is waited for; hooks and window procedures have no other place for it.
+// The sheet that is waited for, global because hooks and window procedures have no other way to reach it.
 struct Awaited
 {
     const std::function<void(HWND)>& use;
@@ -36,7 +36,7 @@ LRESULT CALLBACK watchActivation(int code, WPARAM window, LPARAM details) noexce
     if (code == HCBT_ACTIVATE && awaited && !awaited->sheet && isSheet(activated))
     {
         awaited->sheet = activated;
-        // Taken from the queue by the sheet's own message loop, when everything before that is done.
+        // Fetched from the queue by the sheet's own message loop, when everything before it is done.
         ::PostMessageW(awaited->watcher, openedMessage, 0, 0);
     }
     return ::CallNextHookEx(nullptr, code, window, details);
@@ -74,7 +74,7 @@ HWND createWindow(const wchar_t* className, WNDPROC procedure, DWORD style, int 
     return window;
 }
 
-// What is waited for, with the hook and the window that it takes, as long as the object lives.
+// What is waited for, with the hook and the window that this needs, for the object's lifetime.
 class Watch
 {
 public:

@@ -7,17 +7,17 @@
 namespace modulebench
 {
 // Runs show, which shows a property sheet modally on this thread. As soon as the sheet's message loop runs, use is
-// called with the sheet, and afterwards its Cancel is pressed. The owner is active before, as it is in a host. Throws
-// std::runtime_error when no sheet came, and what use throws.
+// called with the sheet; then its Cancel button is pressed. The owner is active beforehand, as it is in a host. Throws
+// std::runtime_error if no sheet was shown, and passes on what use throws.
 void withSheet(HWND owner, const std::function<void()>& show, const std::function<void(HWND)>& use);
 
-// A visible window for sheets to belong to.
+// A visible window that can own sheets.
 HWND createOwner();
 
-// Paints all that the window and its children still have to.
+// Paints everything that the window and its children still have to paint.
 void paint(HWND window);
 
-// As a click on the tab does it.
+// Just as a click on the tab does.
 void showTab(HWND sheet, int index);
 HWND shownPage(HWND sheet);
 } // namespace modulebench

@@ -4,6 +4,6 @@
 
 namespace modulebench
 {
-// The full path of a file that lies in this program's folder, or below it.
+// The full path of a file in this program's folder or below it.
 OdString besideThisProgram(const OdChar* name);
 } // namespace modulebench

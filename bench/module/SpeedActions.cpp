@@ -16,7 +16,7 @@ namespace modulebench
 {
 namespace
 {
-// The first rounds fill caches of the system: drivers, fonts, window classes.
+// The first rounds fill the system's caches: drivers, fonts, window classes.
 constexpr unsigned warmUp = 3;
 
 using Clock = std::chrono::steady_clock;
@@ -33,7 +33,7 @@ void tell(const std::string& name, Clock::duration duration)
     std::printf("%s: %lld\n", name.c_str(), static_cast<long long>(nanoseconds));
 }
 
-// All contenders in turn, each round beginning with another one, so that none always comes after the same.
+// All contenders take turns, and each round begins with a different one, so that none always follows the same other.
 template <class Measure>
 void interleaved(const std::vector<Contender>& contenders, unsigned rounds, Measure measure)
 {
@@ -43,7 +43,7 @@ void interleaved(const std::vector<Contender>& contenders, unsigned rounds, Meas
     std::fflush(stdout);
 }
 
-// That a sheet with contents has those that were seen first; the bare one has none.
+// Checks that a filled sheet has the same contents as the first one seen; the bare one has none.
 void sameContents(std::wstring& first, const std::wstring& seen)
 {
     if (first.empty())

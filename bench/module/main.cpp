@@ -1,11 +1,11 @@
-// modulebench: asks the module the same thing many times.
+// modulebench: repeats the same request to the module many times.
 //
 //   modulebench load CONFIGURATION PRINTER CALLS CHECKS OPENINGS
 //   modulebench command CONFIGURATION PRINTER ROUNDS
 //   modulebench editor CONFIGURATION PRINTER ROUNDS
 //
-// CONFIGURATION is the full path of a file that is bound to the PRINTER. Exit status 0 when everything worked, 1 when
-// something did not (standard error says what), 2 for wrong arguments.
+// CONFIGURATION is the full path of a file that is bound to PRINTER. The exit status is 0 if everything worked, 1 if
+// something failed (standard error says what), and 2 for wrong arguments.
 #include "bench/module/Actions.h"
 #include "win32/Win32.h"
 
