@@ -1,10 +1,10 @@
 # garm_resource_library(TARGET SCRIPT file.rc OUTPUT file.dll [INCLUDES folders...] [DEPENDS files...])
 #
-# A DLL that holds resources and nothing else: no code, no entry point, no imports, so that loading it never runs
-# anything. CMake's own RC language cannot link such a library without the C runtime's entry. The compiled script stays
-# as TARGET.res in the current build folder, for checks that read it.
+# A DLL that contains only resources: no code, no entry point, no imports, so that loading it never runs anything.
+# CMake's own RC language cannot link such a library without the C runtime's entry point. The compiled script stays in
+# the current build folder as TARGET.res, for checks that read it.
 #
-# The preprocessor finds what the script includes. DEPENDS is for the pictures, which it does not see.
+# The preprocessor finds what the script includes. DEPENDS is for pictures, which it does not see.
 function(garm_resource_library target)
     cmake_parse_arguments(arg "" "SCRIPT;OUTPUT" "INCLUDES;DEPENDS" ${ARGN})
     set(object ${CMAKE_CURRENT_BINARY_DIR}/${target}.o)

@@ -1,9 +1,9 @@
-# GoogleTest from Debian's sources, in both worlds: a packaged binary exists for neither Windows nor the sanitizers.
+# GoogleTest from Debian's sources, for both platforms: there is no packaged binary for Windows or with sanitizers.
 set(INSTALL_GTEST OFF)
 set(gtest_force_shared_crt ON)
 add_subdirectory(/usr/src/googletest ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
 foreach(target gtest gtest_main gmock gmock_main)
-    # Somebody else's code, built with its own warnings but with our sanitizers.
+    # Third-party code, built with its own warnings but with our sanitizers.
     if(GARM_SANITIZERS)
         target_compile_options(${target} PRIVATE -fsanitize=${GARM_SANITIZERS})
     endif()

@@ -1,6 +1,6 @@
 # garm_packaged_headers(NAME FOLDER): an interface target that makes one header folder of a distribution package
-# visible, through a link in the build tree. A cross build must not see the machine's own include folder as a whole:
-# its C library headers would shadow those of the target.
+# visible, through a link in the build tree. A cross build must not see the machine's whole include folder, because its
+# C library headers would shadow the target's.
 function(garm_packaged_headers name folder)
     set(visible ${PROJECT_BINARY_DIR}/packaged/${name})
     get_filename_component(leaf ${folder} NAME)

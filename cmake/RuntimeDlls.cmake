@@ -1,5 +1,5 @@
-# The compiler's runtime libraries, copied beside our programs: errors are thrown from module to host, which works only
-# with one shared runtime, and a program started without any search path must find it.
+# The compiler's runtime libraries, copied beside our programs. Errors are thrown from module to host, which works only
+# with one shared runtime, and a program started without a search path must find it.
 foreach(name libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
     execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${name}
         OUTPUT_VARIABLE path OUTPUT_STRIP_TRAILING_WHITESPACE)
