@@ -11,8 +11,7 @@ GarmPC3EditorApp theApp;
 
 namespace
 {
-// Run by the host when the language of the user interface has changed. A library that cannot be had is no reason for
-// the host to stop asking.
+// Called by the host when the language of the user interface has changed. Quirk 46.
 BOOL onLanguageChanged()
 {
     try

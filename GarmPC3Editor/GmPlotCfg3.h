@@ -25,7 +25,7 @@ enum ResolvePrinterResult
 // One plotter configuration in memory. Failure is a false result, a null pointer or an empty array; nothing here throws
 // (running out of memory included) and nothing shows a message.
 //
-// Copies share the custom data, the destination and the optional flags.
+// Copies share the custom data, the destination and the optional flags: quirk 8.
 class GARM_PC3EDITOR_API GmPlotCfg3
 {
 public:
@@ -64,7 +64,7 @@ public:
     GmResColorMemNode m_res_color_mem;
     OdSharedPtr<GmCustomNode> m_custom; // null when the file has none
 
-    // Known only since the last takeover of a device mode; deliberately in no file.
+    // Known only after importing a device mode, and in no file: quirk 9.
     std::uint32_t m_devModeFields = 0; // its dmFields
     std::uint32_t m_ditherType = 1;    // its dmDitherType
     std::uint16_t m_duplex = 1;        // its dmDuplex

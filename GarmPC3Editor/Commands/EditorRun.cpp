@@ -22,7 +22,7 @@ void tellThatSavingFailed() noexcept
     // A null library would mean the program's own string table.
     if (const HINSTANCE library = garmPC3EditorResourceInstance())
         ::LoadStringW(library, IDS_SAVE_FAILED, text, static_cast<int>(std::size(text)));
-    // An empty caption, not none: without one the system puts its own word for "Error" there.
+    // Quirk 51.
     ::MessageBoxW(nullptr, text, OD_T(""), MB_ICONWARNING);
 }
 
@@ -59,8 +59,7 @@ bool editAndSave(OdSharedPtr<GmPlotCfg3>& cfg, OdString& path)
     EditorOutcome outcome = runEditor(cfg, path);
     if (outcome.cfg)
         cfg = outcome.cfg;
-    // Whether Save As wrote the configuration meanwhile is not asked: what was changed is kept under the name that is
-    // confirmed here.
+    // Whether Save As already wrote the configuration makes no difference: quirk 50.
     if (!outcome.confirmed || !(outcome.modified || outcome.replaced))
     {
         path = std::move(outcome.fileTitle);

@@ -33,8 +33,7 @@ void edit(const NamedValues& values)
     results.addString(OD_T("fileName"), edited.path);
     results.addString(OD_T("paperName"), cfg.m_media.m_size.m_name);
     results.addBool(OD_T("result"), saved);
-    // Deliberately under the same name: hosts read the driver type there. The flag before it is what a host sees that
-    // listens to each value. The type loses what does not fit into the 16 bits of the value.
+    // The same name again: quirk 37.
     results.addInt16(OD_T("result"), static_cast<OdInt16>(cfg.m_meta.m_driver_type));
     results.addString(OD_T("canonicalModelName"), cfg.m_meta.m_canonical_model_name);
     values.write(results);

@@ -7,8 +7,7 @@
 
 // 1 collates, 0 does not; 0 too when the configuration has no destination.
 int collatingChoice(const GmPlotCfg3& cfg) noexcept;
-// Rewrites the text even when the choice is the old one, so that a file with another text is put right; that alone is
-// no change. Without a destination nothing is written.
+// Rewrites the text even when the choice is the old one (quirk 10). Without a destination nothing is written.
 bool storeCollating(GmPlotCfg3& cfg, int choice);
 
 struct GmRasterValues
@@ -20,8 +19,7 @@ struct GmRasterValues
     friend bool operator==(const GmRasterValues&, const GmRasterValues&) = default;
 };
 GmRasterValues rasterValues(const GmPlotCfg3& cfg) noexcept;
-// Compares with what the page held, not with the configuration: equal values write nothing, and one changed value
-// writes all three.
+// Compares with what the page held, not with the configuration: quirk 62.
 bool storeRaster(GmPlotCfg3& cfg, GmRasterValues& held, const GmRasterValues& now);
 
 // Radio choices: 0 is the first button. The store functions compare with what the page held.

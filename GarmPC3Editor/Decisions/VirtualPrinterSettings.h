@@ -11,7 +11,7 @@
 // The paper whose size the user types; a literal of the host's list too, never translated.
 inline constexpr OdStringView customPaper = OD_T("Custom");
 
-// Choices 0 to 4: 72, 150, 300, 600 and 1200 dots per inch. Another resolution shows choice 0; another choice is 600.
+// Choices 0 to 4: 72, 150, 300, 600 and 1200 dots per inch. For others see quirk 68.
 int qualityIndex(short printQuality) noexcept;
 short printQuality(int index) noexcept;
 

@@ -47,7 +47,7 @@ CCustomProp::CCustomProp(GmTabDevice& tab) : GmDeviceSubDlg(tab, eCustomProp) {}
 
 void CCustomProp::OnDriverSettings()
 {
-    // The file formats are told apart, but there is nothing to set for them: the button deliberately does nothing.
+    // The button does nothing for the file formats: quirk 66.
     if (driverSettings(cfg().m_meta) == GmDriverSettings::windowsDriver)
         editDevMode();
 }
@@ -66,10 +66,10 @@ void CCustomProp::editDevMode()
 
     const DevModeMerge merge = isVirtualPrinter(name) ? showVirtualPrinterDialog(printer.get(), name, devMode)
                                                       : showDriverDialog(printer.get(), name, devMode);
-    // A driver's dialog may answer so also when it was cancelled; the device mode is then the old one.
+    // A driver's dialog may return this even if it was cancelled: quirk 67.
     if (merge.result != IDOK)
         return;
-    // Whether that worked does not matter: what it changed before it failed is changed.
+    // Quirk 27.
     bool modified = false;
     sheet.cfg().updateFromDevMode(merge.block.view(), name, modified);
     if (modified)

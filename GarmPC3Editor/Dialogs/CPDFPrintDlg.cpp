@@ -279,7 +279,7 @@ void CPDFPrintDlg::writeDevMode()
     else
     {
         const OdString paper = hostControl(hostPaperList) ? selectedPaper().toOdString() : OdString();
-        // A code that is not there becomes 65535.
+        // Without a code: quirk 69.
         choice.paperCode = [this, paper](const DEVMODEW& devMode)
         {
             const auto ask = [&] { return paperCodeForName(m_printerName, paper.view(), &devMode); };

@@ -53,8 +53,7 @@ BOOL GmTabDevice::OnInitDialog()
     return insertEntries() ? TRUE : FALSE;
 }
 
-// The number of a kind is the place of its icon. A library without one of them is a programming error; the entries
-// after it then have wrong pictures.
+// The number of a kind is the place of its icon, also when one is missing: quirk 65.
 void GmTabDevice::loadImages()
 {
     int width = 0;
@@ -176,7 +175,7 @@ void GmTabDevice::OnSelChanged(NMHDR* header, LRESULT* result)
     *result = 0;
     const auto& change = *reinterpret_cast<const NMTREEVIEWW*>(header);
     GmDeviceSubDlg* const before = findPage(static_cast<std::int32_t>(change.itemOld.lParam));
-    // Before the old page is committed, so that the new one still reads the values without that.
+    // Before the old page is committed: quirk 63.
     GmDeviceSubDlg* const now = findOrCreatePage(static_cast<std::int32_t>(change.itemNew.lParam));
     if (before)
     {
@@ -193,8 +192,7 @@ void GmTabDevice::OnSaveAs()
     m_sheet->saveAs();
 }
 
-// Neither marks the configuration as modified nor shows the new values on pages that exist already: those keep what
-// they read, and write it back when they are left.
+// Quirk 60 and quirk 61.
 void GmTabDevice::OnDefaults()
 {
     CString title;

@@ -75,7 +75,7 @@ BOOL GmTabGeneral::OnInitDialog()
     showDriverIcon();
     fillPrinters();
     selectPrinter();
-    // For information: the printer of a configuration is deliberately not changed here.
+    // Quirk 53.
     m_printers.EnableWindow(FALSE);
     return TRUE;
 }
@@ -116,7 +116,7 @@ void GmTabGeneral::OnPrinterChange()
         return;
     if (m_placeholder)
     {
-        // It moves the entries behind it, and there is no stored selection any more to go back to.
+        // The entries after it move up, and there is no selection left to go back to: quirk 54.
         m_printers.DeleteString(0);
         m_placeholder = false;
         m_selection = CB_ERR;

@@ -77,8 +77,7 @@ bool GmMediaNode::write(CPBlock& block) const
 
 bool GmMediaNode::emptyBounds() const
 {
-    // A margin of exactly 0, as borderless devices have it, counts as empty too: such a geometry is taken from the
-    // device anew each time. It has always been so; keep it.
+    // A margin of exactly 0 counts as empty too: quirk 13.
     constexpr double smallestLength = 0.0001;
     constexpr double smallestArea = 1e-8;
     const auto tooShort = [](double length) { return length < smallestLength; };

@@ -71,7 +71,7 @@ inline constexpr auto media = table<GmMediaNode>(
     required(OD_T("actual_printable_bounds_ury"), &GmMediaNode::m_actual_printable_bounds_ury, shortest),
     required(OD_T("number_of_copies"), &GmMediaNode::m_number_of_copies),
     requiredBlock(OD_T("size"), &GmMediaNode::m_size),
-    // A destination that cannot be read never costs the user the paper.
+    // Quirk 2.
     droppableBlock(OD_T("destination"), &GmMediaNode::m_destination, &GmDestinationNode::init));
 
 inline constexpr auto io = table<GmIoNode>(
@@ -93,8 +93,7 @@ inline constexpr auto resColorMem = table<GmResColorMemNode>(
     required(OD_T("num_undithered_colors"), &GmResColorMemNode::m_num_undithered_colors),
     required(OD_T("color_system"), &GmResColorMemNode::m_color_system),
     required(OD_T("dm_color"), &GmResColorMemNode::m_dm_color),
-    // Left out at 0 although three of them have another default: a 0 is not kept by the file,
-    // and reading it again gives the default. Files in the field are like that.
+    // Not written while 0, although three of them have another default: quirk 1.
     keptUnless(0, OD_T("icm_method"), &GmResColorMemNode::m_icm_method),
     keptUnless(0, OD_T("icm_intent"), &GmResColorMemNode::m_icm_intent),
     keptUnless(0, OD_T("ism_max"), &GmResColorMemNode::m_ism_max),
@@ -109,6 +108,6 @@ inline constexpr auto resColorMem = table<GmResColorMemNode>(
 inline constexpr auto configuration = table<GmPlotCfg3>(
     requiredBlock(OD_T("meta"), &GmPlotCfg3::m_meta), requiredBlock(OD_T("media"), &GmPlotCfg3::m_media),
     requiredBlock(OD_T("io"), &GmPlotCfg3::m_io), requiredBlock(OD_T("res_color_mem"), &GmPlotCfg3::m_res_color_mem),
-    // Custom data that cannot be read is dropped; the configuration is good without.
+    // Quirk 2.
     droppableBlock(OD_T("custom"), &GmPlotCfg3::m_custom, &GmCustomNode::parse));
 } // namespace nodes

@@ -25,9 +25,8 @@ void describeSystemDriver(GmMetaNode& meta, const OdString& printerName)
     meta.m_driver_type = 1;
 }
 
-// Stores the sizes of the driver's block, and as many zero bytes as it has private ones: the real ones are taken over
-// afterwards, and only over bytes of that number. A driver without private bytes gets no item for them, so that there
-// is nothing to take a device mode over with and the configuration cannot be made. That is required.
+// Stores the sizes of the driver's block, and as many zero bytes as it has private ones, because importing the real
+// ones requires stored bytes of the same number. A driver without private bytes gets no configuration: quirk 35.
 OdSharedPtr<GmCustomNode> customDataFor(const DevModeView& devMode)
 {
     OdSharedPtr<GmCustomNode> custom(new GmCustomNode);

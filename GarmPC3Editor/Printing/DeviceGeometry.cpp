@@ -33,8 +33,7 @@ const PrintQuality* qualityOf(std::int16_t value)
     return nullptr;
 }
 
-// What a new name takes over from the old one: everything from its last "_". The quality names hold a "_" themselves,
-// so "DMRES_HIGH" passes "_HIGH" on and grows; files have such names.
+// The part of the old name that a new one keeps: quirk 32.
 OdString suffixOf(const OdString& name)
 {
     const int at = name.reverseFind('_');
@@ -72,8 +71,7 @@ bool GmMediaNode::setBounds(HDC dc)
 
     const double llx = pixelOffsetX * mmx;
     const double lly = pixelOffsetY * mmy;
-    // The margin is taken off twice on purpose: the stored extent assumes equal margins on both sides and is no
-    // coordinate of a corner. Files in the field were written that way.
+    // Quirk 11.
     const double urx = width - 2 * llx;
     const double ury = height - 2 * lly;
 
@@ -92,8 +90,7 @@ bool GmMediaNode::setBounds(HDC dc)
     assign(paper.m_printable_bounds_lly, lly);
     assign(paper.m_printable_bounds_urx, urx);
     assign(paper.m_printable_bounds_ury, ury);
-    // The extents are treated as corners here, so the margin goes off a third time; kept for the same reason. An area
-    // that differs alone is no change.
+    // Quirk 11 and quirk 12.
     paper.m_printable_area = (ury - lly) * (urx - llx);
     assign(paper.m_media_bounds.m_urx, width);
     assign(paper.m_media_bounds.m_ury, height);

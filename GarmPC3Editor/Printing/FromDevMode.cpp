@@ -168,7 +168,7 @@ bool Takeover::takeOverNumber(OdStringView key, std::uint32_t value)
     return custom.setNumber(value, key, m_insert);
 }
 
-// The fields below are taken over whether or not the block flags them.
+// These fields need no flag: quirk 26.
 void Takeover::takeOverMedia()
 {
     GmMediaNode& media = m_cfg.m_media;
@@ -207,7 +207,7 @@ void Takeover::takeOverColorDepth(HDC dc)
     GmResColorMemNode& color = m_cfg.m_res_color_mem;
     const int bits = ::GetDeviceCaps(dc, BITSPIXEL);
     if (bits >= 1 && set(color.m_color_depth, bits))
-        // More bits than the number has wrap around, so that 32 bits per pixel give 1.
+        // Quirk 31.
         color.m_num_colors = static_cast<std::int32_t>(1U << (static_cast<unsigned>(bits) % 32U));
 }
 

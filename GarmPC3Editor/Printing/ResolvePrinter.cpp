@@ -37,8 +37,7 @@ ResolvePrinterResult GmPlotCfg3::resolvePrinterByDriver()
     if (usesDriver(m_meta.m_win_device_name, m_meta.m_win_driver_name))
         return eSamePrinter;
 
-    // The winner may be the very printer of above, when only its driver's name could not be read. It counts as another
-    // one all the same: that it is the same one is not known.
+    // The winner may be the stored printer itself: quirk 7.
     std::optional<OdString> other = firstPrinterWithDriver(m_meta.m_win_driver_name);
     if (!other)
         return eNoPrinter;

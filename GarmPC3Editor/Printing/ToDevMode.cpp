@@ -62,8 +62,7 @@ void putCustomNumbers(const GmCustomNode& custom, DEVMODEW& dm)
 void putDevice(const GmMetaNode& meta, DEVMODEW& dm)
 {
     copyText(dm.dmDeviceName, meta.m_win_device_name);
-    // The name deliberately ends after 30 characters, one fewer than the field can hold. Of a name that fills the field
-    // the last character stays behind that end.
+    // Quirk 19.
     dm.dmDeviceName[30] = 0;
     dm.dmDriverVersion = static_cast<WORD>(meta.m_dm_driver_version);
 }
@@ -74,15 +73,14 @@ void putMedia(const GmMediaNode& media, DEVMODEW& dm)
     dm.dmFields |= DM_ORIENTATION;
     dm.dmCopies = toField(media.m_number_of_copies);
     dm.dmFields |= DM_COPIES;
-    // 100 per cent means unset, so the driver is told of a scale only when there is one; the field always holds it,
-    // because a takeover reads it without asking for the flag.
+    // Quirk 20.
     dm.dmScale = toField(media.m_size.m_dm_scale);
     if (media.m_size.m_dm_scale != 100)
         dm.dmFields |= DM_SCALE;
 
     if (media.m_destination)
     {
-        // A file may hold any number; the device knows yes and no.
+        // Quirk 10.
         dm.dmCollate = media.m_destination->m_collating_type != 0 ? DMCOLLATE_TRUE : DMCOLLATE_FALSE;
         dm.dmFields |= DM_COLLATE;
     }
@@ -105,9 +103,7 @@ void putColor(const GmResColorMemNode& color, DEVMODEW& dm)
     color.m_resolution.get(dm);
 }
 
-// Dither type and duplex are known only since the last takeover. 1 is what both are without one, so a driver that does
-// not know them is not told of a 1 it never gave. The fields hold the values all the same: a takeover reads them
-// without asking for the flag, and taking our own block back must change nothing.
+// Quirk 21.
 void putDitherAndDuplex(const GmPlotCfg3& cfg, DEVMODEW& dm)
 {
     dm.dmDitherType = cfg.m_ditherType;
@@ -125,8 +121,7 @@ bool userPaperCode(OdStringView name, std::int32_t& code)
     return odStartsWithNoCase(name, prefix) && numberFromDecimal(name.substr(prefix.size()), code);
 }
 
-// The paper by name and by code, each only if the last block taken over had it so; a configuration that never took one
-// over (no fields at all) sets both. Another name leaves the stored code alone.
+// The paper by name and by code: quirk 22, quirk 23 and quirk 24.
 void putPaper(const GmPlotCfg3& cfg, GmPrinterInfo& printer, DEVMODEW& dm)
 {
     const GmSizeNode& size = cfg.m_media.m_size;
