@@ -18,7 +18,7 @@ protected:
     ~Stranger() override = default;
 };
 
-// What can be entered, and does not lead out of the folder.
+// Texts that can be entered and do not lead out of the folder.
 OdString asFileName(const OdString& text)
 {
     OdString name;
@@ -86,7 +86,7 @@ OdRxObjectPtr someValue(Input& input, ScriptedRoom& printers)
 
 CommandSession::CommandSession(Input& input) : m_printers(input), m_interfaces(newGarmInterfaces())
 {
-    // What is saved gets the separator of Windows between folder and name, here a part of the name.
+    // A save puts the separator of Windows between folder and name; here it is part of the name.
     getMainInternalInterface()->setPlotCfgSearchPath(m_folder.addFolder("plots") + OD_T(";") + m_folder.path());
     if (input.flag())
         m_module.refuseThreads();
@@ -174,7 +174,7 @@ void CommandSession::expectLeftAsFound()
 {
     m_printers.endSabotage();
     m_printers.expectLeftAsFound();
-    // An editor that leaves no configuration behind is reported, and nothing is saved.
+    // An editor that returns no configuration is reported, and nothing is saved.
     for (const std::string& report : RecordedAsserts::reports())
     {
         EXPECT_EQ(report, "pCfg | GarmPC3Editor/Commands/PC3EditCommand");

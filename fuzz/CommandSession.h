@@ -9,30 +9,30 @@
 #include "tests/unit/commands/ScriptedEditor.h"
 #include "tests/unit/commands/ScriptedModule.h"
 
-// A host with printers, files and a user as an input wants them. Files are saved in a folder of its own.
+// A host with printers, files and a user, all as the input says. Files are saved in a folder of its own.
 class CommandSession
 {
 public:
-    // With both required values of each command, naming "a.pc3".
+    // Starts with both required values of each command, naming "a.pc3".
     explicit CommandSession(Input& input);
     ~CommandSession();
 
-    // A file on the search path: a configuration, changed or not, or any bytes.
+    // Puts a file on the search path: a configuration, changed or not, or any bytes.
     void putFile(Input& input);
-    // Any value under a name that means something to a command.
+    // Stores any value under a name that means something to a command.
     void setValue(Input& input);
-    // What the user does with the next sheet and the next name dialog.
+    // Decides what the user does with the next sheet and the next name dialog.
     void scriptUser(Input& input);
     void changeRoom(Input& input) { m_printers.change(input); }
     void sabotage(Input& input) { m_printers.sabotage(input); }
 
-    // A background check was started; each posts once, whatever happens.
+    // Notes that a background check was started; each posts once, whatever happens.
     void noteCheck() { ++m_checks; }
-    // Runs those that still wait.
+    // Runs the checks that are still waiting.
     void finishChecks();
 
     void expectLeftAsFound();
-    // What was saved is whole, and nothing else was left behind.
+    // Expects that what was saved is whole and that nothing else was left behind.
     void expectWholeFiles() const;
 
     GmServicesManagerInterface& values() { return m_interfaces->document().servicesManager(); }

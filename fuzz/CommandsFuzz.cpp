@@ -1,5 +1,5 @@
-// Both commands with any named values, any files on the search path, any printers, and a user who does anything: what
-// they answer is whole, what they throw only tells the caller of a wrong value, and nothing stays open.
+// Both commands with any named values, any files on the search path, any printers, and a user who does anything: their
+// results are complete, an exception only reports a wrong value, and nothing stays open.
 
 #include "GarmPC3Editor/Commands/PC3EditCommand.h"
 #include "GarmPC3Editor/Commands/PC3GetDevModeCommand.h"
@@ -15,7 +15,7 @@ namespace
 struct Argument
 {
     const OdChar* name;
-    int restype; // that the command wants
+    int restype; // that the command expects
 };
 
 constexpr Argument getDevModeArguments[] = {
@@ -37,7 +37,7 @@ bool isMissing(CommandSession& session, const OdChar* name)
     return !session.values().get(name);
 }
 
-// Runs the command; false when it threw, which it may only for a wrong value, and then it has written nothing.
+// Runs the command. False if it threw, which it may do only for a wrong value and without having written anything.
 template <class Command>
 bool run(CommandSession& session, bool mayThrow)
 {
@@ -84,7 +84,7 @@ void runGetDevMode(CommandSession& session)
     bool mayThrow = false;
     for (const Argument& argument : getDevModeArguments)
         mayThrow = mayThrow || isWrong(session, argument);
-    // Of this one only the class counts.
+    // Only the class of this value matters.
     const OdRxObjectPtr paper = session.values().get(OD_T("paperName"));
     mayThrow = mayThrow || (paper && !odrxCast<OdResBuf>(paper));
 

@@ -1,5 +1,5 @@
-// Any file as a configuration is refused, or read, and then what is written from it reads to an equal one, bound to the
-// same printer.
+// Any file as a configuration: it is refused, or what is written from it reads back as an equal one, bound to the same
+// printer.
 
 #include "fuzz/FileInput.h"
 #include "fuzz/FuzzTarget.h"
@@ -13,7 +13,7 @@
 
 namespace
 {
-// Through a file, which keeps the whole tree, and bound to the same printer again.
+// Goes through a file, which keeps the whole tree, and is bound to the same printer again.
 void expectKeptByAFile(const OpenConfiguration& configuration)
 {
     CPBlock written(OD_T(""));
@@ -46,7 +46,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         bool modified = before;
         if (!configuration.init(parser, modified))
         {
-            // Only what is bound can lose its printer, and that is no change to it.
+            // Only a bound configuration can lose its printer, and that does not change it.
             if (configuration.m_meta.m_win_driver_name.isEmpty())
             {
                 EXPECT_EQ(modified, before);

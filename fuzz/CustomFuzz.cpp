@@ -1,4 +1,4 @@
-// Any block as a configuration's custom data. The input is the text of that block as it stands in a plain file.
+// Any block as a configuration's custom data. The input is the block's text as it is in a plain file.
 
 #include "GarmPC3Editor/GmCustomNode.h"
 #include "GarmPC3Editor/Model/HexText.h"
@@ -17,7 +17,7 @@ bool operator==(const GmCustomNode& a, const GmCustomNode& b)
            a.m_flags == b.m_flags;
 }
 
-// What was parsed, written and parsed again is equal, and is written alike; through a file too.
+// What was parsed, written and parsed again is equal and is written identically, through a file too.
 void expectKept(const GmCustomNode& node)
 {
     CPBlock written(OD_T(""));
@@ -33,7 +33,7 @@ void expectKept(const GmCustomNode& node)
     expectRoundTrip(written);
 }
 
-// A getter that fails leaves its output alone; a number that is set is the number that is got.
+// A getter that fails leaves its output alone; a number that was set is the one that is returned.
 void expectNumbersKept(GmCustomNode node)
 {
     for (const auto& [key, text] : std::map(node.m_numbers))
@@ -56,7 +56,7 @@ void expectNumbersKept(GmCustomNode node)
     }
 }
 
-// Sizes are those of a block that can be, or there are none; the private bytes are as many as was asked for.
+// The sizes are possible for a block, or there are none; there are as many private bytes as were asked for.
 void expectSizesThatCanBe(GmCustomNode node)
 {
     storedDevMode::Sizes sizes{1, 1};
@@ -75,7 +75,7 @@ void expectSizesThatCanBe(GmCustomNode node)
     EXPECT_EQ(text.view().size(), 2 * sizes.driverExtra);
     std::vector<unsigned char> bytes(sizes.driverExtra);
     bytesFromHex(text, bytes);
-    // Once they went through bytes, the digits stay as they are.
+    // After one conversion to bytes and back the digits no longer change.
     const OdString settled = hexFromBytes(bytes);
     EXPECT_TRUE(node.setRawData(settled, false));
     std::vector<unsigned char> again(sizes.driverExtra);
@@ -91,18 +91,18 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     GmCustomNode node;
     const bool good = node.parse(*parser.root());
-    // Of a bad block the items before the bad one are there; they are as sound as those of a good one.
+    // Of a bad block the items before the bad one are there, and as valid as those of a good one.
     expectKept(node);
     expectNumbersKept(node);
     expectSizesThatCanBe(node);
     if (good)
     {
-        // Parsing into what is there replaces what has the same key.
+        // Parsing into existing data replaces items with the same key.
         GmCustomNode twice = node;
         EXPECT_TRUE(twice.parse(*parser.root()));
         EXPECT_TRUE(twice == node);
     }
-    // The module's own binary is upper case whatever the file had.
+    // The module's own binary item is upper case, whatever the file had.
     OdString raw;
     if (node.getRawData(raw))
         for (const OdChar c : raw.view())

@@ -1,5 +1,5 @@
-// Any configuration, any device mode of any length and any printer: what is built keeps its word about its length, what
-// is taken over leaves a sound configuration, and nothing stays open.
+// Any configuration, any device mode of any length and any printer: a device mode that is built is as long as it says,
+// an import leaves a valid configuration, and nothing stays open.
 
 #include "fuzz/FuzzTarget.h"
 #include "fuzz/OpenConfiguration.h"
@@ -19,7 +19,7 @@
 
 namespace
 {
-// In memory of exactly the block's length, and at an odd address, as systems deliver it.
+// In memory of exactly the block's length and at an odd address, as systems deliver it.
 void takeOver(GmPlotCfg3& cfg, std::span<const BYTE> block, const OdString& printerName)
 {
     const auto exact = std::make_unique<BYTE[]>(block.size() + 1);
@@ -28,7 +28,7 @@ void takeOver(GmPlotCfg3& cfg, std::span<const BYTE> block, const OdString& prin
     cfg.updateFromDevMode(DevModeView(std::span<const BYTE>(exact.get() + 1, block.size())), printerName, modified);
 }
 
-// For a caller without a length the block says it, and is that long.
+// For a caller that has no length: the block states its length, and is that long.
 void takeOverClaimed(GmPlotCfg3& cfg, std::span<const BYTE> block, const OdString& printerName)
 {
     DEVMODEW dm = {};
@@ -50,7 +50,7 @@ void takeOwnBlockOver(Input& input, GmPlotCfg3& cfg)
     takeOver(cfg, block, cfg.m_meta.m_win_device_name);
 }
 
-// As the editor does it: through the driver and back.
+// As in the editor: through the driver and back.
 void passThroughDriver(GmPlotCfg3& cfg)
 {
     const OdArray<unsigned char> bytes = cfg.toDevMode();
@@ -67,11 +67,11 @@ void passThroughDriver(GmPlotCfg3& cfg)
     }
     catch (const std::runtime_error&)
     {
-        // The driver threw; what asks it directly passes that on.
+        // The driver threw, and code that asks it directly passes that on.
     }
 }
 
-// Written, read and bound again to whatever printers there are.
+// Written, read, and bound again to whichever printers there are.
 void bindAgain(const GmPlotCfg3& cfg)
 {
     OpenConfiguration written;
@@ -91,7 +91,7 @@ void bindAgain(const GmPlotCfg3& cfg)
     }
     catch (const std::runtime_error&)
     {
-        // init is called by read, which answers for a driver that threw.
+        // init is called by read, which handles a driver that throws.
     }
 }
 
@@ -102,8 +102,8 @@ bool takeOwnBlockBack(GmPlotCfg3& cfg, bool& modified)
                                  modified);
 }
 
-// A takeover settles what it does not like into a form of its own, which takes a few rounds at most. Bounds that count
-// as empty are taken anew each time.
+// Importing a configuration's own block changes what it does not accept into a form of its own, which takes a few
+// rounds at most. Bounds that count as empty are computed anew each time.
 void expectSettles(GmPlotCfg3 cfg)
 {
     bool modified = true;

@@ -10,9 +10,9 @@
 #include <span>
 #include <type_traits>
 
-// Takes an input apart into numbers and texts. Numbers come from its end and texts from its start, so that a change of
-// one leaves the others where they are. A used-up input gives 0 and "", so every input is a script. What is kept as a
-// regression depends on how inputs are read: a change here makes other scripts of them.
+// Splits an input into numbers and texts. Numbers come from its end and texts from its start, so that changing one
+// leaves the others in place. A used-up input yields 0 and "", so every input is a valid script. Inputs kept as
+// regressions depend on how they are read: a change here turns them into other scripts.
 class Input
 {
 public:
@@ -33,7 +33,7 @@ public:
     std::size_t below(std::size_t count) { return byte() % count; }
     std::size_t upTo(std::size_t most) { return number<std::uint16_t>() % (most + 1); }
     bool flag() { return byte() & 1; }
-    // Seldom: for what would keep the rest from being reached.
+    // Seldom true: for what would prevent the rest from being reached.
     bool oneIn(std::size_t count) { return below(count) == count - 1; }
 
     template <class Item, std::size_t count>
@@ -42,7 +42,7 @@ public:
         return items[below(count)];
     }
 
-    // Mostly those at which something ends.
+    // Mostly values at which something ends.
     std::int32_t integer()
     {
         static constexpr std::int32_t telling[] = {0,

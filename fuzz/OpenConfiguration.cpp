@@ -11,7 +11,7 @@
 
 namespace
 {
-// These three are left out of a file at 0, and then read as their default. Files in the field are like that.
+// Not written at 0 and then read as their defaults: quirk 1.
 void forgetZeros(GmResColorMemNode& node)
 {
     const GmResColorMemNode defaults;
@@ -48,7 +48,7 @@ void expectSoundDevMode(const GmPlotCfg3& configuration)
     const DevModeView view(std::span(bytes.begin(), bytes.end()));
     ASSERT_TRUE(view);
     EXPECT_EQ(view.bytes().size(), bytes.size());
-    // A public part that is longer than the fields has no flags beyond them either.
+    // Not even a public part that is longer than the fields has flags beyond them.
     EXPECT_EQ(devModeFlagsWithin(view.rawFlags(), view.size()), view.rawFlags());
     OdString stored;
     if (view.driverExtra() != 0)

@@ -2,16 +2,17 @@
 
 #include "GarmPC3Editor/GmPlotCfg3.h"
 
-// A configuration whose insides are in reach.
+// A configuration whose internals are accessible.
 struct OpenConfiguration : GmPlotCfg3
 {
     using GmPlotCfg3::init;
     using GmPlotCfg3::writeToBlock;
 };
 
-// The tree that is written from a configuration reads to an equal one. Whether its printer is there is not asked.
+// Expects that the tree written from a configuration reads back as an equal one. Whether its printer is installed does
+// not matter.
 void expectReadsBackEqual(const GmPlotCfg3& configuration);
 
-// The device mode of a configuration, if there is one, is as long as it says, flags only what it has room for, and
-// holds the private bytes that are stored.
+// Expects that a configuration's device mode, if there is one, is as long as it says, flags only what it has room for,
+// and holds the stored private bytes.
 void expectSoundDevMode(const GmPlotCfg3& configuration);

@@ -1,4 +1,4 @@
-// Tries the kept inputs of one target: the seeds, and every input that once was a finding.
+// Replays the kept inputs of one target: the seeds, and every input that was once a finding.
 
 #include "fuzz/FuzzTarget.h"
 
@@ -12,7 +12,7 @@
 
 namespace
 {
-// How many there were.
+// Returns how many there were.
 int replay(const std::filesystem::path& folder)
 {
     int count = 0;
@@ -22,7 +22,7 @@ int replay(const std::filesystem::path& folder)
         SCOPED_TRACE(entry.path().string());
         std::ifstream file(entry.path(), std::ios::binary);
         const std::string bytes{std::istreambuf_iterator<char>(file), {}};
-        // In memory of exactly its length, so that a read beyond it is caught.
+        // In memory of exactly its length, so that a read past its end is caught.
         const auto exact = std::make_unique<std::uint8_t[]>(bytes.size());
         std::copy(bytes.begin(), bytes.end(), exact.get());
         EXPECT_EQ(LLVMFuzzerTestOneInput(exact.get(), bytes.size()), 0);

@@ -38,13 +38,13 @@ void changeCustom(Input& input, GmPlotCfg3& cfg)
         cfg.m_custom->m_binaries.clear();
     else if (input.flag())
     {
-        // Mostly as many characters as the stored size asks for.
+        // Mostly as many characters as the stored size requires.
         std::int32_t extra = 0;
         cfg.m_custom->getNumber(OD_T("dmDriverExtra"), extra);
         const bool fits = extra >= 0 && extra <= 2000 && !input.oneIn(8);
         cfg.m_custom->m_binaries[OD_T("RawPrivateDeviceData")] =
             fits ? OdString(std::basic_string<OdChar>(2 * static_cast<std::size_t>(extra), input.flag() ? 'A' : '!'))
-                 : withUpperCaseHexDigits(input.text(40)); // as it comes from a file
+                 : withUpperCaseHexDigits(input.text(40)); // as read from a file
     }
 }
 

@@ -3,8 +3,8 @@
 #include "GarmPC3Editor/GmPlotCfg3.h"
 #include "fuzz/Input.h"
 
-// A configuration of "Plotter A" that can be turned into a device mode.
+// A configuration for "Plotter A" that can be converted to a device mode.
 GmPlotCfg3 soundConfiguration();
 
-// One side of the configuration becomes what the input says, as a hostile file may have it.
+// Sets one aspect of the configuration to what the input says, as a hostile file may have it.
 void changeConfiguration(Input& input, GmPlotCfg3& cfg);

@@ -9,15 +9,15 @@ using namespace room;
 
 namespace
 {
-// What reaches a driver or a port monitor, which may fail or throw.
+// The calls that reach a driver or a port monitor, which may fail or throw.
 constexpr Call calls[] = {
     Call::openPrinter,        Call::closePrinter,       Call::getPrinter, Call::getPrinterDriver, Call::enumPrinters,
     Call::documentProperties, Call::deviceCapabilities, Call::createDC,   Call::getDeviceCaps,    Call::deleteDC};
 constexpr Call recordCalls[] = {Call::getPrinter, Call::getPrinterDriver, Call::enumPrinters};
 
-// The room behind a list of records; see SpoolerRecords.
+// The spare room after a list of records; see SpoolerRecords.
 constexpr std::size_t mostRecordOverrun = 1000;
-// The room behind a block of the smallest size, less the longest block made here; see DevModeBlock::toFill.
+// The spare room after a block of the smallest size, less the longest block made here; see DevModeBlock::toFill.
 constexpr std::size_t mostBlockOverrun = 6000;
 
 Text textOf(const OdString& text)
@@ -45,7 +45,7 @@ std::optional<Value> someAnswer(Input& input)
     return input.oneIn(4) ? std::optional(static_cast<Value>(input.integer())) : std::nullopt;
 }
 
-// Counts around the largest that is believed make lists of 16 MB, which only cost time.
+// Counts around the largest accepted one make lists of 16 MB, which only cost time.
 std::optional<int> someCount(Input& input)
 {
     const std::optional<int> count = someAnswer<int>(input);
@@ -130,7 +130,7 @@ void setRecord(Input& input, Printer& printer)
     printer.opensAs = input.oneIn(8) ? std::optional<std::intptr_t>(input.flag() ? -1 : 0) : std::nullopt;
 }
 
-// One side of the printer.
+// One aspect of the printer.
 void changePrinter(Input& input, Printer& printer)
 {
     switch (input.below(4))
@@ -231,7 +231,7 @@ void ScriptedRoom::lieAboutRecords(Input& input)
     lies.sizeQuerySucceeds = input.oneIn(8);
     lies.neededUnwritten = input.oneIn(8);
     lies.needed = input.oneIn(4) ? std::optional(static_cast<DWORD>(input.integer())) : std::nullopt;
-    // Up to 64 MB are believed; that only costs time.
+    // Up to 64 MB are accepted; that only costs time.
     if (lies.needed && *lies.needed > 100000 && *lies.needed <= 64U << 20U)
         lies.needed = 100000;
     lies.fillsWhatFits = input.oneIn(4);
@@ -298,13 +298,13 @@ std::vector<BYTE> someBlock(Input& input)
     std::copy_n(name.begin(), std::min<std::size_t>(name.size(), CCHFORMNAME), dm.dmFormName);
     dm.dmDitherType = static_cast<DWORD>(input.oneIn(4) ? input.integer() : 1);
 
-    // The length that is claimed, as far as one wants to wait for it; or one byte less, or any.
+    // The claimed length, up to what is worth waiting for; or one byte less, or any.
     const std::size_t claimed = std::min<std::size_t>(std::size_t{dm.dmSize} + dm.dmDriverExtra, 1500);
     std::vector<BYTE> bytes(input.oneIn(8) ? input.upTo(1500) : claimed - (claimed > 0 && input.oneIn(8)));
     if (bytes.empty())
         return bytes;
     std::memcpy(bytes.data(), &dm, std::min(bytes.size(), sizeof dm));
-    // And any bytes anywhere.
+    // And any bytes at any place.
     for (std::size_t changes = input.oneIn(2) ? input.below(16) : 0; changes > 0; --changes)
         bytes[input.upTo(bytes.size() - 1)] = input.number<BYTE>();
     return bytes;

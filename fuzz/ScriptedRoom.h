@@ -5,32 +5,32 @@
 
 #include <vector>
 
-// A printer room whose printers, drivers and spooler do what an input says: wrong sizes and counts, odd device modes,
-// answers that change from call to call, calls that fail or throw.
+// A printer room whose printers, drivers and spooler do what an input says: wrong sizes and counts, strange device
+// modes, answers that change from call to call, calls that fail or throw.
 //
-// What a driver writes stays within the room that is kept for it behind every buffer. One that writes farther cannot be
-// defended against.
+// What a driver writes stays within the spare room after every buffer. There is no defence against one that writes
+// farther.
 class ScriptedRoom
 {
 public:
-    // With some printers; the first one is called "Plotter A" and has the driver "Acme HP-GL", unless the input wants
-    // them otherwise.
+    // Starts with some printers; the first one is "Plotter A" with the driver "Acme HP-GL", unless the input says
+    // otherwise.
     explicit ScriptedRoom(Input& input);
 
-    // Something happens to the room.
+    // Changes something in the room.
     void change(Input& input);
 
-    // The next n-th call fails, or throws if a driver answers it, should the input say so.
+    // If the input says so, the n-th call from now fails, or throws if a driver answers it.
     void sabotage(Input& input);
     void endSabotage();
 
-    // The name of a printer of the room, or any text.
+    // The name of a printer in the room, or any text.
     OdString someName(Input& input) const;
 
-    // Until something happens that no sound system does: the printers are as the module's own rules take them to be.
+    // True until something happens that no sound system does: the printers are as the module's own rules assume.
     bool isHonest() const { return m_honest; }
 
-    // Nothing is open, nothing was closed that was not, and nobody waits.
+    // Expects that nothing is open, that nothing was closed that was not open, and that nothing waits.
     void expectLeftAsFound() const;
 
     PrinterRoom& room() { return m_room; }
@@ -45,6 +45,6 @@ private:
     std::vector<room::Printer*> m_printers;
 };
 
-// The sizes, fields and private bytes of a block as a driver or a caller may hand it over: sound for the most part, but
-// any field may be anything, and the length need not be what the block claims.
+// The sizes, fields and private bytes of a block as a driver or a caller may pass it: mostly valid, but any field may
+// be anything, and the length may differ from what the block claims.
 std::vector<BYTE> someBlock(Input& input);

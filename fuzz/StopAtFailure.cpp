@@ -1,4 +1,4 @@
-// The fuzzer keeps an input as a finding when the program dies of it, so here the first failed expectation ends it.
+// The fuzzer keeps an input as a finding if the program dies of it, so the first failed expectation ends the program.
 
 #include <gtest/gtest.h>
 
@@ -21,7 +21,7 @@ extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv);
 
 extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/)
 {
-    // Behind the listener that prints the failure; GoogleTest owns it.
+    // After the listener that prints the failure; GoogleTest owns it.
     testing::UnitTest::GetInstance()->listeners().Append(new StopAtFailure);
     return 0;
 }

@@ -1,4 +1,4 @@
-// Any bytes as a PC3 file are refused, or read, and then what is written from them reads back equal.
+// Any bytes as a PC3 file: they are refused, or what is written from them reads back equal.
 
 #include "fuzz/FileInput.h"
 #include "fuzz/FuzzTarget.h"
