@@ -1,11 +1,12 @@
 #pragma once
 
-// The same configuration read from other formats: every peer fills the same members, using the same tables of keys in
-// the same order, in the way its library is meant to be used.
+// The same configuration from other formats: every peer fills the same members, by the same keys in the same order, in
+// the way its library is meant to be used.
 
-#include "GarmPC3Editor/Model/NodeTables.h"
+#include "GarmPC3Editor/Model/FieldVisitor.h"
 #include "bench/Samples.h"
 
+#include <array>
 #include <charconv>
 #include <string>
 #include <string_view>
@@ -13,41 +14,7 @@
 
 namespace peers
 {
-template <class Node>
-const auto& tableOf()
-{
-    if constexpr (std::is_same_v<Node, GmMetaNode>)
-        return nodes::meta;
-    else if constexpr (std::is_same_v<Node, GmMediaNode>)
-        return nodes::media;
-    else if constexpr (std::is_same_v<Node, GmSizeNode>)
-        return nodes::size;
-    else if constexpr (std::is_same_v<Node, GmMediaDescriptionNode>)
-        return nodes::mediaDescription;
-    else if constexpr (std::is_same_v<Node, GmMediaBoundsNode>)
-        return nodes::mediaBounds;
-    else if constexpr (std::is_same_v<Node, GmDestinationNode>)
-        return nodes::destination;
-    else if constexpr (std::is_same_v<Node, GmIoNode>)
-        return nodes::io;
-    else if constexpr (std::is_same_v<Node, GmResColorMemNode>)
-        return nodes::resColorMem;
-    else if constexpr (std::is_same_v<Node, GmResolutionNode>)
-        return nodes::resolution;
-    else
-        return nodes::configuration;
-}
-
-// The keys in the other formats' character type, converted once.
-template <class Node>
-const std::vector<std::string>& keysOf()
-{
-    static const auto keys = std::apply(
-        [](const auto&... row) { return std::vector<std::string>{odToUtf8(row.key)...}; }, tableOf<Node>().rows);
-    return keys;
-}
-
-// UTF-8 converted to the members' text; nearly always ASCII, as for us.
+// UTF-8 as the members hold it; nearly always ASCII, as it is for us.
 inline OdString wide(std::string_view text)
 {
     unsigned char all = 0;
@@ -62,76 +29,92 @@ bool numberFrom(std::string_view text, Number& out)
     return std::from_chars(text.data(), text.data() + text.size(), out).ec == std::errc();
 }
 
-// Source has get(key, out) for each kind of member, get(key, Source&) for a block, and readCustom(GmCustomNode&).
-template <class Source, class Node>
-bool readNode(Source source, Node& node);
-
-template <class Source, class Node, class Value>
-bool readRow(const fields::Required<Node, Value>& row, const std::string& key, Node& node, Source& source)
+// Every key and block name of a configuration in the order of the walk, in the characters of the other formats.
+class KeyList : public FieldVisitor
 {
-    return source.get(key, node.*row.member);
-}
+public:
+    static const std::vector<std::string>& keys()
+    {
+        static const std::vector<std::string> made = []
+        {
+            GmPlotCfg3 configuration;
+            configuration.m_media.m_destination = new GmDestinationNode;
+            configuration.m_custom = new GmCustomNode;
+            KeyList list;
+            forEachField(configuration, list);
+            return list.m_keys;
+        }();
+        return made;
+    }
 
-template <class Source, class Node, class Value>
-bool readRow(const fields::Kept<Node, Value>& row, const std::string& key, Node& node, Source& source)
-{
-    source.get(key, node.*row.member);
-    return true;
-}
-
-template <class Source, class Node, class Value>
-bool readRow(const fields::KeptUnlessSkipped<Node, Value>& row, const std::string& key, Node& node, Source& source)
-{
-    source.get(key, node.*row.member);
-    return true;
-}
-
-template <class Source, class Node>
-bool readRow(const fields::OptionalText<Node>& row, const std::string& key, Node& node, Source& source)
-{
-    if (!source.get(key, node.*row.member))
-        (node.*row.member).empty();
-    return true;
-}
-
-template <class Source, class Node>
-bool readRow(const fields::OptionalFlag<Node>& row, const std::string& key, Node& node, Source& source)
-{
-    bool value = false;
-    if (source.get(key, value))
-        node.*row.member = OdSharedPtr<bool>(new bool(value));
-    return true;
-}
-
-template <class Source, class Node, class Child>
-bool readRow(const fields::RequiredBlock<Node, Child>& row, const std::string& key, Node& node, Source& source)
-{
-    Source block;
-    return source.get(key, block) && readNode(block, node.*row.member);
-}
-
-template <class Source, class Node, class Child>
-bool readRow(const fields::DroppableBlock<Node, Child>& row, const std::string& key, Node& node, Source& source)
-{
-    Source block;
-    if (!source.get(key, block))
+    void field(const Field& field) override { m_keys.push_back(odToUtf8(field.key)); }
+    bool beginBlock(const FieldBlock& block) override
+    {
+        m_keys.push_back(odToUtf8(block.key));
         return true;
-    OdSharedPtr<Child> child(new Child);
-    bool good = false;
-    if constexpr (std::is_same_v<Child, GmCustomNode>)
-        good = block.readCustom(*child);
-    else
-        good = readNode(block, *child);
-    node.*row.member = good ? child : nullptr;
-    return true;
-}
+    }
+    void endBlock() override {}
+    void customItems(GmCustomNode&) override {}
 
-template <class Source, class Node>
-bool readNode(Source source, Node& node)
+private:
+    std::vector<std::string> m_keys;
+};
+
+// Fills the members from a source: get(key, out) for each kind of member, get(key, Source&) for a block, and
+// readCustom(GmCustomNode&). The samples have every block.
+template <class Source>
+class Reader : public FieldVisitor
 {
-    const auto& keys = keysOf<Node>();
-    std::size_t i = 0;
-    return std::apply([&](const auto&... row) { return (readRow(row, keys[i++], node, source) && ...); },
-                      tableOf<Node>().rows);
+public:
+    explicit Reader(Source source) { m_blocks[0] = source; }
+
+    bool isGood() const { return m_good; }
+
+    void field(const Field& field) override
+    {
+        const std::string& key = m_keys[m_next++];
+        if (m_good)
+            m_good = std::visit([&](auto* member) { return take(key, *member); }, field.member) || !field.isRequired();
+    }
+    bool beginBlock(const FieldBlock&) override
+    {
+        const std::string& key = m_keys[m_next++];
+        m_good = m_good && m_blocks[m_depth].get(key, m_blocks[m_depth + 1]);
+        ++m_depth;
+        return true;
+    }
+    void endBlock() override { --m_depth; }
+    void customItems(GmCustomNode& custom) override { m_good = m_good && m_blocks[m_depth].readCustom(custom); }
+
+private:
+    template <class Value>
+    bool take(const std::string& key, Value& out)
+    {
+        return m_blocks[m_depth].get(key, out);
+    }
+    bool take(const std::string& key, GmOptionalFlag& out)
+    {
+        bool value = false;
+        if (!m_blocks[m_depth].get(key, value))
+            return false;
+        out = GmOptionalFlag(new bool(value));
+        return true;
+    }
+
+    const std::vector<std::string>& m_keys = KeyList::keys();
+    std::size_t m_next = 0;
+    std::array<Source, 8> m_blocks{}; // the one that is read, after those around it
+    std::size_t m_depth = 0;
+    bool m_good = true;
+};
+
+template <class Source>
+bool readConfiguration(Source source, GmPlotCfg3& configuration)
+{
+    configuration.m_media.m_destination = new GmDestinationNode;
+    configuration.m_custom = new GmCustomNode;
+    Reader<Source> reader(source);
+    forEachField(configuration, reader);
+    return reader.isGood();
 }
 } // namespace peers

@@ -267,7 +267,7 @@ void parseAndInitPugixml(benchmark::State& state)
             {
                 pugi::xml_document document;
                 return document.load_buffer(sample.xml.data(), sample.xml.size()) &&
-                       peers::readNode<PugiSource, GmPlotCfg3>({document.first_child()}, out);
+                       peers::readConfiguration<PugiSource>({document.first_child()}, out);
             });
 }
 
@@ -278,7 +278,7 @@ void parseAndInitRapidJson(benchmark::State& state)
             {
                 rapidjson::Document document;
                 document.Parse(sample.json.data(), sample.json.size());
-                return !document.HasParseError() && peers::readNode<RapidSource, GmPlotCfg3>({&document}, out);
+                return !document.HasParseError() && peers::readConfiguration<RapidSource>({&document}, out);
             });
 }
 
@@ -294,7 +294,7 @@ void parseAndInitSimdjson(benchmark::State& state)
                 SimdSource root;
                 return parser.iterate(padded).get(document) == simdjson::SUCCESS &&
                        document.get_object().get(root.node) == simdjson::SUCCESS &&
-                       peers::readNode<SimdSource, GmPlotCfg3>(root, out);
+                       peers::readConfiguration<SimdSource>(root, out);
             });
 }
 

@@ -60,7 +60,8 @@ void expectNumbersKept(GmCustomNode node)
 void expectSizesThatCanBe(GmCustomNode node)
 {
     storedDevMode::Sizes sizes{1, 1};
-    if (!storedDevMode::readSizes(node, sizes))
+    Fault fault;
+    if (!storedDevMode::readSizes(node, sizes, fault))
     {
         EXPECT_EQ(sizes.size, 1U);
         EXPECT_EQ(sizes.driverExtra, 1U);
@@ -70,7 +71,7 @@ void expectSizesThatCanBe(GmCustomNode node)
     EXPECT_LE(sizes.size, 65535U);
     EXPECT_LE(sizes.driverExtra, 65535U);
     OdString text;
-    if (!storedDevMode::readPrivateText(node, sizes.driverExtra, text))
+    if (!storedDevMode::readPrivateText(node, sizes.driverExtra, text, fault))
         return;
     EXPECT_EQ(text.view().size(), 2 * sizes.driverExtra);
     std::vector<unsigned char> bytes(sizes.driverExtra);

@@ -1,7 +1,7 @@
 #include "fuzz/OpenConfiguration.h"
 
+#include "GarmPC3Editor/Model/BlockReader.h"
 #include "GarmPC3Editor/Model/HexText.h"
-#include "GarmPC3Editor/Model/NodeTables.h"
 #include "spooler/DevModeView.h"
 #include "tests/unit/pia/TreeTools.h"
 
@@ -11,7 +11,19 @@
 
 namespace
 {
-// Not written at 0 and then read as their defaults: quirk 1.
+struct WritableConfiguration : GmPlotCfg3
+{
+    explicit WritableConfiguration(const GmPlotCfg3& other) : GmPlotCfg3(other) {}
+    using GmPlotCfg3::writeToBlock;
+};
+
+std::string written(const GmPlotCfg3& configuration, CPBlock& root)
+{
+    EXPECT_TRUE(WritableConfiguration(configuration).writeToBlock(root));
+    return describe(root);
+}
+
+// These three are not written at 0, and then read as their defaults (quirk 1).
 void forgetZeros(GmResColorMemNode& node)
 {
     const GmResColorMemNode defaults;
@@ -24,18 +36,16 @@ void forgetZeros(GmResColorMemNode& node)
 
 void expectReadsBackEqual(const GmPlotCfg3& configuration)
 {
-    CPBlock written(OD_T(""));
-    ASSERT_TRUE(nodes::configuration.write(configuration, written));
+    CPBlock first(OD_T(""));
+    written(configuration, first);
     GmPlotCfg3 back;
-    ASSERT_TRUE(nodes::configuration.read(back, written));
-    CPBlock writtenBack(OD_T(""));
-    ASSERT_TRUE(nodes::configuration.write(back, writtenBack));
+    ASSERT_TRUE(fillSilently(back, first));
 
     GmPlotCfg3 expected = configuration;
     forgetZeros(expected.m_res_color_mem);
-    CPBlock writtenExpected(OD_T(""));
-    ASSERT_TRUE(nodes::configuration.write(expected, writtenExpected));
-    EXPECT_EQ(describe(writtenBack), describe(writtenExpected));
+    CPBlock second(OD_T(""));
+    CPBlock wanted(OD_T(""));
+    EXPECT_EQ(written(back, second), written(expected, wanted));
     EXPECT_EQ(back.m_custom.isNull(), configuration.m_custom.isNull());
     EXPECT_EQ(back.m_media.m_destination.isNull(), configuration.m_media.m_destination.isNull());
 }

@@ -1,14 +1,15 @@
 #include "GarmPC3Editor/GmCustomNode.h"
 
+#include "GarmPC3Editor/Model/BlockReader.h"
 #include "GarmPC3Editor/Model/DecimalText.h"
+#include "GarmPC3Editor/Model/FieldVisitor.h"
 #include "GarmPC3Editor/Model/HexText.h"
+#include "GarmPC3Editor/Model/StoredKeys.h"
 #include "pia_tree/CPBlock.h"
 #include "pia_tree/CPValue.h"
 
 namespace
 {
-constexpr OdStringView rawDataKey = OD_T("RawPrivateDeviceData");
-
 // Replaces the text under key; adds it only when insert is true.
 template <class MakeText>
 bool store(std::map<OdString, OdString>& items, OdStringView key, bool insert, MakeText makeText)
@@ -45,42 +46,54 @@ private:
 };
 } // namespace
 
-bool GmCustomNode::parse(const CPBlock& block)
+bool fill(GmCustomNode& node, const BlockReader& reader)
 {
+    const CPBlock& block = reader.block();
     for (unsigned i = 0; i < block.size(); ++i)
     {
         if (block.kindAt(i) != CPItem::eBlock)
             continue;
         const auto child = block.data(i);
         const auto& item = static_cast<const CPBlock&>(*child);
-        if (item.size() != 2)
-            return false;
-        if (item.kindAt(0) != CPItem::eStr || !odEqualNoCase(item.nameAt(0), OD_T("name")))
-            return false;
+        const bool hasName =
+            item.size() == 2 && item.kindAt(0) == CPItem::eStr && odEqualNoCase(item.nameAt(0), OD_T("name"));
+        if (!hasName || item.kindAt(1) == CPItem::eBlock)
+            return reader.failAtCustomItem(item.name());
 
         const OdString key = item.textAt(0);
         // The second item is told by its place alone: its name is not looked at.
         switch (item.kindAt(1))
         {
         case CPItem::eBlock:
-            return false;
+            break; // refused above
         case CPItem::eStr:
-            m_strings[key] = item.textAt(1);
+            node.m_strings[key] = item.textAt(1);
             break;
         case CPItem::eBin:
             // What this module writes itself is upper case, so a hand-edited file becomes so too. Binaries of others
             // may mean something else by their letters.
-            m_binaries[key] = key == rawDataKey ? withUpperCaseHexDigits(item.textAt(1)) : item.textAt(1);
+            node.m_binaries[key] =
+                key == storedDevMode::privateBytes ? withUpperCaseHexDigits(item.textAt(1)) : item.textAt(1);
             break;
         case CPItem::eNum:
-            m_numbers[key] = item.textAt(1);
+            node.m_numbers[key] = item.textAt(1);
             break;
         case CPItem::eBool:
-            m_flags[key] = item.flagAt(1) ? 1 : 0;
+            node.m_flags[key] = item.flagAt(1) ? 1 : 0;
             break;
         }
     }
     return true;
+}
+
+void forEachField(GmCustomNode& node, FieldVisitor& visitor)
+{
+    visitor.customItems(node);
+}
+
+bool GmCustomNode::parse(const CPBlock& block)
+{
+    return fillSilently(*this, block);
 }
 
 bool GmCustomNode::write(CPBlock& block) const
@@ -111,12 +124,12 @@ bool GmCustomNode::getNumber(OdStringView key, std::int32_t& out) const
 
 bool GmCustomNode::setRawData(const OdString& text, bool insert)
 {
-    return store(m_binaries, rawDataKey, insert, [&text] { return text; });
+    return store(m_binaries, storedDevMode::privateBytes, insert, [&text] { return text; });
 }
 
 bool GmCustomNode::getRawData(OdString& out) const
 {
-    const auto found = m_binaries.find(OdString(rawDataKey));
+    const auto found = m_binaries.find(OdString(storedDevMode::privateBytes));
     if (found == m_binaries.end())
         return false;
     out = found->second;

@@ -1,9 +1,8 @@
 // Makes a new configuration for an installed printer out of its driver's defaults.
 
-#include "GarmPC3Editor/GmPlotCfg3.h"
-#include "GarmPC3Editor/Model/AnswerOnThrow.h"
+#include "GarmPC3Editor/Printing/Conversions.h"
 #include "GarmPC3Editor/Printing/GmPrinterInfo.h"
-#include "GarmPC3Editor/Printing/ProposedPaper.h"
+#include "GarmPC3Editor/Printing/PaperNames.h"
 #include "GarmPC3Editor/Printing/StoredDevMode.h"
 #include "spooler/DevModeView.h"
 
@@ -40,28 +39,33 @@ OdSharedPtr<GmCustomNode> customDataFor(const DevModeView& devMode)
 }
 } // namespace
 
-OdSharedPtr<GmPlotCfg3> GmPlotCfg3::create(const OdString& printerName)
+OdSharedPtr<GmPlotCfg3> createPlotCfg(const OdString& printerName, Fault& fault)
 {
-    return answerOnThrow(
-        OdSharedPtr<GmPlotCfg3>(),
-        [&]() -> OdSharedPtr<GmPlotCfg3>
-        {
-            GmPrinterInfo printer(printerName);
-            if (!printer.isOpen())
-                return nullptr;
-            const DevModeBlock block = printer.defaultDevMode();
-            const DevModeView devMode = block.view();
-            if (!devMode)
-                return nullptr;
+    GmPrinterInfo printer(printerName);
+    if (!printer.isOpen())
+    {
+        fault = printer.openFault(FaultStage::create);
+        return nullptr;
+    }
+    const DevModeBlock block = printer.defaultDevMode();
+    const DevModeView devMode = block.view();
+    if (!devMode)
+    {
+        fault = Fault{.stage = FaultStage::create, .code = FaultCode::noDefaultDevMode, .text = printerName};
+        return nullptr;
+    }
 
-            OdSharedPtr<GmPlotCfg3> configuration(new GmPlotCfg3);
-            describeSystemDriver(configuration->m_meta, printerName);
-            configuration->m_custom = customDataFor(devMode);
-            if (const std::optional<OdString> paper = proposedPaper(devMode, printer))
-                configuration->m_media.m_size.m_name = *paper;
-            configuration->m_custom->setNumber(devMode.fields().dmSpecVersion, storedDevMode::specVersion, true);
+    OdSharedPtr<GmPlotCfg3> configuration(new GmPlotCfg3);
+    describeSystemDriver(configuration->m_meta, printerName);
+    configuration->m_custom = customDataFor(devMode);
+    if (const std::optional<OdString> paper = proposedPaper(devMode, printer))
+        configuration->m_media.m_size.m_name = *paper;
+    configuration->m_custom->setNumber(devMode.fields().dmSpecVersion, storedDevMode::specVersion, true);
 
-            bool modified = false;
-            return configuration->fromDevMode(devMode, printerName, true, modified) ? configuration : nullptr;
-        });
+    bool modified = false;
+    if (importDevMode(*configuration, devMode, printerName, true, modified, fault))
+        return configuration;
+    if (devMode.driverExtra() == 0)
+        fault = Fault{.stage = FaultStage::create, .code = FaultCode::noPrivateBytes, .text = printerName};
+    return nullptr;
 }

@@ -1,43 +1,57 @@
-// A configuration takes over what a driver or a user changed in a DEVMODEW.
+// Imports what a driver or a user changed in a DEVMODEW into a configuration.
 
-#include "GarmPC3Editor/GmPlotCfg3.h"
-#include "GarmPC3Editor/Model/AnswerOnThrow.h"
 #include "GarmPC3Editor/Model/HexText.h"
+#include "GarmPC3Editor/Printing/Conversions.h"
 #include "GarmPC3Editor/Printing/GmPrinterInfo.h"
+#include "GarmPC3Editor/Printing/PaperNames.h"
 #include "GarmPC3Editor/Printing/StoredDevMode.h"
-#include "GarmPC3Editor/Printing/TakeOverPaper.h"
 #include "spooler/DevModeView.h"
 #include "spooler/Handles.h"
 
+#include <optional>
 #include <span>
 #include <utility>
 
 namespace
 {
-// One takeover. Its pieces run in the order of run(); what the earlier ones changed stays when a later one fails.
-class Takeover
+Fault::Sizes sizesOf(const DevModeView& devMode)
+{
+    return {static_cast<std::int32_t>(devMode.size()), static_cast<std::int32_t>(devMode.driverExtra())};
+}
+
+// One import. Its steps run in the order of run(); what the earlier ones changed stays when a later one fails (quirk
+// 27).
+class Import
 {
 public:
     // modified is set by whatever changes, and never cleared here.
-    Takeover(GmPlotCfg3& cfg, const DevModeView& dm, bool insert, bool& modified)
-        : m_cfg(cfg), m_dm(dm), m_fields(dm.fields()), m_insert(insert), m_modified(modified)
+    Import(GmPlotCfg3& cfg, const DevModeView& dm, bool insert, bool& modified, Fault& fault)
+        : m_cfg(cfg), m_dm(dm), m_fields(dm.fields()), m_insert(insert), m_modified(modified), m_fault(fault)
     {
     }
 
     bool run(const OdString& printerName);
 
 private:
-    bool fitsConfiguration(const OdString& printerName) const;
-    void takeOverSizes();
-    void takeOverPrivateBytes();
+    bool fitsConfiguration(const OdString& printerName);
+    void importSizes();
+    void importPrivateBytes();
+    bool importPaper(GmPrinterInfo& printer, HDC dc);
     void nameAsSystemPrinter(const GmPrinterInfo& printer);
-    bool takeOverCustomNumbers();
-    bool takeOverNumber(OdStringView key, std::uint32_t value);
-    void takeOverMedia();
-    void takeOverColor();
-    void takeOverColorDepth(HDC dc);
-    void takeOverDriverName(const GmPrinterInfo& printer);
-    void takeOverDitherAndDuplex();
+    bool importCustomNumbers();
+    bool importNumber(OdStringView key, std::uint32_t value);
+    void importMedia();
+    void importColor();
+    void importColorDepth(HDC dc);
+    void importDriverName(const GmPrinterInfo& printer);
+    void importDitherAndDuplex();
+
+    bool fail(Fault fault)
+    {
+        fault.stage = FaultStage::importDevMode;
+        m_fault = std::move(fault);
+        return false;
+    }
 
     void noteChange(bool changed)
     {
@@ -59,64 +73,70 @@ private:
     const DEVMODEW& m_fields;
     const bool m_insert;
     bool& m_modified;
+    Fault& m_fault;
 };
 
-bool Takeover::run(const OdString& printerName)
+bool Import::run(const OdString& printerName)
 {
     if (!fitsConfiguration(printerName))
         return false;
-    takeOverSizes();
-    takeOverPrivateBytes();
+    importSizes();
+    importPrivateBytes();
 
-    // The driver answers for the mode that is taken over. It gets a copy of it: the caller's may be misaligned, and a
-    // driver may read on behind its end.
+    // The driver is asked about the device mode that is imported. It gets a copy: the caller's may be misaligned, and
+    // drivers read past the end.
     const DevModeBlock block = DevModeBlock::copyOf(m_dm);
     GmPrinterInfo printer(m_cfg.m_meta.m_win_device_name, block.get());
     if (!printer.isOpen())
-        return false;
+        return fail(printer.openFault(FaultStage::importDevMode));
     if (m_insert)
         nameAsSystemPrinter(printer);
 
-    // The stored driver name is given as it is; it is still "" while a configuration is being created.
+    // The stored driver name is passed as it is; it is still "" while a configuration is being created.
     DeviceContext dc = createDeviceContext(m_cfg.m_meta.m_win_driver_name.c_str(),
                                            m_cfg.m_meta.m_win_device_name.c_str(), block.get());
-    if (!takeOverPaper(m_cfg.m_media, m_dm, printer, dc.get(), m_modified))
+    if (!importPaper(printer, dc.get()))
         return false;
-    if (!takeOverCustomNumbers())
+    if (!importCustomNumbers())
         return false;
-    takeOverMedia();
-    takeOverColor();
+    importMedia();
+    importColor();
     noteChange(m_cfg.m_res_color_mem.m_resolution.set(m_fields, dc.get()));
-    takeOverColorDepth(dc.get());
+    importColorDepth(dc.get());
     dc.reset();
-    // A device that does not dither, or cannot say, shows every colour it has undithered. This follows from what was
-    // taken over and is no change of its own.
+    // A device that does not dither, or cannot say, shows every colour it has undithered. Not a change: quirk 30.
     if (!m_dm.has(DM_DITHERTYPE) || m_fields.dmDitherType == 1)
         m_cfg.m_res_color_mem.m_num_undithered_colors = m_cfg.m_res_color_mem.m_num_colors;
-    takeOverDriverName(printer);
-    takeOverDitherAndDuplex();
+    importDriverName(printer);
+    importDitherAndDuplex();
     return true;
 }
 
-// A configuration can take over only blocks of its own printer and driver, which the two sizes stand for.
-bool Takeover::fitsConfiguration(const OdString& printerName) const
+// Only device modes of the configuration's own printer and driver can be imported; the two sizes stand for the driver.
+bool Import::fitsConfiguration(const OdString& printerName)
 {
-    const OdArray<unsigned char> bytes = m_cfg.toDevMode();
+    const OdArray<unsigned char> bytes = makeDevMode(m_cfg, m_fault);
     const DevModeView current(std::span(bytes.begin(), bytes.end()));
-    return current && m_dm && current.size() == m_dm.size() && current.driverExtra() == m_dm.driverExtra() &&
-           odEqualNoCase(printerName, m_cfg.m_meta.m_win_device_name);
+    if (!current)
+        return false;
+    if (!m_dm)
+        return fail({.code = FaultCode::badDevMode});
+    if (current.size() != m_dm.size() || current.driverExtra() != m_dm.driverExtra())
+        return fail({.code = FaultCode::otherSizes, .stored = sizesOf(current), .given = sizesOf(m_dm)});
+    if (!odEqualNoCase(printerName, m_cfg.m_meta.m_win_device_name))
+        return fail({.code = FaultCode::otherPrinter, .text = m_cfg.m_meta.m_win_device_name});
+    return true;
 }
 
-// The sizes and the private bytes are stored already: without them the configuration would have made no block that
-// fits.
-void Takeover::takeOverSizes()
+// The sizes and the private bytes are stored already, otherwise the device mode would not have fitted.
+void Import::importSizes()
 {
     GmCustomNode& custom = *m_cfg.m_custom;
     custom.setNumber(m_fields.dmDriverExtra, storedDevMode::driverExtra, false);
     custom.setNumber(m_fields.dmSize, storedDevMode::size, false);
 }
 
-void Takeover::takeOverPrivateBytes()
+void Import::importPrivateBytes()
 {
     if (m_dm.driverExtra() == 0)
         return;
@@ -128,7 +148,24 @@ void Takeover::takeOverPrivateBytes()
     noteChange(now != before);
 }
 
-void Takeover::nameAsSystemPrinter(const GmPrinterInfo& printer)
+// Sets the name, and new bounds when the name changed or there are no usable ones. Another size under the same name
+// does not bring new bounds (quirk 15).
+bool Import::importPaper(GmPrinterInfo& printer, HDC dc)
+{
+    const std::optional<OdString> name = importedPaper(m_dm, printer);
+    if (!name)
+        return fail({.code = FaultCode::unlistedPaper, .paperCode = static_cast<std::uint16_t>(m_fields.dmPaperSize)});
+    GmMediaNode& media = m_cfg.m_media;
+    const bool renamed = media.m_size.setName(name->c_str());
+    if (renamed || media.emptyBounds())
+    {
+        m_modified = true;
+        media.setBounds(dc);
+    }
+    return true;
+}
+
+void Import::nameAsSystemPrinter(const GmPrinterInfo& printer)
 {
     OdString ports;
     if (printer.getPorts(ports))
@@ -141,23 +178,23 @@ void Takeover::nameAsSystemPrinter(const GmPrinterInfo& printer)
         *name = OD_T("System");
 }
 
-bool Takeover::takeOverCustomNumbers()
+bool Import::importCustomNumbers()
 {
     // The version has no flag of its own; a block that sets no field at all says nothing about it.
-    if (m_dm.rawFlags() != 0 && !takeOverNumber(storedDevMode::specVersion, m_fields.dmSpecVersion))
+    if (m_dm.rawFlags() != 0 && !importNumber(storedDevMode::specVersion, m_fields.dmSpecVersion))
         return false;
-    if (m_dm.has(DM_MEDIATYPE) && !takeOverNumber(storedDevMode::mediaType, m_fields.dmMediaType))
+    if (m_dm.has(DM_MEDIATYPE) && !importNumber(storedDevMode::mediaType, m_fields.dmMediaType))
         return false;
-    // Codes below 0 keep their sign over the wider number: -1 is stored as 4294967295.
+    // Negative codes keep their sign in the wider number: -1 is stored as 4294967295.
     if (m_dm.has(DM_DEFAULTSOURCE) &&
-        !takeOverNumber(storedDevMode::defaultSource, static_cast<std::uint32_t>(m_fields.dmDefaultSource)))
+        !importNumber(storedDevMode::defaultSource, static_cast<std::uint32_t>(m_fields.dmDefaultSource)))
         return false;
     return !m_dm.has(DM_TTOPTION) ||
-           takeOverNumber(storedDevMode::ttOption, static_cast<std::uint32_t>(m_fields.dmTTOption));
+           importNumber(storedDevMode::ttOption, static_cast<std::uint32_t>(m_fields.dmTTOption));
 }
 
 // False when the number is to replace a stored one and there is none.
-bool Takeover::takeOverNumber(OdStringView key, std::uint32_t value)
+bool Import::importNumber(OdStringView key, std::uint32_t value)
 {
     GmCustomNode& custom = *m_cfg.m_custom;
     if (!m_insert && !m_modified)
@@ -165,11 +202,12 @@ bool Takeover::takeOverNumber(OdStringView key, std::uint32_t value)
         std::int32_t stored = 0;
         noteChange(!custom.getNumber(key, stored) || static_cast<std::uint32_t>(stored) != value);
     }
-    return custom.setNumber(value, key, m_insert);
+    return custom.setNumber(value, key, m_insert) ||
+           fail({.code = FaultCode::missingKey, .block = OD_T("custom"), .key = OdString(key)}); // quirk 28
 }
 
-// These fields need no flag: quirk 26.
-void Takeover::takeOverMedia()
+// Imports its fields whether or not they are flagged, as importColor and importDitherAndDuplex do: quirk 26.
+void Import::importMedia()
 {
     GmMediaNode& media = m_cfg.m_media;
     set(m_cfg.m_meta.m_dm_driver_version, m_fields.dmDriverVersion);
@@ -188,30 +226,30 @@ void Takeover::takeOverMedia()
     noteChange(media.m_destination->setCollating(m_fields.dmCollate != 0));
 }
 
-void Takeover::takeOverColor()
+void Import::importColor()
 {
     GmResColorMemNode& color = m_cfg.m_res_color_mem;
     set(color.m_dm_color, m_fields.dmColor);
-    // Colour makes the choice of merging lines meaningful, so it gets its default; one that was made is kept. A default
-    // is no change.
+    // With colour the choice of merging lines gets a meaning and its default; a choice that was made is kept. The
+    // default is not reported as a change: quirk 30.
     if (m_fields.dmColor == DMCOLOR_COLOR && !color.m_lines_overwrite)
         color.m_lines_overwrite = GmOptionalFlag(new bool(true));
     set(color.m_icm_method, m_fields.dmICMMethod);
     set(color.m_icm_intent, m_fields.dmICMIntent);
 }
 
-void Takeover::takeOverColorDepth(HDC dc)
+void Import::importColorDepth(HDC dc)
 {
     if (!dc)
         return;
     GmResColorMemNode& color = m_cfg.m_res_color_mem;
     const int bits = ::GetDeviceCaps(dc, BITSPIXEL);
     if (bits >= 1 && set(color.m_color_depth, bits))
-        // Quirk 31.
+        // Wraps around: quirk 31.
         color.m_num_colors = static_cast<std::int32_t>(1U << (static_cast<unsigned>(bits) % 32U));
 }
 
-void Takeover::takeOverDriverName(const GmPrinterInfo& printer)
+void Import::importDriverName(const GmPrinterInfo& printer)
 {
     OdString driverName;
     if (!printer.driverName(driverName) || driverName == m_cfg.m_meta.m_win_driver_name)
@@ -220,32 +258,18 @@ void Takeover::takeOverDriverName(const GmPrinterInfo& printer)
     noteChange(true);
 }
 
-void Takeover::takeOverDitherAndDuplex()
+void Import::importDitherAndDuplex()
 {
     set(m_cfg.m_ditherType, m_fields.dmDitherType);
     set(m_cfg.m_duplex, m_fields.dmDuplex);
-    // What the block flagged, missing fields included. It decides later which fields are given back; it is no setting.
+    // As they stand, flags of missing fields included. They decide later which fields toDevMode sets; they are no
+    // setting (quirk 30).
     m_cfg.m_devModeFields = m_dm.rawFlags();
 }
 } // namespace
 
-bool GmPlotCfg3::updateFromDevMode(const DevModeView& dm, const OdString& printerName, bool& modified)
+bool importDevMode(GmPlotCfg3& configuration, const DevModeView& devMode, const OdString& printerName, bool insert,
+                   bool& modified, Fault& fault)
 {
-    return fromDevMode(dm, printerName, false, modified);
-}
-
-bool GmPlotCfg3::updateFromDevMode(const DEVMODEW& dm, const OdString& printerName, bool& modified)
-{
-    return fromDevMode(dm, printerName, false, modified);
-}
-
-bool GmPlotCfg3::fromDevMode(const DEVMODEW& dm, const OdString& printerName, bool insert, bool& modified)
-{
-    return fromDevMode(DevModeView(claimedBytes(dm)), printerName, insert, modified);
-}
-
-bool GmPlotCfg3::fromDevMode(const DevModeView& dm, const OdString& printerName, bool insert, bool& modified)
-{
-    modified = false;
-    return answerOnThrow(false, [&] { return Takeover(*this, dm, insert, modified).run(printerName); });
+    return Import(configuration, devMode, insert, modified, fault).run(printerName);
 }

@@ -31,8 +31,15 @@ std::size_t delivered(int answer, std::size_t announced)
 } // namespace
 
 GmPrinterInfo::GmPrinterInfo(const OdString& name, const DEVMODEW* devMode)
-    : m_printerName(name), m_devMode(devMode), m_printer(openPrinter(name.c_str()))
+    : m_printerName(name), m_devMode(devMode), m_printer(openPrinter(name.c_str())), m_openError(::GetLastError())
 {
+}
+
+Fault GmPrinterInfo::openFault(FaultStage stage) const
+{
+    // Some failing calls do not set an error.
+    const DWORD error = m_openError == ERROR_SUCCESS ? DWORD{ERROR_INVALID_PRINTER_NAME} : m_openError;
+    return {.stage = stage, .code = FaultCode::printerNotOpened, .text = m_printerName, .systemError = error};
 }
 
 bool GmPrinterInfo::getPorts(OdString& out) const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "GarmPC3Editor/Model/Fault.h"
 #include "kernel/OdString.h"
 #include "spooler/DevModeView.h"
 #include "spooler/Handles.h"
@@ -22,6 +23,9 @@ public:
     bool isOpen() const noexcept { return static_cast<bool>(m_printer); }
     HANDLE handle() const noexcept { return m_printer.get(); } // null when the printer could not be opened
     const OdString& printerName() const noexcept { return m_printerName; }
+
+    // Why it could not be opened.
+    Fault openFault(FaultStage stage) const;
 
     // The port list exactly as the system gives it, "FILE:" or several separated by commas. out is emptied first; true
     // when it is not empty afterwards.
@@ -78,4 +82,5 @@ private:
     const DEVMODEW* m_devMode;
     std::optional<PaperLists> m_papers; // none until they are loaded
     PrinterHandle m_printer;            // closed first: the lists outlive it
+    DWORD m_openError;                  // of the system; says nothing while the printer is open
 };

@@ -1,21 +1,14 @@
 #pragma once
 
 #include "GarmPC3Editor/GmCustomNode.h"
+#include "GarmPC3Editor/Model/Fault.h"
+#include "GarmPC3Editor/Model/StoredKeys.h"
 
 #include <cstddef>
 
 // What the custom data of a configuration stores about the DEVMODEW of its printer.
 namespace storedDevMode
 {
-// Keys of the numbers.
-inline constexpr OdStringView size = OD_T("dmSize");
-inline constexpr OdStringView driverExtra = OD_T("dmDriverExtra");
-inline constexpr OdStringView specVersion = OD_T("dmSpecVersion");
-inline constexpr OdStringView mediaType = OD_T("dmMediaType");
-inline constexpr OdStringView defaultSource = OD_T("dmDefaultSource");
-inline constexpr OdStringView ttOption = OD_T("dmTTOption");
-inline constexpr OdStringView paperSize = OD_T("dmPaperSize");
-
 // Lengths of a block's two parts, in bytes.
 struct Sizes
 {
@@ -25,8 +18,8 @@ struct Sizes
 
 // False unless both sizes are stored and can be those of a block: a public part of at least smallestDevMode bytes, and
 // neither part longer than its 16-bit field can tell. The file may have been edited by anyone.
-bool readSizes(const GmCustomNode& custom, Sizes& out);
+bool readSizes(const GmCustomNode& custom, Sizes& out, Fault& fault);
 
 // The driver's own bytes as hexadecimal text. False unless there are exactly two characters per byte.
-bool readPrivateText(const GmCustomNode& custom, std::size_t byteCount, OdString& out);
+bool readPrivateText(const GmCustomNode& custom, std::size_t byteCount, OdString& out, Fault& fault);
 } // namespace storedDevMode

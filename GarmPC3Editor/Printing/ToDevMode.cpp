@@ -1,12 +1,11 @@
 // A configuration as the DEVMODEW of its printer. The driver is not asked for its own: the stored private bytes go back
 // as they are, and the public fields are rebuilt from the nodes.
 
-#include "GarmPC3Editor/GmPlotCfg3.h"
-#include "GarmPC3Editor/Model/AnswerOnThrow.h"
-#include "GarmPC3Editor/Model/DecimalText.h"
 #include "GarmPC3Editor/Model/HexText.h"
 #include "GarmPC3Editor/Model/WrappedNumber.h"
+#include "GarmPC3Editor/Printing/Conversions.h"
 #include "GarmPC3Editor/Printing/GmPrinterInfo.h"
+#include "GarmPC3Editor/Printing/PaperNames.h"
 #include "GarmPC3Editor/Printing/StoredDevMode.h"
 #include "spooler/DevModeView.h"
 
@@ -114,13 +113,6 @@ void putDitherAndDuplex(const GmPlotCfg3& cfg, DEVMODEW& dm)
         dm.dmFields |= DM_DUPLEX;
 }
 
-// Tells the number of a size name such as "User300", which a takeover gives to codes of the driver's own.
-bool userPaperCode(OdStringView name, std::int32_t& code)
-{
-    constexpr OdStringView prefix = OD_T("User");
-    return odStartsWithNoCase(name, prefix) && numberFromDecimal(name.substr(prefix.size()), code);
-}
-
 // The paper by name and by code: quirk 22, quirk 23 and quirk 24.
 void putPaper(const GmPlotCfg3& cfg, GmPrinterInfo& printer, DEVMODEW& dm)
 {
@@ -175,20 +167,30 @@ OdArray<unsigned char> assemble(DEVMODEW dm, const storedDevMode::Sizes& sizes, 
     return block;
 }
 
-OdArray<unsigned char> buildDevMode(const GmPlotCfg3& cfg)
+} // namespace
+
+OdArray<unsigned char> makeDevMode(const GmPlotCfg3& cfg, Fault& fault)
 {
-    if (!cfg.m_custom || cfg.m_meta.m_win_device_name.isEmpty())
+    const bool hasCustomData = static_cast<bool>(cfg.m_custom);
+    if (!hasCustomData || cfg.m_meta.m_win_device_name.isEmpty())
+    {
+        fault = Fault{.stage = FaultStage::makeDevMode,
+                      .code = hasCustomData ? FaultCode::noPrinterName : FaultCode::noCustomData};
         return {};
+    }
     const GmCustomNode& custom = *cfg.m_custom;
     storedDevMode::Sizes sizes;
     OdString privateText;
-    if (!storedDevMode::readSizes(custom, sizes))
+    if (!storedDevMode::readSizes(custom, sizes, fault))
         return {};
-    if (sizes.driverExtra != 0 && !storedDevMode::readPrivateText(custom, sizes.driverExtra, privateText))
+    if (sizes.driverExtra != 0 && !storedDevMode::readPrivateText(custom, sizes.driverExtra, privateText, fault))
         return {};
     GmPrinterInfo printer(cfg.m_meta.m_win_device_name);
     if (!printer.isOpen())
+    {
+        fault = printer.openFault(FaultStage::makeDevMode);
         return {};
+    }
 
     // Built in a structure of our own, since the stored size may be smaller than what is written here.
     DEVMODEW dm = {};
@@ -201,10 +203,4 @@ OdArray<unsigned char> buildDevMode(const GmPlotCfg3& cfg)
     putDitherAndDuplex(cfg, dm);
     putPaper(cfg, printer, dm);
     return assemble(dm, sizes, privateText);
-}
-} // namespace
-
-OdArray<unsigned char> GmPlotCfg3::toDevMode() const
-{
-    return answerOnThrow(OdArray<unsigned char>(), [this] { return buildDevMode(*this); });
 }

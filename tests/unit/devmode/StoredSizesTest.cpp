@@ -83,7 +83,8 @@ TEST_F(StoredSizes, sizesThatCannotBeAreToldAndNotHandedOut)
     {
         store(size, extra);
         storedDevMode::Sizes sizes{7, 7};
-        return !storedDevMode::readSizes(*cfg.m_custom, sizes) && sizes.size == 7 && sizes.driverExtra == 7;
+        Fault fault;
+        return !storedDevMode::readSizes(*cfg.m_custom, sizes, fault) && sizes.size == 7 && sizes.driverExtra == 7;
     };
     EXPECT_TRUE(fails(OD_T("75"), OD_T("8")));
     EXPECT_TRUE(fails(OD_T("65536"), OD_T("8")));

@@ -1,126 +1,158 @@
 // Walks every node's table: what holds for one row kind holds for every row of that kind.
-#include "GarmPC3Editor/Model/NodeTables.h"
+#include "GarmPC3Editor/Model/BlockReader.h"
 #include "GarmPC3Editor/Model/DecimalText.h"
+#include "GarmPC3Editor/Model/FieldVisitor.h"
 #include "tests/support/Blocks.h"
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <set>
 
 namespace
 {
 using blocks::linesOf;
 
-template <class Node>
-struct TableOf;
-#define TABLE_OF(Node, name)                                                                                           \
-    template <>                                                                                                        \
-    struct TableOf<Node>                                                                                               \
-    {                                                                                                                  \
-        static constexpr const auto& table = nodes::name;                                                              \
-    };
-TABLE_OF(GmMetaNode, meta)
-TABLE_OF(GmMediaBoundsNode, mediaBounds)
-TABLE_OF(GmMediaDescriptionNode, mediaDescription)
-TABLE_OF(GmSizeNode, size)
-TABLE_OF(GmDestinationNode, destination)
-TABLE_OF(GmMediaNode, media)
-TABLE_OF(GmIoNode, io)
-TABLE_OF(GmResolutionNode, resolution)
-TABLE_OF(GmResColorMemNode, resColorMem)
-TABLE_OF(GmPlotCfg3, configuration)
-#undef TABLE_OF
-
-template <class Node, class Visit>
-void forEachRow(Visit visit)
-{
-    std::apply([&](const auto&... row) { (visit(row), ...); }, TableOf<Node>::table.rows);
-}
-
 // Gives every field a value of its own. Two fillers with other starting points share none: numbers and texts differ,
 // flags are opposite.
-class Filler
+class Filler : public FieldVisitor
 {
 public:
     Filler(std::int32_t start, bool flag) : m_next(start), m_flag(flag) {}
 
+    void field(const Field& field) override
+    {
+        std::visit([this](auto* member) { fill(*member); }, field.member);
+    }
+    bool beginBlock(const FieldBlock& block) override
+    {
+        EXPECT_TRUE(block.isPresent) << odToUtf8(block.key);
+        return true;
+    }
+    void endBlock() override {}
+    void customItems(GmCustomNode& custom) override
+    {
+        custom.setNumber(static_cast<std::uint32_t>(++m_next), OD_T("dmSize"), true);
+        custom.m_flags[OD_T("flag")] = m_flag;
+    }
+
+private:
     void fill(std::int32_t& value) { value = ++m_next; }
     void fill(double& value) { value = ++m_next + 0.5; }
     void fill(bool& value) { value = m_flag; }
     void fill(OdString& value) { value = OdString(OD_T("text ")) + decimalFromNumber(++m_next); }
-    void fill(GmCustomNode& node)
-    {
-        node.setNumber(static_cast<std::uint32_t>(++m_next), OD_T("dmSize"), true);
-        node.m_flags[OD_T("flag")] = m_flag;
-    }
-    template <class Value>
-    void fill(OdSharedPtr<Value>& value)
-    {
-        value = OdSharedPtr<Value>(new Value());
-        fill(*value);
-    }
-    template <class Node>
-    void fill(Node& node)
-    {
-        forEachRow<Node>([&](const auto& row) { fill(node.*row.member); });
-    }
+    void fill(GmOptionalFlag& value) { value = GmOptionalFlag(new bool(m_flag)); }
 
-private:
     std::int32_t m_next;
     bool m_flag;
 };
 
+// Blocks that need not be there are absent in a fresh node.
+template <class Node>
+void addOptionalBlocks(Node&)
+{
+}
+void addOptionalBlocks(GmMediaNode& node)
+{
+    node.m_destination = new GmDestinationNode;
+}
+void addOptionalBlocks(GmPlotCfg3& node)
+{
+    addOptionalBlocks(node.m_media);
+    node.m_custom = new GmCustomNode;
+}
+
+template <class Node>
+Node filled(std::int32_t start, bool flag)
+{
+    Node node;
+    addOptionalBlocks(node);
+    Filler filler(start, flag);
+    forEachField(node, filler);
+    return node;
+}
+
 template <class Node>
 Node sample()
 {
-    Node node;
-    Filler(1000, true).fill(node);
-    return node;
+    return filled<Node>(1000, true);
 }
 
 // What a node holds that must not be touched.
 template <class Node>
 Node poisoned()
 {
-    Node node;
-    Filler(5000, false).fill(node);
-    return node;
+    return filled<Node>(5000, false);
 }
 
-// Equality of fields.
-bool same(std::int32_t a, std::int32_t b)
+// What a node holds, by the node's own rows: of a nested node all its values together.
+class Values : public FieldVisitor
 {
-    return a == b;
-}
-bool same(double a, double b)
-{
-    return a == b;
-}
-bool same(bool a, bool b)
-{
-    return a == b;
-}
-bool same(const OdString& a, const OdString& b)
-{
-    return a == b;
-}
-bool same(const GmCustomNode& a, const GmCustomNode& b)
-{
-    return blocks::written(a) == blocks::written(b);
-}
+public:
+    struct Row
+    {
+        OdStringView key;
+        bool isRequired;
+        bool isBlock;
+        bool isOptionalText;
+        std::string value;
+    };
+
+    template <class Node>
+    static std::vector<Row> of(const Node& node)
+    {
+        Values values;
+        Node seen = node;
+        forEachField(seen, values);
+        return values.m_rows;
+    }
+
+    void field(const Field& field) override
+    {
+        const std::string value = std::visit([](const auto* member) { return textOf(*member); }, field.member);
+        if (m_depth == 0)
+            m_rows.push_back({field.key, field.isRequired(), false, field.row == RowKind::optionalText, value});
+        else
+            m_rows.back().value += odToUtf8(field.key) + "=" + value + "\n";
+    }
+    bool beginBlock(const FieldBlock& block) override
+    {
+        if (m_depth++ == 0)
+            m_rows.push_back({block.key, block.isRequired, true, false, ""});
+        m_rows.back().value += odToUtf8(block.key) + (block.isPresent ? "{\n" : " absent\n");
+        return true;
+    }
+    void endBlock() override { --m_depth; }
+    void customItems(GmCustomNode& custom) override
+    {
+        for (const std::string& line : blocks::written(custom))
+            m_rows.back().value += line + "\n";
+    }
+
+private:
+    static std::string textOf(std::int32_t value) { return std::to_string(value); }
+    static std::string textOf(double value) { return std::to_string(value); }
+    static std::string textOf(bool value) { return value ? "true" : "false"; }
+    static std::string textOf(const OdString& value) { return "\"" + odToUtf8(value) + "\""; }
+    static std::string textOf(const GmOptionalFlag& value) { return value ? textOf(*value) : "absent"; }
+
+    std::vector<Row> m_rows;
+    unsigned m_depth = 0;
+};
+
 template <class Node>
-bool same(const Node& a, const Node& b);
-template <class Value>
-bool same(const OdSharedPtr<Value>& a, const OdSharedPtr<Value>& b)
+std::map<OdStringView, std::string> valuesOf(const Node& node)
 {
-    return a && b ? same(*a, *b) : a.isNull() == b.isNull();
+    std::map<OdStringView, std::string> values;
+    for (const Values::Row& row : Values::of(node))
+        values[row.key] = row.value;
+    return values;
 }
+
 template <class Node>
-bool same(const Node& a, const Node& b)
+std::vector<Values::Row> rowsOf()
 {
-    bool equal = true;
-    forEachRow<Node>([&](const auto& row) { equal = equal && same(a.*row.member, b.*row.member); });
-    return equal;
+    return Values::of(sample<Node>());
 }
 
 // Through the node's own functions where they are public.
@@ -131,8 +163,14 @@ bool read(Node& node, const CPBlock& block)
 }
 bool read(GmPlotCfg3& node, const CPBlock& block)
 {
-    return nodes::configuration.read(node, block);
+    return fillSilently(node, block);
 }
+
+struct WritableConfiguration : GmPlotCfg3
+{
+    explicit WritableConfiguration(const GmPlotCfg3& other) : GmPlotCfg3(other) {}
+    using GmPlotCfg3::writeToBlock;
+};
 
 template <class Node>
 OdSharedPtr<CPBlock> writtenBlock(const Node& node)
@@ -144,46 +182,35 @@ OdSharedPtr<CPBlock> writtenBlock(const Node& node)
 OdSharedPtr<CPBlock> writtenBlock(const GmPlotCfg3& node)
 {
     auto block = blocks::make(OD_T(""));
-    EXPECT_TRUE(nodes::configuration.write(node, *block));
+    EXPECT_TRUE(WritableConfiguration(node).writeToBlock(*block));
     return block;
 }
 
-// What the row's field becomes when its key is not there; before is the node before reading.
-template <class Row, class Node>
-bool isAsIfMissing(const Row& row, const Node& node, const Node& before)
-{
-    return same(node.*row.member, before.*row.member);
-}
-template <class Node>
-bool isAsIfMissing(const fields::OptionalText<Node>& row, const Node& node, const Node&)
-{
-    return (node.*row.member).isEmpty();
-}
-
 // Reads a block in which the row's key is not usable and checks every field of the node.
-template <class Node, class Row>
-void expectMissing(const CPBlock& block, const Row& missing)
+template <class Node>
+void expectMissing(const CPBlock& block, const Values::Row& missing)
 {
-    const Node full = sample<Node>();
-    const Node before = poisoned<Node>();
+    const auto full = valuesOf(sample<Node>());
+    const auto before = valuesOf(poisoned<Node>());
     Node node = poisoned<Node>();
-    EXPECT_EQ(read(node, block), !Row::isRequired);
+    EXPECT_EQ(read(node, block), !missing.isRequired);
+    const auto after = valuesOf(node);
 
     bool behind = false;
-    forEachRow<Node>(
-        [&](const auto& row)
+    for (const Values::Row& row : rowsOf<Node>())
+    {
+        SCOPED_TRACE(odToUtf8(row.key));
+        const std::string& value = after.at(row.key);
+        if (row.key == missing.key)
         {
-            SCOPED_TRACE(odToUtf8(row.key));
-            if (row.key == missing.key)
-            {
-                EXPECT_TRUE(isAsIfMissing(row, node, before));
-                behind = true;
-            }
-            else if (behind && Row::isRequired)
-                EXPECT_TRUE(same(node.*row.member, before.*row.member)) << "touched after the failure";
-            else
-                EXPECT_TRUE(same(node.*row.member, full.*row.member)) << "not stored";
-        });
+            EXPECT_EQ(value, missing.isOptionalText ? "\"\"" : before.at(row.key));
+            behind = true;
+        }
+        else if (behind && missing.isRequired)
+            EXPECT_EQ(value, before.at(row.key)) << "touched after the failure";
+        else
+            EXPECT_EQ(value, full.at(row.key)) << "not stored";
+    }
 }
 
 template <class Node>
@@ -197,20 +224,19 @@ TYPED_TEST_SUITE(NodeTable, Nodes);
 TYPED_TEST(NodeTable, hasNoKeyTwice)
 {
     std::set<OdStringView> keys;
-    forEachRow<TypeParam>([&](const auto& row)
-                          { EXPECT_TRUE(keys.insert(row.key).second) << odToUtf8(row.key) << " is there twice"; });
+    for (const Values::Row& row : rowsOf<TypeParam>())
+        EXPECT_TRUE(keys.insert(row.key).second) << odToUtf8(row.key) << " is there twice";
 }
 
 TYPED_TEST(NodeTable, writesInTheOrderOfItsRows)
 {
     const auto block = writtenBlock(sample<TypeParam>());
     unsigned i = 0;
-    forEachRow<TypeParam>(
-        [&](const auto& row)
-        {
-            ASSERT_LT(i, block->size());
-            EXPECT_EQ(block->data(i++)->name(), row.key);
-        });
+    for (const Values::Row& row : rowsOf<TypeParam>())
+    {
+        ASSERT_LT(i, block->size());
+        EXPECT_EQ(block->data(i++)->name(), row.key);
+    }
     EXPECT_EQ(i, block->size());
 }
 
@@ -220,7 +246,7 @@ TYPED_TEST(NodeTable, readsBackEqual)
     const auto block = writtenBlock(full);
     auto node = poisoned<TypeParam>();
     ASSERT_TRUE(read(node, *block));
-    EXPECT_TRUE(same(node, full));
+    EXPECT_EQ(valuesOf(node), valuesOf(full));
     EXPECT_EQ(linesOf(*writtenBlock(node)), linesOf(*block));
 }
 
@@ -229,18 +255,17 @@ TYPED_TEST(NodeTable, aFreshNodeReadsBackEqual)
     const TypeParam fresh;
     TypeParam node;
     ASSERT_TRUE(read(node, *writtenBlock(fresh)));
-    EXPECT_TRUE(same(node, fresh));
+    EXPECT_EQ(valuesOf(node), valuesOf(fresh));
 }
 
 TYPED_TEST(NodeTable, eachKeyMissing)
 {
     const auto block = writtenBlock(sample<TypeParam>());
-    forEachRow<TypeParam>(
-        [&](const auto& row)
-        {
-            SCOPED_TRACE("without " + odToUtf8(row.key));
-            expectMissing<TypeParam>(*blocks::without(*block, row.key), row);
-        });
+    for (const Values::Row& row : rowsOf<TypeParam>())
+    {
+        SCOPED_TRACE("without " + odToUtf8(row.key));
+        expectMissing<TypeParam>(*blocks::without(*block, row.key), row);
+    }
 }
 
 CPItem::EType kindOf(const CPBlock& block, OdStringView key)
@@ -255,44 +280,41 @@ CPItem::EType kindOf(const CPBlock& block, OdStringView key)
 TYPED_TEST(NodeTable, aKeyOfAnotherKindCountsAsMissing)
 {
     const auto block = writtenBlock(sample<TypeParam>());
-    forEachRow<TypeParam>(
-        [&](const auto& row)
+    for (const Values::Row& row : rowsOf<TypeParam>())
+    {
+        for (const auto& other :
+             {blocks::str(row.key, OD_T("7")), blocks::num(row.key, OD_T("7")), blocks::bin(row.key, OD_T("7")),
+              blocks::flag(row.key, true), blocks::Item(blocks::make(row.key))})
         {
-            for (const auto& other :
-                 {blocks::str(row.key, OD_T("7")), blocks::num(row.key, OD_T("7")), blocks::bin(row.key, OD_T("7")),
-                  blocks::flag(row.key, true), blocks::Item(blocks::make(row.key))})
-            {
-                SCOPED_TRACE(odToUtf8(row.key) + " of kind " + std::to_string(other->type()));
-                if (other->type() != kindOf(*block, row.key))
-                    expectMissing<TypeParam>(*blocks::with(*block, row.key, other), row);
-            }
-        });
+            SCOPED_TRACE(odToUtf8(row.key) + " of kind " + std::to_string(other->type()));
+            if (other->type() != kindOf(*block, row.key))
+                expectMissing<TypeParam>(*blocks::with(*block, row.key, other), row);
+        }
+    }
 }
 
 TYPED_TEST(NodeTable, aNumberThatIsNoneCountsAsMissing)
 {
     const auto block = writtenBlock(sample<TypeParam>());
-    forEachRow<TypeParam>(
-        [&](const auto& row)
-        {
-            if (kindOf(*block, row.key) != CPItem::eNum)
-                return;
-            SCOPED_TRACE(odToUtf8(row.key));
-            expectMissing<TypeParam>(*blocks::with(*block, row.key, blocks::num(row.key, OD_T("12 dpi"))), row);
-        });
+    for (const Values::Row& row : rowsOf<TypeParam>())
+    {
+        if (kindOf(*block, row.key) != CPItem::eNum)
+            continue;
+        SCOPED_TRACE(odToUtf8(row.key));
+        expectMissing<TypeParam>(*blocks::with(*block, row.key, blocks::num(row.key, OD_T("12 dpi"))), row);
+    }
 }
 
 // A required block is there but lacks its own first key.
 TYPED_TEST(NodeTable, aRequiredBlockThatFailsCountsAsMissing)
 {
     const auto block = writtenBlock(sample<TypeParam>());
-    forEachRow<TypeParam>(
-        [&](const auto& row)
-        {
-            if (!row.isRequired || kindOf(*block, row.key) != CPItem::eBlock)
-                return;
-            SCOPED_TRACE(odToUtf8(row.key));
-            expectMissing<TypeParam>(*blocks::with(*block, row.key, blocks::make(row.key)), row);
-        });
+    for (const Values::Row& row : rowsOf<TypeParam>())
+    {
+        if (!row.isRequired || !row.isBlock)
+            continue;
+        SCOPED_TRACE(odToUtf8(row.key));
+        expectMissing<TypeParam>(*blocks::with(*block, row.key, blocks::make(row.key)), row);
+    }
 }
 } // namespace

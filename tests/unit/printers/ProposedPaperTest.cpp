@@ -1,4 +1,4 @@
-#include "GarmPC3Editor/Printing/ProposedPaper.h"
+#include "GarmPC3Editor/Printing/PaperNames.h"
 
 #include "GarmPC3Editor/Printing/GmPrinterInfo.h"
 #include "tests/support/PrinterRoomTest.h"

@@ -2,21 +2,19 @@
 
 // The fields of a node as one list of rows. Read order and write order are that list, so a file written here reads
 // back equal, and a new field is one row. A row knows its key, its member, what a missing key means and when the item
-// is written; the row kinds below are all the rules there are.
+// is written; the row kinds below are all the rules there are. Each node's table is in the node's own source file.
 //
-// read is false at the first row that fails: the rows before it are then stored, that row and those after it are not
-// touched. write is false only when a nested node's write is. Running out of memory passes through both as an
-// exception on purpose: it must never look like a file without that key.
+// Reading stops at the first row that fails: the rows before it are then stored, that row and those after it are not
+// touched. Writing fails only when a nested node's does. Running out of memory passes through both as an exception on
+// purpose: it must never look like a file without that key.
 
-#include "pia_tree/CPBlock.h"
+#include "GarmPC3Editor/Model/BlockReader.h"
+#include "GarmPC3Editor/Model/FieldVisitor.h"
 #include "pia_tree/CPValue.h"
 
-#include <array>
-#include <cstddef>
 #include <cstdint>
 #include <tuple>
 #include <type_traits>
-#include <utility>
 
 namespace fields
 {
@@ -30,6 +28,7 @@ inline constexpr Digits<1> oneDigit{};
 // member itself.
 struct IntValue
 {
+    static constexpr ValueKind kind = ValueKind::wholeNumber;
     using Type = std::int32_t;
     static bool read(const CPBlock& block, OdStringView key, Type& out) { return block.getInt(out, key); }
     static CPItem* make(OdStringView key, Type value) { return new CPNum(key, value); }
@@ -38,6 +37,7 @@ struct IntValue
 template <int digits>
 struct DoubleValue
 {
+    static constexpr ValueKind kind = ValueKind::number;
     using Type = double;
     static bool read(const CPBlock& block, OdStringView key, Type& out) { return block.getDbl(out, key); }
     static CPItem* make(OdStringView key, Type value) { return new CPNum(key, value, digits); }
@@ -45,6 +45,7 @@ struct DoubleValue
 
 struct BoolValue
 {
+    static constexpr ValueKind kind = ValueKind::flag;
     using Type = bool;
     static bool read(const CPBlock& block, OdStringView key, Type& out) { return block.getBool(out, key); }
     static CPItem* make(OdStringView key, Type value) { return new CPBool(key, value); }
@@ -52,6 +53,7 @@ struct BoolValue
 
 struct TextValue
 {
+    static constexpr ValueKind kind = ValueKind::text;
     using Type = OdString;
     static bool read(const CPBlock& block, OdStringView key, Type& out) { return block.getStr(out, key); }
     static CPItem* make(OdStringView key, const Type& value) { return new CPStr(key, value); }
@@ -61,29 +63,31 @@ struct TextValue
 template <class Node, class Value>
 struct Required
 {
-    static constexpr bool isRequired = true;
     OdStringView key;
     typename Value::Type Node::*member;
 
-    bool read(Node& node, const CPBlock& block) const { return Value::read(block, key, node.*member); }
+    bool read(Node& node, const BlockReader& reader) const
+    {
+        return Value::read(reader.block(), key, node.*member) || reader.failAtKey(key, Value::kind);
+    }
     bool write(const Node& node, CPBlock& block) const
     {
         block.add(Value::make(key, node.*member));
         return true;
     }
+    void visit(Node& node, FieldVisitor& visitor) const { visitor.field({key, RowKind::required, &(node.*member)}); }
 };
 
 // Row: keeps the field when missing, and is always written.
 template <class Node, class Value>
 struct Kept
 {
-    static constexpr bool isRequired = false;
     OdStringView key;
     typename Value::Type Node::*member;
 
-    bool read(Node& node, const CPBlock& block) const
+    bool read(Node& node, const BlockReader& reader) const
     {
-        Value::read(block, key, node.*member);
+        Value::read(reader.block(), key, node.*member);
         return true;
     }
     bool write(const Node& node, CPBlock& block) const
@@ -91,6 +95,7 @@ struct Kept
         block.add(Value::make(key, node.*member));
         return true;
     }
+    void visit(Node& node, FieldVisitor& visitor) const { visitor.field({key, RowKind::kept, &(node.*member)}); }
 };
 
 // Row: keeps the field when missing; not written while it equals `skipped`, which is not always the default. A NaN
@@ -98,14 +103,13 @@ struct Kept
 template <class Node, class Value>
 struct KeptUnlessSkipped
 {
-    static constexpr bool isRequired = false;
     OdStringView key;
     typename Value::Type Node::*member;
     typename Value::Type skipped;
 
-    bool read(Node& node, const CPBlock& block) const
+    bool read(Node& node, const BlockReader& reader) const
     {
-        Value::read(block, key, node.*member);
+        Value::read(reader.block(), key, node.*member);
         return true;
     }
     bool write(const Node& node, CPBlock& block) const
@@ -114,19 +118,22 @@ struct KeptUnlessSkipped
             block.add(Value::make(key, node.*member));
         return true;
     }
+    void visit(Node& node, FieldVisitor& visitor) const
+    {
+        visitor.field({key, RowKind::keptUnlessSkipped, &(node.*member)});
+    }
 };
 
 // Row: a text that becomes "" when missing, whatever it was before; written only when not empty.
 template <class Node>
 struct OptionalText
 {
-    static constexpr bool isRequired = false;
     OdStringView key;
     OdString Node::*member;
 
-    bool read(Node& node, const CPBlock& block) const
+    bool read(Node& node, const BlockReader& reader) const
     {
-        if (!block.getStr(node.*member, key))
+        if (!reader.block().getStr(node.*member, key))
             (node.*member).empty();
         return true;
     }
@@ -136,21 +143,24 @@ struct OptionalText
             block.add(TextValue::make(key, node.*member));
         return true;
     }
+    void visit(Node& node, FieldVisitor& visitor) const
+    {
+        visitor.field({key, RowKind::optionalText, &(node.*member)});
+    }
 };
 
 // Row: absent, false or true. Stays as it was when missing; written, false included, when present.
 template <class Node>
 struct OptionalFlag
 {
-    static constexpr bool isRequired = false;
     OdStringView key;
     OdSharedPtr<bool> Node::*member;
 
-    bool read(Node& node, const CPBlock& block) const
+    bool read(Node& node, const BlockReader& reader) const
     {
         bool value = false;
         // A new flag object: copies of this node that share the old one keep theirs.
-        if (block.getBool(value, key))
+        if (reader.block().getBool(value, key))
             node.*member = OdSharedPtr<bool>(new bool(value));
         return true;
     }
@@ -159,6 +169,10 @@ struct OptionalFlag
         if (const auto& flag = node.*member)
             block.add(BoolValue::make(key, *flag));
         return true;
+    }
+    void visit(Node& node, FieldVisitor& visitor) const
+    {
+        visitor.field({key, RowKind::optionalFlag, &(node.*member)});
     }
 };
 
@@ -177,16 +191,24 @@ bool addBlock(CPBlock& block, OdStringView key, const Child& child)
 template <class Node, class Child>
 struct RequiredBlock
 {
-    static constexpr bool isRequired = true;
     OdStringView key;
     Child Node::*member;
 
-    bool read(Node& node, const CPBlock& block) const
+    bool read(Node& node, const BlockReader& reader) const
     {
-        const auto found = block.find(key, CPItem::eBlock);
-        return found && (node.*member).init(static_cast<const CPBlock&>(*found));
+        const auto found = reader.block().find(key, CPItem::eBlock);
+        if (!found)
+            return reader.failAtBlock(key);
+        return fill(node.*member, BlockReader(reader, key, static_cast<const CPBlock&>(*found)));
     }
     bool write(const Node& node, CPBlock& block) const { return addBlock(block, key, node.*member); }
+    void visit(Node& node, FieldVisitor& visitor) const
+    {
+        if (!visitor.beginBlock({key, true, true}))
+            return;
+        forEachField(node.*member, visitor);
+        visitor.endBlock();
+    }
 };
 
 // Row: a nested node that stays as it was when its block is missing and becomes null when its block is bad; neither
@@ -194,17 +216,17 @@ struct RequiredBlock
 template <class Node, class Child>
 struct DroppableBlock
 {
-    static constexpr bool isRequired = false;
     OdStringView key;
     OdSharedPtr<Child> Node::*member;
-    bool (Child::*readChild)(const CPBlock&);
 
-    bool read(Node& node, const CPBlock& block) const
+    bool read(Node& node, const BlockReader& reader) const
     {
-        if (const auto found = block.find(key, CPItem::eBlock))
+        if (const auto found = reader.block().find(key, CPItem::eBlock))
         {
             OdSharedPtr<Child> child(new Child);
-            const bool good = ((*child).*readChild)(static_cast<const CPBlock&>(*found));
+            const bool good = fill(*child, BlockReader(reader, key, static_cast<const CPBlock&>(*found)));
+            if (!good)
+                reader.leaveOut();
             node.*member = good ? child : nullptr;
         }
         return true;
@@ -214,6 +236,15 @@ struct DroppableBlock
         const auto& child = node.*member;
         return !child || addBlock(block, key, *child);
     }
+    void visit(Node& node, FieldVisitor& visitor) const
+    {
+        auto& child = node.*member;
+        if (!visitor.beginBlock({key, false, static_cast<bool>(child)}))
+            return;
+        if (child)
+            forEachField(*child, visitor);
+        visitor.endBlock();
+    }
 };
 
 template <class Node, class... Rows>
@@ -221,13 +252,17 @@ struct Table
 {
     std::tuple<Rows...> rows;
 
-    bool read(Node& node, const CPBlock& block) const
+    bool read(Node& node, const BlockReader& reader) const
     {
-        return std::apply([&](const auto&... row) { return (row.read(node, block) && ...); }, rows);
+        return std::apply([&](const auto&... row) { return (row.read(node, reader) && ...); }, rows);
     }
     bool write(const Node& node, CPBlock& block) const
     {
         return std::apply([&](const auto&... row) { return (row.write(node, block) && ...); }, rows);
+    }
+    void visit(Node& node, FieldVisitor& visitor) const
+    {
+        std::apply([&](const auto&... row) { (row.visit(node, visitor), ...); }, rows);
     }
 };
 
@@ -292,9 +327,8 @@ consteval RequiredBlock<Node, Child> requiredBlock(const OdChar* key, Child Node
     return {key, member};
 }
 template <class Node, class Child>
-consteval DroppableBlock<Node, Child> droppableBlock(const OdChar* key, OdSharedPtr<Child> Node::*member,
-                                                     bool (Child::*readChild)(const CPBlock&))
+consteval DroppableBlock<Node, Child> droppableBlock(const OdChar* key, OdSharedPtr<Child> Node::*member)
 {
-    return {key, member, readChild};
+    return {key, member};
 }
 } // namespace fields

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "kernel/OdString.h"
+
+#include <cstddef>
+#include <cstdint>
+
+// Why a configuration could not be read, bound to a printer, turned into a DEVMODE, changed by one or created. The
+// code that fails fills it in, because nobody else knows; a program that wants a sentence makes one of it.
+
+enum class FaultStage
+{
+    read,          // a file into nodes
+    bind,          // to an installed printer
+    makeDevMode,   // out of the nodes
+    importDevMode, // into the nodes
+    create,        // a configuration for a printer
+};
+
+// A number keeps its meaning for ever; a new fault gets the next one. Behind each stands what else of Fault is filled
+// in.
+enum class FaultCode
+{
+    none = 0,
+    badFile = 1,             // reason, line
+    missingBlock = 2,        // block
+    missingKey = 3,          // block, key
+    otherKind = 4,           // block, key, expected
+    notANumber = 5,          // block, key, expected, text: as stored
+    badCustomItem = 6,       // block, key: the item's
+    noPrinterWithDriver = 7, // text: the driver
+    noCustomData = 8,        //
+    noPrinterName = 9,       //
+    badSizes = 10,           // stored: they cannot be those of a DEVMODE
+    badPrivateLength = 11,   // block, key, stored, digits
+    printerNotOpened = 12,   // text: the printer, systemError
+    badDevMode = 13,         // bytes that are no DEVMODE
+    otherPrinter = 14,       // text: the stored printer
+    otherSizes = 15,         // stored, given
+    unlistedPaper = 16,      // paperCode
+    noDefaultDevMode = 17,   // text: the printer
+    noPrivateBytes = 18,     // text: the printer
+};
+
+// What a key holds.
+enum class ValueKind
+{
+    text,
+    flag,
+    wholeNumber,
+    number,
+};
+
+struct Fault
+{
+    struct Sizes
+    {
+        std::int32_t size = 0;        // dmSize
+        std::int32_t driverExtra = 0; // dmDriverExtra
+    };
+
+    FaultStage stage = FaultStage::read;
+    FaultCode code = FaultCode::none;
+    OdString block{}; // the names of the blocks around it and its own, "/" between them: "media/size"
+    OdString key{};
+    ValueKind expected = ValueKind::text;
+    OdString text{};
+    const char* reason = ""; // the parser's, in English
+    unsigned line = 0;       // of the file's text; 1 is the first, 0 when it is not about a line
+    Sizes stored{};
+    Sizes given{};
+    std::size_t digits = 0;
+    std::uint16_t paperCode = 0;
+    std::uint32_t systemError = 0;
+};
