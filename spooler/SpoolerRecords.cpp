@@ -5,14 +5,14 @@
 namespace
 {
 // Enough for the longest record, and zero at the end of a text that has no terminator.
-constexpr std::size_t spareBytes = 1024;
-static_assert(spareBytes >= sizeof(PRINTER_INFO_2W));
+constexpr std::size_t spareAfterRecords = 1024;
+static_assert(spareAfterRecords >= sizeof(PRINTER_INFO_2W));
 } // namespace
 
 SpoolerRecords SpoolerRecords::toFill(DWORD size)
 {
     SpoolerRecords records;
-    records.m_bytes.resize(size + spareBytes);
+    records.m_bytes.resize(size + spareAfterRecords);
     records.m_size = size;
     return records;
 }

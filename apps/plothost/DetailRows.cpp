@@ -17,7 +17,7 @@ std::string hex(DWORD value)
     return text.data();
 }
 
-std::string valueOf(const DevModeField& field)
+std::string shownValue(const DevModeField& field)
 {
     if (const auto* number = std::get_if<std::int64_t>(&field.value))
         return std::to_string(*number);
@@ -41,7 +41,7 @@ void addDevMode(std::vector<DetailRow>& rows, std::span<const BYTE> bytes)
     for (const DevModeField& field : devMode.fields)
     {
         const std::string flagged = !field.flagged ? "" : *field.flagged ? "yes" : "no";
-        rows.push_back({field.name, valueOf(field), field.symbol, flagged});
+        rows.push_back({field.name, shownValue(field), field.symbol, flagged});
     }
 }
 } // namespace

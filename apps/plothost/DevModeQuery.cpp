@@ -8,7 +8,7 @@ namespace plothost
 {
 namespace
 {
-const OdChar* const commandName = OD_T("PC3GETDEVMODE");
+const OdChar* const devModeCommand = OD_T("PC3GETDEVMODE");
 
 void setArguments(const OdString& deviceName)
 {
@@ -37,7 +37,7 @@ DevModeAnswer askDevMode(const OdString& deviceName)
 {
     DevModeAnswer result;
     setArguments(deviceName);
-    result.problem = runModuleCommand(commandName);
+    result.problem = runModuleCommand(devModeCommand);
     if (!result.problem.empty())
         return result;
     try
@@ -46,7 +46,7 @@ DevModeAnswer askDevMode(const OdString& deviceName)
     }
     catch (const OdError&)
     {
-        result.problem = incompleteAnswer(commandName);
+        result.problem = incompleteAnswer(devModeCommand);
     }
     return result;
 }
@@ -55,6 +55,6 @@ std::string startBackgroundCheck(const OdString& deviceName, HWND window)
 {
     setArguments(deviceName);
     namedValues().set(OD_T("hwndPost"), GmResBufExtention::newVoid(window));
-    return runModuleCommand(commandName);
+    return runModuleCommand(devModeCommand);
 }
 } // namespace plothost

@@ -10,7 +10,7 @@ namespace plothost
 {
 namespace
 {
-const OdChar* const commandName = OD_T("PC3EDIT");
+const OdChar* const editCommand = OD_T("PC3EDIT");
 
 // "paperName" is an argument too, so that it is there says nothing.
 constexpr const OdChar* answersOnly[] = {OD_T("fileName"), OD_T("result"), OD_T("canonicalModelName")};
@@ -48,7 +48,7 @@ EditAnswer edit(const EditQuestion& question)
 {
     EditAnswer answer;
     setArguments(question);
-    answer.problem = runModuleCommand(commandName);
+    answer.problem = runModuleCommand(editCommand);
     if (!answer.problem.empty() || !answered())
         return answer;
     try
@@ -57,7 +57,7 @@ EditAnswer edit(const EditQuestion& question)
     }
     catch (const OdError&)
     {
-        answer.problem = incompleteAnswer(commandName);
+        answer.problem = incompleteAnswer(editCommand);
     }
     return answer;
 }

@@ -5,7 +5,7 @@ namespace plothost
 {
 namespace
 {
-Json valueOf(const DevModeField& field)
+Json jsonValue(const DevModeField& field)
 {
     if (const auto* number = std::get_if<std::int64_t>(&field.value))
         return *number;
@@ -16,7 +16,7 @@ Json valueOf(const DevModeField& field)
 
 Json jsonOf(const DevModeField& field)
 {
-    Json json = {{"name", field.name}, {"value", valueOf(field)}};
+    Json json = {{"name", field.name}, {"value", jsonValue(field)}};
     json["symbol"] = field.symbol.empty() ? Json() : Json(field.symbol);
     json["flagged"] = field.flagged ? Json(*field.flagged) : Json();
     return json;

@@ -1,4 +1,4 @@
-#include "win32/Win32.h"
+#include "tests/support/room/RoomState.h"
 
 #include <algorithm>
 #include <string_view>
@@ -12,11 +12,6 @@ thread_local DWORD lastError = ERROR_SUCCESS;
 std::u16string_view textOf(const WCHAR* text, int length)
 {
     return length < 0 ? std::u16string_view(text) : std::u16string_view(text, static_cast<std::size_t>(length));
-}
-
-WCHAR folded(WCHAR c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<WCHAR>(c - 'A' + 'a') : c;
 }
 } // namespace
 
@@ -39,7 +34,7 @@ extern "C" int WINAPI CompareStringW(LCID, DWORD flags, LPCWSTR a, int lengthA, 
         lastError = ERROR_INVALID_PARAMETER;
         return 0;
     }
-    const auto key = [flags](WCHAR c) { return (flags & NORM_IGNORECASE) != 0 ? folded(c) : c; };
+    const auto key = [flags](WCHAR c) { return (flags & NORM_IGNORECASE) != 0 ? room::folded(c) : c; };
     const std::u16string_view left = textOf(a, lengthA);
     const std::u16string_view right = textOf(b, lengthB);
     const auto order = std::lexicographical_compare_three_way(left.begin(), left.end(), right.begin(), right.end(),

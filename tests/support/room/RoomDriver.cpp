@@ -12,12 +12,6 @@ namespace
 constexpr std::size_t nameSlot = 64;
 constexpr BYTE overrunMark = 0xEE;
 
-Text nameOf(HANDLE printer)
-{
-    const std::lock_guard lock(state().mutex);
-    return state().nameOfHandle(printer);
-}
-
 int deliverCodes(const Printer& printer, WCHAR* output)
 {
     const int count = static_cast<int>(printer.papers.size());

@@ -75,12 +75,6 @@ std::size_t recordSize(DWORD level)
         return 0;
     }
 }
-
-Text nameOf(HANDLE printer)
-{
-    const std::lock_guard lock(state().mutex);
-    return state().nameOfHandle(printer);
-}
 } // namespace
 
 extern "C" BOOL WINAPI OpenPrinterW(LPWSTR name, LPHANDLE printer, LPPRINTER_DEFAULTSW defaults)

@@ -8,16 +8,16 @@ namespace room
 {
 namespace
 {
-WCHAR folded(WCHAR c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<WCHAR>(c - 'A' + 'a') : c;
-}
-
 bool sameName(const Text& a, const Text& b)
 {
     return std::ranges::equal(a, b, {}, folded, folded);
 }
 } // namespace
+
+WCHAR folded(WCHAR c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<WCHAR>(c - 'A' + 'a') : c;
+}
 
 State& state()
 {
@@ -91,5 +91,11 @@ std::vector<BYTE> bytesOf(const DEVMODEW* devMode)
     std::memcpy(&size, first + offsetof(DEVMODEW, dmSize), sizeof size);
     std::memcpy(&extra, first + offsetof(DEVMODEW, dmDriverExtra), sizeof extra);
     return {first, first + size + extra};
+}
+
+Text nameOf(HANDLE printer)
+{
+    const std::lock_guard lock(state().mutex);
+    return state().nameOfHandle(printer);
 }
 } // namespace room

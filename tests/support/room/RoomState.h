@@ -105,6 +105,12 @@ private:
     bool m_mustFail = false;
 };
 
+// The name that an open printer was opened with.
+Text nameOf(HANDLE printer);
+
+// An ASCII letter as a small one: names are compared without regard to case.
+WCHAR folded(WCHAR c);
+
 // The bytes of an input block, as many as it claims: a driver reads them all, so a caller that has fewer is found out.
 std::vector<BYTE> bytesOf(const DEVMODEW* devMode);
 
