@@ -38,9 +38,3 @@ if(GARM_FUZZ)
     # Reports to the fuzzer which branches an input took. The fuzz targets link its engine.
     target_compile_options(garm_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
-if(GARM_COVERAGE)
-    # Clang counts decisions as they are in the source; GCC would also count the clean-up of exceptions as branches.
-    set(count -fprofile-instr-generate -fcoverage-mapping -fprofile-update=atomic)
-    target_compile_options(garm_options INTERFACE ${count})
-    target_link_options(garm_options INTERFACE ${count})
-endif()

@@ -52,8 +52,15 @@ function(garm_precompile_for_tests name)
     target_precompile_headers(${name} REUSE_FROM garm_test_headers)
 endfunction()
 
-# garm_add_test(NAME sources... [LIBS libraries...] [SCALES dpi...]): one GoogleTest program, and a line in
-# test-programs.txt, from which the runner takes what it runs: at 96 dpi, and once more at each of the scales.
+# Each test program writes its report here; ./test counts the cases in them.
+set(garm_reports ${PROJECT_BINARY_DIR}/reports)
+file(MAKE_DIRECTORY ${garm_reports})
+# What a sanitizer finds ends the program and is shown with its stack. Memory of a returned function is watched as well.
+set(garm_test_environment ASAN_OPTIONS=detect_stack_use_after_return=1
+    UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 TSAN_OPTIONS=halt_on_error=1)
+
+# garm_add_test(NAME sources... [LIBS libraries...] [SCALES dpi...]): one GoogleTest program, run at 96 dpi, and once
+# more at each of the scales.
 function(garm_add_test name)
     cmake_parse_arguments(arg "" "" "LIBS;SCALES" ${ARGN})
     add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
@@ -62,15 +69,16 @@ function(garm_add_test name)
     target_compile_options(${name} PRIVATE -O0)
     garm_precompile_for_tests(${name})
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
-    set_property(GLOBAL APPEND PROPERTY GARM_TEST_PROGRAMS $<TARGET_FILE:${name}>)
-    foreach(scale IN LISTS arg_SCALES)
-        set_property(GLOBAL APPEND PROPERTY GARM_TEST_PROGRAMS "$<TARGET_FILE:${name}>\t${scale}")
+    garm_run_test(${name} ${name})
+    foreach(dpi IN LISTS arg_SCALES)
+        garm_run_test(${name}_${dpi}dpi ${CMAKE_CROSSCOMPILING_EMULATOR} --dpi ${dpi} $<TARGET_FILE:${name}>)
     endforeach()
-    add_test(NAME ${name} COMMAND ${name})
 endfunction()
 
-function(garm_write_test_list)
-    get_property(programs GLOBAL PROPERTY GARM_TEST_PROGRAMS)
-    list(JOIN programs "\n" text)
-    file(GENERATE OUTPUT ${PROJECT_BINARY_DIR}/test-programs.txt CONTENT "${text}\n")
+function(garm_run_test name)
+    add_test(NAME ${name} COMMAND ${ARGN} WORKING_DIRECTORY ${garm_reports})
+    # A Windows program finds the file on the drive that Wine maps to the root.
+    set_tests_properties(${name} PROPERTIES
+        ENVIRONMENT "${garm_test_environment};GTEST_OUTPUT=xml:$<$<BOOL:${WIN32}>:Z:>${garm_reports}/${name}.xml"
+        PROCESSOR_AFFINITY ON)
 endfunction()

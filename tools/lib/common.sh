@@ -39,6 +39,11 @@ trap 'stop 2' INT
 trap 'stop 15' TERM
 trap 'stop 1' HUP
 
+# With randomised addresses one Wine start in a few thousand dies at once, and so do programs under the sanitizers. Some
+# containers do not let us switch that off.
+steady=(setarch -R)
+setarch -R true 2>/dev/null || steady=()
+
 # garm_python MODULE ARGUMENTS...: one of our own Python programs; it leaves no compiled files in the source tree. It
 # runs on the Python of the package, whatever else comes first on the path.
 garm_python() {

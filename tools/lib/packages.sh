@@ -1,22 +1,22 @@
 # Debian packages, by what they are for. Only what is missing is installed.
 # shellcheck shell=bash
 
-packages_common=(python3 util-linux)
+packages_common=(cmake python3 python3-pytest util-linux)
 packages_native=(cmake ninja-build g++ googletest zlib1g-dev libcli11-dev nlohmann-json3-dev)
 packages_windows=(cmake ninja-build g++ googletest g++-mingw-w64-x86-64-posix mingw-w64-x86-64-dev libz-mingw-w64-dev
     libcli11-dev nlohmann-json3-dev)
 # The Japanese font is for measuring and showing the Japanese dialogs.
 packages_wine=(wine64 fonts-wine fonts-ipafont-gothic)
 # Pictures of windows are taken on a display of our own.
-packages_display=(xvfb)
+packages_display=(xvfb python3-pil)
 # The fuzzer's engine is part of the compiler's run-time library; llvm names the functions in its stack traces.
 packages_fuzz=(cmake ninja-build clang libclang-rt-14-dev llvm googletest zlib1g-dev)
 # A mutant is linked in no time by this linker.
 packages_mutants=(lld)
 packages_checks=(clang-format clang-tidy cppcheck git)
-packages_memcheck=(valgrind)
-# Clang counts what runs; llvm reads the counts.
-packages_coverage=(clang libclang-rt-14-dev llvm)
+packages_coverage=(gcovr)
+packages_memory=(valgrind)
+packages_threads=()
 # libcups2 is what Wine reaches a CUPS server through; the server itself is started by us, never the system's.
 packages_printing=(cups cups-client cups-daemon cups-filters libcups2 openprinting-ppds)
 
