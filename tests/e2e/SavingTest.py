@@ -5,10 +5,10 @@ import random
 import signal
 import subprocess
 import time
-import unittest
 
 from hostcase import HOST, WITH_MARGINS, WITHOUT_MARGINS, HostCase
-from garmtools.killcampaign import OLD
+
+from lab.kills import OLD
 
 KILLS = 8
 SEED = 1
@@ -56,7 +56,3 @@ class SavingTest(HostCase):
         self.assertIn("read-only", self.why_not("create", WITH_MARGINS, "x.pc3"))
         self.assertEqual(path.read_bytes(), before)
         self.assertEqual([path.name for path in self.folder.iterdir()], ["x.pc3"])
-
-
-if __name__ == "__main__":
-    unittest.main()

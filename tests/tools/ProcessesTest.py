@@ -1,74 +1,71 @@
 """What we do while a program runs, and that it never outlives us."""
 
 import os
+import signal
+import subprocess
 import sys
-import tempfile
-import unittest
-from pathlib import Path
 
-sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools"))
+import pytest
 from garmtools import editorscript, processes
 
-# Ends when its file has gone.
-WAITS = "import os, sys, time\nwhile os.path.exists(sys.argv[1]): time.sleep(0.001)\n"
+# Ends when its file is removed.
+WAITS = [sys.executable, "-c", "import os, sys, time\nwhile os.path.exists(sys.argv[1]): time.sleep(0.001)\n"]
 
 
-class MeanwhileTest(unittest.TestCase):
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.file = Path(folder.name, "request")
-
-    def test_it_is_done_while_the_program_runs(self):
-        self.file.write_text("now")
-        status = processes.run_to_end([sys.executable, "-c", WAITS, str(self.file)],
-                                      lambda: self.file.unlink(missing_ok=True))
-        self.assertEqual(status, 0)
-
-    def test_what_it_throws_ends_the_program_first(self):
-        self.file.write_text("never taken away")
-        pids = []
-
-        def fail():
-            pids.extend(process.pid for process in processes._running)
-            raise ValueError("no server")
-
-        with self.assertRaises(ValueError):
-            processes.run_to_end([sys.executable, "-c", WAITS, str(self.file)], fail)
-        self.assertEqual(len(pids), 1)
-        with self.assertRaises(ProcessLookupError):
-            os.kill(pids[0], 0)
-
-    def test_without_it_the_program_is_just_waited_for(self):
-        self.assertEqual(processes.run_to_end([sys.executable, "-c", "raise SystemExit(3)"]), 3)
+@pytest.fixture
+def file(tmp_path):
+    (tmp_path / "request").write_text("kill")
+    return tmp_path / "request"
 
 
-class RequestTest(unittest.TestCase):
-    """The script of editordriver goes on when its request is gone: only after it was done."""
-
-    def test_a_request_is_done_and_then_taken_away(self):
-        with tempfile.TemporaryDirectory() as folder:
-            request = Path(folder, "request")
-            request.write_text("kill")
-            seen = []
-            editorscript._attend(request, lambda text: seen.append((text, request.exists())))
-            self.assertEqual(seen, [("kill", True)])
-            self.assertFalse(request.exists())
-            editorscript._attend(request, seen.append)
-            self.assertEqual(len(seen), 1)
-
-    def test_what_could_not_be_done_stays_asked_for(self):
-        with tempfile.TemporaryDirectory() as folder:
-            request = Path(folder, "request")
-            request.write_text("kill")
-
-            def fail(_):
-                raise RuntimeError("no server")
-
-            with self.assertRaises(RuntimeError):
-                editorscript._attend(request, fail)
-            self.assertTrue(request.exists())
+def test_meanwhile_is_called_while_the_program_runs(file):
+    assert processes.run_to_end([*WAITS, file], lambda: file.unlink(missing_ok=True)) == 0
 
 
-if __name__ == "__main__":
-    unittest.main()
+def test_failing_meanwhile_ends_the_program(file, monkeypatch):
+    started = []
+    popen = subprocess.Popen
+    monkeypatch.setattr(subprocess, "Popen", lambda *words, **settings: started.append(popen(*words, **settings)) or started[0])
+
+    def fail():
+        raise ValueError("no server")
+
+    with pytest.raises(ValueError):
+        processes.run_to_end([*WAITS, file], fail)
+    assert started[0].returncode == -signal.SIGTERM
+
+
+def test_program_is_waited_for():
+    assert processes.run_to_end([sys.executable, "-c", "raise SystemExit(3)"]) == 3
+
+
+@pytest.mark.parametrize("number", [signal.SIGINT, signal.SIGTERM, signal.SIGHUP])
+def test_signal_ends_what_was_started(file, number):
+    main = ("import sys\nfrom garmtools import processes\n"
+            f"processes.run_main(processes.run_to_end, {[*WAITS, str(file)]!r})\n")
+    us = subprocess.Popen([sys.executable, "-c", main], env={**os.environ, "PYTHONPATH": processes.__file__.rsplit("/", 2)[0]})
+    children = f"/proc/{us.pid}/task/{us.pid}/children"
+    assert processes.wait_until(lambda: open(children).read(), 10)
+    child = int(open(children).read().split()[0])
+    us.send_signal(number)
+    assert us.wait(10) == 128 + number
+    with pytest.raises(ProcessLookupError):
+        os.kill(child, 0)
+
+
+def test_request_is_removed_when_it_was_done(file):
+    seen = []
+    editorscript._attend(file, lambda text: seen.append((text, file.exists())))
+    assert seen == [("kill", True)]
+    assert not file.exists()
+    editorscript._attend(file, seen.append)
+    assert len(seen) == 1
+
+
+def test_request_that_failed_stays(file):
+    def fail(_):
+        raise RuntimeError("no server")
+
+    with pytest.raises(RuntimeError):
+        editorscript._attend(file, fail)
+    assert file.exists()

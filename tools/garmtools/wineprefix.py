@@ -19,8 +19,7 @@ import tempfile
 from pathlib import Path
 
 from .places import BUILD
-from .processes import (allowed_cpus, as_user, end_server, limited, run_to_end, say, start_server, steady_addresses,
-                        wait_until)
+from .processes import allowed_cpus, as_user, end_server, limited, run_to_end, say, start_server, wait_until
 
 WINE = "/usr/lib/wine/wine64"  # the wrapper "wine" prints a hint about a missing 32-bit half
 WINESERVER = "/usr/lib/wine/wineserver64"
@@ -99,7 +98,7 @@ class Prefix:
 
     def command(self, arguments, seconds=None):
         """The whole command line for a Windows program; arguments[0] is its path."""
-        command = [*self._pinned(), *steady_addresses(), WINE, *map(str, arguments)]
+        command = [*self._pinned(), WINE, *map(str, arguments)]
         return limited(seconds, command) if seconds else command
 
     def run(self, arguments, seconds=120, cwd=None, env=None, meanwhile=None):
