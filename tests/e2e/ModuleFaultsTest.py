@@ -1,19 +1,17 @@
 """The module is unloaded while its checks run or its windows are open, the language changes and the host quits while they
 are, and the editor is opened from within itself."""
 
-import contextlib
 import shutil
-import sys
 import tempfile
 import unittest
 from pathlib import Path
 
-sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools"))
+import pytest
 from garmtools import editorscript as ed
-from garmtools import spoolerfaults as faults
+import lab.faults as faults
 from garmtools.editorscript import Answers, Script
 from garmtools.places import ROOT
-from garmtools.spoolerfaults import SESSIONS
+from lab.faults import SESSIONS
 
 LANGUAGES = ("de", "ja", "en")
 
@@ -45,10 +43,11 @@ class ModuleCase(unittest.TestCase):
         self.assertLess(after - before, rounds, "gdi")
 
 
-def setUpModule():
-    with contextlib.ExitStack() as stack:
-        ModuleCase.bench = stack.enter_context(faults.bench())
-        unittest.addModuleCleanup(stack.pop_all().close)
+@pytest.fixture(scope="module", autouse=True)
+def bench():
+    with faults.bench() as made:
+        ModuleCase.bench = made
+        yield
 
 
 class UnloadingTest(ModuleCase):
@@ -192,7 +191,3 @@ class LanguageSwitchTest(ModuleCase):
         answers = self.session(*one * 5, "counts", *one * 10, "counts")
         self.assertEqual(len(answers.all("output fileName")), 15)
         self.assert_flat(answers, rounds=10)
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -1,29 +1,28 @@
 """The print server and printers go away while the editor is open and while the commands run. The whole matrix, each way
-at each step by itself, is tools/fault-campaign."""
+at each step by itself, is lab/run faults."""
 
-import contextlib
 import shutil
-import sys
 import tempfile
 import unittest
 from pathlib import Path
 
-sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools"))
+import pytest
 from garmtools import editorscript as ed
-from garmtools import spoolerfaults as faults
+import lab.faults as faults
 from garmtools.editorscript import Answers, Script
 from garmtools.places import ROOT
-from garmtools.spoolerfaults import QUEUE, SESSIONS, WITHOUT_PRINTERS
+from lab.faults import QUEUE, SESSIONS, WITHOUT_PRINTERS
 
 
 class FaultCase(unittest.TestCase):
     bench = None  # one for all: each play leaves it as it was
 
 
-def setUpModule():
-    with contextlib.ExitStack() as stack:
-        FaultCase.bench = stack.enter_context(faults.bench())
-        unittest.addModuleCleanup(stack.pop_all().close)
+@pytest.fixture(scope="module", autouse=True)
+def bench():
+    with faults.bench() as made:
+        FaultCase.bench = made
+        yield
 
 
 class ServerTest(FaultCase):
@@ -175,7 +174,3 @@ class DeletedPrinterTest(FaultCase):
         answers, outcome = self.deleted(faults.RESET)
         self.assertEqual(answers.tree()["collating"], (3, True, "Collating <Not collated>"))
         self.assertEqual(self.deleted(faults.RESET, -3)[1].files, outcome.files)
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -1,5 +1,4 @@
-"""Sessions during which the print server or a printer goes away, step by step. Behind tools/fault-campaign and the
-end-to-end tests.
+"""Sessions during which the print server or a printer goes away, step by step: for the campaign and the end-to-end tests.
 
 What a Windows program of this system asks the print server for is little: the list of queues when the process loads the
 spooler's library, and a queue's driver data when the process first uses its driver. Everything after that comes from
@@ -14,11 +13,11 @@ import tempfile
 from pathlib import Path
 from typing import NamedTuple
 
-from . import editorscript as ed
-from . import privatecups, wineprefix
-from .editorscript import Script
-from .places import WINDOWS_BIN
-from .queues import QUEUES, ppd
+from garmtools import editorscript as ed
+from garmtools import privatecups, wineprefix
+from garmtools.editorscript import Script
+from garmtools.places import WINDOWS_BIN
+from garmtools.queues import QUEUES, ppd
 
 QUEUE = QUEUES[0]
 TWIN = "Twin"  # a second printer on that queue's driver, which a process can delete and see go
@@ -233,18 +232,15 @@ class Bench:
 
     def act(self, action):
         """Does one thing to the server."""
-        actions = {"stop": self.cups.stop, "kill": self.cups.kill, "start": self.start, "freeze": self.cups.freeze,
-                   "thaw": self.cups.thaw, "remove": lambda: self.cups.remove(QUEUE.name)}
-        actions[action]()
-
-    def start(self):
-        if not self.cups.running():
-            self.cups.start()
+        if action == "remove":
+            self.cups.remove(QUEUE.name)
+        elif action != "start" or not self.cups.running():
+            getattr(self.cups, action)()
 
     def mend(self):
         """Whatever was done to the server is undone."""
         self.cups.thaw()
-        self.start()
+        self.act("start")
         if not self.cups.has(QUEUE.name):
             self.cups.add(QUEUE.name, ppd(QUEUE))
             self.cups.set_default(QUEUE.name)
