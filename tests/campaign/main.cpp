@@ -1,6 +1,5 @@
 #include "campaign/Checks.h"
 #include "campaign/Driver.h"
-#include "campaign/Times.h"
 #include "host/GmModuleLoader.h"
 #include "kernel/OdText.h"
 
@@ -48,10 +47,7 @@ int run(const std::vector<OdString>& words)
         return hold();
     if (words.size() == 4 && words[0] == OD_T("check"))
         return withModule(words[1], [&](Transcript& told) { checkQueue(words[3], words[2], told); });
-    if (words.size() == 4 && words[0] == OD_T("times"))
-        return withModule(words[1], [&](Transcript& told) { tellTimes(words[3], words[2], told); });
     std::fputs("usage: driver_check check MODULE FOLDER QUEUE\n"
-               "       driver_check times MODULE FOLDER QUEUE\n"
                "       driver_check hold\n",
                stderr);
     return 2;

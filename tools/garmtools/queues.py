@@ -28,18 +28,21 @@ QUEUES = (
 )
 
 
-def ppd(queue):
-    """The queue's PPD as a file; unpacked once per checkout, which takes a second."""
-    folder = BUILD / "cups" / "ppd"
-    target = folder / f"{queue.name}.ppd"
-    if target.exists():
-        return target
-    folder.mkdir(parents=True, exist_ok=True)
-    uri = f"openprinting-ppds:0/ppd/openprinting/{queue.model}"
+def unpacked(model):
+    """A PPD of the package, as bytes."""
+    uri = f"openprinting-ppds:0/ppd/openprinting/{model}"
     done = subprocess.run(limited(60, [DRIVERS, "cat", uri]), stdin=subprocess.DEVNULL, capture_output=True, check=False)
     if done.returncode != 0 or not done.stdout.startswith(b"*PPD-Adobe"):
         raise RuntimeError(f"{uri} cannot be unpacked: {done.stderr.decode(errors='replace')}")
-    making = folder / f"{queue.name}.{os.getpid()}"
-    making.write_bytes(done.stdout)
-    making.rename(target)
+    return done.stdout
+
+
+def ppd(queue):
+    """The queue's PPD as a file; unpacked once per checkout, which takes a second."""
+    target = BUILD / "cups/ppd" / f"{queue.name}.ppd"
+    if not target.exists():
+        target.parent.mkdir(parents=True, exist_ok=True)
+        making = target.with_suffix(f".{os.getpid()}")
+        making.write_bytes(unpacked(queue.model))
+        making.rename(target)
     return target
