@@ -1,4 +1,4 @@
-"""Whether what a process holds of the system stays flat under load.
+"""The module in a host that asks it the same thing many times, and whether what the process holds stays flat.
 
 The rule: samples are taken before the first repetition and after every part of them. After the first tenth (and at
 least ten repetitions: they fill caches of the system) nothing may
@@ -12,9 +12,17 @@ in the same process without the module: it may grow and drift by as much as thos
 
 import math
 import statistics
+from collections import defaultdict
 from typing import NamedTuple
 
+from garmtools.places import WINDOWS_BIN, windows_path
+
+PROGRAM = WINDOWS_BIN / "modulebench.exe"
+HOST = WINDOWS_BIN / "plothost.exe"
+PRINTER = "DesignJet-3500CP"
+
 KB = 1024
+
 
 class Allowed(NamedTuple):
     growth: int
@@ -68,3 +76,30 @@ def judge(name, ours, bare):
     if ours.within(Allowed(max(bare.growth, 0) + allowed.growth, max(bare.drift, 0) + allowed.drift)):
         return Verdict(True, "grows as the bare calls do")
     return Verdict(False, f"grows by {ours.growth}, drifts by {ours.drift}; the bare calls by {bare.growth} and {bare.drift}")
+
+
+def run(prefix, folder, action, *numbers, seconds):
+    """Runs an action on a new configuration of PRINTER in the folder; {name: [numbers]} of what it printed."""
+    file = folder / "load.pc3"
+    _succeed(prefix.run([HOST, "create", PRINTER, windows_path(file)]))
+    done = _succeed(prefix.run([PROGRAM, action, windows_path(file), PRINTER, *numbers], seconds=seconds))
+    found = defaultdict(list)
+    for line in done.stdout.splitlines():
+        name, _, value = line.partition(": ")
+        found[name].append(int(value))
+    return found
+
+
+def load(prefix, folder, wanted, seconds=3600):
+    """(load, count, course, course of the bare calls, verdict) of each count under each load, all in one process."""
+    found = run(prefix, folder, "load", *wanted.values(), seconds=seconds)
+    for what, repetitions in wanted.items():
+        for count in ALLOWED:
+            ours, bare = (course(found[f"{kind}{what} {count}"], repetitions) for kind in ("", "bare "))
+            yield what, count, ours, bare, judge(count, ours, bare)
+
+
+def _succeed(done):
+    if done.returncode != 0:
+        raise RuntimeError(f"{done.args}\n{done.stdout[-2000:]}\n{done.stderr[-2000:]}")
+    return done
