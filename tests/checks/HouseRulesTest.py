@@ -53,11 +53,15 @@ class HouseRulesTest(unittest.TestCase):
     def test_headers_are_guarded(self):
         self.none([str(path) for path in code() if path.suffix == ".h" and "#pragma once" not in text(path)])
 
+    def test_every_drawing_has_its_picture(self):
+        """What tools/render-pictures makes is kept."""
+        for folder, suffix in (("icons", ".ico"), ("bitmaps", ".bmp")):
+            drawn = {path.stem for path in tracked() if path.parent.name == folder and path.suffix == ".svg"}
+            kept = {path.stem for path in tracked() if path.parent.name == folder and path.suffix == suffix}
+            self.assertTrue(drawn)
+            self.assertEqual(drawn, kept)
+
     def test_scripts_have_no_path_of_one_machine(self):
         scripts = [path for path in tracked() if path.suffix in (".py", ".sh", ".cmake", ".json", ".md", ".txt")
                    or path.name in ("run", "test", "wine-run")]
         self.none(lines_matching(r"/(root|home/[a-z]|work)/", [p for p in scripts if p.parts[:2] != ("tests", "checks")]))
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -2,10 +2,10 @@
 
 import re
 import shutil
-import struct
 import tempfile
-import zlib
 from pathlib import Path
+
+from PIL import Image
 
 from . import editorscript as ed
 from .editorscript import Script
@@ -29,7 +29,7 @@ def take_all(prefix, language, target):
                 raise RuntimeError(f"the pictures of {title} failed:\n{done.stdout}\n{done.stderr}")
         target.mkdir(parents=True, exist_ok=True)
         for bitmap in sorted(folder.glob("*.bmp")):
-            (target / f"{bitmap.stem}.png").write_bytes(png(bitmap.read_bytes()))
+            Image.open(bitmap).save(target / f"{bitmap.stem}.png", optimize=True)
     say(f"  {target}")
 
 
@@ -91,26 +91,3 @@ def _virtual_printer():
 def _hard_to_show():
     return Script("edit signs.pc3", "dialog", "picture 16-general-signs", f"click {ed.CANCEL}", "end",
                   "edit long.pc3", "dialog", "picture 17-general-cut", f"click {ed.CANCEL}", "end")
-
-
-def png(bitmap):
-    """A bitmap file of 24 bits per pixel as a PNG file, with a palette when 256 colours are enough."""
-    offset, = struct.unpack_from("<I", bitmap, 10)
-    width, height = struct.unpack_from("<ii", bitmap, 18)
-    stride = (width * 3 + 3) // 4 * 4
-    lines = [bitmap[offset + y * stride:offset + y * stride + width * 3] for y in reversed(range(height))]
-    rows = [[line[i:i + 3][::-1] for i in range(0, width * 3, 3)] for line in lines]
-    colors = sorted({pixel for row in rows for pixel in row})
-    if len(colors) <= 256:
-        index = {color: i for i, color in enumerate(colors)}
-        content = b"".join(b"\0" + bytes(index[pixel] for pixel in row) for row in rows)
-        kind, palette = 3, _chunk(b"PLTE", b"".join(colors))
-    else:
-        content = b"".join(b"\0" + b"".join(row) for row in rows)
-        kind, palette = 2, b""
-    return (b"\x89PNG\r\n\x1a\n" + _chunk(b"IHDR", struct.pack(">IIBBBBB", width, height, 8, kind, 0, 0, 0)) + palette
-            + _chunk(b"IDAT", zlib.compress(content, 9)) + _chunk(b"IEND", b""))
-
-
-def _chunk(kind, content):
-    return struct.pack(">I", len(content)) + kind + content + struct.pack(">I", zlib.crc32(kind + content))
