@@ -2,14 +2,11 @@
 
 import subprocess
 import sys
-import tempfile
-import unittest
-from pathlib import Path
 
-ROOT = Path(__file__).resolve().parents[2]
-sys.path.insert(0, str(ROOT / "tools"))
-from garmtools import resfile, resourcecheck  # noqa: E402
-from garmtools.resfile import Control, Dialog, ResourceFile  # noqa: E402
+import pytest
+from garmtools import resfile, resourcecheck
+from garmtools.places import ROOT
+from garmtools.resfile import Control, Dialog, ResourceFile
 
 HEADER = """
 #define IDD_GENERAL 103
@@ -50,148 +47,82 @@ def library(language=0x409):
                         {301: list(SIZES)}, {10111: 24})
 
 
-class ResourceCheckTest(unittest.TestCase):
-    def complaints(self, *libraries, header=HEADER):
-        tags = ("en", "de", "ja")
-        return resourcecheck.complaints(resourcecheck.Names(header), dict(zip(tags, libraries)))
+def put(kind, number, value):
+    """A change of a library: another text or the like."""
+    return lambda library: getattr(library, kind).update({number: value})
 
-    def one(self, found, *words):
-        self.assertEqual(len(found), 1, found)
-        for word in words:
-            self.assertIn(word, found[0])
 
-    def test_libraries_without_a_mistake_pass(self):
-        german = library(0x407)
-        german.strings[102] = "%s - Plotterkonfiguration"
-        self.assertEqual(self.complaints(library(), german), [])
+def lack(kind, number):
+    return lambda library: getattr(library, kind).pop(number)
 
-    def test_what_a_language_lacks_is_named(self):
-        for kind in ("dialogs", "strings", "icons", "bitmaps"):
-            german = library(0x407)
-            number = max(getattr(german, kind))
-            del getattr(german, kind)[number]
-            found = [text for text in self.complaints(library(), german) if str(number) in text]
-            self.one(found, "de", "missing")
 
-    def test_a_control_that_no_dialog_has_is_missing(self):
-        self.one(self.complaints(library(), header=HEADER + "#define IDC_LOST 77\n"), "77 (IDC_LOST)", "missing")
+def retext(dialog, at, text):
+    return lambda library: setattr(library.dialogs[dialog].controls[at], "text", text)
 
-    def test_what_no_code_can_ask_for_is_left_over(self):
-        one = library()
-        one.strings[999] = "old"
-        self.one(self.complaints(one), "string 999")
-        two = library()
-        two.dialogs[106].controls.append(Control(77, "Static", 0, ""))
-        self.one(self.complaints(two), "control 77")
 
-    def test_a_number_stands_for_one_thing(self):
-        self.one(self.complaints(library(), header=HEADER + "#define IDS_SAME 213\n"), "IDS_PORT, IDS_SAME", "213")
-        self.one(self.complaints(library(), header=HEADER + "#define IDS_PORT 213\n"), "IDS_PORT", "twice")
+def insert(dialog, at, control):
+    return lambda library: library.dialogs[dialog].controls.insert(at, control)
 
-    def test_a_definition_that_is_not_understood_is_not_passed_over(self):
-        self.one(self.complaints(library(), header=HEADER + "#define IDS_HEX 0x20\n"), "IDS_HEX", "not understood")
 
-    def test_a_control_or_resource_that_is_there_twice_is_found(self):
-        one = library()
-        one.dialogs[106].controls.insert(2, Control(900, "Static", 0, ""))
-        self.one(self.complaints(one), "dialog 106", "900", "twice")
-        two = library()
-        two.twice.append((resfile.DIALOG, 106))
-        self.one(self.complaints(two), "106", "twice")
+# What is changed in one language and what is said of it, every word in one complaint; nothing where that is no mistake.
+CHANGES = [
+    (put("strings", 102, "%s - Plotterkonfiguration"), ()),
+    (lack("strings", 231), ("de", "231", "missing")), (lack("icons", 301), ("de", "301", "missing")),
+    (lack("bitmaps", 10111), ("de", "10111", "missing")),
+    (put("strings", 999, "old"), ("string 999",)),  # no code can ask for it
+    (insert(106, 4, Control(77, "Static", 0, "")), ("control 77",)),
+    (insert(106, 2, Control(900, "Static", 0, "")), ("dialog 106", "900", "twice")),
+    (lambda library: library.twice.append((resfile.DIALOG, 106)), ("106", "twice")),
+    *((put("strings", 231, text), ("de", "231", "IDS_COLORS"))
+      for text in ("%d, depth", "%d, depth %s", "%d %d %d", "depth", "100 % of %d %d", "%5d %d", "%d %d %")),
+    (put("strings", 231, "%d (100 %%), depth %d"), ()),
+    (put("strings", 213, "Port %s: "), ("213", "IDS_PORT")),
+    # Access keys clash within a dialog, with the page below a tab, and with the sheet's own buttons.
+    (retext(106, 3, "Ca&ncel"), ("IDD_NAME", "Ca&ncel", "&Name:")),
+    (retext(110, 1, "Copie&s:"), ("IDD_DEVICE with IDD_COLLATING", "Copie&s:")),
+    (retext(103, 0, "De&scription:"), ()),  # two tabs are never seen together
+    (retext(103, 0, "W&hat:"), ("IDD_GENERAL", "W&hat:", "Help")),
+    (retext(106, 0, "&Name && place:"), ()), (insert(106, 0, label("R&Nd", NO_PREFIX)), ()),
+    *((retext(106, 0, text), ("Latin",)) for text in ("&N&ame:", "N\u00e4&\u00e4me:", "Name& :")),
+    (retext(106, 0, "Name:"), ("dialog 106", "control 900", "no access key")),
+    (insert(106, 2, Control(resfile.NO_ID, "Button", PUSH, "More")), ("More", "no access key")),
+    (insert(106, 1, label("Pick one.")), ("control 900", "no access key")),  # the label leads to the control right after it
+    (put("icons", 301, SIZES[:-1]), ("icon 301", "48")), (put("icons", 301, [*SIZES, (64, 32)]), ("icon 301", "24")),
+    (put("bitmaps", 10111, 32), ("bitmap 10111", "32")),
+    (put("strings", 213, "Anschluss:"), ("213", "blanks")),
+    (put("strings", 206, "Plotter|*.pc3|Alle|*.*|"), ("206", "patterns")),
+    (lambda library: library.languages.add(0x408), ("2 languages",)),
+    (lambda library: (library.languages.clear(), library.languages.add(0x409)), ("same language",)),
+]
+HEADERS = [("#define IDC_LOST 77\n", ("77 (IDC_LOST)", "missing")), ("#define IDS_SAME 213\n", ("IDS_PORT, IDS_SAME", "213")),
+           ("#define IDS_PORT 213\n", ("IDS_PORT", "twice")), ("#define IDS_HEX 0x20\n", ("IDS_HEX", "not understood"))]
 
-    def test_format_arguments_are_those_of_the_header(self):
-        for text in ("%d, depth", "%d, depth %s", "%d %d %d", "depth", "100 % of %d %d", "%5d %d", "%d %d %"):
-            german = library(0x407)
-            german.strings[231] = text
-            self.one(self.complaints(library(), german), "de", "231", "IDS_COLORS")
 
-    def test_a_per_cent_sign_of_a_format_is_doubled(self):
-        one = library()
-        one.strings[231] = "%d (100 %%), depth %d"
-        self.assertEqual(self.complaints(one), [])
+def check(found, words):
+    assert len(found) == bool(words), found
+    assert [word for word in words if word not in found[0]] == []
 
-    def test_a_plain_text_takes_no_arguments(self):
-        one = library()
-        one.strings[213] = "Port %s: "
-        self.one(self.complaints(one), "213", "IDS_PORT")
 
-    def test_the_order_of_arguments_counts(self):
-        one = library()
-        one.strings[102] = "%d %s"
-        self.one(self.complaints(one, header=HEADER.replace("%s: file", "%s %d: file")), "102")
+@pytest.mark.parametrize("change, words", CHANGES)
+def test_change_of_one_language(change, words):
+    german = library(0x407)
+    change(german)
+    check(resourcecheck.complaints(resourcecheck.Names(HEADER), {"en": library(), "de": german}), words)
 
-    def test_access_keys_clash_within_a_dialog(self):
-        one = library()
-        one.dialogs[106].controls[3].text = "Ca&ncel"
-        self.one(self.complaints(one), "IDD_NAME", "Ca&ncel", "&Name:")
 
-    def test_access_keys_of_a_tab_and_its_page_clash(self):
-        one = library()
-        one.dialogs[110].controls[1].text = "Copie&s:"
-        self.one(self.complaints(one), "IDD_DEVICE with IDD_COLLATING", "Copie&s:")
+@pytest.mark.parametrize("line, words", HEADERS)
+def test_line_of_the_header(line, words):
+    check(resourcecheck.complaints(resourcecheck.Names(HEADER + line), {"en": library()}), words)
 
-    def test_access_keys_of_two_tabs_are_never_seen_together(self):
-        one = library()
-        one.dialogs[103].controls[0].text = "De&scription:"
-        self.assertEqual(self.complaints(one), [])
 
-    def test_the_sheets_own_buttons_count(self):
-        one = library()
-        one.dialogs[103].controls[0].text = "W&hat:"
-        self.one(self.complaints(one), "IDD_GENERAL", "W&hat:", "Help")
-
-    def test_an_ampersand_of_the_text_is_no_key(self):
-        one = library()
-        one.dialogs[106].controls[0].text = "&Name && place:"
-        self.assertEqual(self.complaints(one), [])
-        one.dialogs[106].controls.insert(0, label("R&Nd", NO_PREFIX))
-        self.assertEqual(self.complaints(one), [])
-
-    def test_a_key_is_one_letter_that_every_keyboard_has(self):
-        for text in ("&N&ame:", "N\u00e4&\u00e4me:", "Name& :"):
-            one = library()
-            one.dialogs[106].controls[0].text = text
-            self.one(self.complaints(one), "Latin")
-
-    def test_what_a_person_operates_has_a_key(self):
-        one = library()
-        one.dialogs[106].controls[0].text = "Name:"
-        self.one(self.complaints(one), "dialog 106", "control 900", "no access key")
-        two = library()
-        two.dialogs[106].controls.insert(2, Control(resfile.NO_ID, "Button", PUSH, "More"))
-        self.one(self.complaints(two), "More", "no access key")
-
-    def test_a_label_that_does_not_stand_right_before_its_control_leads_elsewhere(self):
-        one = library()
-        one.dialogs[106].controls.insert(1, label("Pick one."))
-        self.one(self.complaints(one), "control 900", "no access key")
-
-    def test_pictures_have_the_sizes_and_colours_that_are_asked_for(self):
-        one = library()
-        one.icons[301] = SIZES[:-1]
-        self.one(self.complaints(one), "icon 301", "48")
-        two = library()
-        two.icons[301] = [*SIZES, (64, 32)]
-        self.one(self.complaints(two), "icon 301", "24")
-        three = library()
-        three.bitmaps[10111] = 32
-        self.one(self.complaints(three), "bitmap 10111", "32")
-
-    def test_blanks_that_join_texts_survive_translation(self):
-        german = library(0x407)
-        german.strings[213] = "Anschluss:"
-        self.one(self.complaints(library(), german), "213", "blanks")
-
-    def test_patterns_of_a_file_filter_survive_translation(self):
-        german = library(0x407)
-        german.strings[206] = "Plotter|*.pc3|Alle|*.*|"
-        self.one(self.complaints(library(), german), "206", "patterns")
-
-    def test_each_library_has_one_language_of_its_own(self):
-        self.one(self.complaints(library(), library()), "same language")
-        mixed = library()
-        mixed.languages.add(0x407)
-        self.one(self.complaints(mixed), "2 languages")
+def test_missing_dialog_and_order_of_arguments():
+    german = library(0x407)
+    del german.dialogs[110]
+    found = resourcecheck.complaints(resourcecheck.Names(HEADER), {"en": library(), "de": german})
+    assert [text for text in found if "110" in text] == ["de: dialog 110 (IDD_COLLATING) is missing"]
+    one = library()
+    one.strings[102] = "%d %s"
+    check(resourcecheck.complaints(resourcecheck.Names(HEADER.replace("%s: file", "%s %d: file")), {"en": one}), ("102",))
 
 
 SCRIPT = """
@@ -213,44 +144,35 @@ STRINGTABLE { IDS_PORT "Port: " }
 """
 
 
-class CompiledScriptTest(unittest.TestCase):
-    """What the resource compiler writes is understood."""
-
-    def compiled(self, script):
-        with tempfile.TemporaryDirectory() as folder:
-            Path(folder, "Resource.h").write_text(HEADER)
-            Path(folder, "x.rc").write_text(script)
-            subprocess.run(["x86_64-w64-mingw32-windres", "-O", "res", "-I", folder, "-i", f"{folder}/x.rc",
-                            "-o", f"{folder}/x.res"], check=True, timeout=60)
-            return Path(folder, "x.res").read_bytes()
-
-    def test_dialogs_and_strings_are_read(self):
-        found = resfile.read(self.compiled(SCRIPT))
-        dialog = found.dialogs[106]
-        self.assertEqual(dialog.caption, "Name of a plotter")
-        self.assertEqual([(c.id, c.kind, c.text) for c in dialog.controls],
-                         [(resfile.NO_ID, "Static", "&Name:"), (900, "Edit", ""), (30, "msctls_trackbar32", ""),
-                          (31, "Static", "text"), (1, "Button", "OK")])
-        self.assertTrue(dialog.controls[3].style & NO_PREFIX)
-        self.assertEqual(found.strings, {213: "Port: "})
-        self.assertEqual(found.languages, {0x409})
-        self.assertEqual(found.twice, [])
-
-    def test_every_complaint_is_printed_and_fails_the_build(self):
-        with tempfile.TemporaryDirectory() as folder:
-            Path(folder, "Resource.h").write_text(HEADER)
-            Path(folder, "en.res").write_bytes(self.compiled(SCRIPT))
-            done = subprocess.run([sys.executable, "-m", "garmtools.resourcecheck", f"{folder}/Resource.h",
-                                   f"en={folder}/en.res"], cwd=ROOT / "tools", capture_output=True, text=True,
-                                  check=False)
-            self.assertEqual(done.returncode, 1)
-            self.assertIn("string 102 (IDS_TITLE) is missing", done.stderr)
-            self.assertIn("dialog 103 (IDD_GENERAL) is missing", done.stderr)
-
-    def test_other_files_are_refused(self):
-        with self.assertRaises(ValueError):
-            resfile.read(b"MZ" + bytes(100))
+@pytest.fixture
+def compiled(tmp_path):
+    """The folder with what the resource compiler makes of the script."""
+    (tmp_path / "Resource.h").write_text(HEADER)
+    (tmp_path / "x.rc").write_text(SCRIPT)
+    subprocess.run(["x86_64-w64-mingw32-windres", "-O", "res", "-I", ".", "-i", "x.rc", "-o", "en.res"], cwd=tmp_path,
+                   check=True)
+    return tmp_path
 
 
-if __name__ == "__main__":
-    unittest.main()
+def test_compiled_dialogs_and_strings_are_read(compiled):
+    found = resfile.read((compiled / "en.res").read_bytes())
+    dialog = found.dialogs[106]
+    assert dialog.caption == "Name of a plotter"
+    assert [(c.id, c.kind, c.text) for c in dialog.controls] == [
+        (resfile.NO_ID, "Static", "&Name:"), (900, "Edit", ""), (30, "msctls_trackbar32", ""), (31, "Static", "text"),
+        (1, "Button", "OK")]
+    assert dialog.controls[3].style & NO_PREFIX
+    assert (found.strings, found.languages, found.twice) == ({213: "Port: "}, {0x409}, [])
+
+
+def test_complaints_are_printed_and_fail_the_build(compiled):
+    done = subprocess.run([sys.executable, "-m", "garmtools.resourcecheck", compiled / "Resource.h",
+                           f"en={compiled}/en.res"], cwd=ROOT / "tools", capture_output=True, text=True, check=False)
+    assert done.returncode == 1
+    assert "string 102 (IDS_TITLE) is missing" in done.stderr
+    assert "dialog 103 (IDD_GENERAL) is missing" in done.stderr
+
+
+def test_other_files_are_refused():
+    with pytest.raises(ValueError):
+        resfile.read(b"MZ" + bytes(100))
