@@ -11,7 +11,3 @@ class FormatTest(unittest.TestCase):
         done = subprocess.run(["clang-format", "--dry-run", "-Werror", *map(str, code())], cwd=ROOT,
                               capture_output=True, text=True, check=False)
         self.assertEqual(done.returncode, 0, "cured by clang-format -i on the files named here:\n" + done.stderr)
-
-
-if __name__ == "__main__":
-    unittest.main()

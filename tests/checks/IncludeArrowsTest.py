@@ -3,7 +3,6 @@ replaced without the upper ones."""
 
 import graphlib
 import unittest
-from pathlib import Path
 
 from sources import code, text
 
@@ -141,7 +140,3 @@ class IncludeArrowsTest(unittest.TestCase):
         circle = {f"{room}/A.cpp": f'#include "{room}/A.h"\n#include "{room}/B.h"\n', f"{room}/A.h": "",
                   f"{room}/B.h": f'#include "{room}/A.h"\n'}
         self.assertEqual(set(cycle_in(room, circle)), {f"{room}/A", f"{room}/B"})
-
-
-if __name__ == "__main__":
-    unittest.main()

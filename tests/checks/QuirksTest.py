@@ -47,7 +47,3 @@ class QuirksTest(unittest.TestCase):
         places = [path for path in tracked() if path.suffix in (*CODE, ".md")]
         self.assertEqual([f"{path}: quirk {number}" for path in places
                           for number in map(int, re.findall(r"\b[Qq]uirk (\d+)", text(path))) if number not in known], [])
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -1,7 +1,5 @@
 """The reference host as a program: answers, exit status, where it looks for files."""
 
-import unittest
-
 from hostcase import OFFICE, QUEUES, ROOT, SAMPLES, WITH_MARGINS, HostCase, windows_path
 
 
@@ -89,7 +87,3 @@ class CommandLineTest(HostCase):
         done = self.host(*arguments, status=1)
         self.assertEqual(len(done.stderr.splitlines()), 1, done.stderr)
         self.assertIn("cannot be written", done.stderr)
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -1,7 +1,5 @@
 """A configuration made for an installed printer, written, read and turned into a DEVMODE."""
 
-import unittest
-
 from hostcase import QUEUES, SAMPLES, WITH_MARGINS, WITHOUT_MARGINS, HostCase
 from pc3file import edit, read_text, write_plain
 
@@ -120,7 +118,3 @@ class DamagedFileTest(HostCase):
         answer = self.answer("devmode", "x.pc3", status=1)
         self.assertIsNone(answer["devMode"])
         self.assertEqual(answer["paperName"], "ANSI D")
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -1,7 +1,5 @@
 """PC3GETDEVMODE on real queues: what the host gets for a configuration and for a printer."""
 
-import unittest
-
 from hostcase import COPIER, OFFICE, QUEUES, SAMPLES, WITH_MARGINS, WITHOUT_MARGINS, HostCase
 from pc3file import edit
 
@@ -108,7 +106,3 @@ class BackgroundTest(HostCase):
         for name in ("missing.pc3", "No such plotter", "damaged.pc3"):
             with self.subTest(name):
                 self.assertEqual(self.answer("devmode", name, "--background", status=1)["flag"], 0)
-
-
-if __name__ == "__main__":
-    unittest.main()

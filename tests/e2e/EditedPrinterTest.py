@@ -1,7 +1,5 @@
 """The editor and printers: the driver's own dialog, the virtual printers' dialog, printers that go away."""
 
-import unittest
-
 from editorcase import EditorCase, Script, ed
 from hostcase import WITH_MARGINS
 from pc3file import edit
@@ -109,7 +107,3 @@ class VanishedPrinterTest(EditorCase):
         chosen = answers.all(f"choices {ed.PRINTERS}")[int(answers.one(f"value {ed.PRINTERS}"))]
         self.assertEqual(chosen, WITH_MARGINS)
         self.assertEqual(answers.one(f"enabled {ed.PRINTERS}"), "no")
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -1,7 +1,5 @@
 """Whole sessions with the editor: what is changed, shown, saved, and read again."""
 
-import unittest
-
 from editorcase import EditorCase, Script, ed
 from hostcase import WITH_MARGINS
 from pc3file import edit
@@ -252,7 +250,3 @@ class SaveAsTest(EditorCase):
         self.assertIn("could not be saved", answers.one("box"))
         self.assertEqual(answers.outputs()["fileName"], "x.pc3")
         self.assertEqual(kept.read_bytes(), before)
-
-
-if __name__ == "__main__":
-    unittest.main()

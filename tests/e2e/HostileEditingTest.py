@@ -1,8 +1,6 @@
 """Configurations that nobody would write by hand."""
 
-import unittest
-
-from editorcase import EditorCase, Script, ed
+from editorcase import EditorCase, ed
 from hostcase import WITH_MARGINS
 from pc3file import edit, read_text, write_compressed, write_plain
 
@@ -94,7 +92,3 @@ class HostileConfigurationTest(EditorCase):
         script = self.opened().add(f"text {ed.DESCRIPTION}", f"click {ed.OK}", "end")
         answers = self.session(script)
         self.assertEqual(answers.outputs()["fileName"], "x.pc3")
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -1,7 +1,6 @@
 """The module in its host: loading, languages, and what is missing."""
 
 import shutil
-import unittest
 
 from hostcase import MODULE, OFFICE, SAMPLES, WINDOWS_BIN, HostCase, windows_path
 
@@ -91,7 +90,3 @@ class LoadingTest(HostCase):
         self.assertEqual(said["commands"], "0")
         self.assertLessEqual(int(said["handles"]), int(said["handles before"]))
         self.assertLessEqual(int(said["libraries"]), int(said["libraries before"]))
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -1,7 +1,6 @@
 """Libraries that somebody put into the folders of drawings: they are never loaded."""
 
 import shutil
-import unittest
 
 from editorcase import EditorCase, Script
 from hostcase import OFFICE, WINDOWS_BIN, windows_path
@@ -44,7 +43,3 @@ class PlantedLibraryTest(EditorCase):
                 shutil.copy(LIBRARY, folder / library)
         self.answer("devmode", "drawings/x.pc3", "--search-path", "drawings")
         self.session(Script("edit drawings/x.pc3", "dialog", "click 2", "end"))
-
-
-if __name__ == "__main__":
-    unittest.main()

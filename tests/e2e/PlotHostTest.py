@@ -1,8 +1,6 @@
 """The reference host around the editor: what keeps it from opening, the host's settings, and the drivers' defaults
 between two runs. The editing itself is tried by the scenarios of the editor."""
 
-import unittest
-
 from hostcase import HOST, OFFICE, WITHOUT_MARGINS, HostCase, wineprefix
 
 PORTRAIT, LANDSCAPE = "1", "2"
@@ -69,7 +67,3 @@ class DriverDefaultsTest(HostCase):
         found = self.tool("reset", WITHOUT_MARGINS)
         self.assertEqual(found["answer"], "1")
         self.assertEqual((found["before"], found["merged"], found["reset"]), (PORTRAIT, LANDSCAPE, PORTRAIT))
-
-
-if __name__ == "__main__":
-    unittest.main()

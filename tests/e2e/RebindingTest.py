@@ -1,7 +1,5 @@
 """A configuration whose printer is gone takes another one with the same driver."""
 
-import unittest
-
 from hostcase import COPIER, OFFICE, SAMPLES, WITH_MARGINS, HostCase
 from pc3file import edit, read_text, write_plain
 
@@ -84,7 +82,3 @@ class NoPrintServerTest(HostCase):
         self.assertIn("no printer with driver", self.why_not("show", SAMPLES / f"{OFFICE}.pc3"))
         # What needs no printer still works.
         self.assertEqual(self.answer("show", SAMPLES / "virtual-pdf.pc3")["binding"], "none")
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -3,7 +3,6 @@ The share is a folder that Wine shows as \\srv\share; what were to land on the c
 folder "srv" there."""
 
 import shutil
-import unittest
 from pathlib import Path
 
 from editorcase import EditorCase, Script, ed
@@ -144,7 +143,3 @@ class EditorTest(ShareCase):
         for name in ("x.pc3", *self.forms("x.pc3")):
             with self.subTest(name):
                 self.assertEqual(self.edited(Script(f"get-devmode {name}", "end")).outputs()["printerName"], OFFICE)
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -2,12 +2,9 @@
 
 import shutil
 import socket
-import sys
 import tempfile
 import unittest
-from pathlib import Path
 
-sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools"))
 from garmtools import wineprefix
 from garmtools.places import ROOT, WINDOWS_BIN
 
@@ -46,7 +43,3 @@ class SilentServerTest(unittest.TestCase):
         self.assertEqual(self.host("--version").returncode, 0)
         self.assertEqual(self.host("list", "--help").returncode, 0)
         self.assertEqual(self.host("list", "--nonsense").returncode, 2)
-
-
-if __name__ == "__main__":
-    unittest.main()

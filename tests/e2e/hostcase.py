@@ -3,12 +3,10 @@
 import contextlib
 import json
 import shutil
-import sys
 import tempfile
 import unittest
 from pathlib import Path
 
-sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools"))
 from garmtools import privatecups, wineprefix
 from garmtools.places import ROOT, WINDOWS_BIN, windows_path
 
