@@ -22,7 +22,6 @@ from garmtools.queues import QUEUES, ppd
 QUEUE = QUEUES[0]
 TWIN = "Twin"  # a second printer on that queue's driver, which a process can delete and see go
 VIRTUAL = "Tarnwick PDF Printer 2018"
-DRIVER_LANDSCAPE = 102  # of the driver's own dialog
 
 
 class Step(NamedTuple):
@@ -41,7 +40,7 @@ def _asking(line, wait):
     return Step(line, asks=True), Step(wait, waits=True)
 
 
-DRIVER_DIALOG = (f"click {ed.DRIVER_SETTINGS}", "dialog", f"click {DRIVER_LANDSCAPE}", f"click {ed.OK}", "closed")
+DRIVER_DIALOG = (f"click {ed.DRIVER_SETTINGS}", "dialog", f"click {ed.DRIVER_LANDSCAPE}", f"click {ed.OK}", "closed")
 DEFAULTS = (f"click {ed.DEFAULTS}", "dialog", "box", f"click {ed.YES}", "closed")
 
 
@@ -62,13 +61,12 @@ def _editing(printer_list=True):
 
 def _virtual():
     """A printer of the product family's own, whose dialog works on the host's."""
-    host_papers, host_landscape = 6455, 6462
     return _steps(
         f"add-printer {VIRTUAL}|{QUEUE.name}", *_asking(f"edit-printer {VIRTUAL}", "opened"), "tab 1",
         f"click {ed.DRIVER_SETTINGS}", "dialog", "title", f"choices {ed.PAPER}", f"choose {ed.PAPER} 2",
         f"type {ed.WIDTH} 210", f"type {ed.LENGTH} 297", f"click {ed.INCHES}", f"text {ed.WIDTH}",
-        f"choose {ed.QUALITY} 3", f"click {ed.LANDSCAPE}", f"click {ed.OK}", "closed", f"host-value {host_papers}",
-        f"host-value {host_landscape}", f"click {ed.DRIVER_SETTINGS}", "dialog", f"choose {ed.PAPER} 1",
+        f"choose {ed.QUALITY} 3", f"click {ed.LANDSCAPE}", f"click {ed.OK}", "closed", f"host-value {ed.HOST_PAPERS}",
+        f"host-value {ed.HOST_LANDSCAPE}", f"click {ed.DRIVER_SETTINGS}", "dialog", f"choose {ed.PAPER} 1",
         f"click {ed.OK}", "closed", "tree", f"click {ed.OK}", "dialog", f"type {ed.NAME} x", f"click {ed.OK}", "end",
         f"delete-printer {VIRTUAL}")
 

@@ -5,13 +5,10 @@ from hostcase import WITH_MARGINS
 from pc3file import edit
 
 VIRTUAL = "Tarnwick PDF Printer 2018"
-HOST_PAPERS, HOST_PORTRAIT, HOST_LANDSCAPE = 6455, 6461, 6462
 
 
 class DriverDialogTest(EditorCase):
     """Wine's drivers answer OK also when their dialog was cancelled: cancelled means that nothing has changed."""
-
-    LANDSCAPE = 102  # of the driver's dialog
 
     def settings(self, start, *lines):
         return start.device_tab().add(f"click {ed.DRIVER_SETTINGS}", "dialog", "title", "owner-enabled", *lines, "closed",
@@ -29,7 +26,7 @@ class DriverDialogTest(EditorCase):
 
     def test_what_is_chosen_in_it_is_saved(self):
         self.create(WITH_MARGINS)
-        script = self.settings(self.opened(), f"click {self.LANDSCAPE}", f"click {ed.OK}")
+        script = self.settings(self.opened(), f"click {ed.DRIVER_LANDSCAPE}", f"click {ed.OK}")
         answers = self.session(script.add(f"click {ed.OK}", "dialog", f"click {ed.OK}", "end"))
         self.assertEqual(answers.outputs()["fileName"], "x.pc3")
         self.assertEqual(self.configuration("x.pc3")["media"]["dm_orientation"], 2)
@@ -53,14 +50,14 @@ class VirtualPrinterTest(EditorCase):
     def test_it_has_the_hosts_papers_and_gives_the_choice_back(self):
         answers = self.settings(f"choices {ed.PAPER}", f"enabled {ed.WIDTH}", f"choose {ed.PAPER} 2",
                                 f"enabled {ed.WIDTH}", f"click {ed.LANDSCAPE}", f"click {ed.OK}", "closed",
-                                f"host-value {HOST_PAPERS}", f"host-value {HOST_PORTRAIT}",
-                                f"host-value {HOST_LANDSCAPE}")
+                                f"host-value {ed.HOST_PAPERS}", f"host-value {ed.HOST_PORTRAIT}",
+                                f"host-value {ed.HOST_LANDSCAPE}")
         self.assertEqual(answers.one("title"), f"{VIRTUAL} - Properties")
         self.assertEqual(answers.all(f"choices {ed.PAPER}"), ["ISO A4", "ISO A3", "Custom"])
         self.assertEqual(answers.all(f"enabled {ed.WIDTH}"), ["no", "yes"])
-        self.assertEqual(answers.one(f"host-value {HOST_PAPERS}"), "2")
-        self.assertEqual(answers.one(f"host-value {HOST_PORTRAIT}"), "0")
-        self.assertEqual(answers.one(f"host-value {HOST_LANDSCAPE}"), "1")
+        self.assertEqual(answers.one(f"host-value {ed.HOST_PAPERS}"), "2")
+        self.assertEqual(answers.one(f"host-value {ed.HOST_PORTRAIT}"), "0")
+        self.assertEqual(answers.one(f"host-value {ed.HOST_LANDSCAPE}"), "1")
 
     def test_sizes_change_with_the_unit_and_a_second_click_changes_nothing(self):
         answers = self.settings(f"choose {ed.PAPER} 2", f"type {ed.WIDTH} 210", f"type {ed.LENGTH} 297",

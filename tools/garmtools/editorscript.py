@@ -6,24 +6,34 @@ verbs), and its answers.
     answers.one("title")
 """
 
+import re
 import tempfile
 from collections import defaultdict
 from pathlib import Path
 
-from .places import WINDOWS_BIN, windows_path
+from .places import ROOT, WINDOWS_BIN, windows_path
 
 DRIVER = WINDOWS_BIN / "editordriver.exe"
 
-# Numbers of the controls, as in resources/Resource.h.
-OK, CANCEL, YES, NO = 1, 2, 6, 7
-DESCRIPTION, FILE_NAME, DRIVER_LINE, DRIVER_FILE, VERSION, PORT, PRINTERS = 510, 513, 520, 521, 522, 523, 2501
-TREE, SAVE_AS, DEFAULTS = 508, 506, 532
-COLLATING, DRIVER_SETTINGS = 526, 517
-RASTER_IMAGES, OLE_OBJECTS, PREFERENCE = 505, 525, 501
-AS_TEXT, AS_GRAPHICS, OVERWRITE, MERGE = 603, 604, 605, 606
-NAME, EXTENSION_NOTE = 900, 531
-PAPER, QUALITY, WIDTH, LENGTH, PORTRAIT, LANDSCAPE, MILLIMETRES, INCHES = (
-    10117, 10118, 10116, 10115, 10119, 10120, 10123, 10124)
+RESOURCES = dict(re.findall(r"#define (ID\w+) (\d+)\b", (ROOT / "resources/Resource.h").read_text(encoding="utf-8")))
+
+
+def controls(*names):
+    """The numbers of controls by their names in Resource.h."""
+    return [int(RESOURCES[f"IDC_{name}"]) for name in names]
+
+
+OK, CANCEL, YES, NO = 1, 2, 6, 7  # the system's own
+DESCRIPTION, FILE_NAME, DRIVER_LINE, PORT, PRINTERS = controls("DESCRIPTION", "FILE_NAME", "DRIVER", "PORT", "PRINTERS")
+SAVE_AS, DEFAULTS, COLLATING, DRIVER_SETTINGS = controls("SAVE_AS", "DEFAULTS", "COLLATING", "DRIVER_SETTINGS")
+RASTER_IMAGES, OLE_OBJECTS, PREFERENCE = controls("ISM_MAX", "OLE_MAX", "PREFERENCE")
+AS_TEXT, AS_GRAPHICS, OVERWRITE, MERGE = controls("TRUETYPE_AS_TEXT", "TRUETYPE_AS_GRAPHICS", "LINES_OVERWRITE", "LINES_MERGE")
+NAME, EXTENSION_NOTE = controls("CFG_NAME", "EXTENSION_NOTE")
+PAPER, QUALITY, WIDTH, LENGTH = controls("PAPER", "QUALITY", "PAPER_WIDTH", "PAPER_LENGTH")
+LANDSCAPE, MILLIMETRES, INCHES = controls("LANDSCAPE", "MILLIMETRES", "INCHES")
+# Of the host's dialog, and of the one of Wine's drivers.
+HOST_PAPERS, HOST_PORTRAIT, HOST_LANDSCAPE = 6455, 6461, 6462
+DRIVER_LANDSCAPE = 102
 
 # Entries of the device tree by their type.
 ENTRIES = {"root": 1, "media": 2, "destination": 3, "source": 4, "collating": 5, "graphics": 6, "vector": 7,
