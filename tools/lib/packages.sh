@@ -12,8 +12,9 @@ packages_display=(xvfb python3-pil)
 # The fuzzer's engine is part of the compiler's run-time library; llvm names the functions in its stack traces.
 packages_fuzz=(cmake ninja-build clang libclang-rt-14-dev llvm googletest zlib1g-dev)
 # A mutant is linked in no time by this linker.
-packages_mutants=(lld)
-packages_checks=(clang-format clang-tidy cppcheck git)
+packages_mutants=(lld python3-clang-14)
+# The tests of the tools make mutants, too.
+packages_checks=(clang-format clang-tidy cppcheck git python3-clang-14)
 packages_coverage=(gcovr)
 packages_memory=(valgrind)
 packages_threads=()
