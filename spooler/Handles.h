@@ -1,54 +1,6 @@
 #pragma once
 
-#include "win32/Win32.h"
-
-#include <cstdint>
-#include <utility>
-
-// Owns one system handle and closes it exactly once. Drivers have been seen to report success with a handle of -1, so
-// -1 and null both count as no handle: they are neither kept nor closed.
-template <class Handle, auto close>
-class UniqueHandle
-{
-public:
-    UniqueHandle() noexcept = default;
-    explicit UniqueHandle(Handle handle) noexcept : m_handle(isUsable(handle) ? handle : nullptr) {}
-    UniqueHandle(UniqueHandle&& other) noexcept : m_handle(std::exchange(other.m_handle, nullptr)) {}
-    ~UniqueHandle() { reset(); }
-
-    UniqueHandle& operator=(UniqueHandle&& other) noexcept
-    {
-        if (this != &other)
-        {
-            reset();
-            m_handle = std::exchange(other.m_handle, nullptr);
-        }
-        return *this;
-    }
-
-    Handle get() const noexcept { return m_handle; }
-    explicit operator bool() const noexcept { return m_handle != nullptr; }
-
-    void reset() noexcept
-    {
-        const Handle handle = std::exchange(m_handle, nullptr);
-        if (!handle)
-            return;
-        try
-        {
-            close(handle);
-        }
-        catch (...)
-        {
-            // A port monitor may throw while it closes. For us the handle is closed either way.
-        }
-    }
-
-private:
-    static bool isUsable(Handle handle) noexcept { return handle && reinterpret_cast<std::intptr_t>(handle) != -1; }
-
-    Handle m_handle = nullptr;
-};
+#include "win32/UniqueHandle.h"
 
 using PrinterHandle = UniqueHandle<HANDLE, &::ClosePrinter>;
 using DeviceContext = UniqueHandle<HDC, &::DeleteDC>;

@@ -36,6 +36,27 @@ TEST_F(Handles, aPrinterIsClosedExactlyOnceHoweverItsOwnerMoves)
     EXPECT_EQ(room.count(Call::closePrinter), 2);
 }
 
+TEST_F(Handles, aReleasedHandleIsTheCallersToClose)
+{
+    room.add({.name = OD_T("P")});
+    PrinterHandle owner = openPrinter(OD_T("P"));
+    const PrinterHandle next(owner.release());
+    EXPECT_FALSE(owner);
+    EXPECT_TRUE(next);
+    owner.reset();
+    EXPECT_EQ(room.openHandles(), 1);
+}
+
+TEST_F(Handles, theLastErrorSurvivesTheClose)
+{
+    room.add({.name = OD_T("P")});
+    room.onCall(Call::closePrinter, OD_T("P"), [](const room::CallRecord&) { ::SetLastError(ERROR_INVALID_HANDLE); });
+    PrinterHandle handle = openPrinter(OD_T("P"));
+    ::SetLastError(ERROR_ACCESS_DENIED);
+    handle.reset();
+    EXPECT_EQ(::GetLastError(), static_cast<DWORD>(ERROR_ACCESS_DENIED));
+}
+
 TEST_F(Handles, aHandleWrittenByAFailingOpenIsNotKept)
 {
     room.writeHandleOnFailedOpen();
