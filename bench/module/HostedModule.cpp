@@ -39,16 +39,16 @@ void setDevice(const OdString& device)
 HostedModule::HostedModule()
 {
     setUiLanguage(OD_T("en"));
-    OdString whyNot;
-    m_object = GmModuleLoader::load(besideThisProgram(fileName), whyNot);
+    const auto loaded = GmModuleLoader::load(besideThisProgram(fileName));
+    m_object = loaded.module;
     if (!m_object)
-        throw std::runtime_error(odToUtf8(whyNot));
+        throw std::runtime_error(odToUtf8(loaded.whyNot));
 }
 
 HostedModule::~HostedModule()
 {
-    OdString ignored; // the process ends anyway
-    GmModuleLoader::unload(m_object, ignored);
+    // A refusal does not matter: the process ends anyway.
+    GmModuleLoader::unload(m_object);
 }
 
 bool HostedModule::isLoaded()

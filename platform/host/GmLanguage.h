@@ -1,39 +1,44 @@
 #pragma once
 
-#include "kernel/OdString.h"
-#include "win32/Win32.h"
+#include "host/GmLanguageTag.h"
+#include "win32/windows/SystemHandles.h"
 
 // The language of the host's user interface, and the modules' language libraries. Main thread only.
 
-// Called when the language changes. Asks GmLoadAppLangResourceDLL for the library of the new language and returns
-// whether the module accepts the change.
+// Called when the language changes; asks GmLoadAppLangResourceDLL for the library of the new language and returns
+// whether it could switch.
 using GmLangReloadCallback = BOOL (*)();
 
-// The library with a module's texts, dialogs and pictures in the language of the user interface: TAG/NAMERes.dll beside
-// NAME.grx (for the rules see findLanguageLibrary). Null if the module has no library for that language. It is mapped
-// as resources only and runs no code, so this may be called from a module's entry point. Each call returns its own
-// handle, which the caller frees with FreeLibrary.
+// The library with the texts, dialogs and pictures of a module in a language: TAG/NAMERes.dll beside NAME.grx
+// (findLanguageLibrary has the rules). None when there is no such library, or when it is damaged. It is mapped as
+// resources only: nothing in it is run.
+LibraryHandle loadLanguageLibrary(const OdString& moduleFile, const GmLanguageTag& tag);
+
+// The library of a loaded module in the language of the user interface, or null. It may be called from a module's entry
+// point. Each call returns a handle of its own, which the caller frees with FreeLibrary.
 //
-// A callback is called after later changes of the language and replaces an earlier one of the same module; null keeps
-// the earlier one. It is stored even when null is returned, and forgotten when the module is unloaded. The second and
-// the fourth argument are unused and must be null.
+// With a callback the module learns of later changes of the language; it replaces an earlier callback of the same
+// module, and null leaves the one it has. Callbacks are kept even if the result is null, and forgotten when the module
+// is unloaded. The second and the fourth argument have no meaning and are null.
 HINSTANCE GmLoadAppLangResourceDLL(HINSTANCE module, void* reserved1, GmLangReloadCallback callback, void* reserved2);
 
-// The tag of the current language; initially "en".
-OdString uiLanguage();
+// "en" at the start.
+const GmLanguageTag& uiLanguage();
 
-// Switches to another language and calls the callbacks in the order in which the modules registered. True if all
-// modules switched, if there are none, and if the language is the current one already, in which case no callback is
-// called.
+// Switches to another language and calls the callbacks in the order in which the modules registered. True when all
+// switched, also when there are none, and when the language is that one already: then no callback is called.
 //
-// False if the text is not a language tag, or if a callback returned FALSE, threw, or was given no library. Everything
-// is then as before: the modules that had switched are called once more, to switch back.
+// False when a callback returned FALSE, threw, or was given no library. Then everything is as before: modules that had
+// switched are called once more, to go back.
 //
 // A change from within a callback is refused.
-bool setUiLanguage(const OdString& tag);
+bool setUiLanguage(const GmLanguageTag& tag);
 
-// Drops the callbacks of modules that are no longer in the process. To be called by the code that frees a module.
+// The same for a text; false when it is not a language tag.
+bool setUiLanguage(const OdString& text);
+
+// Drops the callbacks of modules that are no longer in the process. To be called after a module was freed.
 void forgetCallbacksOfGoneModules() noexcept;
 
-// The number of modules whose callback the host has.
+// How many modules have a callback registered.
 std::size_t languageCallbackCount() noexcept;

@@ -16,9 +16,8 @@ constexpr bool isLetterOrDigit(OdChar c) noexcept
 {
     return isLetter(c) || (c >= '0' && c <= '9');
 }
-} // namespace
 
-bool isLanguageTag(OdStringView tag) noexcept
+bool isTag(OdStringView tag) noexcept
 {
     constexpr std::size_t longest = 35;
     if (tag.size() > longest)
@@ -34,13 +33,17 @@ bool isLanguageTag(OdStringView tag) noexcept
     }
     return true;
 }
+} // namespace
 
-std::vector<OdString> languageFallbacks(OdStringView tag)
+std::optional<GmLanguageTag> GmLanguageTag::from(OdStringView text)
+{
+    return isTag(text) ? std::optional(GmLanguageTag(text)) : std::nullopt;
+}
+
+std::vector<OdString> GmLanguageTag::fallbacks() const
 {
     std::vector<OdString> result;
-    if (!isLanguageTag(tag))
-        return result;
-    while (!tag.empty())
+    for (OdStringView tag = m_text.view(); !tag.empty();)
     {
         result.emplace_back(tag);
         const auto last = tag.rfind('-');
@@ -51,11 +54,11 @@ std::vector<OdString> languageFallbacks(OdStringView tag)
     return result;
 }
 
-OdString findLanguageLibrary(const OdString& moduleFile, OdStringView tag)
+OdString findLanguageLibrary(const OdString& moduleFile, const GmLanguageTag& tag)
 {
     const CGarmPath module(moduleFile);
     const OdString libraryName = module.name() + OD_T("Res.dll");
-    for (const OdString& candidate : languageFallbacks(tag))
+    for (const OdString& candidate : tag.fallbacks())
     {
         OdString library = CGarmPath::join(module.fullFolder() + candidate, libraryName);
         if (isRegularFile(library))

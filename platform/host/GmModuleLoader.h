@@ -7,19 +7,24 @@
 // Loads and unloads modules. Main thread only.
 namespace GmModuleLoader
 {
-// Loads a module: its library and its module object, then checks the interface version it was built against, which must
-// be the host's, and calls initApp. The loader owns the object, which is valid until unload.
+struct Loaded
+{
+    OdRxModule* module = nullptr; // the loader's; valid until unload
+    OdString whyNot = {};         // one line in English for the user, empty when the module is loaded
+};
+
+// Loads a module: its library, its module object, a look at the interface version it was built against (it has to be
+// the host's own), initApp.
 //
 // Libraries that the module needs are loaded from beside it, beside the program, or the system folder.
 //
-// Null on failure; whyNot is then one line in English for the user, and nothing of the module is left in the process. A
-// module that is already loaded is refused, under any path: each has one module object, and a second initApp would
-// register its commands twice.
-OdRxModule* load(const OdString& file, OdString& whyNot);
+// If that fails, nothing of the module is left in the process. A module that is loaded already is refused, under
+// whatever path: each has one module object, and a second initApp would register its commands twice.
+Loaded load(const OdString& file);
 
-// Unloads a module: calls uninitApp, destroys its module object, frees its library and drops its language callback. A
-// module that is not loaded or is locked is refused, with the reason.
-bool unload(OdRxModule* module, OdString& whyNot);
+// Unloads a module: uninitApp, the end of its module object, the end of its library and of its language callback.
+// Returns why it refuses, in one line like that of load, for a module that is not loaded or is locked; else empty.
+OdString unload(OdRxModule* module);
 
 // The loaded modules, in the order of loading.
 std::vector<OdRxModule*> modules();

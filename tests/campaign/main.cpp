@@ -24,8 +24,7 @@ int hold()
 
 int withModule(const OdString& file, const std::function<void(campaign::Transcript&)>& work)
 {
-    OdString whyNot;
-    OdRxModule* const module = GmModuleLoader::load(file, whyNot);
+    const auto [module, whyNot] = GmModuleLoader::load(file);
     if (!module)
     {
         std::fprintf(stderr, "not loaded: %s\n", odToUtf8(whyNot).c_str());
@@ -34,8 +33,8 @@ int withModule(const OdString& file, const std::function<void(campaign::Transcri
     campaign::Transcript transcript;
     work(transcript);
     transcript.step("unload");
-    if (!GmModuleLoader::unload(module, whyNot))
-        transcript.failed("process", odToUtf8(whyNot), {});
+    if (const OdString refusal = GmModuleLoader::unload(module); !refusal.isEmpty())
+        transcript.failed("process", odToUtf8(refusal), {});
     transcript.step("end");
     return 0;
 }

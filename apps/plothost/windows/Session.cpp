@@ -6,7 +6,6 @@
 #include "host/CGarmPath.h"
 #include "host/GarmInterfaces.h"
 #include "host/GmLanguage.h"
-#include "host/GmLanguageTag.h"
 #include "host/GmModuleLoader.h"
 #include "host/windows/ModuleFile.h"
 #include "kernel/OdRxModule.h"
@@ -47,19 +46,6 @@ OdString environmentText(const OdChar* name)
     return length < text.size() ? OdString(OdStringView(text.data(), length)) : OdString();
 }
 
-// Whether the module will find its texts. A library that is damaged is none.
-bool hasLanguageLibrary(const OdString& module, const OdString& tag)
-{
-    const OdString path = findLanguageLibrary(module, tag);
-    const HMODULE library =
-        path.isEmpty()
-            ? nullptr
-            : ::LoadLibraryExW(path.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE);
-    if (library)
-        ::FreeLibrary(library);
-    return library != nullptr;
-}
-
 OdString programFolder()
 {
     return CGarmPath(moduleFileName(nullptr)).fullFolder();
@@ -74,9 +60,9 @@ Session::Session(const Request& request)
 
 Session::~Session()
 {
-    OdString ignored; // the process ends anyway
+    // A refusal does not matter: the process ends anyway.
     if (m_module)
-        GmModuleLoader::unload(m_module, ignored);
+        GmModuleLoader::unload(m_module);
 }
 
 bool Session::readSettings(std::string& whyNot) const
@@ -99,38 +85,42 @@ bool Session::readSettings(std::string& whyNot) const
     return true;
 }
 
-bool Session::loadModule(std::string& whyNot, std::string& notes)
+Session::Loaded Session::loadModule()
 {
     const OdString file =
         m_request.module ? fullPath(*m_request.module) : CGarmPath::join(programFolder(), OdString(moduleName));
 
+    Loaded result;
     if (isRegularFile(file))
     {
-        const OdString tag = m_request.language.value_or(OdString(defaultLanguage));
-        if (!isLanguageTag(tag))
-            notes = "'" + printable(tag) + "' is no language tag; the texts are in English";
-        else if (hasLanguageLibrary(file, tag))
-            setUiLanguage(tag);
+        const OdString wanted = m_request.language.value_or(OdString(defaultLanguage));
+        const std::optional<GmLanguageTag> tag = GmLanguageTag::from(wanted.view());
+        const bool hasTexts = tag && loadLanguageLibrary(file, *tag);
+        if (!tag)
+            result.notes = "'" + printable(wanted) + "' is no language tag; the texts are in English";
+        else if (hasTexts)
+            setUiLanguage(*tag);
         else if (m_request.language)
-            notes = "there are no texts in '" + printable(tag) + "'; they are in English";
+            result.notes = "there are no texts in '" + printable(wanted) + "'; they are in English";
 
         // Without texts the module would ask for a click on a message box before it refuses, and nobody may be there.
-        if (!hasLanguageLibrary(file, uiLanguage()))
+        if (!hasTexts && !loadLanguageLibrary(file, uiLanguage()))
         {
-            whyNot = "The module " + printable(file) + " cannot be loaded: its language library is missing or damaged.";
-            return false;
+            result.whyNot =
+                "The module " + printable(file) + " cannot be loaded: its language library is missing or damaged.";
+            return result;
         }
     }
 
-    OdString reason;
-    m_module = GmModuleLoader::load(file, reason);
+    const GmModuleLoader::Loaded loaded = GmModuleLoader::load(file);
+    m_module = loaded.module;
     if (!m_module)
     {
-        whyNot = printable(reason);
-        return false;
+        result.whyNot = printable(loaded.whyNot);
+        return result;
     }
     loadedModule = static_cast<HMODULE>(m_module->sysData());
-    return true;
+    return result;
 }
 } // namespace plothost
 

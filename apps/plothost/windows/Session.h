@@ -22,9 +22,13 @@ public:
     // the settings file cannot be read or understood; without --settings it need not be there.
     bool readSettings(std::string& whyNot) const;
 
-    // False with the reason, one line of UTF-8 without line end, when the module cannot be loaded. notes gets what the
-    // user should know although it is no failure, one line without line end, "" when there is nothing.
-    bool loadModule(std::string& whyNot, std::string& notes);
+    // What came of loading the module; each text is one line of UTF-8 without line end, or empty.
+    struct Loaded
+    {
+        std::string whyNot = {}; // empty when the module is loaded
+        std::string notes = {};  // what the user should know although it is not a failure
+    };
+    Loaded loadModule();
 
     const OdString& searchPath() const noexcept { return m_searchPath; }
 

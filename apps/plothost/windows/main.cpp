@@ -55,15 +55,14 @@ ExitStatus answer(const std::vector<OdString>& arguments)
     }
     Session session(*parsed.request);
     std::string whyNot;
-    std::string notes;
     if (!session.readSettings(whyNot))
         return answerNo(whyNot);
-    const bool loaded = session.loadModule(whyNot, notes);
-    if (!notes.empty())
-        note(notes);
-    if (!loaded)
+    const Session::Loaded module = session.loadModule();
+    if (!module.notes.empty())
+        note(module.notes);
+    if (!module.whyNot.empty())
     {
-        note(whyNot);
+        note(module.whyNot);
         return exitNoModule;
     }
     return run(*parsed.request, session.searchPath());

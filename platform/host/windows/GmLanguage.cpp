@@ -1,6 +1,5 @@
 #include "host/GmLanguage.h"
 
-#include "host/GmLanguageTag.h"
 #include "host/windows/ModuleFile.h"
 
 #include <algorithm>
@@ -13,13 +12,13 @@ struct Registration
 {
     HINSTANCE module = nullptr;
     GmLangReloadCallback callback = nullptr;
-    HINSTANCE callbackModule = nullptr; // contains the callback's code; usually the module itself
+    HINSTANCE callbackModule = nullptr; // where the callback's code is, mostly the module itself
     bool refused = false;               // its latest request returned null
 };
 
 struct Languages
 {
-    OdString tag = OD_T("en");
+    GmLanguageTag tag = *GmLanguageTag::from(OD_T("en"));
     std::vector<Registration> registrations;
     bool switching = false;
 };
@@ -49,30 +48,39 @@ bool isGone(const Registration& registration)
            moduleAt(addressOf(registration.callback)) != registration.callbackModule;
 }
 
-// Notifies one module and returns whether it now has the library of the current language.
-bool tell(HINSTANCE module)
+// Calls one module back and returns whether it now has the library of the current language.
+bool callBack(HINSTANCE module)
 {
     const Registration* registration = registrationOf(module);
     if (!registration)
-        return true; // it was unloaded while another one was notified
+        return true; // unloaded while another one was called
     const GmLangReloadCallback callback = registration->callback;
 
-    // One of the module's own threads may hold its last reference and end in the meantime.
-    const PinnedModule pin(registration->callbackModule);
+    // A thread of the module's own may hold its last reference and end meanwhile.
+    const LibraryHandle pin = pinnedModule(registration->callbackModule);
     registrationOf(module)->refused = false;
-    bool content = false;
+    bool switched = false;
     try
     {
-        content = callback() != FALSE;
+        switched = callback() != FALSE;
     }
     catch (...)
     {
-        // The callback is the module's code; an exception counts as a refusal.
+        // Whatever went wrong in the module's code counts as a refusal.
     }
     const Registration* afterwards = registrationOf(module);
-    return content && !(afterwards && afterwards->refused);
+    return switched && !(afterwards && afterwards->refused);
 }
 } // namespace
+
+LibraryHandle loadLanguageLibrary(const OdString& moduleFile, const GmLanguageTag& tag)
+{
+    // As resources: the handle serves FindResource, LoadString, dialogs, icons and bitmaps, and no code is run, which
+    // matters because modules ask from their entry point and because a folder name comes from a setting.
+    constexpr DWORD asResources = LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE;
+    const OdString file = findLanguageLibrary(moduleFile, tag);
+    return LibraryHandle(file.isEmpty() ? nullptr : ::LoadLibraryExW(file.c_str(), nullptr, asResources));
+}
 
 HINSTANCE GmLoadAppLangResourceDLL(HINSTANCE module, void*, GmLangReloadCallback callback, void*)
 {
@@ -88,46 +96,46 @@ HINSTANCE GmLoadAppLangResourceDLL(HINSTANCE module, void*, GmLangReloadCallback
         *registration = {module, callback, moduleAt(addressOf(callback)), false};
     }
 
-    // As resources: the handle works for FindResource, LoadString, dialogs, icons and bitmaps, and no code is run. That
-    // matters because modules ask from their entry point, and because the folder's name comes from a setting.
-    const OdString file = findLanguageLibrary(moduleFileName(module), languages().tag);
-    const HINSTANCE library =
-        file.isEmpty()
-            ? nullptr
-            : ::LoadLibraryExW(file.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE);
+    LibraryHandle library = loadLanguageLibrary(moduleFileName(module), languages().tag);
     if (registration)
         registration->refused = !library;
-    return library;
+    return library.release();
 }
 
-OdString uiLanguage()
+const GmLanguageTag& uiLanguage()
 {
     return languages().tag;
 }
 
-bool setUiLanguage(const OdString& tag)
+bool setUiLanguage(const OdString& text)
+{
+    const std::optional<GmLanguageTag> tag = GmLanguageTag::from(text.view());
+    return tag && setUiLanguage(*tag);
+}
+
+bool setUiLanguage(const GmLanguageTag& tag)
 {
     Languages& state = languages();
-    if (!isLanguageTag(tag) || state.switching)
+    if (state.switching)
         return false;
-    if (odEqualNoCase(tag, state.tag))
+    if (odEqualNoCase(tag.text(), state.tag.text()))
         return true;
 
     forgetCallbacksOfGoneModules();
-    OdString next = tag;
+    GmLanguageTag next = tag;
     std::vector<HINSTANCE> modules;
     for (const Registration& registration : state.registrations)
         modules.push_back(registration.module);
 
-    // Nothing throws from here on, so the change is made or undone as a whole.
-    OdString before = std::exchange(state.tag, std::move(next));
+    // From here on nothing throws, so the change is made or undone as a whole.
+    GmLanguageTag before = std::exchange(state.tag, std::move(next));
     state.switching = true;
-    const auto refused = std::ranges::find_if_not(modules, &tell);
+    const auto refused = std::ranges::find_if_not(modules, &callBack);
     const bool all = refused == modules.end();
     if (!all)
     {
         state.tag = std::move(before);
-        std::for_each(modules.begin(), refused, &tell);
+        std::for_each(modules.begin(), refused, &callBack);
     }
     state.switching = false;
     return all;

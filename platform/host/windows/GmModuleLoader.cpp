@@ -3,17 +3,18 @@
 #include "files/FileChecks.h"
 #include "files/FullPath.h"
 #include "host/GmLanguage.h"
-#include "win32/Win32.h"
+#include "win32/windows/SystemHandles.h"
 
 #include <algorithm>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace
 {
 struct LoadedModule
 {
-    HINSTANCE library = nullptr;
+    LibraryHandle library;
     OdRxModule* object = nullptr;
 };
 
@@ -24,59 +25,34 @@ std::vector<LoadedModule>& loadedModules()
     return *modules;
 }
 
-// A reference to a library that is released unless it is kept. The language callback goes with it: a module may have
-// registered one in its entry point before the load failed.
-class Library
+// Without a library the last error says why.
+LibraryHandle loadLibrary(const OdString& file)
 {
-public:
-    explicit Library(const OdString& file)
-    {
-        // Otherwise the system may show its own message box about a damaged file.
-        DWORD errorMode = 0;
-        const BOOL changed = ::SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &errorMode);
-        // What the module needs is looked for beside it, beside the program and in the system folder, but neither in
-        // the current folder nor in those of PATH, where anyone may have put a library.
-        load(file,
-             LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRARY_SEARCH_APPLICATION_DIR | LOAD_LIBRARY_SEARCH_SYSTEM32);
-        // Wine refuses these flags for a file on a share, and so does Windows 7 before its update. The module's own
-        // folder is still searched first then, and a program has dropped the current folder (LibrarySearch.h).
-        if (m_error == ERROR_INVALID_PARAMETER)
-            load(file, LOAD_WITH_ALTERED_SEARCH_PATH);
-        if (changed)
-            ::SetThreadErrorMode(errorMode, nullptr);
-    }
+    // Without this the system may show a box of its own about a damaged file.
+    DWORD errorMode = 0;
+    const BOOL changed = ::SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &errorMode);
+    // What the module needs is looked for beside it, beside the program and in the system's folder; neither in the
+    // current folder nor in those of PATH, where any user's library may be.
+    constexpr DWORD trustedFolders =
+        LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRARY_SEARCH_APPLICATION_DIR | LOAD_LIBRARY_SEARCH_SYSTEM32;
+    LibraryHandle library(::LoadLibraryExW(file.c_str(), nullptr, trustedFolders));
+    // Wine for a file on a share, and Windows 7 before its update, refuse these flags. Beside the module comes first
+    // then too, and a program has dropped the current folder (LibrarySearch.h).
+    if (!library && ::GetLastError() == ERROR_INVALID_PARAMETER)
+        library = LibraryHandle(::LoadLibraryExW(file.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
+    const DWORD error = ::GetLastError();
+    if (changed)
+        ::SetThreadErrorMode(errorMode, nullptr);
+    ::SetLastError(error);
+    return library;
+}
 
-    ~Library()
-    {
-        if (m_handle)
-            ::FreeLibrary(m_handle);
-        forgetCallbacksOfGoneModules();
-    }
-
-    Library(const Library&) = delete;
-    Library& operator=(const Library&) = delete;
-
-    HINSTANCE handle() const noexcept { return m_handle; }
-    DWORD error() const noexcept { return m_error; }
-    void keep() noexcept { m_handle = nullptr; }
-
-    // Null if the library has no such export.
-    template <class Function>
-    Function find(const char* name) const noexcept
-    {
-        return reinterpret_cast<Function>(reinterpret_cast<void (*)()>(::GetProcAddress(m_handle, name)));
-    }
-
-private:
-    void load(const OdString& file, DWORD flags) noexcept
-    {
-        m_handle = ::LoadLibraryExW(file.c_str(), nullptr, flags);
-        m_error = m_handle ? ERROR_SUCCESS : ::GetLastError();
-    }
-
-    HINSTANCE m_handle = nullptr;
-    DWORD m_error = ERROR_SUCCESS;
-};
+// Null when the library has no such export.
+template <class Function>
+Function exportOf(const LibraryHandle& library, const char* name) noexcept
+{
+    return reinterpret_cast<Function>(reinterpret_cast<void (*)()>(::GetProcAddress(library.get(), name)));
+}
 
 OdString loadErrorText(DWORD error)
 {
@@ -116,11 +92,11 @@ bool guarded(Call call) noexcept
     }
 }
 
-// Creates the module object and starts it. On failure returns a text, and the object is destroyed.
-std::optional<OdString> start(const Library& library, OdRxModule*& object)
+// Makes the module object and lets it start. A text when that failed; the object is gone then.
+std::optional<OdString> start(const LibraryHandle& library, OdRxModule*& object)
 {
-    const auto create = library.find<OdRxCreateModuleObject>("odrxCreateModuleObject");
-    const auto getVersion = library.find<OdRxGetApiVersion>("odrxGetAPIVersion");
+    const auto create = exportOf<OdRxCreateModuleObject>(library, "odrxCreateModuleObject");
+    const auto getVersion = exportOf<OdRxGetApiVersion>(library, "odrxGetAPIVersion");
     if (!create || !getVersion)
         return OdString(OD_T("it is no module: it does not export odrxCreateModuleObject and odrxGetAPIVersion"));
 
@@ -147,13 +123,11 @@ std::optional<OdString> start(const Library& library, OdRxModule*& object)
 }
 } // namespace
 
-OdRxModule* GmModuleLoader::load(const OdString& file, OdString& whyNot)
+GmModuleLoader::Loaded GmModuleLoader::load(const OdString& file)
 {
     const OdString path = fullPath(file);
-    const auto refuse = [&](const OdString& reason) -> OdRxModule*
-    {
-        whyNot = OD_T("The module ") + path + OD_T(" cannot be loaded: ") + reason + OD_T(".");
-        return nullptr;
+    const auto refuse = [&](const OdString& reason) {
+        return Loaded{nullptr, OD_T("The module ") + path + OD_T(" cannot be loaded: ") + reason + OD_T(".")};
     };
 
     if (!isRegularFile(path))
@@ -162,43 +136,41 @@ OdRxModule* GmModuleLoader::load(const OdString& file, OdString& whyNot)
     auto& modules = loadedModules();
     modules.reserve(modules.size() + 1);
 
-    Library library(path);
-    if (!library.handle())
-        return refuse(loadErrorText(library.error()));
-    if (std::ranges::find(modules, library.handle(), &LoadedModule::library) != modules.end())
+    // Runs after the library was freed: its entry point may have registered a callback before the load failed.
+    const struct Cleanup
+    {
+        ~Cleanup() { forgetCallbacksOfGoneModules(); }
+    } cleanup;
+    LibraryHandle library = loadLibrary(path);
+    if (!library)
+        return refuse(loadErrorText(::GetLastError()));
+    const auto isThis = [&](const LoadedModule& loaded) { return loaded.library.get() == library.get(); };
+    if (std::ranges::any_of(modules, isThis))
         return refuse(OD_T("it is loaded already"));
 
     OdRxModule* object = nullptr;
     if (const auto reason = start(library, object))
         return refuse(*reason);
 
-    modules.push_back({library.handle(), object});
-    library.keep();
-    return object;
+    modules.push_back({std::move(library), object});
+    return {object};
 }
-
-bool GmModuleLoader::unload(OdRxModule* module, OdString& whyNot)
+OdString GmModuleLoader::unload(OdRxModule* module)
 {
     auto& modules = loadedModules();
     const auto found = std::ranges::find(modules, module, &LoadedModule::object);
     if (found == modules.end())
-    {
-        whyNot = OD_T("The module cannot be unloaded: it is not loaded.");
-        return false;
-    }
+        return OD_T("The module cannot be unloaded: it is not loaded.");
     if (module->lockCount() != 0)
-    {
-        whyNot = OD_T("The module ") + module->moduleName() + OD_T(" cannot be unloaded: it is in use.");
-        return false;
-    }
+        return OD_T("The module ") + module->moduleName() + OD_T(" cannot be unloaded: it is in use.");
 
-    const HINSTANCE library = found->library;
+    LibraryHandle library = std::move(found->library);
     modules.erase(found);
     guarded([&] { module->uninitApp(); });
     guarded([&] { module->deleteModule(); });
-    ::FreeLibrary(library);
+    library.reset();
     forgetCallbacksOfGoneModules();
-    return true;
+    return {};
 }
 
 std::vector<OdRxModule*> GmModuleLoader::modules()

@@ -33,15 +33,10 @@ HINSTANCE moduleAt(const void* address) noexcept
     return ::GetModuleHandleExW(flags, static_cast<const OdChar*>(address), &module) ? module : nullptr;
 }
 
-PinnedModule::PinnedModule(HINSTANCE module) noexcept
+LibraryHandle pinnedModule(HINSTANCE module) noexcept
 {
     HINSTANCE pinned = nullptr;
-    if (::GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS, reinterpret_cast<const OdChar*>(module), &pinned))
-        m_module = pinned;
-}
-
-PinnedModule::~PinnedModule()
-{
-    if (m_module)
-        ::FreeLibrary(m_module);
+    const auto* const address = reinterpret_cast<const OdChar*>(module);
+    return ::GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS, address, &pinned) ? LibraryHandle(pinned)
+                                                                                          : LibraryHandle();
 }

@@ -50,8 +50,7 @@ Counts countsNow()
 
 OdRxModule* loadModule(const OdString& file)
 {
-    OdString whyNot;
-    OdRxModule* const module = GmModuleLoader::load(file, whyNot);
+    const auto [module, whyNot] = GmModuleLoader::load(file);
     if (!module)
         std::fprintf(stderr, "not loaded: %s\n", odToUtf8(whyNot).c_str());
     return module;
@@ -59,8 +58,8 @@ OdRxModule* loadModule(const OdString& file)
 
 bool unloadModule(OdRxModule* module)
 {
-    OdString whyNot;
-    if (GmModuleLoader::unload(module, whyNot))
+    const OdString whyNot = GmModuleLoader::unload(module);
+    if (whyNot.isEmpty())
         return true;
     std::fprintf(stderr, "not unloaded: %s\n", odToUtf8(whyNot).c_str());
     return false;
@@ -132,12 +131,12 @@ int switchLanguages(const ActionArguments& arguments)
     OdRxModule* const module = loadModule(arguments[0]);
     if (!module)
         return 1;
-    std::printf("start: %s, %s\n", odToUtf8(uiLanguage()).c_str(), textInUse().c_str());
+    std::printf("start: %s, %s\n", odToUtf8(uiLanguage().text()).c_str(), textInUse().c_str());
     for (std::size_t i = 1; i < arguments.size(); ++i)
     {
         const bool switched = setUiLanguage(arguments[i]);
         std::printf("%s: %s, %s, %s\n", odToUtf8(arguments[i]).c_str(), switched ? "switched" : "refused",
-                    odToUtf8(uiLanguage()).c_str(), textInUse().c_str());
+                    odToUtf8(uiLanguage().text()).c_str(), textInUse().c_str());
     }
     return unloadModule(module) ? 0 : 1;
 }

@@ -17,28 +17,27 @@ const OdChar* const fileName = OD_T("GarmPC3Editor.grx");
 
 HostedModule::~HostedModule()
 {
-    OdString ignored; // the process ends anyway
+    // A refusal does not matter: the process ends anyway.
     if (m_object)
-        GmModuleLoader::unload(m_object, ignored);
+        GmModuleLoader::unload(m_object);
 }
 
 void HostedModule::load()
 {
     if (m_object)
         throw std::runtime_error("the module is loaded already");
-    OdString whyNot;
-    m_object = GmModuleLoader::load(CGarmPath(moduleFileName(nullptr)).fullFolder() + fileName, whyNot);
+    const auto loaded = GmModuleLoader::load(CGarmPath(moduleFileName(nullptr)).fullFolder() + fileName);
+    m_object = loaded.module;
     if (!m_object)
-        throw std::runtime_error(odToUtf8(whyNot));
+        throw std::runtime_error(odToUtf8(loaded.whyNot));
 }
 
 std::string HostedModule::unload()
 {
-    OdString whyNot;
-    if (!GmModuleLoader::unload(m_object, whyNot))
-        return odToUtf8(whyNot);
-    m_object = nullptr;
-    return {};
+    const OdString whyNot = GmModuleLoader::unload(m_object);
+    if (whyNot.isEmpty())
+        m_object = nullptr;
+    return odToUtf8(whyNot);
 }
 
 bool HostedModule::isInProcess() noexcept

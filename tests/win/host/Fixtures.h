@@ -2,10 +2,7 @@
 
 #include "host/CGarmPath.h"
 #include "kernel/OdString.h"
-#include "win32/Win32.h"
-
-#include <memory>
-#include <type_traits>
+#include "win32/windows/SystemHandles.h"
 
 // Full path of a file among the fixtures, which lie beside the test program.
 inline OdString fixture(const OdString& name)
@@ -19,13 +16,6 @@ inline bool isInProcess(const OdString& file)
 {
     return ::GetModuleHandleW(file.c_str()) != nullptr;
 }
-
-struct LibraryCloser
-{
-    using pointer = HINSTANCE;
-    void operator()(HINSTANCE library) const { ::FreeLibrary(library); }
-};
-using LibraryHandle = std::unique_ptr<std::remove_pointer_t<HINSTANCE>, LibraryCloser>;
 
 // Whether something is mapped where a library handle points; the handle of a resource mapping carries flags in its
 // lowest bits, which do not matter here.

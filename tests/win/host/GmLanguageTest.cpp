@@ -61,10 +61,13 @@ protected:
         order().clear();
     }
 
-    void registerFirst() { first.library.reset(GmLoadAppLangResourceDLL(first.module, nullptr, &tellFirst, nullptr)); }
+    void registerFirst()
+    {
+        first.library = LibraryHandle(GmLoadAppLangResourceDLL(first.module, nullptr, &tellFirst, nullptr));
+    }
     void registerSecond()
     {
-        second.library.reset(GmLoadAppLangResourceDLL(second.module, nullptr, &tellSecond, nullptr));
+        second.library = LibraryHandle(GmLoadAppLangResourceDLL(second.module, nullptr, &tellSecond, nullptr));
     }
 
     static BOOL tellFirst()
@@ -94,7 +97,7 @@ protected:
 
 TEST_F(Languages, englishIsTheLanguageAtTheStart)
 {
-    EXPECT_EQ(uiLanguage(), OD_T("en"));
+    EXPECT_EQ(uiLanguage().text(), OD_T("en"));
 }
 
 TEST_F(Languages, aModuleGetsTheLibraryOfTheCurrentLanguage)
@@ -109,7 +112,7 @@ TEST_F(Languages, aModuleGetsTheLibraryOfTheCurrentLanguage)
 TEST_F(Languages, aRegionGetsTheLibraryOfItsLanguage)
 {
     EXPECT_TRUE(setUiLanguage(OD_T("de-AT")));
-    EXPECT_EQ(uiLanguage(), OD_T("de-AT"));
+    EXPECT_EQ(uiLanguage().text(), OD_T("de-AT"));
     const LibraryHandle library{GmLoadAppLangResourceDLL(first.module, nullptr, nullptr, nullptr)};
     EXPECT_EQ(languageOf(library.get()), OD_T("Deutsch"));
 }
@@ -213,7 +216,7 @@ TEST_F(Languages, aLanguageWithoutALibraryKeepsTheOldOne)
     EXPECT_EQ(first.calls, 1) << "it was asked, and kept what it had";
     EXPECT_EQ(first.library.get(), before);
     EXPECT_EQ(languageOf(first.library.get()), OD_T("English"));
-    EXPECT_EQ(uiLanguage(), OD_T("en"));
+    EXPECT_EQ(uiLanguage().text(), OD_T("en"));
 }
 
 TEST_F(Languages, theModulesAreToldInTheOrderOfTheirRegistration)
@@ -234,7 +237,7 @@ TEST_F(Languages, whenOneCannotSwitchThoseBeforeItGoBack)
     EXPECT_EQ(order(), (std::vector<int>{1, 2, 1}));
     EXPECT_EQ(languageOf(first.library.get()), OD_T("English"));
     EXPECT_EQ(languageOf(second.library.get()), OD_T("English"));
-    EXPECT_EQ(uiLanguage(), OD_T("en"));
+    EXPECT_EQ(uiLanguage().text(), OD_T("en"));
 }
 
 TEST_F(Languages, aCallbackThatIsNotContentStopsTheChange)
@@ -245,7 +248,7 @@ TEST_F(Languages, aCallbackThatIsNotContentStopsTheChange)
     first.answer = FALSE;
     EXPECT_FALSE(setUiLanguage(OD_T("de")));
     EXPECT_EQ(order(), std::vector<int>{1});
-    EXPECT_EQ(uiLanguage(), OD_T("en"));
+    EXPECT_EQ(uiLanguage().text(), OD_T("en"));
 }
 
 TEST_F(Languages, aCallbackThatThrowsStopsTheChange)
@@ -253,7 +256,7 @@ TEST_F(Languages, aCallbackThatThrowsStopsTheChange)
     registerFirst();
     first.throws = true;
     EXPECT_NO_THROW(EXPECT_FALSE(setUiLanguage(OD_T("de"))));
-    EXPECT_EQ(uiLanguage(), OD_T("en"));
+    EXPECT_EQ(uiLanguage().text(), OD_T("en"));
     first.throws = false;
     EXPECT_TRUE(setUiLanguage(OD_T("de"))) << "the failure left nothing behind";
 }
@@ -271,7 +274,7 @@ TEST_F(Languages, whatIsNoTagIsRefusedAndTellsNobody)
     for (const OdChar* text : {OD_T(""), OD_T(".."), OD_T("de\\..\\en"), OD_T("de;en")})
         EXPECT_FALSE(setUiLanguage(text)) << OdString(text);
     EXPECT_EQ(first.calls, 0);
-    EXPECT_EQ(uiLanguage(), OD_T("en"));
+    EXPECT_EQ(uiLanguage().text(), OD_T("en"));
 }
 
 TEST_F(Languages, aChangeFromWithinACallbackIsRefused)
@@ -285,7 +288,7 @@ TEST_F(Languages, aChangeFromWithinACallbackIsRefused)
     const LibraryHandle library{GmLoadAppLangResourceDLL(first.module, nullptr, callback, nullptr)};
     EXPECT_TRUE(setUiLanguage(OD_T("de")));
     EXPECT_FALSE(inner);
-    EXPECT_EQ(uiLanguage(), OD_T("de"));
+    EXPECT_EQ(uiLanguage().text(), OD_T("de"));
 }
 
 TEST_F(Languages, aCallbackIsKeptAlsoWhenTheModuleGotNoLibrary)

@@ -13,9 +13,8 @@ class ModuleLoader : public testing::Test
 protected:
     ~ModuleLoader() override
     {
-        OdString reason;
         for (OdRxModule* module : GmModuleLoader::modules())
-            EXPECT_TRUE(GmModuleLoader::unload(module, reason)) << reason;
+            EXPECT_EQ(GmModuleLoader::unload(module), OdString());
         EXPECT_EQ(languageCallbackCount(), 0U);
         EXPECT_TRUE(odedRegCmds()->commands().empty());
     }
@@ -24,8 +23,8 @@ protected:
     static OdString refusal(const OdString& name)
     {
         const OdString file = fixture(name);
-        OdString reason;
-        EXPECT_EQ(GmModuleLoader::load(file, reason), nullptr);
+        const auto [module, reason] = GmModuleLoader::load(file);
+        EXPECT_EQ(module, nullptr);
         EXPECT_TRUE(GmModuleLoader::modules().empty());
         EXPECT_FALSE(isInProcess(file));
         EXPECT_EQ(languageCallbackCount(), 0U);
@@ -38,8 +37,7 @@ protected:
 
     static OdRxModule* loadGood()
     {
-        OdString reason;
-        OdRxModule* module = GmModuleLoader::load(goodFile(), reason);
+        const auto [module, reason] = GmModuleLoader::load(goodFile());
         EXPECT_NE(module, nullptr) << reason;
         return module;
     }
@@ -61,8 +59,7 @@ TEST_F(ModuleLoader, aLoadedModuleHasStarted)
 
 TEST_F(ModuleLoader, anUnloadedModuleLeavesNothing)
 {
-    OdString reason;
-    EXPECT_TRUE(GmModuleLoader::unload(loadGood(), reason)) << reason;
+    EXPECT_EQ(GmModuleLoader::unload(loadGood()), OdString());
     EXPECT_FALSE(isInProcess(goodFile()));
     EXPECT_TRUE(GmModuleLoader::modules().empty());
     EXPECT_TRUE(odedRegCmds()->commands().empty());
@@ -73,11 +70,10 @@ TEST_F(ModuleLoader, loadsAndUnloadsTenTimes)
 {
     for (int i = 0; i < 10; ++i)
     {
-        OdString reason;
-        OdRxModule* module = GmModuleLoader::load(goodFile(), reason);
-        ASSERT_NE(module, nullptr) << reason;
+        OdRxModule* module = loadGood();
+        ASSERT_NE(module, nullptr);
         ASSERT_NE(odedRegCmds()->lookup(OD_T("TESTMODULE")), nullptr);
-        ASSERT_TRUE(GmModuleLoader::unload(module, reason)) << reason;
+        ASSERT_EQ(GmModuleLoader::unload(module), OdString());
         ASSERT_FALSE(isInProcess(goodFile()));
     }
 }
@@ -87,14 +83,13 @@ TEST_F(ModuleLoader, theSecondLoadOfAModuleIsRefusedUnderEveryPath)
     OdRxModule* module = loadGood();
     for (const OdString& path : {goodFile(), fixture(OD_T("..\\host_fixtures\\NONE.GRX"))})
     {
-        OdString reason;
-        EXPECT_EQ(GmModuleLoader::load(path, reason), nullptr);
+        const auto [second, reason] = GmModuleLoader::load(path);
+        EXPECT_EQ(second, nullptr);
         EXPECT_EQ(reason.right(23), OD_T(": it is loaded already.")) << reason;
     }
     EXPECT_EQ(GmModuleLoader::modules(), std::vector<OdRxModule*>{module});
 
-    OdString reason;
-    EXPECT_TRUE(GmModuleLoader::unload(module, reason));
+    EXPECT_EQ(GmModuleLoader::unload(module), OdString());
     EXPECT_FALSE(isInProcess(goodFile())) << "the refused loads gave their references back";
 }
 
@@ -145,8 +140,8 @@ TEST_F(ModuleLoader, aModuleWhoseStartThrowsIsTakenOutAgain)
 
 TEST_F(ModuleLoader, aRelativePathIsTakenFromTheCurrentFolder)
 {
-    OdString reason;
-    EXPECT_EQ(GmModuleLoader::load(OD_T("Missing.grx"), reason), nullptr);
+    const auto [module, reason] = GmModuleLoader::load(OD_T("Missing.grx"));
+    EXPECT_EQ(module, nullptr);
     OdChar full[MAX_PATH] = {};
     ::GetFullPathNameW(OD_T("Missing.grx"), MAX_PATH, full, nullptr);
     EXPECT_EQ(reason, OD_T("The module ") + OdString(full) + OD_T(" cannot be loaded: there is no such file."));
@@ -157,20 +152,16 @@ TEST_F(ModuleLoader, aLockedModuleIsNotUnloaded)
     OdRxModule* module = loadGood();
     {
         const OdRxModulePtr inUse(module);
-        OdString reason;
-        EXPECT_FALSE(GmModuleLoader::unload(module, reason));
-        EXPECT_EQ(reason, OD_T("The module ") + module->moduleName() + OD_T(" cannot be unloaded: it is in use."));
+        EXPECT_EQ(GmModuleLoader::unload(module),
+                  OD_T("The module ") + module->moduleName() + OD_T(" cannot be unloaded: it is in use."));
         EXPECT_NE(odedRegCmds()->lookup(OD_T("_TESTMODULE")), nullptr);
     }
-    OdString reason;
-    EXPECT_TRUE(GmModuleLoader::unload(module, reason)) << reason;
+    EXPECT_EQ(GmModuleLoader::unload(module), OdString());
 }
 
 TEST_F(ModuleLoader, whatIsNotLoadedIsNotUnloaded)
 {
-    OdString reason;
-    EXPECT_FALSE(GmModuleLoader::unload(nullptr, reason));
-    EXPECT_EQ(reason, OD_T("The module cannot be unloaded: it is not loaded."));
+    EXPECT_EQ(GmModuleLoader::unload(nullptr), OD_T("The module cannot be unloaded: it is not loaded."));
 }
 
 TEST_F(ModuleLoader, aCommandsErrorReachesWhoeverRanIt)

@@ -37,8 +37,8 @@ protected:
 
     static OdString whyNotLoaded(const OdString& file)
     {
-        OdString reason;
-        EXPECT_EQ(GmModuleLoader::load(file, reason), nullptr);
+        const auto [module, reason] = GmModuleLoader::load(file);
+        EXPECT_EQ(module, nullptr);
         return reason;
     }
 
@@ -83,11 +83,11 @@ TEST_F(LibrarySearch, aModulesLibraryIsTakenFromBesideIt)
 TEST_F(LibrarySearch, theCurrentFolderIsDropped)
 {
     dropCurrentFolderFromSearch();
-    EXPECT_EQ(LibraryHandle(::LoadLibraryW(libraryName)), nullptr);
+    EXPECT_FALSE(LibraryHandle(::LoadLibraryW(libraryName)));
     EXPECT_FALSE(wasRun());
 
     // So the library could have been loaded.
     ::SetDllDirectoryW(nullptr);
-    EXPECT_NE(LibraryHandle(::LoadLibraryW(libraryName)), nullptr);
+    EXPECT_TRUE(LibraryHandle(::LoadLibraryW(libraryName)));
     EXPECT_TRUE(wasRun());
 }

@@ -41,8 +41,8 @@ protected:
     void expectRefused() const
     {
         const MessageBoxAnswerer answerer;
-        OdString whyNot;
-        EXPECT_EQ(GmModuleLoader::load(textOf(m_copy.file()), whyNot), nullptr);
+        const auto [object, whyNot] = GmModuleLoader::load(textOf(m_copy.file()));
+        EXPECT_EQ(object, nullptr);
         EXPECT_TRUE(whyNot.view().ends_with(L"its start was refused, as happens when its language library is missing."))
             << whyNot;
         ASSERT_EQ(answerer.boxes().size(), 1U);
@@ -116,7 +116,7 @@ TEST_F(DamagedLibrary, ASwitchToADamagedLibraryIsRefusedAndKeepsTheOldOne)
     write(m_copy.folder() / L"de" / L"GarmPC3EditorRes.dll", "no library");
     const LoadedModule module(m_copy.file());
     EXPECT_FALSE(setUiLanguage(L"de"));
-    EXPECT_EQ(uiLanguage(), L"en");
+    EXPECT_EQ(uiLanguage().text(), L"en");
     const auto get = module.find<HINSTANCE (*)()>("_ZN16GarmPC3EditorApp16resourceInstanceEv");
     wchar_t text[64] = {};
     EXPECT_GT(::LoadStringW(get(), 201, text, 64), 0) << "the English library is gone";

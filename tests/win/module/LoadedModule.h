@@ -13,9 +13,9 @@ class LoadedModule
 public:
     explicit LoadedModule(const std::filesystem::path& file = builtModule())
     {
-        OdString whyNot;
-        m_object = GmModuleLoader::load(textOf(file), whyNot);
-        EXPECT_NE(m_object, nullptr) << whyNot;
+        const auto loaded = GmModuleLoader::load(textOf(file));
+        m_object = loaded.module;
+        EXPECT_NE(m_object, nullptr) << loaded.whyNot;
     }
     ~LoadedModule() { unload(); }
     LoadedModule(const LoadedModule&) = delete;
@@ -26,11 +26,9 @@ public:
 
     void unload()
     {
-        OdString whyNot;
-        OdRxModule* object = std::exchange(m_object, nullptr);
-        if (object)
+        if (OdRxModule* const object = std::exchange(m_object, nullptr))
         {
-            EXPECT_TRUE(GmModuleLoader::unload(object, whyNot)) << whyNot;
+            EXPECT_EQ(GmModuleLoader::unload(object), OdString());
         }
     }
 

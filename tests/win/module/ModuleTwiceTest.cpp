@@ -67,8 +67,8 @@ TEST_F(ModuleTwice, TheSameFileIsRefusedUnderWhateverPath)
     const std::wstring detour = (builtModule().parent_path() / L"en" / L".." / builtModule().filename()).native();
     for (const std::wstring& path : {file, slashes, capitals, detour})
     {
-        OdString whyNot;
-        EXPECT_EQ(GmModuleLoader::load(OdString(path.c_str()), whyNot), nullptr);
+        const auto [object, whyNot] = GmModuleLoader::load(OdString(path.c_str()));
+        EXPECT_EQ(object, nullptr);
         EXPECT_TRUE(whyNot.view().ends_with(L"cannot be loaded: it is loaded already.")) << whyNot;
         // The refused load took nothing of the first one away.
         EXPECT_TRUE(hasCommands());
@@ -138,8 +138,7 @@ TEST_F(ModuleTwice, UnderAnotherNameItNeedsItsLibraryUnderThatName)
     std::filesystem::copy_file(copy.file(), other);
     {
         const MessageBoxAnswerer answerer;
-        OdString whyNot;
-        EXPECT_EQ(GmModuleLoader::load(textOf(other), whyNot), nullptr);
+        EXPECT_EQ(GmModuleLoader::load(textOf(other)).module, nullptr);
         ASSERT_EQ(answerer.boxes().size(), 1U);
         EXPECT_EQ(answerer.boxes()[0].text,
                   L"Can't load GarmPC3EditorRes.dll\nPC3 Editor commands will be unavailable.");
