@@ -1,6 +1,6 @@
 #include "GarmPC3Editor/GarmPC3EditorApp.h"
 
-#include "GarmPC3Editor/ResourceInstance.h"
+#include "GarmPC3Editor/ThisModule.h"
 #include "host/GmLanguage.h"
 #include "mfc/AfxModuleState.h"
 #include "mfc/AtlBaseModule.h"
@@ -11,7 +11,8 @@ GarmPC3EditorApp theApp;
 
 namespace
 {
-// Called by the host when the language of the user interface has changed. Quirk 46.
+// Run by the host when the language of the user interface has changed. It always succeeds, so that the host calls it
+// again at the next change.
 BOOL onLanguageChanged()
 {
     try

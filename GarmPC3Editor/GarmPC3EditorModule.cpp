@@ -2,7 +2,7 @@
 
 #include "GarmPC3Editor/Commands/CommandGroup.h"
 #include "GarmPC3Editor/GarmPC3EditorApp.h"
-#include "GarmPC3Editor/ModuleObject.h"
+#include "GarmPC3Editor/ThisModule.h"
 #include "kernel/OdRxWin32Module.h"
 
 // How the two routines end is nobody's business here: a host without our commands goes on without them.

@@ -1,6 +1,6 @@
 #include "GarmPC3Editor/PC3ResourceSentry.h"
 
-#include "GarmPC3Editor/ResourceInstance.h"
+#include "GarmPC3Editor/ThisModule.h"
 #include "mfc/AfxModuleState.h"
 
 PC3ResourceSentry::PC3ResourceSentry() noexcept : m_hSavedResource(AfxGetResourceHandle())

@@ -1,6 +1,5 @@
 #include "GarmPC3Editor/Commands/BackgroundCheck.h"
 
-#include "GarmPC3Editor/Commands/ModuleThread.h"
 #include "GarmPC3Editor/Commands/PrinterQuery.h"
 #include "GarmPC3Editor/Model/AnswerOnThrow.h"
 

@@ -10,3 +10,8 @@ inline constexpr UINT printerCheckedMessage = WM_USER + 101;
 // window: exactly once for each call, whatever goes wrong, also when the thread cannot be started or memory runs out.
 // Returns at once. The check has its own copy of the name; nothing cancels it, and checks may end in any order.
 void startBackgroundCheck(const OdString& deviceName, HWND window) noexcept;
+
+// Runs work(context) on a thread of its own that is never joined. While it runs the module stays loaded, also when the
+// host lets go of it meanwhile. False when the thread cannot be started: work is then not called and context stays with
+// the caller.
+bool startModuleThread(void (*work)(void* context) noexcept, void* context) noexcept;

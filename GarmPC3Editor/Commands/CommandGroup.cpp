@@ -2,7 +2,7 @@
 
 #include "GarmPC3Editor/Commands/PC3EditCommand.h"
 #include "GarmPC3Editor/Commands/PC3GetDevModeCommand.h"
-#include "GarmPC3Editor/ResourceInstance.h"
+#include "GarmPC3Editor/ThisModule.h"
 #include "kernel/OdEdCommandStack.h"
 #include "kernel/OdRxObjectImpl.h"
 

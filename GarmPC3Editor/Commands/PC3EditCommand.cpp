@@ -1,12 +1,12 @@
 #include "GarmPC3Editor/Commands/PC3EditCommand.h"
 
 #include "GarmPC3Editor/Commands/EditedConfiguration.h"
-#include "GarmPC3Editor/Commands/EditorRun.h"
 #include "GarmPC3Editor/Commands/NamedValues.h"
-#include "GarmPC3Editor/ModuleObject.h"
+#include "GarmPC3Editor/ThisModule.h"
 #include "resources/Resource.h"
 
 #include <new>
+#include <utility>
 
 namespace
 {
@@ -26,14 +26,15 @@ void edit(const NamedValues& values)
     EditedConfiguration edited = isPrinter ? createForEditing(name) : openForEditing(name, paperName);
     if (!edited.cfg)
         return;
-    const bool saved = editAndSave(edited.cfg, edited.path);
+    const EditResult result = editAndSave(std::move(edited));
 
-    const GmPlotCfg3& cfg = *edited.cfg;
+    const GmPlotCfg3& cfg = *result.cfg;
     NamedResults results;
-    results.addString(OD_T("fileName"), edited.path);
+    results.addString(OD_T("fileName"), result.fileName);
     results.addString(OD_T("paperName"), cfg.m_media.m_size.m_name);
-    results.addBool(OD_T("result"), saved);
-    // The same name again: quirk 37.
+    results.addBool(OD_T("result"), result.saved);
+    // Deliberately under the same name: hosts read the driver type there. The flag before it is what a host sees that
+    // listens to each value. The type loses what does not fit into the 16 bits of the value.
     results.addInt16(OD_T("result"), static_cast<OdInt16>(cfg.m_meta.m_driver_type));
     results.addString(OD_T("canonicalModelName"), cfg.m_meta.m_canonical_model_name);
     values.write(results);

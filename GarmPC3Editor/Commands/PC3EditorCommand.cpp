@@ -1,6 +1,6 @@
 #include "GarmPC3Editor/Commands/PC3EditorCommand.h"
 
-#include "GarmPC3Editor/ResourceInstance.h"
+#include "GarmPC3Editor/ThisModule.h"
 #include "host/GmString.h"
 #include "kernel/OdError.h"
 

@@ -29,3 +29,13 @@ bool storeTrueType(GmPlotCfg3& cfg, int& held, int now);
 int mergeChoice(const GmPlotCfg3& cfg) noexcept; // 0 lines overwrite, 1 lines merge; 0 when the file says neither
 // A configuration without the value is asserted ("m_dlg.cfg().m_res_color_mem.m_lines_overwrite") and left alone.
 bool storeMerge(GmPlotCfg3& cfg, int& held, int now);
+
+// Whose settings the custom properties of a configuration are.
+enum class GmDriverSettings
+{
+    none,
+    windowsDriver, // of a Windows system printer
+    ePlotFormat,   // of a document format that plots are written in
+    imageFormat,   // of an image format that plots are written in
+};
+GmDriverSettings driverSettings(const GmMetaNode& meta);

@@ -1,8 +1,8 @@
-#include "GarmPC3Editor/Dialogs/CCollating.h"
+#include "GarmPC3Editor/Dialogs/DevicePages.h"
 
 #include "GarmPC3Editor/Decisions/PageValues.h"
 #include "GarmPC3Editor/Dialogs/GmTabDevice.h"
-#include "GarmPC3Editor/Dialogs/LanguageTexts.h"
+#include "GarmPC3Editor/Dialogs/LanguageResources.h"
 #include "resources/Resource.h"
 
 CCollating::CCollating(GmTabDevice& tab) : GmDeviceSubDlg(tab, eCollating), m_choice(collatingChoice(cfg())) {}

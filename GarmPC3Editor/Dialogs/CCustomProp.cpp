@@ -1,7 +1,7 @@
-#include "GarmPC3Editor/Dialogs/CCustomProp.h"
+#include "GarmPC3Editor/Dialogs/DevicePages.h"
 
-#include "GarmPC3Editor/Decisions/DriverSettings.h"
-#include "GarmPC3Editor/Decisions/VirtualPrinterNames.h"
+#include "GarmPC3Editor/Decisions/PageValues.h"
+#include "GarmPC3Editor/Decisions/VirtualPrinter.h"
 #include "GarmPC3Editor/Dialogs/CPDFPrintDlg.h"
 #include "GarmPC3Editor/Dialogs/GmPCfgDlg.h"
 #include "GarmPC3Editor/Dialogs/GmTabDevice.h"

@@ -1,4 +1,4 @@
-#include "GarmPC3Editor/Dialogs/CMergeCtrl.h"
+#include "GarmPC3Editor/Dialogs/DevicePages.h"
 
 #include "GarmPC3Editor/Decisions/PageValues.h"
 #include "GarmPC3Editor/Dialogs/GmTabDevice.h"

@@ -1,11 +1,11 @@
 #include "GarmPC3Editor/Dialogs/CPDFPrintDlg.h"
 
 #include "GarmPC3Editor/Decisions/ShownText.h"
-#include "GarmPC3Editor/Decisions/VirtualPaper.h"
-#include "GarmPC3Editor/Decisions/VirtualPrinterSettings.h"
-#include "GarmPC3Editor/Dialogs/LanguageTexts.h"
+#include "GarmPC3Editor/Decisions/VirtualPrinter.h"
+#include "GarmPC3Editor/Dialogs/LanguageResources.h"
 #include "GarmPC3Editor/Model/AnswerOnThrow.h"
 #include "resources/Resource.h"
+#include "spooler/Handles.h"
 #include "spooler/PrinterQueries.h"
 
 #include <algorithm>

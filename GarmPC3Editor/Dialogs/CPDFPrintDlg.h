@@ -2,9 +2,7 @@
 
 #include "GarmPC3Editor/GmMetaNode.h"
 #include "mfc/Mfc.h"
-#include "spooler/Handles.h"
-
-using BitmapHandle = UniqueHandle<HBITMAP, &::DeleteObject>;
+#include "win32/windows/SystemHandles.h"
 
 // The properties of the product family's own printers: paper, quality and orientation, edited in a device mode.
 //

@@ -1,4 +1,4 @@
-#include "GarmPC3Editor/Dialogs/CRasterGraphics.h"
+#include "GarmPC3Editor/Dialogs/DevicePages.h"
 
 #include "GarmPC3Editor/Dialogs/GmTabDevice.h"
 #include "resources/Resource.h"

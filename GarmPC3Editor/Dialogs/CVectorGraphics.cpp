@@ -1,8 +1,8 @@
-#include "GarmPC3Editor/Dialogs/CVectorGraphics.h"
+#include "GarmPC3Editor/Dialogs/DevicePages.h"
 
 #include "GarmPC3Editor/Decisions/DeviceLabels.h"
 #include "GarmPC3Editor/Decisions/ShownText.h"
-#include "GarmPC3Editor/Dialogs/LanguageTexts.h"
+#include "GarmPC3Editor/Dialogs/LanguageResources.h"
 #include "GarmPC3Editor/GmPlotCfg3.h"
 #include "resources/Resource.h"
 

@@ -1,12 +1,5 @@
 #include "GarmPC3Editor/Dialogs/DevicePages.h"
 
-#include "GarmPC3Editor/Dialogs/CCollating.h"
-#include "GarmPC3Editor/Dialogs/CCustomProp.h"
-#include "GarmPC3Editor/Dialogs/CMergeCtrl.h"
-#include "GarmPC3Editor/Dialogs/CRasterGraphics.h"
-#include "GarmPC3Editor/Dialogs/CTrueType.h"
-#include "GarmPC3Editor/Dialogs/CVectorGraphics.h"
-
 namespace
 {
 using Page = std::unique_ptr<GmDeviceSubDlg>;

@@ -1,8 +1,8 @@
 #include "GarmPC3Editor/Dialogs/GmChangeCfgDlg.h"
 
-#include "GarmPC3Editor/Decisions/SaveProposal.h"
+#include "GarmPC3Editor/Decisions/ConfigurationNames.h"
 #include "GarmPC3Editor/Decisions/ShownText.h"
-#include "GarmPC3Editor/Dialogs/LanguageTexts.h"
+#include "GarmPC3Editor/Dialogs/LanguageResources.h"
 #include "resources/Resource.h"
 
 GmChangeCfgDlg::GmChangeCfgDlg(const OdString& proposedPath) : CDialog(IDD_CHANGE_CFG)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "GarmPC3Editor/Dialogs/HelpButton.h"
+#include "GarmPC3Editor/Dialogs/DialogParts.h"
 #include "mfc/Mfc.h"
 
 // Asks under which name a changed configuration is kept.

@@ -1,9 +1,9 @@
 #include "GarmPC3Editor/Dialogs/GmPCfgDlg.h"
 
-#include "GarmPC3Editor/Decisions/FileTitle.h"
-#include "GarmPC3Editor/Decisions/PrinterExchange.h"
+#include "GarmPC3Editor/Decisions/ConfigurationNames.h"
+#include "GarmPC3Editor/Decisions/GeneralTab.h"
 #include "GarmPC3Editor/Decisions/ShownText.h"
-#include "GarmPC3Editor/Dialogs/LanguageTexts.h"
+#include "GarmPC3Editor/Dialogs/LanguageResources.h"
 #include "kernel/OdError.h"
 #include "resources/Resource.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "GarmPC3Editor/Dialogs/DialogParts.h"
 #include "GarmPC3Editor/Dialogs/GmTabDevice.h"
 #include "GarmPC3Editor/Dialogs/GmTabGeneral.h"
-#include "GarmPC3Editor/Dialogs/HelpButton.h"
 #include "GarmPC3Editor/GmPlotCfg3.h"
 #include "mfc/Mfc.h"
 

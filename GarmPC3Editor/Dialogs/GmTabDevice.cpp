@@ -3,8 +3,7 @@
 #include "GarmPC3Editor/Decisions/ShownText.h"
 #include "GarmPC3Editor/Dialogs/DevicePages.h"
 #include "GarmPC3Editor/Dialogs/GmPCfgDlg.h"
-#include "GarmPC3Editor/Dialogs/Icons.h"
-#include "GarmPC3Editor/Dialogs/LanguageTexts.h"
+#include "GarmPC3Editor/Dialogs/LanguageResources.h"
 #include "kernel/OdAssert.h"
 #include "resources/Resource.h"
 

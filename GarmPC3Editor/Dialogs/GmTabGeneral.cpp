@@ -1,11 +1,21 @@
 #include "GarmPC3Editor/Dialogs/GmTabGeneral.h"
 
-#include "GarmPC3Editor/Decisions/GeneralTexts.h"
+#include "GarmPC3Editor/Decisions/GeneralTab.h"
 #include "GarmPC3Editor/Dialogs/GmPCfgDlg.h"
-#include "GarmPC3Editor/Dialogs/LanguageTexts.h"
-#include "GarmPC3Editor/Dialogs/RunsUnderWine.h"
+#include "GarmPC3Editor/Dialogs/LanguageResources.h"
 #include "kernel/OdAssert.h"
 #include "resources/Resource.h"
+
+namespace
+{
+// Whether the system is Wine, by the registry key of its settings; what the key holds does not matter.
+bool runsUnderWine() noexcept
+{
+    HKEY key = nullptr;
+    const LSTATUS opened = ::RegOpenKeyExW(HKEY_LOCAL_MACHINE, L"Software\\Wine\\Wine\\Config", 0, KEY_READ, &key);
+    return static_cast<bool>(RegistryKey(opened == ERROR_SUCCESS ? key : nullptr));
+}
+} // namespace
 
 GmTabGeneral::GmTabGeneral() : CPropertyPage(IDD_GENERAL, IDS_TAB_GENERAL) {}
 

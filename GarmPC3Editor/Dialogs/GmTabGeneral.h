@@ -1,10 +1,9 @@
 #pragma once
 
 #include "GarmPC3Editor/Decisions/ShownText.h"
-#include "GarmPC3Editor/Dialogs/DescriptionEdit.h"
-#include "GarmPC3Editor/Dialogs/FullTextTips.h"
+#include "GarmPC3Editor/Dialogs/DialogParts.h"
 #include "GarmPC3Editor/Dialogs/GmBaseTab.h"
-#include "GarmPC3Editor/Dialogs/Icons.h"
+#include "GarmPC3Editor/Dialogs/LanguageResources.h"
 #include "mfc/Mfc.h"
 
 #include <cstdint>

@@ -109,11 +109,11 @@ class IncludeArrowsTest(unittest.TestCase):
                            ("platform/mfc/X.h", "pia_tree/CPBlock.h"),
                            ("platform/host/X.h", "mfc/AfxDll.h"),
                            ("files/X.cpp", "host/CGarmPath.h"),
-                           ("GarmPC3Editor/Model/GmMetaNode.cpp", "GarmPC3Editor/Dialogs/CTrueType.h"),
+                           ("GarmPC3Editor/Model/GmMetaNode.cpp", "GarmPC3Editor/Dialogs/DevicePages.h"),
                            ("GarmPC3Editor/Model/GmMetaNode.cpp", "spooler/Handles.h"),
                            ("GarmPC3Editor/Printing/ToDevMode.cpp", "GarmPC3Editor/Decisions/PageValues.h"),
                            ("GarmPC3Editor/Decisions/PageValues.cpp", "mfc/Mfc.h"),
-                           ("GarmPC3Editor/Commands/EditorRun.cpp", "GarmPC3Editor/Dialogs/GmPCfgDlg.h"),
+                           ("GarmPC3Editor/Commands/EditedConfiguration.cpp", "GarmPC3Editor/Dialogs/GmPCfgDlg.h"),
                            ("GarmPC3Editor/GmMetaNode.h", "GarmPC3Editor/Model/Fields.h"),
                            ("apps/plothost/ShowReport.cpp", "GarmPC3Editor/Model/Fields.h"),
                            ("apps/plothost/ShowReport.cpp", "tests/support/Blocks.h")):

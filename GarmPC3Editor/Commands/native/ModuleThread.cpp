@@ -1,4 +1,4 @@
-#include "GarmPC3Editor/Commands/ModuleThread.h"
+#include "GarmPC3Editor/Commands/BackgroundCheck.h"
 
 #include <thread>
 

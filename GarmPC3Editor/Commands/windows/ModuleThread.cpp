@@ -1,6 +1,6 @@
-#include "GarmPC3Editor/Commands/ModuleThread.h"
+#include "GarmPC3Editor/Commands/BackgroundCheck.h"
 
-#include "win32/Win32.h"
+#include "win32/windows/SystemHandles.h"
 
 #include <memory>
 #include <new>
@@ -30,29 +30,27 @@ DWORD WINAPI threadMain(void* parameter) noexcept
     ::FreeLibraryAndExitThread(run(parameter), 0);
 }
 
-// One more reference on the library that this function is in; null when there is none to be had.
-HMODULE referenceToThisModule() noexcept
+// One more reference on the library that this function is in; none when the system gives none.
+LibraryHandle referenceToThisModule() noexcept
 {
     HMODULE module = nullptr;
     const BOOL found = ::GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
                                             reinterpret_cast<LPCWSTR>(&referenceToThisModule), &module);
-    return found ? module : nullptr;
+    return LibraryHandle(found ? module : nullptr);
 }
 } // namespace
 
 bool startModuleThread(void (*work)(void* context) noexcept, void* context) noexcept
 {
-    const HMODULE module = referenceToThisModule();
+    LibraryHandle module = referenceToThisModule();
     if (!module)
         return false;
-    std::unique_ptr<Start> start(new (std::nothrow) Start{module, work, context});
-    const HANDLE thread = start ? ::CreateThread(nullptr, 0, &threadMain, start.get(), 0, nullptr) : nullptr;
+    std::unique_ptr<Start> start(new (std::nothrow) Start{module.get(), work, context});
+    const KernelHandle thread(start ? ::CreateThread(nullptr, 0, &threadMain, start.get(), 0, nullptr) : nullptr);
     if (!thread)
-    {
-        ::FreeLibrary(module);
         return false;
-    }
-    start.release(); // NOLINT(bugprone-unused-return-value): the thread's from here on
-    ::CloseHandle(thread);
+    // Both are the thread's from here on.
+    static_cast<void>(start.release());
+    static_cast<void>(module.release());
     return true;
 }

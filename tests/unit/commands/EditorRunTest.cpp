@@ -1,4 +1,4 @@
-#include "GarmPC3Editor/Commands/EditorRun.h"
+#include "GarmPC3Editor/Commands/EditedConfiguration.h"
 
 #include "tests/support/RecordedAsserts.h"
 #include "tests/unit/commands/CommandTest.h"
@@ -45,6 +45,15 @@ protected:
         return cfg ? cfg->m_meta.m_config_description : OdString(OD_T("no file"));
     }
 
+    // Runs the editor; the configuration and the path become those of the result. Whether it was saved.
+    bool edit()
+    {
+        const EditResult result = editAndSave({m_cfg, m_path});
+        m_cfg = result.cfg;
+        m_path = result.fileName;
+        return result.saved;
+    }
+
     ScriptedEditor m_editor;
     HINSTANCE m_library = m_room.newLibrary();
     OdSharedPtr<GmPlotCfg3> m_cfg;
@@ -56,7 +65,7 @@ TEST_F(EditorRunTest, TheSheetGetsTheConfigurationAndItsPath)
 {
     EditorOutcome given;
     m_editor.onSheet = [&given](EditorOutcome& outcome) { given = outcome; };
-    editAndSave(m_cfg, m_path);
+    edit();
     EXPECT_EQ(m_editor.sheets, 1);
     EXPECT_EQ(given.cfg, m_cfg);
     EXPECT_EQ(given.path, OD_T("C:\\plot\\in.pc3"));
@@ -70,7 +79,7 @@ TEST_F(EditorRunTest, WithoutOkTheFileTitleComesBackWhateverChanged)
         outcome.replaced = true;
         outcome.fileTitle = OD_T("Saved elsewhere.pc3");
     };
-    EXPECT_FALSE(editAndSave(m_cfg, m_path));
+    EXPECT_FALSE(edit());
     EXPECT_EQ(m_path, OD_T("Saved elsewhere.pc3"));
     EXPECT_EQ(m_editor.names, 0);
     EXPECT_TRUE(savedFiles().empty());
@@ -79,7 +88,7 @@ TEST_F(EditorRunTest, WithoutOkTheFileTitleComesBackWhateverChanged)
 TEST_F(EditorRunTest, OkWithoutChangesSavesNothing)
 {
     m_editor.onSheet = [](EditorOutcome& outcome) { outcome.confirmed = true; };
-    EXPECT_FALSE(editAndSave(m_cfg, m_path));
+    EXPECT_FALSE(edit());
     EXPECT_EQ(m_path, OD_T("in.pc3"));
     EXPECT_EQ(m_editor.names, 0);
 }
@@ -87,7 +96,7 @@ TEST_F(EditorRunTest, OkWithoutChangesSavesNothing)
 TEST_F(EditorRunTest, ANewConfigurationIsNamedByItsPrinterWhenNothingIsSaved)
 {
     m_path.empty();
-    EXPECT_FALSE(editAndSave(m_cfg, m_path));
+    EXPECT_FALSE(edit());
     EXPECT_EQ(m_path, OD_T("\\\\srv\\p|x/y"));
 }
 
@@ -102,7 +111,7 @@ TEST_F(EditorRunTest, EachFlagAloneIsEnoughToSave)
             outcome.modified = modified;
             outcome.replaced = !modified;
         };
-        EXPECT_TRUE(editAndSave(m_cfg, m_path));
+        EXPECT_TRUE(edit());
         EXPECT_EQ(m_path, OD_T("a.pc3"));
     }
 }
@@ -116,7 +125,7 @@ TEST_F(EditorRunTest, TheSheetsPathIsProposed)
         outcome.modified = true;
         outcome.path = OD_T("D:\\copies\\copy.pc3");
     };
-    EXPECT_TRUE(editAndSave(m_cfg, m_path));
+    EXPECT_TRUE(edit());
     EXPECT_EQ(m_proposal, OD_T("D:\\copies\\copy.pc3"));
     // Only the name is the user's: it is always the first folder of the search path that is written to.
     EXPECT_EQ(savedFiles(), std::set<std::string>{"a.pc3"});
@@ -141,7 +150,7 @@ TEST_F(EditorRunTest, APrintersNameIsProposedInTheFirstFolderWithUnderscores)
             return std::nullopt;
         };
         m_path.empty();
-        EXPECT_FALSE(editAndSave(m_cfg, m_path));
+        EXPECT_FALSE(edit());
         EXPECT_EQ(m_proposal, c.proposal);
         EXPECT_EQ(m_path, OD_T(""));
     }
@@ -152,7 +161,7 @@ TEST_F(EditorRunTest, WithoutPathAndPrinterNothingIsProposed)
     m_cfg->m_meta.m_win_device_name.empty();
     m_path.empty();
     changeAndSaveAs(OD_T("a"));
-    EXPECT_TRUE(editAndSave(m_cfg, m_path));
+    EXPECT_TRUE(edit());
     EXPECT_EQ(m_proposal, OD_T(""));
     EXPECT_EQ(m_path, OD_T("a.pc3"));
 }
@@ -161,7 +170,7 @@ TEST_F(EditorRunTest, ARefusedNameLeavesThePath)
 {
     changeAndSaveAs(OD_T("a"));
     m_editor.onName = {};
-    EXPECT_FALSE(editAndSave(m_cfg, m_path));
+    EXPECT_FALSE(edit());
     EXPECT_EQ(m_editor.names, 1);
     EXPECT_EQ(m_path, OD_T("C:\\plot\\in.pc3"));
     EXPECT_TRUE(savedFiles().empty());
@@ -171,7 +180,7 @@ TEST_F(EditorRunTest, ARefusedNameLeavesThePath)
 TEST_F(EditorRunTest, TheExtensionIsPutOnWhateverTheNameEndsIn)
 {
     changeAndSaveAs(OD_T("x.pc3"));
-    EXPECT_TRUE(editAndSave(m_cfg, m_path));
+    EXPECT_TRUE(edit());
     EXPECT_EQ(m_path, OD_T("x.pc3.pc3"));
     EXPECT_EQ(savedFiles(), std::set<std::string>{"x.pc3.pc3"});
 }
@@ -187,7 +196,7 @@ TEST_F(EditorRunTest, ASaveInsideTheSheetIsNotAskedFor)
         outcome.path = m_folder.at(inPlots("first.pc3"));
         EXPECT_TRUE(outcome.cfg->write(outcome.path));
     };
-    EXPECT_TRUE(editAndSave(m_cfg, m_path));
+    EXPECT_TRUE(edit());
     EXPECT_EQ(m_path, OD_T("again.pc3"));
     EXPECT_EQ(savedFiles(), (std::set<std::string>{"again.pc3", "first.pc3"}));
 }
@@ -206,7 +215,7 @@ TEST_F(EditorRunTest, AnExchangedConfigurationIsWrittenAndKept)
         outcome.replaced = true;
         outcome.cfg = other;
     };
-    EXPECT_TRUE(editAndSave(m_cfg, m_path));
+    EXPECT_TRUE(edit());
     EXPECT_EQ(m_cfg, other);
     EXPECT_EQ(descriptionOf("new.pc3"), OD_T("of the other printer"));
 }
@@ -215,7 +224,7 @@ TEST_F(EditorRunTest, AnExchangedConfigurationIsKeptAfterCancelToo)
 {
     const OdSharedPtr<GmPlotCfg3> other(new GmPlotCfg3);
     m_editor.onSheet = [&other](EditorOutcome& outcome) { outcome.cfg = other; };
-    EXPECT_FALSE(editAndSave(m_cfg, m_path));
+    EXPECT_FALSE(edit());
     EXPECT_EQ(m_cfg, other);
 }
 
@@ -230,7 +239,7 @@ TEST_F(EditorRunTest, WithoutAConfigurationNothingIsWritten)
         outcome.cfg = nullptr;
     };
     const RecordedAsserts asserts;
-    EXPECT_FALSE(editAndSave(m_cfg, m_path));
+    EXPECT_FALSE(edit());
     EXPECT_EQ(m_editor.names, 1);
     EXPECT_EQ(RecordedAsserts::reports(), std::vector<std::string>{"pCfg | GarmPC3Editor/Commands/PC3EditCommand"});
     EXPECT_EQ(m_cfg, before);
@@ -249,7 +258,7 @@ TEST_F(EditorRunTest, AFailedSaveIsToldWithoutOwnerAndWithAnEmptyCaption)
                       ++told;
                       EXPECT_TRUE(ScriptedEditor::resourcesAreCurrent());
                   });
-    EXPECT_FALSE(editAndSave(m_cfg, m_path));
+    EXPECT_FALSE(edit());
     EXPECT_EQ(told, 1);
     EXPECT_EQ(m_path, OD_T("C:\\plot\\in.pc3"));
     const std::vector<room::ShownMessage> shown = m_room.shownMessages();
@@ -266,7 +275,7 @@ TEST_F(EditorRunTest, AFailedSaveIsToldEvenWhenTheLibraryHasNoWordsForIt)
     m_module.setResourceInstance(m_room.newLibrary());
     m_folder.addFile(inPlots("taken.pc3/file"));
     changeAndSaveAs(OD_T("taken"));
-    EXPECT_FALSE(editAndSave(m_cfg, m_path));
+    EXPECT_FALSE(edit());
     ASSERT_EQ(m_room.shownMessages().size(), 1U);
     EXPECT_TRUE(m_room.shownMessages()[0].text.empty());
 }
@@ -276,7 +285,7 @@ TEST_F(EditorRunTest, AFailedSaveIsToldWithAsMuchOfALongTextAsThereIsRoomFor)
     m_room.putString(m_library, 201, room::Text(600, 'x'));
     m_folder.addFile(inPlots("taken.pc3/file"));
     changeAndSaveAs(OD_T("taken"));
-    EXPECT_FALSE(editAndSave(m_cfg, m_path));
+    EXPECT_FALSE(edit());
     ASSERT_EQ(m_room.shownMessages().size(), 1U);
     EXPECT_EQ(m_room.shownMessages()[0].text, room::Text(511, 'x')) << "512 with its end";
 }
@@ -285,7 +294,7 @@ TEST_F(EditorRunTest, WithoutMemoryForTheNameNothingIsSavedAndTheUserIsTold)
 {
     changeAndSaveAs(OD_T("a"));
     m_editor.onName = [](const OdString&) -> std::optional<OdString> { throw std::bad_alloc(); };
-    EXPECT_FALSE(editAndSave(m_cfg, m_path));
+    EXPECT_FALSE(edit());
     EXPECT_EQ(m_room.shownMessages().size(), 1U);
     EXPECT_EQ(m_path, OD_T("C:\\plot\\in.pc3"));
     EXPECT_TRUE(savedFiles().empty());
@@ -302,7 +311,7 @@ TEST_F(EditorRunTest, WithoutAConfigurationAndAPathNoNameIsProposed)
         outcome.path.empty();
     };
     const RecordedAsserts asserts;
-    EXPECT_FALSE(editAndSave(m_cfg, m_path));
+    EXPECT_FALSE(edit());
     EXPECT_EQ(m_proposal, OD_T(""));
     EXPECT_EQ(RecordedAsserts::reports().size(), 1U);
 }
@@ -317,14 +326,14 @@ TEST_F(EditorRunTest, WithoutASearchPathTheFileWouldStandAtTheRoot)
         outcome.modified = true;
         setSearchPath({});
     };
-    EXPECT_FALSE(editAndSave(m_cfg, m_path));
+    EXPECT_FALSE(edit());
     EXPECT_EQ(m_room.shownMessages().size(), 1U);
 }
 
 TEST_F(EditorRunTest, TheResourcesAreGivenBackWhenAWindowThrows)
 {
     m_editor.onSheet = [](EditorOutcome&) { throw std::runtime_error("window"); };
-    EXPECT_THROW(editAndSave(m_cfg, m_path), std::runtime_error);
+    EXPECT_THROW(edit(), std::runtime_error);
     EXPECT_FALSE(ScriptedEditor::resourcesAreCurrent());
     EXPECT_EQ(m_path, OD_T("C:\\plot\\in.pc3"));
 }

@@ -1,6 +1,6 @@
 #include "tests/unit/commands/ScriptedEditor.h"
 
-#include "GarmPC3Editor/Decisions/FileTitle.h"
+#include "GarmPC3Editor/Decisions/ConfigurationNames.h"
 #include "GarmPC3Editor/PC3ResourceSentry.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,7 @@
 #include "tests/unit/commands/ScriptedModule.h"
 
-#include "GarmPC3Editor/Commands/ModuleThread.h"
-#include "GarmPC3Editor/ModuleObject.h"
-#include "GarmPC3Editor/ResourceInstance.h"
+#include "GarmPC3Editor/Commands/BackgroundCheck.h"
+#include "GarmPC3Editor/ThisModule.h"
 
 #include <deque>
 #include <thread>

@@ -1,6 +1,5 @@
 #include "GarmPC3Editor/Decisions/DeviceTree.h"
 
-#include "GarmPC3Editor/Decisions/FileTitle.h"
 #include "tests/unit/decisions/FakeTexts.h"
 
 #include <gtest/gtest.h>
@@ -42,22 +41,6 @@ TEST(FormatText, fillsPlacesInOrder)
     EXPECT_EQ(formatText(OD_T("%s %s!"), {OD_T("a")}), OD_T("a !"));
     EXPECT_EQ(formatText(OD_T("no place"), {OD_T("a")}), OD_T("no place"));
     EXPECT_EQ(formatText(OD_T("50% %x %"), {OD_T("a")}), OD_T("50% %x %"));
-}
-
-TEST(FileTitle, isTheFileNameWithExtension)
-{
-    GmPlotCfg3 cfg;
-    cfg.m_meta.m_win_device_name = OD_T("Plotter A");
-    EXPECT_EQ(fileTitle(OD_T("C:\\plots\\PLOTTER.pc3"), cfg), OD_T("PLOTTER.pc3"));
-    EXPECT_EQ(fileTitle(OD_T("C:\\plots\\.pc3"), cfg), OD_T(".pc3"));
-}
-
-TEST(FileTitle, isThePrinterWithoutAFile)
-{
-    GmPlotCfg3 cfg;
-    cfg.m_meta.m_win_device_name = OD_T("Plotter A");
-    EXPECT_EQ(fileTitle(OD_T(""), cfg), OD_T("Plotter A"));
-    EXPECT_EQ(fileTitle(OD_T("C:\\plots\\"), cfg), OD_T("Plotter A"));
 }
 
 TEST(DeviceTree, destinationEntriesComeAfterSourceAndSize)
@@ -197,4 +180,16 @@ TEST_F(DeviceLabel, choicesStandInBrackets)
     EXPECT_EQ(label(eMergeCtrl), OD_T("[228] <[239]>"));
     *cfg.m_res_color_mem.m_lines_overwrite = false;
     EXPECT_EQ(label(eMergeCtrl), OD_T("[228] <[240]>"));
+}
+
+TEST(VectorPage, onlyADepthOfOneBitIsMonochrome)
+{
+    GmResColorMemNode color;
+    color.m_color_depth = 1;
+    color.m_num_colors = 2;
+    EXPECT_TRUE(isMonochrome(color));
+    // One colour is what a depth of 32 bits gives as their number.
+    color.m_color_depth = 32;
+    color.m_num_colors = 1;
+    EXPECT_FALSE(isMonochrome(color));
 }

@@ -2,7 +2,7 @@
 
 #include "tests/win/editor/DeviceTabTest.h"
 
-#include "GarmPC3Editor/Dialogs/CRasterGraphics.h"
+#include "GarmPC3Editor/Dialogs/DevicePages.h"
 #include "resources/Resource.h"
 
 namespace

@@ -3,7 +3,7 @@
 #include "tests/win/editor/DeviceTabTest.h"
 #include "tests/win/editor/SentMessages.h"
 
-#include "GarmPC3Editor/Dialogs/CRasterGraphics.h"
+#include "GarmPC3Editor/Dialogs/DevicePages.h"
 #include "resources/Resource.h"
 
 using DeviceTabSwitch = DeviceTabTest;

@@ -1,6 +1,12 @@
-#include "GarmPC3Editor/Dialogs/Icons.h"
+#include "GarmPC3Editor/Dialogs/LanguageResources.h"
 
+#include "host/GmString.h"
 #include "mfc/AfxModuleState.h"
+
+GmTexts languageTexts()
+{
+    return [](UINT id) { return GmString::loadString(id, OD_T(""), AfxGetResourceHandle()); };
+}
 
 IconHandle loadIcon(UINT id, int size)
 {

@@ -1,4 +1,4 @@
-#include "GarmPC3Editor/Decisions/SaveProposal.h"
+#include "GarmPC3Editor/Decisions/ConfigurationNames.h"
 
 #include <gtest/gtest.h>
 
@@ -11,6 +11,22 @@ GmPlotCfg3 boundTo(const OdChar* printer)
     return cfg;
 }
 } // namespace
+
+TEST(FileTitle, isFileNameAndExtension)
+{
+    const GmPlotCfg3 cfg = boundTo(OD_T("Plotter A"));
+    EXPECT_EQ(fileTitle(OD_T("C:\\plot\\PLOTTER.pc3"), cfg), OD_T("PLOTTER.pc3"));
+    EXPECT_EQ(fileTitle(OD_T("C:\\plot\\.pc3"), cfg), OD_T(".pc3"));
+    EXPECT_EQ(fileTitle(OD_T("A0"), cfg), OD_T("A0"));
+}
+
+TEST(FileTitle, isTheWindowsPrinterWithoutAFileName)
+{
+    EXPECT_EQ(fileTitle(OD_T(""), GmPlotCfg3()), OD_T(""));
+    for (const OdChar* printer : {OD_T("Plotter A"), OD_T("\\\\srv\\Plotter A")})
+        for (const OdChar* path : {OD_T(""), OD_T("C:\\plot\\")})
+            EXPECT_EQ(fileTitle(path, boundTo(printer)), printer);
+}
 
 TEST(SaveProposal, aPathProposesItself)
 {

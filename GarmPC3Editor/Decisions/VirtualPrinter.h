@@ -1,12 +1,32 @@
 #pragma once
 
 #include "kernel/OdString.h"
-#include "win32/Win32.h"
+#include "spooler/DevModeView.h"
 
 #include <functional>
 #include <optional>
 
-// What the dialog of the product family's own printers shows of a device mode and writes into it.
+// The product family's own printers: how they are called, their papers, and what their dialog shows of a device mode
+// and writes into it.
+
+// The names under which the product family's own printers are installed: what the reseller data store says, else the
+// defaults. 0 when the store had the name, 1 when the default stands.
+int pdfPrinterName(OdString& name);
+int jpgPrinterName(OdString& name);
+
+// Whether a Windows printer is one of them, without regard to case.
+bool isVirtualPrinter(const OdString& deviceName);
+
+// The next two ask the spooler. What a driver throws goes through.
+
+// The installed printer that a name means, local and connected ones: the first of exactly that name, else the first
+// whose name contains it, else the name itself.
+OdString fullPrinterName(const OdString& name);
+
+// The printer's code for the first paper of exactly that name, names being cut to 64 characters; "" and the code 0 are
+// a name and a code like any other. -1 when the printer reports none or cannot be asked. devMode is what the driver is
+// asked with and may be null.
+int paperCodeForName(const OdString& printerName, OdStringView paperName, const DEVMODEW* devMode);
 
 // The paper whose size the user types; a literal of the host's list too, never translated.
 inline constexpr OdStringView customPaper = OD_T("Custom");

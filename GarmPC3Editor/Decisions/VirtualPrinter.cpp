@@ -1,7 +1,9 @@
-#include "GarmPC3Editor/Decisions/VirtualPrinterSettings.h"
+#include "GarmPC3Editor/Decisions/VirtualPrinter.h"
 
 #include "GarmPC3Editor/Model/WrappedNumber.h"
-#include "spooler/DevModeView.h"
+#include "GarmPC3Editor/Printing/GmPrinterInfo.h"
+#include "host/GmResellerData.h"
+#include "spooler/PrinterQueries.h"
 
 #include <algorithm>
 #include <charconv>
@@ -9,9 +11,25 @@
 #include <iterator>
 #include <limits>
 #include <string>
+#include <vector>
 
 namespace
 {
+int nameFromStore(OdString& name, const OdChar* key, const OdChar* defaultName)
+{
+    OdString stored;
+    if (GmResellerData::lookup(key, stored) != 0)
+    {
+        name = defaultName;
+        return 1;
+    }
+    name = stored;
+    return 0;
+}
+
+constexpr DWORD searchedPrinters = PRINTER_ENUM_LOCAL | PRINTER_ENUM_CONNECTIONS;
+constexpr DWORD nameLevel = 1;
+
 constexpr short resolutions[] = {72, 150, 300, 600, 1200};
 constexpr short otherResolution = 600;
 
@@ -28,6 +46,48 @@ void write(DEVMODEW& dm, DWORD flag, short DEVMODEW::*field, short value)
     dm.dmFields |= flag;
 }
 } // namespace
+
+int pdfPrinterName(OdString& name)
+{
+    return nameFromStore(name, OD_T("PDFPRINTERNAME"), OD_T("Tarnwick PDF Printer 2018"));
+}
+
+int jpgPrinterName(OdString& name)
+{
+    return nameFromStore(name, OD_T("JPGPRINTERNAME"), OD_T("Tarnwick JPG Printer 2018"));
+}
+
+bool isVirtualPrinter(const OdString& deviceName)
+{
+    OdString pdf;
+    OdString jpg;
+    pdfPrinterName(pdf);
+    jpgPrinterName(jpg);
+    return odEqualNoCase(deviceName, pdf) || odEqualNoCase(deviceName, jpg);
+}
+
+OdString fullPrinterName(const OdString& name)
+{
+    const std::vector<InstalledPrinter> printers = installedPrinters(searchedPrinters, nameLevel);
+    const auto find = [&printers](auto matches)
+    {
+        return std::find_if(printers.begin(), printers.end(),
+                            [&matches](const InstalledPrinter& printer)
+                            { return printer.name && matches(OdStringView(*printer.name)); });
+    };
+    // All printers are tried for the exact name first: one that merely contains it may stand before it.
+    auto found = find([&name](OdStringView candidate) { return candidate == name.view(); });
+    if (found == printers.end())
+        found = find([&name](OdStringView candidate) { return candidate.find(name.view()) != candidate.npos; });
+    return found == printers.end() ? name : OdString(OdStringView(*found->name));
+}
+
+int paperCodeForName(const OdString& printerName, OdStringView paperName, const DEVMODEW* devMode)
+{
+    GmPrinterInfo printer(fullPrinterName(printerName), devMode);
+    const int index = printer.paperIndexByExactName(paperName);
+    return printer.hasPaperId(index) ? printer.paperId(index) : -1;
+}
 
 int qualityIndex(short printQuality) noexcept
 {

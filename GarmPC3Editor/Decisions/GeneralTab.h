@@ -6,7 +6,7 @@
 #include <functional>
 #include <vector>
 
-// The lines of the General tab.
+// The lines of the General tab, its list of printers and what the choice of one does.
 
 // A Windows printer's driver is "the system's"; others are named by family and model.
 OdString driverLine(const GmMetaNode& meta, const GmTexts& texts);
@@ -27,3 +27,8 @@ OdString notInstalledEntry(const OdString& printerName, const GmTexts& texts);
 // ones. A pass that the spooler refuses, or that throws, adds nothing. Wine tells names at information level 5 only;
 // elsewhere level 1 is the one that names printers the way users know them. underWine is asked in each pass.
 std::vector<OdString> printerNames(const std::function<bool()>& underWine);
+
+// The configuration to go on with when the user has chosen another printer and newCfg (not null) was made for it. On
+// the same driver, its name compared without regard to case, the present one (not null) only takes the new printer's
+// name and keeps all edits; otherwise it is the new one.
+OdSharedPtr<GmPlotCfg3> exchangedForPrinter(const OdSharedPtr<GmPlotCfg3>& cfg, const OdSharedPtr<GmPlotCfg3>& newCfg);

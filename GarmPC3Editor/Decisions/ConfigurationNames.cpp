@@ -1,4 +1,4 @@
-#include "GarmPC3Editor/Decisions/SaveProposal.h"
+#include "GarmPC3Editor/Decisions/ConfigurationNames.h"
 
 #include "host/CGarmPath.h"
 #include "host/FilePath.h"
@@ -23,6 +23,12 @@ constexpr bool isSpace(OdChar c)
     return (c >= '\t' && c <= '\r') || (c >= 0x2000 && c <= 0x200A) || others.find(c) != others.npos;
 }
 } // namespace
+
+OdString fileTitle(const OdString& path, const GmPlotCfg3& cfg)
+{
+    const OdString fileName = CGarmPath(path).fileName();
+    return fileName.isEmpty() ? cfg.m_meta.m_win_device_name : fileName;
+}
 
 OdString proposedPath(const OdString& path, const OdString& searchPath, const GmPlotCfg3& cfg)
 {

@@ -1,4 +1,7 @@
-#include "GarmPC3Editor/Dialogs/FullTextTips.h"
+#include "GarmPC3Editor/Dialogs/DialogParts.h"
+
+#include "GarmPC3Editor/Dialogs/LanguageResources.h"
+#include "resources/Resource.h"
 
 namespace
 {
@@ -37,4 +40,15 @@ void FullTextTips::setTexts(const CWnd& dialog, std::initializer_list<int> label
         ::SendMessageW(m_tips, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
         ::SendMessageW(m_tips, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
     }
+}
+
+void HelpButton::setPicture(const CWnd& dialog)
+{
+    const HWND button = ::GetDlgItem(dialog, IDHELP);
+    if (!button)
+        return;
+    IconHandle icon = loadIcon(IDI_HELP, ::GetSystemMetrics(SM_CXSMICON));
+    ::SendMessageW(button, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon.get()));
+    // Only now: the button showed the old one until here.
+    m_icon = std::move(icon);
 }

@@ -1,4 +1,4 @@
-#include "GarmPC3Editor/Decisions/GeneralTexts.h"
+#include "GarmPC3Editor/Decisions/GeneralTab.h"
 
 #include "GarmPC3Editor/GmPrnHelper.h"
 #include "GarmPC3Editor/Model/AnswerOnThrow.h"
@@ -59,4 +59,15 @@ std::vector<OdString> printerNames(const std::function<bool()>& underWine)
                 names.emplace_back(OdStringView(*printer.name));
     }
     return names;
+}
+
+OdSharedPtr<GmPlotCfg3> exchangedForPrinter(const OdSharedPtr<GmPlotCfg3>& cfg, const OdSharedPtr<GmPlotCfg3>& newCfg)
+{
+    GmMetaNode& present = cfg->m_meta;
+    const GmMetaNode& chosen = newCfg->m_meta;
+    if (present.m_dm_driver_version != chosen.m_dm_driver_version ||
+        !odEqualNoCase(present.m_win_driver_name, chosen.m_win_driver_name))
+        return newCfg;
+    present.m_win_device_name = chosen.m_win_device_name;
+    return cfg;
 }

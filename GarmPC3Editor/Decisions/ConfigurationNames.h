@@ -2,7 +2,10 @@
 
 #include "GarmPC3Editor/GmPlotCfg3.h"
 
-// Under which name and where a changed configuration is kept.
+// What the editor calls a configuration, and under which name and where a changed one is kept.
+
+// The file name with extension; without a file the Windows printer's name.
+OdString fileTitle(const OdString& path, const GmPlotCfg3& cfg);
 
 // What the name dialog is given: the configuration's own path; without one a path in the first folder of the search
 // path, named by the printer with "|", "/" and "\" replaced by "_". Empty when there is neither.
