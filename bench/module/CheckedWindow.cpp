@@ -7,7 +7,6 @@ namespace modulebench
 namespace
 {
 constexpr DWORD longestWait = 30'000;
-const wchar_t* const className = L"ModuleBenchChecked";
 
 bool nextMessage(MSG& message)
 {
@@ -20,20 +19,8 @@ bool nextMessage(MSG& message)
 
 CheckedWindow::CheckedWindow(UINT message) : m_message(message)
 {
-    WNDCLASSW windowClass = {};
-    windowClass.lpfnWndProc = &::DefWindowProcW;
-    windowClass.hInstance = ::GetModuleHandleW(nullptr);
-    windowClass.lpszClassName = className;
-    ::RegisterClassW(&windowClass);
-    m_window =
-        ::CreateWindowExW(0, className, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, windowClass.hInstance, nullptr);
-    if (!m_window)
+    if (!m_window.handle())
         throw std::runtime_error("the system gives no window");
-}
-
-CheckedWindow::~CheckedWindow()
-{
-    ::DestroyWindow(m_window);
 }
 
 void CheckedWindow::await(std::size_t answers)
@@ -43,7 +30,7 @@ void CheckedWindow::await(std::size_t answers)
         MSG message = {};
         if (!nextMessage(message))
             throw std::runtime_error("a background check does not answer");
-        if (message.hwnd != m_window || message.message != m_message)
+        if (message.hwnd != m_window.handle() || message.message != m_message)
         {
             ::DispatchMessageW(&message);
             continue;

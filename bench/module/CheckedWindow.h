@@ -1,6 +1,6 @@
 #pragma once
 
-#include "win32/Win32.h"
+#include "win32/windows/MessageWindow.h"
 
 #include <cstddef>
 
@@ -11,18 +11,15 @@ class CheckedWindow
 {
 public:
     explicit CheckedWindow(UINT message);
-    ~CheckedWindow();
-    CheckedWindow(const CheckedWindow&) = delete;
-    CheckedWindow& operator=(const CheckedWindow&) = delete;
 
-    HWND handle() const noexcept { return m_window; }
+    HWND handle() const noexcept { return m_window.handle(); }
 
     // Dispatches messages until that many results have come since the last call. Throws std::runtime_error if a check
     // found no printer, or if the next result takes more than half a minute.
     void await(std::size_t answers);
 
 private:
-    HWND m_window;
     UINT m_message;
+    MessageWindow m_window;
 };
 } // namespace modulebench

@@ -87,13 +87,13 @@ void repeat(const std::string& phase, unsigned total, const std::function<void()
 
 void runOpenings(const HostedModule& module, const Subject& subject, unsigned openings)
 {
-    const HWND owner = createOwner();
+    const WindowHandle owner = createOwner();
     const BareSheet bareSheet;
     repeat("openings", openings,
            [&]
            {
                withSheet(
-                   owner, [&] { module.edit(subject.configuration); }, &showAllPages);
+                   owner.get(), [&] { module.edit(subject.configuration); }, &showAllPages);
            });
     repeat("bare openings", openings,
            [&]
@@ -101,11 +101,11 @@ void runOpenings(const HostedModule& module, const Subject& subject, unsigned op
                bareCallsOfEditor(subject.configuration, subject.printer);
                namesOfPrinters();
                withSheet(
-                   owner, [&] { bareSheet.show(owner); },
+                   owner.get(), [&] { bareSheet.show(owner.get()); },
                    [&](HWND sheet) { showAllBarePages(sheet, bareSheet.resources()); });
            });
-    ::DestroyWindow(owner);
 }
+
 void runAll(const HostedModule& module, const Subject& subject, const Load& load)
 {
     const OdString& file = subject.configuration;

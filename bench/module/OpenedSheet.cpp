@@ -1,5 +1,7 @@
 #include "bench/module/OpenedSheet.h"
 
+#include "win32/windows/MessageWindow.h"
+
 #include <commctrl.h>
 #include <exception>
 #include <prsht.h>
@@ -11,8 +13,6 @@ namespace
 {
 constexpr UINT openedMessage = WM_APP + 1;
 constexpr int tabControl = 0x3020; // of a property sheet
-const wchar_t* const watcherClass = L"ModuleBenchWatcher";
-const wchar_t* const ownerClass = L"ModuleBenchOwner";
 
 // The sheet that is waited for, global because hooks and window procedures have no other way to reach it.
 struct Awaited
@@ -42,10 +42,10 @@ LRESULT CALLBACK watchActivation(int code, WPARAM window, LPARAM details) noexce
     return ::CallNextHookEx(nullptr, code, window, details);
 }
 
-LRESULT CALLBACK watcherProcedure(HWND window, UINT message, WPARAM first, LPARAM second) noexcept
+std::optional<LRESULT> useSheet(UINT message)
 {
     if (message != openedMessage || !awaited)
-        return ::DefWindowProcW(window, message, first, second);
+        return std::nullopt;
     try
     {
         awaited->use(awaited->sheet);
@@ -59,43 +59,22 @@ LRESULT CALLBACK watcherProcedure(HWND window, UINT message, WPARAM first, LPARA
     return 0;
 }
 
-HWND createWindow(const wchar_t* className, WNDPROC procedure, DWORD style, int size, HWND parent)
-{
-    WNDCLASSW windowClass = {};
-    windowClass.lpfnWndProc = procedure;
-    windowClass.hInstance = ::GetModuleHandleW(nullptr);
-    windowClass.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(COLOR_BTNFACE + 1));
-    windowClass.lpszClassName = className;
-    ::RegisterClassW(&windowClass);
-    const HWND window = ::CreateWindowExW(0, className, L"Host", style, 20, 20, size, size, parent, nullptr,
-                                          windowClass.hInstance, nullptr);
-    if (!window)
-        throw std::runtime_error("the system gives no window");
-    return window;
-}
-
-// What is waited for, with the hook and the window that this needs, for the object's lifetime.
+// What is waited for, with the hook and the window that it takes, as long as the object lives.
 class Watch
 {
 public:
     explicit Watch(Awaited& sheet)
-        : m_sheet(sheet), m_hook(::SetWindowsHookExW(WH_CBT, &watchActivation, nullptr, ::GetCurrentThreadId()))
     {
-        m_sheet.watcher = createWindow(watcherClass, &watcherProcedure, 0, 0, HWND_MESSAGE);
-        awaited = &m_sheet;
+        sheet.watcher = m_window.handle();
+        awaited = &sheet;
     }
-    ~Watch()
-    {
-        awaited = nullptr;
-        ::UnhookWindowsHookEx(m_hook);
-        ::DestroyWindow(m_sheet.watcher);
-    }
+    ~Watch() { awaited = nullptr; }
     Watch(const Watch&) = delete;
     Watch& operator=(const Watch&) = delete;
 
 private:
-    Awaited& m_sheet;
-    HHOOK m_hook;
+    MessageWindow m_window{[](UINT message, WPARAM, LPARAM) { return useSheet(message); }};
+    HookHandle m_hook{::SetWindowsHookExW(WH_CBT, &watchActivation, nullptr, ::GetCurrentThreadId())};
 };
 } // namespace
 
@@ -113,10 +92,19 @@ void withSheet(HWND owner, const std::function<void()>& show, const std::functio
         throw std::runtime_error("no property sheet came up");
 }
 
-HWND createOwner()
+WindowHandle createOwner()
 {
-    const HWND owner = createWindow(ownerClass, &::DefWindowProcW, WS_POPUP | WS_CAPTION | WS_VISIBLE, 300, nullptr);
-    paint(owner);
+    WNDCLASSW windowClass = {};
+    windowClass.lpfnWndProc = &::DefWindowProcW;
+    windowClass.hInstance = ::GetModuleHandleW(nullptr);
+    windowClass.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(COLOR_BTNFACE + 1));
+    windowClass.lpszClassName = L"ModuleBenchOwner";
+    ::RegisterClassW(&windowClass);
+    WindowHandle owner(::CreateWindowExW(0, windowClass.lpszClassName, L"Host", WS_POPUP | WS_CAPTION | WS_VISIBLE, 20,
+                                         20, 300, 300, nullptr, nullptr, windowClass.hInstance, nullptr));
+    if (!owner)
+        throw std::runtime_error("the system gives no window");
+    paint(owner.get());
     return owner;
 }
 

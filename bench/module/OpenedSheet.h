@@ -1,6 +1,6 @@
 #pragma once
 
-#include "win32/Win32.h"
+#include "win32/windows/SystemHandles.h"
 
 #include <functional>
 
@@ -11,8 +11,8 @@ namespace modulebench
 // std::runtime_error if no sheet was shown, and passes on what use throws.
 void withSheet(HWND owner, const std::function<void()>& show, const std::function<void(HWND)>& use);
 
-// A visible window that can own sheets.
-HWND createOwner();
+// A visible window for sheets to belong to.
+WindowHandle createOwner();
 
 // Paints everything that the window and its children still have to paint.
 void paint(HWND window);

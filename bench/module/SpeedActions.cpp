@@ -74,22 +74,22 @@ void timeEditor(const Subject& subject, unsigned rounds)
 {
     const HostedModule module;
     const BareSheet bareSheet;
-    const HWND owner = createOwner();
+    const WindowHandle owner = createOwner();
     std::wstring contents;
     const std::vector<Contender> contenders = {{"editor", [&] { module.edit(subject.configuration); }},
-                                               {"bare", [&] { bareSheet.show(owner); }},
+                                               {"bare", [&] { bareSheet.show(owner.get()); }},
                                                {"bare filled", [&]
                                                 {
                                                     bareCallsOfEditor(subject.configuration, subject.printer);
-                                                    bareSheet.showFilled(owner);
+                                                    bareSheet.showFilled(owner.get());
                                                 }}};
     interleaved(contenders, rounds,
-                [owner, &contents](const Contender& contender, bool counts)
+                [&owner, &contents](const Contender& contender, bool counts)
                 {
                     Clock::time_point opened;
                     Clock::time_point switched;
                     const Clock::time_point begin = Clock::now();
-                    withSheet(owner, contender.work,
+                    withSheet(owner.get(), contender.work,
                               [&](HWND sheet)
                               {
                                   paint(sheet);
@@ -104,6 +104,5 @@ void timeEditor(const Subject& subject, unsigned rounds)
                     tell(contender.name + " opened", opened - begin);
                     tell(contender.name + " switched", switched - opened);
                 });
-    ::DestroyWindow(owner);
 }
 } // namespace modulebench

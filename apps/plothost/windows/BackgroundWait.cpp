@@ -2,44 +2,17 @@
 
 namespace plothost
 {
-namespace
+std::optional<LRESULT> BackgroundWait::handle(UINT message, WPARAM first)
 {
-const wchar_t* const className = L"PlothostMessages";
-} // namespace
-
-MessageWindow::MessageWindow()
-{
-    WNDCLASSEXW windowClass = {};
-    windowClass.cbSize = sizeof(windowClass);
-    windowClass.lpfnWndProc = &MessageWindow::procedure;
-    windowClass.hInstance = ::GetModuleHandleW(nullptr);
-    windowClass.lpszClassName = className;
-    ::RegisterClassExW(&windowClass);
-    m_window =
-        ::CreateWindowExW(0, className, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, windowClass.hInstance, nullptr);
-    if (m_window)
-        ::SetWindowLongPtrW(m_window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-}
-
-MessageWindow::~MessageWindow()
-{
-    if (m_window)
-        ::DestroyWindow(m_window);
-    ::UnregisterClassW(className, ::GetModuleHandleW(nullptr));
-}
-
-LRESULT CALLBACK MessageWindow::procedure(HWND window, UINT message, WPARAM first, LPARAM second)
-{
-    auto* self = reinterpret_cast<MessageWindow*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
-    if (!self || message < WM_USER)
-        return ::DefWindowProcW(window, message, first, second);
+    if (message < WM_USER)
+        return std::nullopt;
     // A posted message waits in the queue until waitFor takes it, so it cannot come too early.
-    if (message == self->m_awaited)
-        self->m_answer = first;
+    if (message == m_awaited)
+        m_answer = first;
     return 0;
 }
 
-std::optional<WPARAM> MessageWindow::waitFor(UINT message, DWORD milliseconds)
+std::optional<WPARAM> BackgroundWait::waitFor(UINT message, DWORD milliseconds)
 {
     m_awaited = message;
     const ULONGLONG end = ::GetTickCount64() + milliseconds;

@@ -1,32 +1,27 @@
 #pragma once
 
-#include <functional>
+#include "win32/windows/MessageWindow.h"
+
 #include <optional>
-#include <windows.h>
 
 namespace plothost
 {
-// A window that shows nothing and only takes messages.
-class MessageWindow
+// Waits for the message of a background check, with a window of its own that receives it.
+class BackgroundWait
 {
 public:
-    MessageWindow();
-    ~MessageWindow();
-    MessageWindow(const MessageWindow&) = delete;
-    MessageWindow& operator=(const MessageWindow&) = delete;
-
-    // Null when the system gives no window.
-    HWND handle() const noexcept { return m_window; }
+    // Null when the system could not create the window.
+    HWND window() const noexcept { return m_window.handle(); }
 
     // Runs the message loop until the message has come and returns its first parameter; nothing when it has not come
     // within that many milliseconds.
     std::optional<WPARAM> waitFor(UINT message, DWORD milliseconds);
 
 private:
-    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second);
+    std::optional<LRESULT> handle(UINT message, WPARAM first);
 
-    HWND m_window = nullptr;
     UINT m_awaited = 0;
     std::optional<WPARAM> m_answer;
+    MessageWindow m_window{[this](UINT message, WPARAM first, LPARAM) { return handle(message, first); }};
 };
 } // namespace plothost

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "win32/windows/MessageWindow.h"
+
 #include <functional>
 #include <list>
-#include <windows.h>
+#include <utility>
 
 namespace plothost
 {
@@ -15,8 +17,7 @@ public:
     using Answered = std::function<void(unsigned question, bool found)>;
 
     // answered is called from the message loop of the thread that made this, once for each question.
-    explicit CheckWindows(Answered answered);
-    ~CheckWindows();
+    explicit CheckWindows(Answered answered) : m_answered(std::move(answered)) {}
     CheckWindows(const CheckWindows&) = delete;
     CheckWindows& operator=(const CheckWindows&) = delete;
 
@@ -29,14 +30,13 @@ public:
 private:
     struct Window
     {
-        CheckWindows* owner = nullptr;
-        HWND handle = nullptr;
-        unsigned question = 0;
+        Window(unsigned asked, MessageWindow::Handler handler) : question(asked), window(std::move(handler)) {}
+
+        unsigned question;
+        MessageWindow window;
     };
 
-    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second);
-
     Answered m_answered;
-    std::list<Window> m_windows; // their addresses are what the windows know
+    std::list<Window> m_windows;
 };
 } // namespace plothost

@@ -42,12 +42,12 @@ ExitStatus writeBytes(const DevModeReport& report, const OdString& typed)
 ExitStatus runInBackground(const Request& request, const OdString& searchPath)
 {
     const OdString deviceName = deviceNameFor(request.name);
-    MessageWindow window;
-    if (!window.handle())
+    BackgroundWait wait;
+    if (!wait.window())
         return answerNo("the system gives no window for the message");
-    if (const std::string problem = startBackgroundCheck(deviceName, window.handle()); !problem.empty())
+    if (const std::string problem = startBackgroundCheck(deviceName, wait.window()); !problem.empty())
         return answerNo(problem);
-    const std::optional<WPARAM> flag = window.waitFor(backgroundMessage, longestWait);
+    const std::optional<WPARAM> flag = wait.waitFor(backgroundMessage, longestWait);
     if (!flag)
         return answerNo("no message came within " + std::to_string(longestWait / 1000) + " seconds");
 

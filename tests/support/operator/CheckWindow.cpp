@@ -7,26 +7,12 @@ namespace editordriver
 namespace
 {
 constexpr UINT printerChecked = WM_USER + 101;
-const wchar_t* const className = L"EditorDriverChecks";
 } // namespace
 
 CheckWindow::CheckWindow()
 {
-    WNDCLASSW windowClass = {};
-    windowClass.lpfnWndProc = &CheckWindow::procedure;
-    windowClass.hInstance = ::GetModuleHandleW(nullptr);
-    windowClass.lpszClassName = className;
-    ::RegisterClassW(&windowClass);
-    m_window =
-        ::CreateWindowExW(0, className, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, windowClass.hInstance, nullptr);
-    if (!m_window)
+    if (!m_window.handle())
         throw std::runtime_error("the system gives no window");
-    ::SetWindowLongPtrW(m_window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-}
-
-CheckWindow::~CheckWindow()
-{
-    ::DestroyWindow(m_window);
 }
 
 std::optional<bool> CheckWindow::next()
@@ -39,13 +25,12 @@ std::optional<bool> CheckWindow::next()
     return found;
 }
 
-LRESULT CALLBACK CheckWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+std::optional<LRESULT> CheckWindow::handle(UINT message, WPARAM first)
 {
     if (message != printerChecked)
-        return ::DefWindowProcW(window, message, wParam, lParam);
-    auto* self = reinterpret_cast<CheckWindow*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
-    const std::lock_guard lock(self->m_mutex);
-    self->m_reports.push_back(wParam != 0);
+        return std::nullopt;
+    const std::lock_guard lock(m_mutex);
+    m_reports.push_back(first != 0);
     return 0;
 }
 } // namespace editordriver

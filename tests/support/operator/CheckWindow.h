@@ -1,6 +1,6 @@
 #pragma once
 
-#include "win32/Win32.h"
+#include "win32/windows/MessageWindow.h"
 
 #include <deque>
 #include <mutex>
@@ -13,20 +13,17 @@ class CheckWindow
 {
 public:
     CheckWindow();
-    ~CheckWindow();
-    CheckWindow(const CheckWindow&) = delete;
-    CheckWindow& operator=(const CheckWindow&) = delete;
 
-    HWND handle() const noexcept { return m_window; }
+    HWND handle() const noexcept { return m_window.handle(); }
 
     // What the next check said, each once: whether a printer was found. None when there is nothing new.
     std::optional<bool> next();
 
 private:
-    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> handle(UINT message, WPARAM first);
 
-    HWND m_window;
     std::mutex m_mutex;
     std::deque<bool> m_reports;
+    MessageWindow m_window{[this](UINT message, WPARAM first, LPARAM) { return handle(message, first); }};
 };
 } // namespace editordriver

@@ -16,7 +16,6 @@ constexpr UINT doNowMessage = WM_APP;
 constexpr UINT startMessage = WM_APP + 1;
 constexpr UINT markMessage = WM_APP + 2;
 constexpr auto longestWait = std::chrono::seconds(30);
-const wchar_t* const className = L"EditorDriverThread";
 
 struct Work
 {
@@ -27,21 +26,8 @@ struct Work
 
 UiThread::UiThread() : m_id(::GetCurrentThreadId())
 {
-    WNDCLASSW windowClass = {};
-    windowClass.lpfnWndProc = &UiThread::procedure;
-    windowClass.hInstance = ::GetModuleHandleW(nullptr);
-    windowClass.lpszClassName = className;
-    ::RegisterClassW(&windowClass);
-    m_window =
-        ::CreateWindowExW(0, className, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, windowClass.hInstance, nullptr);
-    if (!m_window)
+    if (!m_window.handle())
         throw std::runtime_error("the system gives no window");
-    ::SetWindowLongPtrW(m_window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-}
-
-UiThread::~UiThread()
-{
-    ::DestroyWindow(m_window);
 }
 
 void UiThread::run()
@@ -62,7 +48,7 @@ void UiThread::quit()
 void UiThread::doNow(const std::function<void()>& work)
 {
     Work request{&work, nullptr};
-    ::SendMessageW(m_window, doNowMessage, 0, reinterpret_cast<LPARAM>(&request));
+    ::SendMessageW(m_window.handle(), doNowMessage, 0, reinterpret_cast<LPARAM>(&request));
     if (request.thrown)
         std::rethrow_exception(request.thrown);
 }
@@ -70,7 +56,7 @@ void UiThread::doNow(const std::function<void()>& work)
 void UiThread::start(std::function<void()> work)
 {
     auto owned = std::make_unique<std::function<void()>>(std::move(work));
-    if (!::PostMessageW(m_window, startMessage, 0, reinterpret_cast<LPARAM>(owned.get())))
+    if (!::PostMessageW(m_window.handle(), startMessage, 0, reinterpret_cast<LPARAM>(owned.get())))
         throw std::runtime_error("the windows' thread takes no message");
     static_cast<void>(owned.release()); // the message owns it now
 }
@@ -78,17 +64,17 @@ void UiThread::start(std::function<void()> work)
 void UiThread::settle()
 {
     const unsigned mark = ++m_marksPosted;
-    ::PostMessageW(m_window, markMessage, mark, 0);
+    ::PostMessageW(m_window.handle(), markMessage, mark, 0);
     await("the windows to settle", [this, mark] { return m_marksSeen >= mark; });
 }
 
-LRESULT CALLBACK UiThread::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+std::optional<LRESULT> UiThread::handle(UINT message, WPARAM first, LPARAM second)
 {
     switch (message)
     {
     case doNowMessage:
     {
-        auto* work = reinterpret_cast<Work*>(lParam);
+        auto* work = reinterpret_cast<Work*>(second);
         try
         {
             (*work->function)();
@@ -101,16 +87,15 @@ LRESULT CALLBACK UiThread::procedure(HWND window, UINT message, WPARAM wParam, L
     }
     case startMessage:
     {
-        const std::unique_ptr<std::function<void()>> work(reinterpret_cast<std::function<void()>*>(lParam));
+        const std::unique_ptr<std::function<void()>> work(reinterpret_cast<std::function<void()>*>(second));
         (*work)();
         return 0;
     }
     case markMessage:
-        reinterpret_cast<UiThread*>(::GetWindowLongPtrW(window, GWLP_USERDATA))->m_marksSeen =
-            static_cast<unsigned>(wParam);
+        m_marksSeen = static_cast<unsigned>(first);
         return 0;
     default:
-        return ::DefWindowProcW(window, message, wParam, lParam);
+        return std::nullopt;
     }
 }
 

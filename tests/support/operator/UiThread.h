@@ -1,9 +1,10 @@
 #pragma once
 
-#include "win32/Win32.h"
+#include "win32/windows/MessageWindow.h"
 
 #include <atomic>
 #include <functional>
+#include <optional>
 
 namespace editordriver
 {
@@ -14,9 +15,6 @@ class UiThread
 {
 public:
     UiThread();
-    ~UiThread();
-    UiThread(const UiThread&) = delete;
-    UiThread& operator=(const UiThread&) = delete;
 
     // The message loop, until quit().
     void run();
@@ -34,12 +32,13 @@ public:
     void settle();
 
 private:
-    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> handle(UINT message, WPARAM first, LPARAM second);
 
     DWORD m_id;
-    HWND m_window;
     std::atomic<unsigned> m_marksPosted = 0;
     std::atomic<unsigned> m_marksSeen = 0;
+    MessageWindow m_window{[this](UINT message, WPARAM first, LPARAM second)
+                           { return handle(message, first, second); }};
 };
 
 // Waits until the condition holds. Throws std::runtime_error, naming what was waited for, when that takes more than

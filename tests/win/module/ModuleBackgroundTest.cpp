@@ -6,10 +6,12 @@
 #include "tests/support/processcounts/ProcessCounts.h"
 #include "tests/win/module/ImportPatch.h"
 #include "tests/win/module/LoadedModule.h"
+#include "win32/windows/MessageWindow.h"
 
 #include <gtest/gtest.h>
 
 #include <mutex>
+#include <optional>
 #include <vector>
 
 namespace
@@ -17,19 +19,19 @@ namespace
 constexpr UINT printerChecked = WM_USER + 101;
 
 // A spooler that knows no printer and answers when the test lets it.
-HANDLE opened = nullptr;      // counts the checks that have come so far
-HANDLE goOn = nullptr;        // lets them go on
-std::vector<HANDLE> checkers; // their threads
+KernelHandle opened;                // counts the checks that have come so far
+KernelHandle goOn;                  // lets them go on
+std::vector<KernelHandle> checkers; // their threads
 std::mutex checkersMutex;
 
 BOOL WINAPI openNoPrinter(LPWSTR, LPHANDLE, LPPRINTER_DEFAULTSW)
 {
     {
         const std::lock_guard lock(checkersMutex);
-        checkers.push_back(::OpenThread(SYNCHRONIZE, FALSE, ::GetCurrentThreadId()));
+        checkers.emplace_back(::OpenThread(SYNCHRONIZE, FALSE, ::GetCurrentThreadId()));
     }
-    ::ReleaseSemaphore(opened, 1, nullptr);
-    ::WaitForSingleObject(goOn, INFINITE);
+    ::ReleaseSemaphore(opened.get(), 1, nullptr);
+    ::WaitForSingleObject(goOn.get(), INFINITE);
     ::SetLastError(ERROR_INVALID_PRINTER_NAME);
     return FALSE;
 }
@@ -39,19 +41,18 @@ class ModuleBackground : public ::testing::Test
 protected:
     ModuleBackground()
     {
-        opened = ::CreateSemaphoreW(nullptr, 0, 1000, nullptr);
-        goOn = ::CreateEventW(nullptr, TRUE, FALSE, nullptr);
+        opened = KernelHandle(::CreateSemaphoreW(nullptr, 0, 1000, nullptr));
+        goOn = KernelHandle(::CreateEventW(nullptr, TRUE, FALSE, nullptr));
     }
     ~ModuleBackground() override
     {
-        ::CloseHandle(opened);
-        ::CloseHandle(goOn);
-        ::DestroyWindow(m_window);
+        opened.reset();
+        goOn.reset();
     }
 
     void startCheck(const LoadedModule& module, const OdChar* deviceName) const
     {
-        startCheck(module, deviceName, m_window);
+        startCheck(module, deviceName, m_window.handle());
     }
     static void startCheck(const LoadedModule& module, const OdChar* deviceName, HWND window)
     {
@@ -70,18 +71,15 @@ protected:
     static void waitUntilOpened(int checks)
     {
         for (int i = 0; i < checks; ++i)
-            ::WaitForSingleObject(opened, INFINITE);
+            ::WaitForSingleObject(opened.get(), INFINITE);
     }
 
     // Of all that have reported, so that none is still on its way to the spooler.
     static void waitForEndOfChecks()
     {
         const std::lock_guard lock(checkersMutex);
-        for (const HANDLE checker : checkers)
-        {
-            ::WaitForSingleObject(checker, INFINITE);
-            ::CloseHandle(checker);
-        }
+        for (const KernelHandle& checker : checkers)
+            ::WaitForSingleObject(checker.get(), INFINITE);
         checkers.clear();
     }
 
@@ -89,20 +87,19 @@ protected:
     MSG report() const
     {
         MSG message = {};
-        while (::GetMessageW(&message, m_window, 0, 0) > 0 && message.message != printerChecked)
+        while (::GetMessageW(&message, m_window.handle(), 0, 0) > 0 && message.message != printerChecked)
             ::DispatchMessageW(&message);
         return message;
     }
 
-    const HWND m_window = ::CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
-                                            ::GetModuleHandleW(nullptr), nullptr);
+    MessageWindow m_window;
 };
 
 TEST_F(ModuleBackground, TheCheckReportsToTheWindow)
 {
     LoadedModule module;
     startCheck(module, L"no such printer");
-    ::SetEvent(goOn);
+    ::SetEvent(goOn.get());
     const MSG message = report();
     EXPECT_EQ(message.message, 1125U);
     EXPECT_EQ(message.wParam, 0U);
@@ -120,7 +117,7 @@ TEST_F(ModuleBackground, TheModuleMayBeUnloadedWhileACheckRuns)
     EXPECT_TRUE(odedRegCmds()->commands().empty());
     EXPECT_TRUE(LoadedModule::isInProcess()) << "unloaded under a running check";
 
-    ::SetEvent(goOn);
+    ::SetEvent(goOn.get());
     EXPECT_EQ(report().wParam, 0U);
     waitForEndOfChecks();
     EXPECT_FALSE(LoadedModule::isInProcess()) << "the check's reference was not given back";
@@ -128,7 +125,7 @@ TEST_F(ModuleBackground, TheModuleMayBeUnloadedWhileACheckRuns)
 
 TEST_F(ModuleBackground, UnloadingRightAfterTheMessageIsSafe)
 {
-    ::SetEvent(goOn);
+    ::SetEvent(goOn.get());
     for (int i = 0; i < 50; ++i)
     {
         {
@@ -143,7 +140,7 @@ TEST_F(ModuleBackground, UnloadingRightAfterTheMessageIsSafe)
 
 TEST_F(ModuleBackground, ACheckLeavesNoHandleBehind)
 {
-    ::SetEvent(goOn);
+    ::SetEvent(goOn.get());
     LoadedModule module;
     const auto check = [&]
     {
@@ -165,7 +162,7 @@ TEST_F(ModuleBackground, ManyChecksHoldTheUnloadedModuleUntilTheLastHasEnded)
     constexpr int count = 20;
     const auto manyChecks = [this]
     {
-        ::ResetEvent(goOn);
+        ::ResetEvent(goOn.get());
         {
             LoadedModule module;
             for (int i = 0; i < count; ++i)
@@ -173,23 +170,23 @@ TEST_F(ModuleBackground, ManyChecksHoldTheUnloadedModuleUntilTheLastHasEnded)
             waitUntilOpened(count);
         }
         EXPECT_TRUE(LoadedModule::isInProcess());
-        ::SetEvent(goOn);
+        ::SetEvent(goOn.get());
         for (int i = 0; i < count; ++i)
             EXPECT_EQ(report().wParam, 0U);
         waitForEndOfChecks();
         EXPECT_FALSE(LoadedModule::isInProcess());
         MSG message = {};
-        EXPECT_FALSE(::PeekMessageW(&message, m_window, printerChecked, printerChecked, PM_REMOVE)) << "reported twice";
+        EXPECT_FALSE(::PeekMessageW(&message, m_window.handle(), printerChecked, printerChecked, PM_REMOVE))
+            << "reported twice";
     };
     // The spooler's library leaves a handle behind each time it goes, under Wine; so it stays.
-    const HMODULE spooler = ::LoadLibraryW(L"winspool.drv");
+    const LibraryHandle spooler(::LoadLibraryW(L"winspool.drv"));
     // As many threads at once as never before leave something for the next ones.
     manyChecks();
     const std::size_t handles = openSystemHandles();
     for (int i = 0; i < 5; ++i)
         manyChecks();
     EXPECT_EQ(openSystemHandles(), handles);
-    ::FreeLibrary(spooler);
 }
 
 TEST_F(ModuleBackground, TheHostMayLoadItAgainWhileAnEarlierCheckStillRuns)
@@ -206,7 +203,7 @@ TEST_F(ModuleBackground, TheHostMayLoadItAgainWhileAnEarlierCheckStillRuns)
         waitUntilOpened(1);
     }
     EXPECT_TRUE(odedRegCmds()->commands().empty());
-    ::SetEvent(goOn);
+    ::SetEvent(goOn.get());
     for (int i = 0; i < 2; ++i)
         EXPECT_EQ(report().wParam, 0U);
     waitForEndOfChecks();
@@ -222,7 +219,7 @@ TEST_F(ModuleBackground, TheLanguageMayChangeWhileACheckOfAnUnloadedModuleRuns)
     }
     EXPECT_TRUE(setUiLanguage(L"de"));
     EXPECT_TRUE(setUiLanguage(L"en"));
-    ::SetEvent(goOn);
+    ::SetEvent(goOn.get());
     EXPECT_EQ(report().wParam, 0U);
     waitForEndOfChecks();
     EXPECT_FALSE(LoadedModule::isInProcess());
@@ -235,12 +232,11 @@ TEST_F(ModuleBackground, TheLanguageMayChangeWhileACheckOfAnUnloadedModuleRuns)
 TEST_F(ModuleBackground, AWindowThatIsGoneWhenTheCheckEndsIsNoTrouble)
 {
     LoadedModule module;
-    const HWND window = ::CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
-                                          ::GetModuleHandleW(nullptr), nullptr);
-    startCheck(module, L"hanging printer", window);
+    std::optional<MessageWindow> window(std::in_place);
+    startCheck(module, L"hanging printer", window->handle());
     waitUntilOpened(1);
-    ::DestroyWindow(window);
-    ::SetEvent(goOn);
+    window.reset();
+    ::SetEvent(goOn.get());
     waitForEndOfChecks();
     module.unload();
     EXPECT_FALSE(LoadedModule::isInProcess());

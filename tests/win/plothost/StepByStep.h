@@ -1,8 +1,10 @@
 #pragma once
 
+#include "win32/windows/MessageWindow.h"
+
 #include <deque>
 #include <functional>
-#include <windows.h>
+#include <optional>
 
 // Drives windows from inside their own thread: each step runs from a message that is posted when the one before has
 // ended, and so from whatever message loop is then running. A step that ends a dialog or opens a message box needs no
@@ -10,11 +12,6 @@
 class StepByStep
 {
 public:
-    StepByStep();
-    ~StepByStep();
-    StepByStep(const StepByStep&) = delete;
-    StepByStep& operator=(const StepByStep&) = delete;
-
     using Step = std::function<void()>;
     void add(Step step);
 
@@ -24,8 +21,8 @@ public:
     static HWND topDialog();
 
 private:
-    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second);
+    std::optional<LRESULT> handle(UINT message);
 
-    HWND m_window = nullptr;
     std::deque<Step> m_steps;
+    MessageWindow m_window{[this](UINT message, WPARAM, LPARAM) { return handle(message); }};
 };
