@@ -1,5 +1,8 @@
 #include "mfc/AfxModalLoop.h"
 
+#include "mfc/AfxExceptionScope.h"
+#include "mfc/CWnd.h"
+
 #include <utility>
 
 namespace
@@ -69,10 +72,52 @@ void AfxDisabledOwner::activate() const noexcept
         ::SetActiveWindow(m_hOwner);
 }
 
-bool AfxGetModalMessage(MSG& message) noexcept
+void AfxRunModalLoop(const CWnd& window, const std::function<bool()>& goesOn)
 {
-    const BOOL answer = ::GetMessageW(&message, nullptr, 0, 0);
-    if (answer == 0)
-        ::PostQuitMessage(static_cast<int>(message.wParam));
-    return answer > 0;
+    MSG message = {};
+    while (goesOn())
+    {
+        const BOOL answer = ::GetMessageW(&message, nullptr, 0, 0);
+        if (answer == 0)
+            ::PostQuitMessage(static_cast<int>(message.wParam));
+        if (answer <= 0)
+            return;
+        if (CWnd::WalkPreTranslateTree(window.m_hWnd, &message))
+            continue;
+        ::TranslateMessage(&message);
+        ::DispatchMessageW(&message);
+    }
+}
+
+void AfxDestroyModalWindow(CWnd& window, AfxExceptionScope& scope)
+{
+    try
+    {
+        window.DestroyWindow();
+    }
+    catch (...)
+    {
+        scope.keep(std::current_exception());
+    }
+    // An override that threw or forgot its base.
+    if (window.m_hWnd)
+        window.CWnd::DestroyWindow();
+}
+
+void AfxRunModal(const CWnd* pParent, AfxExceptionScope& scope, const std::function<void(HWND owner)>& run,
+                 const std::function<void()>& destroy)
+{
+    AfxDisabledOwner owner(AfxGetSafeOwner(pParent ? pParent->m_hWnd : nullptr));
+    try
+    {
+        run(owner.get());
+    }
+    catch (...)
+    {
+        scope.keep(std::current_exception());
+    }
+    // Before the window goes: the system then activates the next window that is enabled.
+    owner.enable();
+    destroy();
+    owner.activate();
 }

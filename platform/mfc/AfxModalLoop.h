@@ -2,6 +2,11 @@
 
 #include "win32/Win32.h"
 
+#include <functional>
+
+class AfxExceptionScope;
+class CWnd;
+
 // What modal loops share.
 
 // The owner for a modal window. A parent that is a child window is replaced by its top-level window. Without a parent
@@ -31,6 +36,14 @@ private:
     bool m_disabled = false;
 };
 
-// The next message for a modal loop; false if the loop must end at once. That is the case when the program is to quit,
-// which is passed on to the enclosing loop.
-bool AfxGetModalMessage(MSG& message) noexcept;
+// Runs messages for a modal window until goesOn says no. It also ends when the program is to quit, which is passed on
+// to the loop around this one.
+void AfxRunModalLoop(const CWnd& window, const std::function<bool()>& goesOn);
+
+// Destroys a window through its virtual DestroyWindow, and once more if that did not. An exception goes into the scope.
+void AfxDestroyModalWindow(CWnd& window, AfxExceptionScope& scope);
+
+// One run of a modal window: run creates it for the owner and runs its loop, destroy destroys it. The owner is disabled
+// meanwhile. An exception goes into the scope.
+void AfxRunModal(const CWnd* pParent, AfxExceptionScope& scope, const std::function<void(HWND owner)>& run,
+                 const std::function<void()>& destroy);

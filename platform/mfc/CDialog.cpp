@@ -86,7 +86,7 @@ BOOL CDialog::Create(LPCWSTR templateName, CWnd* pParent)
     // is asked before any member is touched.
     const bool exists = created && FromHandlePermanent(created) == this;
     if (exists && scope.hasException())
-        destroyWindow(scope);
+        AfxDestroyModalWindow(*this, scope);
     scope.rethrow();
     return exists ? TRUE : FALSE;
 }
@@ -96,22 +96,15 @@ INT_PTR CDialog::DoModal()
     if (m_hWnd || m_isModal)
         return -1;
     AfxExceptionScope scope;
-    AfxDisabledOwner owner(AfxGetSafeOwner(m_pParentWnd ? m_pParentWnd->m_hWnd : nullptr));
     m_isModal = true;
     m_ended = false;
     m_nModalResult = -1;
-    try
+    const auto run = [&](HWND owner)
     {
-        if (createWindow(m_lpszTemplateName, owner.get()))
+        if (createWindow(m_lpszTemplateName, owner))
             runModalLoop(scope);
-    }
-    catch (...)
-    {
-        scope.keep(std::current_exception());
-    }
-    owner.enable();
-    destroyWindow(scope);
-    owner.activate();
+    };
+    AfxRunModal(m_pParentWnd, scope, run, [&] { AfxDestroyModalWindow(*this, scope); });
     m_isModal = false;
     scope.rethrow();
     return m_nModalResult;
@@ -122,29 +115,7 @@ void CDialog::runModalLoop(const AfxExceptionScope& scope)
     const auto goesOn = [&] { return m_hWnd && !m_ended && !scope.hasException(); };
     if (goesOn() && !IsWindowVisible())
         ShowWindow(SW_SHOWNORMAL);
-    MSG message = {};
-    while (goesOn() && AfxGetModalMessage(message))
-    {
-        if (WalkPreTranslateTree(m_hWnd, &message))
-            continue;
-        ::TranslateMessage(&message);
-        ::DispatchMessageW(&message);
-    }
-}
-
-void CDialog::destroyWindow(AfxExceptionScope& scope)
-{
-    try
-    {
-        DestroyWindow();
-    }
-    catch (...)
-    {
-        scope.keep(std::current_exception());
-    }
-    // An override threw or did not call its base.
-    if (m_hWnd)
-        CWnd::DestroyWindow();
+    AfxRunModalLoop(*this, goesOn);
 }
 
 void CDialog::EndDialog(int result)

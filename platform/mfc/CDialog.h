@@ -57,7 +57,6 @@ protected:
 private:
     HWND createWindow(LPCWSTR templateName, HWND parent);
     void runModalLoop(const AfxExceptionScope& scope);
-    void destroyWindow(AfxExceptionScope& scope);
 
     bool m_autoCenter = false;
     bool m_isModal = false;

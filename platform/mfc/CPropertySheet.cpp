@@ -83,22 +83,20 @@ INT_PTR CPropertySheet::DoModal()
     if (m_hWnd || m_scope || !preparePages(pages))
         return -1;
     AfxExceptionScope scope;
-    AfxDisabledOwner owner(AfxGetSafeOwner(m_pParentWnd ? m_pParentWnd->m_hWnd : nullptr));
     m_scope = &scope;
     m_ended = false;
     m_nModalResult = -1;
-    try
+    const auto run = [&](HWND owner)
     {
-        createWindow(pages, owner.get());
+        createWindow(pages, owner);
         runModalLoop();
-    }
-    catch (...)
+    };
+    const auto destroy = [&]
     {
-        scope.keep(std::current_exception());
-    }
-    owner.enable();
-    destroyModalWindow(scope);
-    owner.activate();
+        AfxDestroyModalWindow(*this, scope);
+        forgetPageWithoutWindow();
+    };
+    AfxRunModal(m_pParentWnd, scope, run, destroy);
     m_scope = nullptr;
     scope.rethrow();
     return m_nModalResult;
@@ -143,33 +141,10 @@ void CPropertySheet::runModalLoop()
     if (!goesOn())
         return;
     ShowWindow(SW_SHOWNORMAL);
-    MSG message = {};
-    while (goesOn() && AfxGetModalMessage(message))
-    {
-        if (WalkPreTranslateTree(m_hWnd, &message))
-            continue;
-        ::TranslateMessage(&message);
-        ::DispatchMessageW(&message);
-    }
-    // After OK and Cancel the system no longer has a current page.
+    AfxRunModalLoop(*this, [this] { return goesOn(); });
+    // The system has no current page any more after OK and Cancel.
     if (m_hWnd && !m_ended && !m_scope->hasException() && !currentPage())
         m_nModalResult = SendMessage(PSM_GETRESULT) > 0 ? IDOK : IDCANCEL;
-}
-
-void CPropertySheet::destroyModalWindow(AfxExceptionScope& scope)
-{
-    try
-    {
-        DestroyWindow();
-    }
-    catch (...)
-    {
-        scope.keep(std::current_exception());
-    }
-    // An override threw or did not call its base.
-    if (m_hWnd)
-        CWnd::DestroyWindow();
-    forgetPageWithoutWindow();
 }
 
 void CPropertySheet::EndDialog(int result)

@@ -90,7 +90,6 @@ private:
     void createWindow(std::vector<PROPSHEETPAGEW>& pages, HWND owner);
     void runModalLoop();
     bool goesOn() const;
-    void destroyModalWindow(AfxExceptionScope& scope);
 
     HWND currentPage() const;
     void switchTab(int step);
