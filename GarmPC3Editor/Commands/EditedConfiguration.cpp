@@ -69,7 +69,7 @@ void reportFailedSave() noexcept
     // A null library would mean the program's own string table.
     if (const HINSTANCE library = garmPC3EditorResourceInstance())
         ::LoadStringW(library, IDS_SAVE_FAILED, text, static_cast<int>(std::size(text)));
-    // An empty caption, not none: without one the system puts its own word for "Error" there.
+    // Quirk 51.
     ::MessageBoxW(nullptr, text, OD_T(""), MB_ICONWARNING);
 }
 
@@ -114,8 +114,7 @@ EditResult editAndSave(EditedConfiguration edited)
 
     EditorOutcome outcome = runEditor(edited.cfg, edited.path);
     const OdSharedPtr<GmPlotCfg3>& cfg = outcome.cfg ? outcome.cfg : edited.cfg;
-    // Whether Save As wrote the configuration meanwhile does not matter: a change is written under the name that is
-    // confirmed here.
+    // Whether Save As already wrote the configuration makes no difference: quirk 50.
     if (!outcome.confirmed || !(outcome.modified || outcome.replaced))
         return {cfg, std::move(outcome.fileTitle), false};
     try

@@ -19,8 +19,8 @@ bool isVirtualPrinter(const OdString& deviceName);
 
 // The next two ask the spooler. What a driver throws goes through.
 
-// The installed printer that a name means, local and connected ones: the first of exactly that name, else the first
-// whose name contains it, else the name itself.
+// The installed printer that a name means, local and connected ones: the first with exactly that name, otherwise the
+// first whose name contains it (quirk 73), otherwise the name itself.
 OdString fullPrinterName(const OdString& name);
 
 // The printer's code for the first paper of exactly that name, names being cut to 64 characters; "" and the code 0 are
