@@ -16,4 +16,7 @@ inline constexpr OdStringView paperSize = OD_T("dmPaperSize");
 
 // Binary data.
 inline constexpr OdStringView privateBytes = OD_T("RawPrivateDeviceData");
+
+inline constexpr OdStringView allKeys[] = {size,          driverExtra, specVersion, mediaType,
+                                           defaultSource, ttOption,    paperSize,   privateBytes};
 } // namespace storedDevMode

@@ -1,6 +1,6 @@
 #include "plothost/DetailRows.h"
 
-#include "plothost/Printable.h"
+#include "common/Printable.h"
 #include "spooler/DevModeView.h"
 
 #include <array>
@@ -8,6 +8,8 @@
 
 namespace plothost
 {
+using apps::printable;
+
 namespace
 {
 std::string hex(DWORD value)

@@ -1,8 +1,12 @@
-#include "plothost/Json.h"
+#include "common/Json.h"
 #include "plothost/Reports.h"
 
 namespace plothost
 {
+using apps::Json;
+using apps::jsonText;
+using apps::printed;
+
 namespace
 {
 Json jsonValue(const DevModeField& field)

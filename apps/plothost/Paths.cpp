@@ -1,5 +1,6 @@
 #include "plothost/Paths.h"
 
+#include "common/Printable.h"
 #include "files/FileChecks.h"
 #include "files/FullPath.h"
 #include "files/PathStart.h"
@@ -8,12 +9,14 @@
 #include "host/LocalSearch.h"
 #include "kernel/OdText.h"
 #include "plothost/CloseName.h"
-#include "plothost/Printable.h"
 
 #include <algorithm>
 
 namespace plothost
 {
+using apps::printable;
+using apps::quoted;
+
 namespace
 {
 std::string folderList(const OdString& searchPath)
@@ -79,7 +82,7 @@ bool findConfiguration(const OdString& name, OdString& path)
 
 std::string whyNotFound(const OdString& name, const OdString& searchPath)
 {
-    std::string text = "'" + printable(name) + "' is not found in " + folderList(searchPath);
+    std::string text = quoted(name) + " is not found in " + folderList(searchPath);
     std::vector<std::string> names;
     for (const OdString& folder : FilePath::GetPaths(searchPath))
         if (const auto found = configurationsIn(folder))
@@ -91,7 +94,7 @@ std::string whyNotFound(const OdString& name, const OdString& searchPath)
 
 std::string whyNotWritten(const OdString& path, const std::string& reason)
 {
-    const std::string shown = "'" + printable(path) + "' cannot be written";
+    const std::string shown = quoted(path) + " cannot be written";
     const OdString folder = parentFolder(path);
     if (isFolder(path))
         return shown + ": it is a folder";

@@ -1,13 +1,15 @@
 #include "plothost/PlotSession.h"
 
+#include "common/Printable.h"
 #include "plothost/DevModeQuery.h"
 #include "plothost/PaperList.h"
-#include "plothost/Printable.h"
 
 #include <utility>
 
 namespace plothost
 {
+using apps::printable;
+
 namespace
 {
 // Sets a flag for the length of a call, whatever ends it.

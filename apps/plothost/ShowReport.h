@@ -1,10 +1,8 @@
 #pragma once
 
 #include "GarmPC3Editor/GmPlotCfg3.h"
-#include "plothost/ConfigurationKeys.h"
 
 #include <string>
-#include <vector>
 
 namespace plothost
 {
@@ -27,15 +25,4 @@ struct ShowReport
 
 std::string textOf(const ShowReport& report);
 std::string jsonOf(const ShowReport& report);
-
-// An item of block "custom".
-struct CustomItem
-{
-    const char* kind; // "number", "binary", "string", "flag"
-    OdString name;
-    KeyValue value; // numbers and binaries as their text
-};
-
-// In the order in which they are written.
-std::vector<CustomItem> customItems(const GmCustomNode& custom);
 } // namespace plothost

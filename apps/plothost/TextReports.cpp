@@ -1,4 +1,4 @@
-#include "plothost/Printable.h"
+#include "common/Printable.h"
 #include "plothost/Reports.h"
 
 #include <array>
@@ -6,6 +6,9 @@
 
 namespace plothost
 {
+using apps::columns;
+using apps::printable;
+
 namespace
 {
 using Lines = std::vector<std::vector<std::string>>;

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "plothost/Json.h"
+#include "common/Json.h"
 
 #include <string>
 #include <vector>
 
 namespace campaign
 {
-using plothost::Json;
+using apps::Json;
 
 // A call to the spooler or a driver, as it was made: its name, what it was given and what it answered.
 struct Call

@@ -66,6 +66,17 @@ inline OdSharedPtr<CPBlock> with(const CPBlock& block, OdStringView name, const 
     return changed;
 }
 
+// The same for the item at a path ("media/size/name").
+inline OdSharedPtr<CPBlock> withAt(const CPBlock& block, OdStringView path, const Item& other)
+{
+    const std::size_t slash = path.find('/');
+    const OdStringView name = path.substr(0, slash);
+    if (slash == OdStringView::npos)
+        return with(block, name, other);
+    const Item inner = block.find(name, CPItem::eBlock);
+    return with(block, name, withAt(asBlock(*inner), path.substr(slash + 1), other));
+}
+
 inline OdSharedPtr<CPBlock> without(const CPBlock& block, OdStringView name)
 {
     return with(block, name, nullptr);

@@ -1,5 +1,6 @@
 #include "plothost/windows/Session.h"
 
+#include "common/Printable.h"
 #include "files/FileAccess.h"
 #include "files/FileChecks.h"
 #include "files/FullPath.h"
@@ -11,7 +12,6 @@
 #include "kernel/OdRxModule.h"
 #include "kernel/OdText.h"
 #include "plothost/Paths.h"
-#include "plothost/Printable.h"
 
 #include <vector>
 #include <windows.h>
@@ -20,6 +20,9 @@
 
 namespace plothost
 {
+using apps::printable;
+using apps::quoted;
+
 namespace
 {
 const OdChar* const moduleName = OD_T("GarmPC3Editor.grx");
@@ -76,7 +79,7 @@ bool Session::readSettings(std::string& whyNot) const
         const ResellerSettings read = reason ? ResellerSettings{reason, {}} : parseResellerSettings(bytes.view());
         if (!read.problem.empty())
         {
-            whyNot = "the settings file '" + printable(file) + "' cannot be used: " + read.problem;
+            whyNot = "the settings file " + quoted(file) + " cannot be used: " + read.problem;
             return false;
         }
         storeResellerSettings(read.settings);
@@ -93,15 +96,13 @@ Session::Loaded Session::loadModule()
     Loaded result;
     if (isRegularFile(file))
     {
-        const OdString wanted = m_request.language.value_or(OdString(defaultLanguage));
-        const std::optional<GmLanguageTag> tag = GmLanguageTag::from(wanted.view());
-        const bool hasTexts = tag && loadLanguageLibrary(file, *tag);
-        if (!tag)
-            result.notes = "'" + printable(wanted) + "' is no language tag; the texts are in English";
-        else if (hasTexts)
-            setUiLanguage(*tag);
+        const OdString tag = m_request.language.value_or(OdString(defaultLanguage));
+        if (!isLanguageTag(tag))
+            notes = quoted(tag) + " is no language tag; the texts are in English";
+        else if (hasLanguageLibrary(file, tag))
+            setUiLanguage(tag);
         else if (m_request.language)
-            result.notes = "there are no texts in '" + printable(wanted) + "'; they are in English";
+            notes = "there are no texts in " + quoted(tag) + "; they are in English";
 
         // Without texts the module would ask for a click on a message box before it refuses, and nobody may be there.
         if (!hasTexts && !loadLanguageLibrary(file, uiLanguage()))

@@ -1,20 +1,22 @@
 #include "plothost/windows/Verbs.h"
 
+#include "common/Printable.h"
 #include "files/FileAccess.h"
 #include "files/FileChecks.h"
 #include "files/FullPath.h"
 #include "plothost/DevModeQuery.h"
 #include "plothost/Paths.h"
-#include "plothost/Printable.h"
+#include "plothost/Refusals.h"
 #include "plothost/Reports.h"
 #include "plothost/windows/Answers.h"
 #include "plothost/windows/BackgroundWait.h"
-#include "plothost/windows/Reasons.h"
 
 #include <string_view>
 
 namespace plothost
 {
+using apps::quoted;
+
 namespace
 {
 constexpr DWORD longestWait = 60'000; // milliseconds
@@ -30,7 +32,7 @@ ExitStatus writeBytes(const DevModeReport& report, const OdString& typed)
     const OdString path = fullPath(typed);
     if (report.devMode.empty())
     {
-        note("'" + printable(report.deviceName) + "' carries no DEVMODE; '" + printable(path) + "' is not written");
+        note(quoted(report.deviceName) + " carries no DEVMODE; " + quoted(path) + " is not written");
         return exitYes;
     }
     const std::string_view bytes(reinterpret_cast<const char*>(report.devMode.data()), report.devMode.size());

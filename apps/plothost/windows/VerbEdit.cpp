@@ -3,9 +3,9 @@
 #include "files/FileChecks.h"
 #include "files/FullPath.h"
 #include "plothost/EditQuery.h"
+#include "plothost/Refusals.h"
 #include "plothost/windows/Answers.h"
 #include "plothost/windows/Display.h"
-#include "plothost/windows/Reasons.h"
 
 namespace plothost
 {

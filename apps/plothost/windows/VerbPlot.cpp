@@ -1,10 +1,10 @@
 #include "plothost/windows/Verbs.h"
 
+#include "plothost/Refusals.h"
 #include "plothost/windows/Answers.h"
 #include "plothost/windows/Display.h"
 #include "plothost/windows/PlotDialog.h"
 #include "plothost/windows/Printers.h"
-#include "plothost/windows/Reasons.h"
 
 namespace plothost
 {

@@ -1,41 +1,28 @@
 #include "plothost/windows/Verbs.h"
 
 #include "GarmPC3Editor/GmPlotCfg3.h"
+#include "common/Explanation.h"
+#include "common/Printable.h"
 #include "files/FileChecks.h"
 #include "files/FullPath.h"
 #include "kernel/OdEdCommandStack.h"
-#include "pia_tree/CPIAParser.h"
 #include "plothost/Paths.h"
-#include "plothost/Printable.h"
+#include "plothost/Refusals.h"
 #include "plothost/Reports.h"
 #include "plothost/ShowReport.h"
-#include "plothost/WhyNot.h"
 #include "plothost/windows/Answers.h"
 #include "plothost/windows/Printers.h"
 
 namespace plothost
 {
-namespace
-{
-// The printer a file names, before reading may have bound it to another one.
-OdString storedPrinter(const OdString& path)
-{
-    OdString name;
-    CPIAParser parser;
-    if (!parser.read(path.c_str()))
-        return name;
-    if (const OdSharedPtr<CPItem> meta = parser.root()->find(OD_T("meta"), CPItem::eBlock))
-        static_cast<const CPBlock&>(*meta).getStr(name, OD_T("win_device_name"));
-    return name;
-}
-} // namespace
+using apps::quoted;
 
 ExitStatus runList(const Request& request, const OdString& searchPath)
 {
     std::vector<OdString> unreadable;
     const ListReport report = plotterList(searchPath, unreadable);
     for (const OdString& folder : unreadable)
-        note("the folder '" + printable(folder) + "' cannot be read");
+        note("the folder " + quoted(folder) + " cannot be read");
     return answerYes(request.json ? jsonOf(report) : textOf(report));
 }
 
@@ -48,8 +35,8 @@ ExitStatus runCreate(const Request& request)
     const bool replaced = isRegularFile(path);
     if (!configuration->write(path))
         return answerNo(whyNotWritten(path));
-    return answerYes("'" + printable(path) + "' is " + (replaced ? "replaced" : "written") + " for printer '" +
-                     printable(request.name) + "'\n");
+    return answerYes(quoted(path) + " is " + (replaced ? "replaced" : "written") + " for printer " +
+                     quoted(request.name) + "\n");
 }
 
 ExitStatus runShow(const Request& request, const OdString& searchPath)
@@ -61,11 +48,8 @@ ExitStatus runShow(const Request& request, const OdString& searchPath)
     bool modified = false;
     const OdSharedPtr<GmPlotCfg3> configuration = GmPlotCfg3::read(report.path, modified);
     if (!configuration)
-    {
-        const std::string why = whyNotRead(report.path, installedDrivers());
-        return answerNo("'" + printable(report.path) + "': " + (why.empty() ? "the module cannot read it" : why));
-    }
-    report.storedPrinter = storedPrinter(report.path);
+        return answerNo(whyNotShown(report.path));
+    report.storedPrinter = apps::storedPrinter(report.path);
     if (!configuration->m_meta.m_win_driver_name.isEmpty())
         report.binding = modified ? ShowReport::Binding::rebound : ShowReport::Binding::same;
     report.configuration = configuration.get();

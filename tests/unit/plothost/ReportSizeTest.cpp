@@ -1,13 +1,14 @@
-#include "plothost/Printable.h"
+#include "common/FaultText.h"
+#include "common/Printable.h"
 #include "plothost/Reports.h"
 #include "plothost/ShowReport.h"
-#include "plothost/WhyNot.h"
 
 #include <gtest/gtest.h>
 
 #include "SampleTree.h"
 
 using namespace plothost;
+using apps::columns;
 
 namespace
 {
@@ -114,15 +115,15 @@ TEST(ReportSize, aLongNameIsPaidForOnceInAReason)
 {
     for (const OdChar c : contents)
     {
-        GmPlotCfg3 configuration = sample::configuration();
-        configuration.m_meta.m_win_driver_name = longName(c);
-        InstalledDrivers installed;
-        for (int i = 0; i < lines; ++i)
-            installed.names.push_back(longName(c) + shortName(i));
-        EXPECT_LE(whyNotAConfiguration(*sample::tree(configuration), installed).size(), bound(1));
-        EXPECT_LE(whyNotOpened(longName(c), 1801).size(), bound(1));
-        configuration.m_custom->m_numbers[OdString(OD_T("dmSize"))] = longName(c);
-        EXPECT_LE(whyNoDevMode(longName(c), configuration, 0).size(), bound(1));
+        // With every text that any of the sentences may show.
+        Fault fault;
+        fault.block = fault.key = fault.text = longName(c);
+        for (int code = 0; code <= static_cast<int>(FaultCode::noPrivateBytes); ++code)
+        {
+            fault.code = static_cast<FaultCode>(code);
+            EXPECT_LE(apps::textOf(fault).size(), bound(2)) << code;
+        }
+        EXPECT_LE(apps::whyNotOpened(longName(c), 1801).size(), bound(1));
     }
 }
 

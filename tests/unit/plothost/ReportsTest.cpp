@@ -1,6 +1,6 @@
 #include "plothost/Reports.h"
-#include "plothost/Json.h"
-#include "plothost/Printable.h"
+#include "common/Json.h"
+#include "common/Printable.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,6 +8,9 @@
 #include <cstring>
 
 using namespace plothost;
+using apps::columns;
+using apps::displayWidth;
+using apps::Json;
 using testing::HasSubstr;
 
 namespace

@@ -52,15 +52,4 @@ inline OdSharedPtr<CPBlock> tree(const GmPlotCfg3& configuration)
     add(*root, OD_T("res_color_mem"), configuration.m_res_color_mem);
     return root;
 }
-
-// The tree with the item at the path ("media/size/name") replaced, or left out when there is no other.
-inline OdSharedPtr<CPBlock> with(const CPBlock& block, OdStringView path, const blocks::Item& other)
-{
-    const std::size_t slash = path.find('/');
-    const OdStringView name = path.substr(0, slash);
-    if (slash == OdStringView::npos)
-        return blocks::with(block, name, other);
-    const OdSharedPtr<CPItem> inner = block.find(name, CPItem::eBlock);
-    return blocks::with(block, name, with(blocks::asBlock(*inner), path.substr(slash + 1), other));
-}
 } // namespace sample

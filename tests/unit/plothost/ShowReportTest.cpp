@@ -1,6 +1,6 @@
 #include "plothost/ShowReport.h"
 
-#include "plothost/Json.h"
+#include "common/Json.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,8 +8,10 @@
 #include <limits>
 
 #include "SampleTree.h"
+#include "tests/support/ConfigurationKeys.h"
 
 using namespace plothost;
+using apps::Json;
 using testing::ContainsRegex;
 using testing::HasSubstr;
 
@@ -31,13 +33,15 @@ TEST(ShowReport, everyBlockAndKeyIsListed)
     const GmPlotCfg3 configuration = sample::configuration();
     const std::string text = textOf(reportOf(configuration));
     const Json json = Json::parse(jsonOf(reportOf(configuration)));
-    for (const ConfigurationBlock& block : configurationBlocks())
-        for (const ConfigurationKey& key : block.keys)
+    for (const ConfigurationKey& key : ConfigurationKeyList::make())
+    {
+        if (!key.key.empty())
         {
-            EXPECT_THAT(text, ContainsRegex("\n +" + odToUtf8(key.name) + " +\\S")) << odToUtf8(block.path);
-            const Json::json_pointer pointer("/configuration/" + odToUtf8(block.path) + "/" + odToUtf8(key.name));
-            EXPECT_TRUE(json.contains(pointer)) << pointer.to_string();
+            EXPECT_THAT(text, ContainsRegex("\n +" + odToUtf8(key.key) + " +\\S")) << key.block;
         }
+        const Json::json_pointer pointer("/configuration/" + odToUtf8(key.path()));
+        EXPECT_TRUE(json.contains(pointer)) << pointer.to_string();
+    }
     EXPECT_THAT(text, HasSubstr("\n  size\n"));
     EXPECT_THAT(text, HasSubstr("\n    media_description\n"));
     EXPECT_THAT(text, HasSubstr("\n      media_bounds\n        urx  210.25\n"));

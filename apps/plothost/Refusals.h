@@ -5,13 +5,20 @@
 
 #include <string>
 
-// Why the module's answer was no, in one line of UTF-8 without line end, as far as a host can find out afterwards.
+// Why the module's answer was no, in one line of UTF-8 without line end, with what the host knows besides: its search
+// path and the names that were probably meant.
 namespace plothost
 {
 // Whether the module takes a device name for a configuration's.
 bool isConfigurationName(const OdString& name);
 
-// Why there is no printer behind a device name.
+// Why a configuration file was not read.
+std::string whyNotShown(const OdString& path);
+
+// Why no configuration could be made for a printer.
+std::string whyNotCreated(const OdString& printer);
+
+// Why a device name leads to no printer.
 std::string whyNoPrinterFor(const OdString& deviceName, const OdString& searchPath);
 
 // Why the editor did not open.

@@ -6,7 +6,7 @@
 
 #include <string>
 
-namespace plothost
+namespace apps
 {
 // Keeps the order in which members were added, so that the same question gives the same text.
 using Json = nlohmann::ordered_json;
@@ -22,4 +22,4 @@ inline std::string printed(const Json& json)
 {
     return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }
-} // namespace plothost
+} // namespace apps

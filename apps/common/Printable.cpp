@@ -1,9 +1,9 @@
-#include "plothost/Printable.h"
+#include "common/Printable.h"
 
 #include <algorithm>
 #include <array>
 
-namespace plothost
+namespace apps
 {
 namespace
 {
@@ -37,6 +37,11 @@ std::string printable(OdStringView text)
             shown.push_back(static_cast<OdChar>(digits[static_cast<std::size_t>(c >> shift) & 0xF]));
     }
     return odToUtf8(shown);
+}
+
+std::string quoted(OdStringView text)
+{
+    return "'" + printable(text) + "'";
 }
 
 std::string shortened(OdStringView text, std::size_t most, std::string_view quote)
@@ -79,4 +84,4 @@ std::string columns(const std::vector<std::vector<std::string>>& lines, std::siz
     }
     return text;
 }
-} // namespace plothost
+} // namespace apps
