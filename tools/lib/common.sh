@@ -47,5 +47,5 @@ setarch -R true 2>/dev/null || steady=()
 # garm_python MODULE ARGUMENTS...: one of our own Python programs; it leaves no compiled files in the source tree. It
 # runs on the Python of the package, whatever else comes first on the path.
 garm_python() {
-    run_child env PYTHONPATH="$root/tools" PYTHONDONTWRITEBYTECODE=1 /usr/bin/python3 -m "$@"
+    run_child env PYTHONPATH="$root:$root/tools" PYTHONDONTWRITEBYTECODE=1 /usr/bin/python3 -m "$@"
 }
