@@ -29,8 +29,8 @@ def problem(path, link):
 class DocumentLinksTest(unittest.TestCase):
     def test_links_lead_somewhere(self):
         links = [(path, link) for path in documents() for link in LINK.findall(text(path)) if "://" not in link]
-        self.assertNotEqual(links, [])
-        self.assertEqual([f"{path}: {link}: {problem(path, link)}" for path, link in links if problem(path, link)], [])
+        assert links != []
+        assert [f"{path}: {link}: {problem(path, link)}" for path, link in links if problem(path, link)] == []
 
 
 if __name__ == "__main__":

@@ -10,4 +10,4 @@ class FormatTest(unittest.TestCase):
     def test_every_source_is_laid_out_by_clang_format(self):
         done = subprocess.run(["clang-format", "--dry-run", "-Werror", *map(str, code())], cwd=ROOT,
                               capture_output=True, text=True, check=False)
-        self.assertEqual(done.returncode, 0, "cured by clang-format -i on the files named here:\n" + done.stderr)
+        assert done.returncode == 0, "cured by clang-format -i on the files named here:\n" + done.stderr

@@ -16,7 +16,7 @@ def lines_matching(pattern, paths):
 
 class HouseRulesTest(unittest.TestCase):
     def none(self, found):
-        self.assertEqual(found, [], "\n" + "\n".join(found))
+        assert found == [], "\n" + "\n".join(found)
 
     def test_no_test_is_switched_off(self):
         self.none(lines_matching(r"\bDISABLED_|\bGTEST_SKIP\b", code()))
@@ -58,8 +58,8 @@ class HouseRulesTest(unittest.TestCase):
         for folder, suffix in (("icons", ".ico"), ("bitmaps", ".bmp")):
             drawn = {path.stem for path in tracked() if path.parent.name == folder and path.suffix == ".svg"}
             kept = {path.stem for path in tracked() if path.parent.name == folder and path.suffix == suffix}
-            self.assertTrue(drawn)
-            self.assertEqual(drawn, kept)
+            assert drawn
+            assert drawn == kept
 
     def test_scripts_have_no_path_of_one_machine(self):
         scripts = [path for path in tracked() if path.suffix in (".py", ".sh", ".cmake", ".json", ".md", ".txt")

@@ -101,7 +101,7 @@ def cycle_in(room, sources):
 class IncludeArrowsTest(unittest.TestCase):
     def test_every_include_runs_along_the_arrows(self):
         found = [line for path in code() for line in violations(path.as_posix(), text(path))]
-        self.assertEqual(found, [], "\n" + "\n".join(found))
+        assert found == [], "\n" + "\n".join(found)
 
     def test_an_include_against_the_arrows_is_found(self):
         for path, name in (("platform/kernel/X.h", "host/FilePath.h"),
@@ -117,26 +117,26 @@ class IncludeArrowsTest(unittest.TestCase):
                            ("GarmPC3Editor/GmMetaNode.h", "GarmPC3Editor/Model/Fields.h"),
                            ("apps/plothost/ShowReport.cpp", "GarmPC3Editor/Model/Fields.h"),
                            ("apps/plothost/ShowReport.cpp", "tests/support/Blocks.h")):
-            self.assertEqual(len(violations(path, f'#include "{name}"\n')), 1, (path, name))
+            assert len(violations(path, f'#include "{name}"\n')) == 1, (path, name)
 
     def test_a_header_names_the_folder_of_what_it_includes(self):
-        self.assertEqual(violations("GarmPC3Editor/Model/X.h", '#include "Fields.h"\n'),
-                         ['GarmPC3Editor/Model/X.h: includes "Fields.h" without its folder'])
+        assert violations("GarmPC3Editor/Model/X.h", '#include "Fields.h"\n') == [
+            'GarmPC3Editor/Model/X.h: includes "Fields.h" without its folder']
 
     def test_an_include_along_the_arrows_passes(self):
         for path, name in (("GarmPC3Editor/Dialogs/X.h", "mfc/AfxDll.h"),
                            ("GarmPC3Editor/Dialogs/X.cpp", "GarmPC3Editor/Decisions/PageValues.h"),
                            ("GarmPC3Editor/Printing/X.cpp", "GarmPC3Editor/Model/DecimalText.h"),
                            ("apps/plothost/ShowReport.cpp", "GarmPC3Editor/GmPlotCfg3.h")):
-            self.assertEqual(violations(path, f'#include "{name}"\n#include <vector>\n'), [], (path, name))
+            assert violations(path, f'#include "{name}"\n#include <vector>\n') == [], (path, name)
 
     def test_no_file_of_a_portable_room_includes_itself_in_a_circle(self):
         sources = {path.as_posix(): text(path) for path in code()}
         for room in ("Model", "Printing", "Decisions"):
-            self.assertIsNone(cycle_in(f"GarmPC3Editor/{room}", sources))
+            assert cycle_in(f"GarmPC3Editor/{room}", sources) is None
 
     def test_a_circle_is_found(self):
         room = "GarmPC3Editor/Model"
         circle = {f"{room}/A.cpp": f'#include "{room}/A.h"\n#include "{room}/B.h"\n', f"{room}/A.h": "",
                   f"{room}/B.h": f'#include "{room}/A.h"\n'}
-        self.assertEqual(set(cycle_in(room, circle)), {f"{room}/A", f"{room}/B"})
+        assert set(cycle_in(room, circle)) == {f"{room}/A", f"{room}/B"}

@@ -32,15 +32,15 @@ def written_tests():
 class QuirksTest(unittest.TestCase):
     def test_numbers_are_unique_and_ascend(self):
         numbers = [number for number, _ in entries()]
-        self.assertNotEqual(numbers, [])
-        self.assertEqual(numbers, sorted(set(numbers)))
+        assert numbers != []
+        assert numbers == sorted(set(numbers))
 
     def test_each_quirk_has_a_test(self):
-        self.assertEqual([number for number, tests in entries() if not tests], [])
+        assert [number for number, tests in entries() if not tests] == []
 
     def test_the_tests_exist(self):
         written = written_tests()
-        self.assertEqual([f"{number}: {test}" for number, tests in entries() for test in tests if test not in written], [])
+        assert [f"{number}: {test}" for number, tests in entries() for test in tests if test not in written] == []
 
     def test_what_refers_to_a_quirk_finds_it(self):
         known = {number for number, _ in entries()}

@@ -1,5 +1,6 @@
 """A configuration made for an installed printer, written, read and turned into a DEVMODE."""
 
+import re
 from hostcase import QUEUES, SAMPLES, WITH_MARGINS, WITHOUT_MARGINS, HostCase
 from pc3file import edit, read_text, write_plain
 
@@ -10,22 +11,21 @@ class CreateTest(HostCase):
             with self.subTest(printer):
                 self.create(printer, f"{printer}.pc3")
                 shown = self.answer("show", f"{printer}.pc3")
-                self.assertEqual((shown["binding"], shown["storedPrinter"], shown["printer"]),
-                                 ("same", printer, printer))
+                assert (shown["binding"], shown["storedPrinter"], shown["printer"]) == ("same", printer, printer)
                 meta = shown["configuration"]["meta"]
                 for key in ("win_device_name", "win_driver_name", "short_net_name", "friendly_net_name"):
-                    self.assertEqual(meta[key], printer, key)
-                self.assertEqual((meta["driver_pathname"], meta["driver_version"], meta["driver_type"]),
-                                 ("gdiplot7.hdi", "not specified", 1))
-                self.assertEqual(self.answer("devmode", f"{printer}.pc3")["printerName"], printer)
+                    assert meta[key] == printer, key
+                assert (meta["driver_pathname"], meta["driver_version"], meta["driver_type"]) == (
+                    "gdiplot7.hdi", "not specified", 1)
+                assert self.answer("devmode", f"{printer}.pc3")["printerName"] == printer
 
     def test_the_paper_is_the_drivers_default(self):
         self.cups.set_option(WITH_MARGINS, "PageSize=AnsiE")
         self.addCleanup(self.cups.set_option, WITH_MARGINS, "PageSize=Letter")
         self.create(WITH_MARGINS)
         answer = self.answer("devmode", "x.pc3")
-        self.assertEqual(answer["paperName"], "ANSI E")
-        self.assertEqual(self.fields(answer)["dmFormName"], "ANSI E")
+        assert answer["paperName"] == "ANSI E"
+        assert self.fields(answer)["dmFormName"] == "ANSI E"
         media = self.answer("show", "x.pc3")["configuration"]["media"]
         bounds = media["size"]["media_description"]["media_bounds"]
         self.assertAlmostEqual(bounds["urx"], 34 * 25.4, delta=0.5)
@@ -34,36 +34,36 @@ class CreateTest(HostCase):
     def test_a_plotter_without_margins_has_bounds_from_edge_to_edge(self):
         self.create(WITHOUT_MARGINS)
         media = self.answer("show", "x.pc3")["configuration"]["media"]
-        self.assertEqual((media["actual_printable_bounds_llx"], media["actual_printable_bounds_lly"]), (0, 0))
+        assert (media["actual_printable_bounds_llx"], media["actual_printable_bounds_lly"]) == (0, 0)
         bounds = media["size"]["media_description"]["media_bounds"]
-        self.assertEqual((media["actual_printable_bounds_urx"], media["actual_printable_bounds_ury"]),
-                         (bounds["urx"], bounds["ury"]))
+        assert (media["actual_printable_bounds_urx"], media["actual_printable_bounds_ury"]) == (bounds["urx"], bounds[
+            "ury"])
 
     def test_the_file_has_its_blocks_in_order(self):
         text = read_text(self.create(WITH_MARGINS))
         blocks = [line[:-1] for line in text.splitlines() if line.endswith("{") and not line.startswith(" ")]
-        self.assertEqual(blocks, ["meta", "media", "io", "res_color_mem", "custom"])
+        assert blocks == ["meta", "media", "io", "res_color_mem", "custom"]
 
     def test_an_existing_file_is_replaced_whole(self):
         (self.folder / "x.pc3").write_bytes(b"x" * 100_000)
         done = self.host("create", WITH_MARGINS, "x.pc3")
-        self.assertIn("replaced", done.stdout)
-        self.assertEqual([path.name for path in self.folder.iterdir()], ["x.pc3"])
-        self.assertEqual(self.answer("devmode", "x.pc3")["printerName"], WITH_MARGINS)
+        assert "replaced" in done.stdout
+        assert [path.name for path in self.folder.iterdir()] == ["x.pc3"]
+        assert self.answer("devmode", "x.pc3")["printerName"] == WITH_MARGINS
 
     def test_an_unknown_printer_makes_no_file(self):
-        self.assertIn("'Nobody'", self.why_not("create", "Nobody", "x.pc3"))
-        self.assertEqual(list(self.folder.iterdir()), [])
+        assert "'Nobody'" in self.why_not("create", "Nobody", "x.pc3")
+        assert list(self.folder.iterdir()) == []
 
     def test_a_folder_that_is_not_there_is_named(self):
-        self.assertIn("there is no folder", self.why_not("create", WITH_MARGINS, "nowhere/x.pc3"))
+        assert "there is no folder" in self.why_not("create", WITH_MARGINS, "nowhere/x.pc3")
 
     def test_what_is_read_and_written_again_stays_as_it_is(self):
         """Both forms of a file read the same."""
         path = self.create(WITH_MARGINS)
         compressed = self.answer("show", "x.pc3")["configuration"]
         write_plain(path, read_text(path))
-        self.assertEqual(self.answer("show", "x.pc3")["configuration"], compressed)
+        assert self.answer("show", "x.pc3")["configuration"] == compressed
 
 
 class DamagedFileTest(HostCase):
@@ -79,42 +79,42 @@ class DamagedFileTest(HostCase):
         lines = {self.why_not("show", name)}
         done = self.host("devmode", name, status=1)
         lines.add(done.stderr.splitlines()[-1])
-        self.assertEqual(len(lines), 1, lines)
+        assert len(lines) == 1, lines
         return lines.pop()
 
     def test_a_line_that_is_none_is_named(self):
         edit(self.sample(), ("toolkit_version=1\n", "toolkit_version 1\n"))
-        self.assertRegex(self.both("x.pc3"), r"damaged in line \d+")
+        assert re.search(r"damaged in line \d+", self.both("x.pc3"))
 
     def test_a_missing_key_is_named(self):
         edit(self.sample(), (" toolkit_version=1\n", ""))
-        self.assertIn("key 'toolkit_version' is missing in block 'meta'", self.both("x.pc3"))
+        assert "key 'toolkit_version' is missing in block 'meta'" in self.both("x.pc3")
 
     def test_a_missing_block_is_named(self):
         edit(self.sample(), ("io{\n", "oi{\n"))
-        self.assertIn("block 'io' is missing", self.both("x.pc3"))
+        assert "block 'io' is missing" in self.both("x.pc3")
 
     def test_a_driver_that_no_printer_has_is_named(self):
         edit(self.sample(), (f'win_driver_name="{WITH_MARGINS}\n', 'win_driver_name="Old Plotter\n'))
-        self.assertIn("no printer with driver 'Old Plotter'", self.both("x.pc3"))
+        assert "no printer with driver 'Old Plotter'" in self.both("x.pc3")
 
     def test_a_stream_cut_short_is_refused(self):
         content = (SAMPLES / f"{WITH_MARGINS}.pc3").read_bytes()
         (self.folder / "cut.pc3").write_bytes(content[:-20])
-        self.assertIn("cut.pc3", self.both("cut.pc3"))
+        assert "cut.pc3" in self.both("cut.pc3")
 
     def test_a_file_of_another_kind_is_refused(self):
         (self.folder / "picture.pc3").write_bytes(b"\x89PNG\r\n\x1a\n" + bytes(100))
-        self.assertIn("picture.pc3", self.both("picture.pc3"))
+        assert "picture.pc3" in self.both("picture.pc3")
 
     def test_an_empty_file_is_refused(self):
         (self.folder / "empty.pc3").write_bytes(b"")
-        self.assertIn("empty.pc3", self.both("empty.pc3"))
+        assert "empty.pc3" in self.both("empty.pc3")
 
     def test_a_damaged_custom_block_is_dropped_and_gives_no_devmode(self):
         path = self.sample()
         edit(path, ('name="dmSize\n', 'other="dmSize\n'))
-        self.assertIsNone(self.answer("show", "x.pc3")["configuration"]["custom"])
+        assert self.answer("show", "x.pc3")["configuration"]["custom"] is None
         answer = self.answer("devmode", "x.pc3", status=1)
-        self.assertIsNone(answer["devMode"])
-        self.assertEqual(answer["paperName"], "ANSI D")
+        assert answer["devMode"] is None
+        assert answer["paperName"] == "ANSI D"

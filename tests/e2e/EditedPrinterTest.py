@@ -18,27 +18,27 @@ class DriverDialogTest(EditorCase):
         script = self.settings(Script(f"edit-printer {WITH_MARGINS}", "dialog"), f"send {ed.CANCEL}")
         answers = self.session(script.add(f"click {ed.OK}", "end"))
         driver, sheet = answers.all("title")
-        self.assertNotEqual(driver, sheet)
-        self.assertEqual(sheet, f"{WITH_MARGINS} - Plotter configuration")
-        self.assertFalse(any(marked for _, marked, _ in answers.tree().values()))
+        assert driver != sheet
+        assert sheet == f"{WITH_MARGINS} - Plotter configuration"
+        assert not any(marked for _, marked, _ in answers.tree().values())
         # No name was asked for.
-        self.assertEqual(answers.outputs()["fileName"], WITH_MARGINS)
+        assert answers.outputs()["fileName"] == WITH_MARGINS
 
     def test_what_is_chosen_in_it_is_saved(self):
         self.create(WITH_MARGINS)
         script = self.settings(self.opened(), f"click {ed.DRIVER_LANDSCAPE}", f"click {ed.OK}")
         answers = self.session(script.add(f"click {ed.OK}", "dialog", f"click {ed.OK}", "end"))
-        self.assertEqual(answers.outputs()["fileName"], "x.pc3")
-        self.assertEqual(self.configuration("x.pc3")["media"]["dm_orientation"], 2)
-        self.assertEqual(self.fields(self.answer("devmode", "x.pc3"))["dmOrientation"], 2)
+        assert answers.outputs()["fileName"] == "x.pc3"
+        assert self.configuration("x.pc3")["media"]["dm_orientation"] == 2
+        assert self.fields(self.answer("devmode", "x.pc3"))["dmOrientation"] == 2
 
     def test_a_file_without_a_windows_printer_has_no_settings_of_a_driver(self):
         path, _ = self.created()
         edit(path, ("driver_type=1", "driver_type=3"))
         before = path.read_bytes()
         script = self.opened().device_tab().add(f"click {ed.DRIVER_SETTINGS}", "title", f"click {ed.OK}", "end")
-        self.assertEqual(self.session(script).one("title"), "x.pc3 - Plotter configuration")
-        self.assertEqual(path.read_bytes(), before)
+        assert self.session(script).one("title") == "x.pc3 - Plotter configuration"
+        assert path.read_bytes() == before
 
 
 class VirtualPrinterTest(EditorCase):
@@ -52,31 +52,31 @@ class VirtualPrinterTest(EditorCase):
                                 f"enabled {ed.WIDTH}", f"click {ed.LANDSCAPE}", f"click {ed.OK}", "closed",
                                 f"host-value {ed.HOST_PAPERS}", f"host-value {ed.HOST_PORTRAIT}",
                                 f"host-value {ed.HOST_LANDSCAPE}")
-        self.assertEqual(answers.one("title"), f"{VIRTUAL} - Properties")
-        self.assertEqual(answers.all(f"choices {ed.PAPER}"), ["ISO A4", "ISO A3", "Custom"])
-        self.assertEqual(answers.all(f"enabled {ed.WIDTH}"), ["no", "yes"])
-        self.assertEqual(answers.one(f"host-value {ed.HOST_PAPERS}"), "2")
-        self.assertEqual(answers.one(f"host-value {ed.HOST_PORTRAIT}"), "0")
-        self.assertEqual(answers.one(f"host-value {ed.HOST_LANDSCAPE}"), "1")
+        assert answers.one("title") == f"{VIRTUAL} - Properties"
+        assert answers.all(f"choices {ed.PAPER}") == ["ISO A4", "ISO A3", "Custom"]
+        assert answers.all(f"enabled {ed.WIDTH}") == ["no", "yes"]
+        assert answers.one(f"host-value {ed.HOST_PAPERS}") == "2"
+        assert answers.one(f"host-value {ed.HOST_PORTRAIT}") == "0"
+        assert answers.one(f"host-value {ed.HOST_LANDSCAPE}") == "1"
 
     def test_sizes_change_with_the_unit_and_a_second_click_changes_nothing(self):
         answers = self.settings(f"choose {ed.PAPER} 2", f"type {ed.WIDTH} 210", f"type {ed.LENGTH} 297",
                                 f"click {ed.INCHES}", f"text {ed.WIDTH}", f"click {ed.INCHES}", f"text {ed.WIDTH}",
                                 f"text {ed.LENGTH}", f"click {ed.MILLIMETRES}", f"text {ed.WIDTH}",
                                 f"click {ed.CANCEL}", "closed")
-        self.assertEqual(answers.all(f"text {ed.WIDTH}"), ["8.27", "8.27", "210.06"])
-        self.assertEqual(answers.one(f"text {ed.LENGTH}"), "11.69")
+        assert answers.all(f"text {ed.WIDTH}") == ["8.27", "8.27", "210.06"]
+        assert answers.one(f"text {ed.LENGTH}") == "11.69"
 
     def test_a_size_that_is_no_number_keeps_it_open(self):
         answers = self.settings(f"choose {ed.PAPER} 2", f"type {ed.WIDTH} wide", f"click {ed.OK}", "dialog",
                                 f"click {ed.OK}", "closed", "title", f"click {ed.CANCEL}", "closed")
-        self.assertEqual(answers.all("title"), [f"{VIRTUAL} - Properties"] * 2)
+        assert answers.all("title") == [f"{VIRTUAL} - Properties"] * 2
 
     def test_without_the_hosts_dialog_there_are_no_papers(self):
         answers = self.settings(f"choices {ed.PAPER}", f"enabled {ed.WIDTH}", f"click {ed.OK}", "closed",
                                 host_window=False)
-        self.assertEqual(answers.all(f"choices {ed.PAPER}"), [])
-        self.assertEqual(answers.one(f"enabled {ed.WIDTH}"), "no")
+        assert answers.all(f"choices {ed.PAPER}") == []
+        assert answers.one(f"enabled {ed.WIDTH}") == "no"
 
 
 class VanishedPrinterTest(EditorCase):
@@ -88,11 +88,11 @@ class VanishedPrinterTest(EditorCase):
         script.add(f"click {ed.DRIVER_SETTINGS}", "title", f"click {ed.DEFAULTS}", "dialog", f"click {ed.YES}", "closed")
         script.entry("truetype").add(f"click {ed.AS_GRAPHICS}", "tree", f"click {ed.OK}", "dialog", f"click {ed.OK}", "end")
         answers = self.session(script)
-        self.assertEqual(answers.one("title"), f"{self.TWIN} - Plotter configuration")
-        self.assertEqual({name for name, (_, marked, _) in answers.tree().items() if marked}, {"truetype"})
-        self.assertEqual(answers.outputs()["fileName"], f"{self.TWIN}.pc3")
+        assert answers.one("title") == f"{self.TWIN} - Plotter configuration"
+        assert {name for name, (_, marked, _) in answers.tree().items() if marked} == {"truetype"}
+        assert answers.outputs()["fileName"] == f"{self.TWIN}.pc3"
         shown = self.answer("show", f"{self.TWIN}.pc3")
-        self.assertEqual((shown["storedPrinter"], shown["binding"]), (self.TWIN, "rebound"))
+        assert (shown["storedPrinter"], shown["binding"]) == (self.TWIN, "rebound")
 
     def test_a_printer_gone_before_is_replaced_by_one_on_the_same_driver(self):
         self.session(Script(f"add-printer {self.TWIN}|{WITH_MARGINS}"))
@@ -102,5 +102,5 @@ class VanishedPrinterTest(EditorCase):
                                    f"click {ed.CANCEL}", "end")
         answers = self.session(script)
         chosen = answers.all(f"choices {ed.PRINTERS}")[int(answers.one(f"value {ed.PRINTERS}"))]
-        self.assertEqual(chosen, WITH_MARGINS)
-        self.assertEqual(answers.one(f"enabled {ed.PRINTERS}"), "no")
+        assert chosen == WITH_MARGINS
+        assert answers.one(f"enabled {ed.PRINTERS}") == "no"

@@ -19,25 +19,23 @@ class EditingTest(EditorCase):
         script.add(f"click {ed.OK}", "dialog", f"text {ed.NAME}", f"present {ed.EXTENSION_NOTE}", f"click {ed.OK}", "end")
         answers = self.session(script)
 
-        self.assertEqual(answers.one("title"), "x.pc3 - Plotter configuration")
-        self.assertEqual(answers.one(f"text {ed.FILE_NAME}"), "x.pc3")
-        self.assertFalse(any(marked for _, marked, _ in answers.tree(0).values()))
-        self.assertEqual({name for name, (_, marked, _) in answers.tree(1).items() if marked},
-                         {"collating", "raster", "truetype", "merge"})
-        self.assertEqual(answers.tree(1)["raster"][2],
-                         "Raster graphics <Preference: 20> <Raster images: 5> <OLE objects: 4>")
-        self.assertEqual(answers.one(f"text {ed.NAME}"), "x")
+        assert answers.one("title") == "x.pc3 - Plotter configuration"
+        assert answers.one(f"text {ed.FILE_NAME}") == "x.pc3"
+        assert not any(marked for _, marked, _ in answers.tree(0).values())
+        assert {name for name, (_, marked, _) in answers.tree(1).items() if marked} == {
+            "collating", "raster", "truetype", "merge"}
+        assert answers.tree(1)["raster"][2] == "Raster graphics <Preference: 20> <Raster images: 5> <OLE objects: 4>"
+        assert answers.one(f"text {ed.NAME}") == "x"
         self.assertEqual(answers.outputs(), {"fileName": "x.pc3", "paperName": "US Letter", "result": "1",
                                              "canonicalModelName": "System"})
 
         blocks = self.configuration("x.pc3")
-        self.assertEqual(blocks["meta"]["config_description"], "Second floor")
-        self.assertFalse(blocks["meta"]["truetype_as_text"])
-        self.assertEqual(blocks["media"]["destination"]["collating_type"], 1)
-        self.assertEqual(blocks["media"]["destination"]["collating_name"], "Regular")
+        assert blocks["meta"]["config_description"] == "Second floor"
+        assert not blocks["meta"]["truetype_as_text"]
+        assert blocks["media"]["destination"]["collating_type"] == 1
+        assert blocks["media"]["destination"]["collating_name"] == "Regular"
         color = blocks["res_color_mem"]
-        self.assertEqual((color["ism_max"], color["ole_max"], color["preference"], color["lines_overwrite"]),
-                         (5, 4, 20, False))
+        assert (color["ism_max"], color["ole_max"], color["preference"], color["lines_overwrite"]) == (5, 4, 20, False)
 
         again = self.opened().add(f"text {ed.DESCRIPTION}").device_tab()
         again.entry("collating").add(f"value {ed.COLLATING}").entry("raster").add(f"value {ed.PREFERENCE}")
@@ -51,8 +49,8 @@ class EditingTest(EditorCase):
         path, before = self.created()
         script = self.opened().device_tab().entry("truetype").add(f"click {ed.AS_GRAPHICS}", f"click {ed.CANCEL}", "end")
         outputs = self.session(script).outputs()
-        self.assertEqual(path.read_bytes(), before)
-        self.assertEqual((outputs["fileName"], outputs["result"]), ("x.pc3", "1"))
+        assert path.read_bytes() == before
+        assert (outputs["fileName"], outputs["result"]) == ("x.pc3", "1")
 
     def test_ok_without_a_change_asks_for_no_name(self):
         path, before = self.created()
@@ -60,15 +58,15 @@ class EditingTest(EditorCase):
         for name in ed.ENTRIES:
             script.entry(name)
         outputs = self.session(script.add(f"click {ed.OK}", "end")).outputs()
-        self.assertEqual(path.read_bytes(), before)
-        self.assertEqual(outputs["fileName"], "x.pc3")
+        assert path.read_bytes() == before
+        assert outputs["fileName"] == "x.pc3"
 
     def test_a_change_taken_back_keeps_its_mark(self):
         self.create(WITH_MARGINS)
         script = self.opened().device_tab().entry("truetype")
         script.add(f"click {ed.AS_GRAPHICS}", f"click {ed.AS_TEXT}", "tree", f"click {ed.CANCEL}", "end")
         depth, marked, label = self.session(script).tree()["truetype"]
-        self.assertEqual((depth, marked, label), (2, True, "TrueType text <As text>"))
+        assert (depth, marked, label) == (2, True, "TrueType text <As text>")
 
     def test_only_entries_with_settings_have_a_page(self):
         self.create(WITH_MARGINS)
@@ -79,43 +77,43 @@ class EditingTest(EditorCase):
                 script.add(f"present {control}")
         answers = self.session(script.add(f"click {ed.CANCEL}", "end"))
         for control in (ed.DRIVER_SETTINGS, ed.COLLATING, ed.PREFERENCE, ed.AS_TEXT, ed.OVERWRITE):
-            self.assertEqual(answers.all(f"present {control}"), ["no"] * 5)
+            assert answers.all(f"present {control}") == ["no"] * 5
 
     def test_escape_on_the_general_tab_is_cancel(self):
         path, before = self.created()
         script = self.opened().add(f"type {ed.DESCRIPTION} never kept", "escape", "end")
-        self.assertEqual(self.session(script).outputs()["fileName"], "x.pc3")
-        self.assertEqual(path.read_bytes(), before)
+        assert self.session(script).outputs()["fileName"] == "x.pc3"
+        assert path.read_bytes() == before
 
     def test_a_cancel_that_is_sent_ends_it_too(self):
         self.create(WITH_MARGINS)
-        self.assertEqual(self.session(self.opened().add(f"send {ed.CANCEL}", "end")).outputs()["fileName"], "x.pc3")
+        assert self.session(self.opened().add(f"send {ed.CANCEL}", "end")).outputs()["fileName"] == "x.pc3"
 
     def test_the_owner_rests_while_the_editor_is_open(self):
         self.create(WITH_MARGINS)
         script = Script("owner-enabled", *self.opened().lines, "owner-enabled", f"click {ed.CANCEL}", "end",
                         "owner-enabled")
-        self.assertEqual(self.session(script).all("owner-enabled"), ["yes", "no", "yes"])
+        assert self.session(script).all("owner-enabled") == ["yes", "no", "yes"]
 
     def test_the_paper_asked_for_is_selected_in_a_file(self):
         self.create(WITH_MARGINS)
         script = Script("edit-paper ANSI D|x.pc3", "dialog").device_tab().add("tree", f"click {ed.CANCEL}", "end")
         answers = self.session(script)
-        self.assertEqual(answers.tree()["source"][2], "Source and size <Size: ANSI D>")
-        self.assertEqual(answers.outputs()["paperName"], "ANSI D")
+        assert answers.tree()["source"][2] == "Source and size <Size: ANSI D>"
+        assert answers.outputs()["paperName"] == "ANSI D"
 
     def test_what_cannot_be_opened_leaves_nothing(self):
         (self.folder / "broken.pc3").write_bytes(b"PIAFILEVERSION_2.0,PC3VER1\r\nmeta{")
         for line in ("edit nobody.pc3", "edit broken.pc3", "edit-printer Nobody"):
             with self.subTest(line):
-                self.assertEqual(self.session(Script(line, "end")).one("outputs"), "none")
+                assert self.session(Script(line, "end")).one("outputs") == "none"
 
     def test_the_windows_speak_the_hosts_language(self):
         self.create(WITH_MARGINS)
         for language, title in (("de", "x.pc3 - Plotterkonfiguration"), ("ja", "x.pc3 - プロッター構成")):
             with self.subTest(language):
                 script = self.opened().add("title", f"click {ed.CANCEL}", "end")
-                self.assertEqual(self.session(script, language=language).one("title"), title)
+                assert self.session(script, language=language).one("title") == title
 
 
 class ResetTest(EditorCase):
@@ -132,16 +130,16 @@ class ResetTest(EditorCase):
         script = self.opened().device_tab().add(f"click {ed.DEFAULTS}", "dialog", "title", "box", f"click {ed.YES}",
                                                 "closed", "tree", f"click {ed.OK}", "end")
         answers = self.session(script)
-        self.assertEqual(answers.one("title"), "x.pc3 - Plotter configuration")
-        self.assertEqual(answers.one("box"), "Reset the device and document settings to the driver's defaults?")
-        self.assertEqual(answers.tree()["collating"], (3, True, "Collating <Not collated>"))
-        self.assertEqual(path.read_bytes(), before)
+        assert answers.one("title") == "x.pc3 - Plotter configuration"
+        assert answers.one("box") == "Reset the device and document settings to the driver's defaults?"
+        assert answers.tree()["collating"] == (3, True, "Collating <Not collated>")
+        assert path.read_bytes() == before
 
     def test_no_changes_nothing(self):
         self.collated()
         script = self.opened().device_tab().add(f"click {ed.DEFAULTS}", "dialog", f"click {ed.NO}", "closed", "tree",
                                                 f"click {ed.CANCEL}", "end")
-        self.assertEqual(self.session(script).tree()["collating"], (3, False, "Collating <Collated>"))
+        assert self.session(script).tree()["collating"] == (3, False, "Collating <Collated>")
 
     def test_a_page_seen_before_puts_its_old_choice_back_when_it_is_left(self):
         path, _ = self.collated()
@@ -149,10 +147,10 @@ class ResetTest(EditorCase):
         script.add(f"click {ed.DEFAULTS}", "dialog", f"click {ed.YES}", "closed", "tree", f"value {ed.COLLATING}")
         script.entry("root").add("tree", f"click {ed.OK}", "dialog", f"click {ed.OK}", "end")
         answers = self.session(script)
-        self.assertEqual(answers.tree(0)["collating"], (3, True, "Collating <Not collated>"))
-        self.assertEqual(answers.one(f"value {ed.COLLATING}"), "1")
-        self.assertEqual(answers.tree(1)["collating"], (3, True, "Collating <Collated>"))
-        self.assertEqual(self.configuration(path.name)["media"]["destination"]["collating_type"], 1)
+        assert answers.tree(0)["collating"] == (3, True, "Collating <Not collated>")
+        assert answers.one(f"value {ed.COLLATING}") == "1"
+        assert answers.tree(1)["collating"] == (3, True, "Collating <Collated>")
+        assert self.configuration(path.name)["media"]["destination"]["collating_type"] == 1
 
 
 class NameTest(EditorCase):
@@ -166,32 +164,32 @@ class NameTest(EditorCase):
         for typed, written in (("  other  ", "other.pc3"), ("y.pc3", "y.pc3.pc3"), ("plan.v2", "plan.v2.pc3")):
             with self.subTest(typed):
                 script = self.changed().add(f"type {ed.NAME} {typed}", f"click {ed.OK}", "end")
-                self.assertEqual(self.session(script).outputs()["fileName"], written)
-                self.assertEqual(self.configuration(written)["meta"]["config_description"], "changed")
-        self.assertEqual(self.configuration("x.pc3")["meta"]["config_description"], "")
+                assert self.session(script).outputs()["fileName"] == written
+                assert self.configuration(written)["meta"]["config_description"] == "changed"
+        assert self.configuration("x.pc3")["meta"]["config_description"] == ""
 
     def test_blanks_keep_it_open_without_a_word(self):
         path, before = self.created()
         script = self.changed().add(f"type {ed.NAME}    ", f"click {ed.OK}", f"text {ed.NAME}", f"click {ed.CANCEL}", "end")
         answers = self.session(script)
-        self.assertEqual(answers.one(f"text {ed.NAME}").strip(), "")
-        self.assertEqual(answers.outputs()["fileName"], windows(path))
-        self.assertEqual(path.read_bytes(), before)
+        assert answers.one(f"text {ed.NAME}").strip() == ""
+        assert answers.outputs()["fileName"] == windows(path)
+        assert path.read_bytes() == before
 
     def test_a_new_configuration_is_proposed_under_its_printers_name(self):
         script = self.changed(Script(f"edit-printer {WITH_MARGINS}", "dialog", "title"))
         script.add(f"text {ed.NAME}", f"text {ed.EXTENSION_NOTE}", f"click {ed.OK}", "end")
         answers = self.session(script)
-        self.assertEqual(answers.one("title"), f"{WITH_MARGINS} - Plotter configuration")
-        self.assertEqual(answers.one(f"text {ed.NAME}"), WITH_MARGINS)
-        self.assertEqual(answers.one(f"text {ed.EXTENSION_NOTE}"), "The file gets the extension .pc3.")
-        self.assertEqual(answers.outputs()["fileName"], f"{WITH_MARGINS}.pc3")
-        self.assertEqual(self.answer("devmode", f"{WITH_MARGINS}.pc3")["printerName"], WITH_MARGINS)
+        assert answers.one("title") == f"{WITH_MARGINS} - Plotter configuration"
+        assert answers.one(f"text {ed.NAME}") == WITH_MARGINS
+        assert answers.one(f"text {ed.EXTENSION_NOTE}") == "The file gets the extension .pc3."
+        assert answers.outputs()["fileName"] == f"{WITH_MARGINS}.pc3"
+        assert self.answer("devmode", f"{WITH_MARGINS}.pc3")["printerName"] == WITH_MARGINS
 
     def test_a_new_configuration_that_is_not_changed_makes_no_file(self):
         script = Script(f"edit-printer {WITH_MARGINS}", "dialog", f"click {ed.OK}", "end")
-        self.assertEqual(self.session(script).outputs()["fileName"], WITH_MARGINS)
-        self.assertEqual(list(self.folder.glob("*.pc3")), [])
+        assert self.session(script).outputs()["fileName"] == WITH_MARGINS
+        assert list(self.folder.glob("*.pc3")) == []
 
     def test_a_file_that_cannot_be_written_is_told_in_a_box_without_caption(self):
         path, before = self.created()
@@ -199,11 +197,11 @@ class NameTest(EditorCase):
         script = self.changed().add(f"type {ed.NAME} taken", f"click {ed.OK}", "dialog", "title", "box",
                                     f"click {ed.OK}", "end")
         answers = self.session(script)
-        self.assertEqual(answers.one("title"), "")
-        self.assertIn("could not be saved", answers.one("box"))
-        self.assertEqual(answers.outputs()["fileName"], windows(path))
-        self.assertEqual(path.read_bytes(), before)
-        self.assertEqual(list((self.folder / "taken.pc3").iterdir()), [])
+        assert answers.one("title") == ""
+        assert "could not be saved" in answers.one("box")
+        assert answers.outputs()["fileName"] == windows(path)
+        assert path.read_bytes() == before
+        assert list((self.folder / "taken.pc3").iterdir()) == []
 
 
 class SaveAsTest(EditorCase):
@@ -217,25 +215,25 @@ class SaveAsTest(EditorCase):
         script = self.changed().add(f"file-name {windows(self.folder / 'second')}", f"send {ed.OK}", "closed", "title",
                                     "tree", "tab 0", f"text {ed.FILE_NAME}", f"click {ed.CANCEL}", "end")
         answers = self.session(script)
-        self.assertEqual(answers.one("title"), "second.pc3 - Plotter configuration")
-        self.assertEqual(answers.one(f"text {ed.FILE_NAME}"), "second.pc3")
-        self.assertEqual(answers.tree()["root"][2], "x.pc3")  # labels are not refreshed by it
-        self.assertEqual(answers.outputs()["fileName"], "second.pc3")
-        self.assertEqual(path.read_bytes(), before)
-        self.assertFalse(self.configuration("second.pc3")["meta"]["truetype_as_text"])
+        assert answers.one("title") == "second.pc3 - Plotter configuration"
+        assert answers.one(f"text {ed.FILE_NAME}") == "second.pc3"
+        assert answers.tree()["root"][2] == "x.pc3"
+        assert answers.outputs()["fileName"] == "second.pc3"
+        assert path.read_bytes() == before
+        assert not self.configuration("second.pc3")["meta"]["truetype_as_text"]
 
     def test_ok_after_it_asks_for_the_name_all_the_same(self):
         self.create(WITH_MARGINS)
         script = self.changed().add(f"file-name {windows(self.folder / 'second')}", f"send {ed.OK}", "closed",
                                     f"click {ed.OK}", "dialog", f"text {ed.NAME}", f"click {ed.CANCEL}", "end")
-        self.assertEqual(self.session(script).one(f"text {ed.NAME}"), "second")
+        assert self.session(script).one(f"text {ed.NAME}") == "second"
 
     def test_cancelled_it_changes_nothing(self):
         self.create(WITH_MARGINS)
         script = self.changed().add(f"click {ed.CANCEL}", "closed", "title", f"click {ed.CANCEL}", "end")
         answers = self.session(script)
-        self.assertEqual(answers.one("title"), "x.pc3 - Plotter configuration")
-        self.assertEqual([path.name for path in self.folder.iterdir()], ["x.pc3"])
+        assert answers.one("title") == "x.pc3 - Plotter configuration"
+        assert [path.name for path in self.folder.iterdir()] == ["x.pc3"]
 
     def test_a_write_protected_file_is_told_and_everything_stays(self):
         self.create(WITH_MARGINS)
@@ -246,7 +244,7 @@ class SaveAsTest(EditorCase):
         script.add(f"click {ed.YES}", "dialog", "title", "box", f"click {ed.OK}", "closed", "title", f"click {ed.CANCEL}",
                    "end")
         answers = self.session(script)
-        self.assertEqual(answers.all("title"), ["x.pc3 - Plotter configuration"] * 2)
-        self.assertIn("could not be saved", answers.one("box"))
-        self.assertEqual(answers.outputs()["fileName"], "x.pc3")
-        self.assertEqual(kept.read_bytes(), before)
+        assert answers.all("title") == ["x.pc3 - Plotter configuration"] * 2
+        assert "could not be saved" in answers.one("box")
+        assert answers.outputs()["fileName"] == "x.pc3"
+        assert kept.read_bytes() == before

@@ -9,5 +9,5 @@ from lab.load import load
 class LoadTest(HostCase):
     def test_calls_checks_and_openings_leave_nothing_behind(self):
         rows = list(load(self.prefix, self.folder, {"calls": 300, "checks": 60, "openings": 20}, seconds=120))
-        self.assertEqual(len(rows), 24)
-        self.assertEqual([(what, count, verdict.text) for what, count, *_, verdict in rows if not verdict.held], [])
+        assert len(rows) == 24
+        assert [(what, count, verdict.text) for what, count, *_, verdict in rows if not verdict.held] == []

@@ -1,6 +1,7 @@
 """The module is unloaded while its checks run or its windows are open, the language changes and the host quits while they
 are, and the editor is opened from within itself."""
 
+import re
 import shutil
 import tempfile
 import unittest
@@ -28,19 +29,19 @@ class ModuleCase(unittest.TestCase):
 
     def session(self, *lines):
         done = ed.run(self.bench.prefix, Script(*lines), [self.folder], cwd=self.folder, outside=self.bench.act)
-        self.assertEqual(done.returncode, 0, f"{done.stdout}\n{done.stderr}")
-        self.assertEqual(done.stderr, "")
+        assert done.returncode == 0, f"{done.stdout}\n{done.stderr}"
+        assert done.stderr == ""
         return Answers(done.stdout)
 
     def assert_flat(self, answers, rounds=1):
         """Nothing was more at the last question for the counts than at the one before, that many rounds earlier."""
         for what in ("handles", "windows"):
             before, after = map(int, answers.all(what)[-2:])
-            self.assertEqual(after, before, what)
+            assert after == before, what
         # The system makes some objects when a state is first painted, which a busy machine may do late: once for good,
         # where a leak is one in each round.
         before, after = map(int, answers.all("gdi")[-2:])
-        self.assertLess(after - before, rounds, "gdi")
+        assert after - before < rounds, "gdi"
 
 
 @pytest.fixture(scope="module", autouse=True)
@@ -54,25 +55,25 @@ class UnloadingTest(ModuleCase):
     def test_a_check_that_hangs_in_the_driver_outlives_the_module(self):
         answers = self.session("outside freeze", "start-check x.pc3", "unload", "in-process", "outside thaw", "checked",
                                "gone", "load", "get-devmode x.pc3", "end")
-        self.assertEqual(answers.one("in-process"), "yes")
-        self.assertEqual(answers.one("checked"), "found")
-        self.assertEqual(answers.one("output result"), "true")
+        assert answers.one("in-process") == "yes"
+        assert answers.one("checked") == "found"
+        assert answers.one("output result") == "true"
 
     def test_the_host_may_load_it_again_meanwhile(self):
         answers = self.session("outside freeze", "start-check x.pc3", "unload", "load", "language de",
                                "edit file.pc3", "dialog", "title", "tab 1",
                                "tree", f"click {ed.CANCEL}", "end", "outside thaw", "checked", "unload", "gone")
-        self.assertEqual(answers.one("title"), "file.pc3 - Plotterkonfiguration")
-        self.assertEqual(answers.one("output fileName"), "file.pc3")
-        self.assertEqual(answers.one("checked"), "found")
+        assert answers.one("title") == "file.pc3 - Plotterkonfiguration"
+        assert answers.one("output fileName") == "file.pc3"
+        assert answers.one("checked") == "found"
 
     def test_fifty_rounds_with_a_check_under_way_leave_nothing_behind(self):
         # However far the check has come when the module is unloaded.
         one = ("start-check x.pc3", "get-devmode x.pc3", "end", "start-check nobody.pc3", "unload", "checked", "checked",
                "gone", "load")
         answers = self.session(*one * 10, "counts", *one * 50, "counts")
-        self.assertEqual(sorted(answers.all("checked")), ["found"] * 60 + ["not found"] * 60)
-        self.assertEqual(answers.all("output result"), ["true"] * 60)
+        assert sorted(answers.all("checked")) == ["found"] * 60 + ["not found"] * 60
+        assert answers.all("output result") == ["true"] * 60
         self.assert_flat(answers)
 
 
@@ -83,18 +84,18 @@ class OpenEditorTest(ModuleCase):
         answers = self.session("edit x.pc3", "dialog", "unload", "title", "tab 1", "tree", f"click {ed.CANCEL}", "end",
                                "unload", "gone", "load", "edit x.pc3", "dialog", "title", f"click {ed.CANCEL}", "end")
         refused, done = answers.all("unload")
-        self.assertRegex(refused, r"^The module .*GarmPC3Editor\.grx cannot be unloaded: it is in use\.$")
-        self.assertEqual(done, "done")
-        self.assertEqual(answers.all("title"), ["x.pc3 - Plotter configuration"] * 2)
-        self.assertEqual(answers.all("output fileName"), ["x.pc3"] * 2)
+        assert re.search(r"^The module .*GarmPC3Editor\.grx cannot be unloaded: it is in use\.$", refused)
+        assert done == "done"
+        assert answers.all("title") == ["x.pc3 - Plotter configuration"] * 2
+        assert answers.all("output fileName") == ["x.pc3"] * 2
 
     def test_the_module_is_in_use_while_the_name_is_asked_for(self):
         answers = self.session("edit x.pc3", "dialog", f"type {ed.DESCRIPTION} other", f"click {ed.OK}", "dialog", "unload",
                                f"click {ed.OK}", "end", "unload", "gone")
         refused, done = answers.all("unload")
-        self.assertIn("it is in use", refused)
-        self.assertEqual(done, "done")
-        self.assertEqual(answers.one("output fileName"), "x.pc3")
+        assert "it is in use" in refused
+        assert done == "done"
+        assert answers.one("output fileName") == "x.pc3"
 
     def test_a_second_editor_has_a_configuration_of_its_own(self):
         before = (self.folder / "x.pc3").read_bytes()
@@ -105,36 +106,36 @@ class OpenEditorTest(ModuleCase):
         self.assertEqual(answers.all("title"), ["x.pc3 - Plotter configuration", "file.pc3 - Plotter configuration",
                                                 "x.pc3 - Plotter configuration"])
         inner, outer = answers.all(f"text {ed.DESCRIPTION}")
-        self.assertNotEqual(inner, "outer")
-        self.assertEqual(outer, "outer")
-        self.assertEqual(answers.all("output fileName"), ["file.pc3", "x.pc3"])
+        assert inner != "outer"
+        assert outer == "outer"
+        assert answers.all("output fileName") == ["file.pc3", "x.pc3"]
         *refused, done = answers.all("unload")
-        self.assertEqual([text.endswith("it is in use.") for text in refused], [True, True])
-        self.assertEqual(done, "done")
-        self.assertEqual((self.folder / "x.pc3").read_bytes(), before)
+        assert [text.endswith("it is in use.") for text in refused] == [True, True]
+        assert done == "done"
+        assert (self.folder / "x.pc3").read_bytes() == before
 
     def test_a_switch_of_the_language_with_two_editors_open_frees_nothing_that_is_used(self):
         answers = self.session(
             "edit x.pc3", "dialog", "edit file.pc3", "dialog", "language de", "tab 1", "tree", f"click {ed.CANCEL}", "end",
             "closed", "language ja", "tab 1", "tree", f"click {ed.CANCEL}", "end", "edit x.pc3", "dialog", "title",
             f"click {ed.CANCEL}", "end")
-        self.assertEqual(answers.one("language de"), "switched")
-        self.assertEqual(answers.one("language ja"), "switched")
-        self.assertEqual(answers.one("title"), "x.pc3 - プロッター構成")
-        self.assertEqual(answers.all("output fileName"), ["file.pc3", "x.pc3", "x.pc3"])
+        assert answers.one("language de") == "switched"
+        assert answers.one("language ja") == "switched"
+        assert answers.one("title") == "x.pc3 - プロッター構成"
+        assert answers.all("output fileName") == ["file.pc3", "x.pc3", "x.pc3"]
 
     def test_a_host_that_quits_ends_the_editor_like_its_cancel(self):
         before = (self.folder / "x.pc3").read_bytes()
         answers = self.session("edit x.pc3", "dialog", f"type {ed.DESCRIPTION} never kept", "quit", "end")
-        self.assertEqual(answers.one("output fileName"), "x.pc3")
-        self.assertEqual((self.folder / "x.pc3").read_bytes(), before)
+        assert answers.one("output fileName") == "x.pc3"
+        assert (self.folder / "x.pc3").read_bytes() == before
 
     def test_a_host_that_quits_ends_two_editors_and_the_name_dialog(self):
         before = (self.folder / "x.pc3").read_bytes()
         answers = self.session("edit file.pc3", "dialog", "edit x.pc3", "dialog", f"type {ed.DESCRIPTION} never kept",
                                f"click {ed.OK}", "dialog", "quit", "end", "end")
-        self.assertEqual(len(answers.all("output fileName")), 2)
-        self.assertEqual((self.folder / "x.pc3").read_bytes(), before)
+        assert len(answers.all("output fileName")) == 2
+        assert (self.folder / "x.pc3").read_bytes() == before
 
 
 class LanguageSwitchTest(ModuleCase):
@@ -143,9 +144,9 @@ class LanguageSwitchTest(ModuleCase):
         undisturbed = self.bench.play(steps)
         switches = {i: f"language {LANGUAGES[i % 3]}" for i in range(len(steps))}
         outcome = self.bench.play(steps, switches)
-        self.assertEqual(outcome.files, undisturbed.files)
-        self.assertEqual(Answers(outcome.said).outputs(), Answers(undisturbed.said).outputs())
-        self.assertNotIn("refused", outcome.said)
+        assert outcome.files == undisturbed.files
+        assert Answers(outcome.said).outputs() == Answers(undisturbed.said).outputs()
+        assert "refused" not in outcome.said
 
     def test_what_is_open_keeps_its_words_and_what_opens_has_the_new_ones(self):
         open_and_look = ["edit x.pc3", "dialog", "title", f"text {ed.DRIVER_LINE}"]
@@ -156,13 +157,13 @@ class LanguageSwitchTest(ModuleCase):
             f"click {ed.OK}", "end", *open_and_look, f"click {ed.CANCEL}", "end")
         english, german = "x.pc3 - Plotter configuration", "x.pc3 - Plotterkonfiguration"
         before, after, name_dialog, next_opening = answers.all("title")
-        self.assertEqual([before, after, next_opening], [english, english, german])
-        self.assertEqual(name_dialog, "Plotterkonfiguration speichern")
+        assert [before, after, next_opening] == [english, english, german]
+        assert name_dialog == "Plotterkonfiguration speichern"
         first, same, other = answers.all(f"text {ed.DRIVER_LINE}")
-        self.assertEqual(first, same)
-        self.assertNotEqual(other, first)
-        self.assertEqual(answers.all(f"choices {ed.COLLATING}"), ["Unsortiert", "Sortiert"])
-        self.assertTrue(answers.one("box").startswith("Die Geräte"), answers.one("box"))
+        assert first == same
+        assert other != first
+        assert answers.all(f"choices {ed.COLLATING}") == ["Unsortiert", "Sortiert"]
+        assert answers.one("box").startswith("Die Geräte"), answers.one("box")
 
     def test_the_virtual_printers_dialog_outlives_a_switch(self):
         printer = "Tarnwick PDF Printer 2018"
@@ -172,22 +173,22 @@ class LanguageSwitchTest(ModuleCase):
             f"click {ed.LANDSCAPE}", f"click {ed.OK}", "closed", "title", f"click {ed.DRIVER_SETTINGS}", "dialog",
             f"choices {ed.QUALITY}", f"click {ed.CANCEL}", "closed", f"click {ed.CANCEL}", "end",
             f"delete-printer {printer}")
-        self.assertEqual(answers.one("title"), f"{printer} - Plotter configuration")
-        self.assertEqual(len(answers.all(f"choices {ed.QUALITY}")), 10)
-        self.assertEqual(answers.one("output fileName"), printer)
+        assert answers.one("title") == f"{printer} - Plotter configuration"
+        assert len(answers.all(f"choices {ed.QUALITY}")) == 10
+        assert answers.one("output fileName") == printer
 
     def test_a_switch_to_a_language_that_is_not_there_changes_nothing(self):
         answers = self.session("edit x.pc3", "dialog", "language fr", "tab 1", f"click {ed.DEFAULTS}", "dialog", "box",
                                f"click {ed.NO}", "closed", f"click {ed.CANCEL}", "end", "edit x.pc3", "dialog", "title",
                                f"click {ed.CANCEL}", "end")
-        self.assertEqual(answers.one("language fr"), "refused")
-        self.assertEqual(answers.one("box"), "Reset the device and document settings to the driver's defaults?")
-        self.assertEqual(answers.one("title"), "x.pc3 - Plotter configuration")
+        assert answers.one("language fr") == "refused"
+        assert answers.one("box") == "Reset the device and document settings to the driver's defaults?"
+        assert answers.one("title") == "x.pc3 - Plotter configuration"
 
     def test_switching_while_a_sheet_is_open_leaves_nothing_behind(self):
         switches = [f"language {tag}" for tag in LANGUAGES]
         one = ["edit x.pc3", "dialog", "tab 1", *switches, *(f"entry {number}" for number in ed.ENTRIES.values()),
                *switches, f"click {ed.CANCEL}", "end"]
         answers = self.session(*one * 5, "counts", *one * 10, "counts")
-        self.assertEqual(len(answers.all("output fileName")), 15)
+        assert len(answers.all("output fileName")) == 15
         self.assert_flat(answers, rounds=10)

@@ -18,12 +18,12 @@ class LanguageTest(HostCase):
 
     def test_an_unknown_language_gives_english_and_a_note(self):
         done = self.host("commands", "--language", "fr")
-        self.assertIn("'fr'", done.stderr)
-        self.assertIn("English", done.stderr)
-        self.assertIn("_PC3EDIT", done.stdout)
+        assert "'fr'" in done.stderr
+        assert "English" in done.stderr
+        assert "_PC3EDIT" in done.stdout
 
     def test_a_known_language_gives_no_note(self):
-        self.assertEqual(self.host("commands", "--language", "de").stderr, "")
+        assert self.host("commands", "--language", "de").stderr == ""
 
 
 class ModuleCopyTest(HostCase):
@@ -43,21 +43,21 @@ class ModuleCopyTest(HostCase):
         return self.host(*arguments, status=status, program=self.bin / "plothost.exe")
 
     def test_what_is_shipped_is_complete(self):
-        self.assertIn(OFFICE, self.copied("devmode", SAMPLES / f"{OFFICE}.pc3").stdout)
+        assert OFFICE in self.copied("devmode", SAMPLES / f"{OFFICE}.pc3").stdout
 
     def test_what_is_shipped_guards_its_stack(self):
         for name in ("plothost.exe", "GarmPC3Editor.grx", "GarmHost.dll"):
-            self.assertTrue(b"__stack_chk_fail" in (self.bin / name).read_bytes(), name)
+            assert b"__stack_chk_fail" in (self.bin / name).read_bytes(), name
 
     def test_a_missing_module_is_status_3_with_the_reason(self):
         (self.bin / "GarmPC3Editor.grx").unlink()
         done = self.copied("commands", status=3)
-        self.assertIn("GarmPC3Editor.grx", done.stderr)
-        self.assertEqual(len(done.stderr.splitlines()), 1)
+        assert "GarmPC3Editor.grx" in done.stderr
+        assert len(done.stderr.splitlines()) == 1
 
     def test_a_module_that_is_none_is_status_3(self):
         (self.bin / "GarmPC3Editor.grx").write_bytes(b"no program")
-        self.assertIn("GarmPC3Editor.grx", self.copied("commands", status=3).stderr)
+        assert "GarmPC3Editor.grx" in self.copied("commands", status=3).stderr
 
     def test_a_library_without_entry_points_is_status_3(self):
         self.copied("--module", "bin/libwinpthread-1.dll", "commands", status=3)
@@ -65,13 +65,13 @@ class ModuleCopyTest(HostCase):
     def test_a_missing_language_library_is_status_3_and_waits_for_nobody(self):
         for tag in ("en", "de"):
             shutil.rmtree(self.bin / tag)
-        self.assertIn("language library", self.copied("commands", status=3).stderr)
+        assert "language library" in self.copied("commands", status=3).stderr
 
     def test_a_missing_language_falls_back_to_english(self):
         shutil.rmtree(self.bin / "de")
         done = self.copied("--language", "de", "commands")
-        self.assertIn("'de'", done.stderr)
-        self.assertIn("_PC3GETDEVMODE", done.stdout)
+        assert "'de'" in done.stderr
+        assert "_PC3GETDEVMODE" in done.stdout
 
     def test_another_module_file_is_taken_by_its_path(self):
         other = self.folder / "other"
@@ -80,13 +80,13 @@ class ModuleCopyTest(HostCase):
         for tag in ("en", "de"):
             shutil.move(self.bin / tag, other)
         done = self.copied("--module", "other/GarmPC3Editor.grx", "devmode", SAMPLES / f"{OFFICE}.pc3")
-        self.assertIn(OFFICE, done.stdout)
+        assert OFFICE in done.stdout
 
 
 class LoadingTest(HostCase):
     def test_ten_rounds_of_load_ask_switch_and_unload_leave_nothing_behind(self):
         said = self.tool("repeat", windows_path(MODULE), windows_path(SAMPLES / f"{OFFICE}.pc3"), "10")
-        self.assertEqual(said["rounds"], "10")
-        self.assertEqual(said["commands"], "0")
-        self.assertLessEqual(int(said["handles"]), int(said["handles before"]))
-        self.assertLessEqual(int(said["libraries"]), int(said["libraries before"]))
+        assert said["rounds"] == "10"
+        assert said["commands"] == "0"
+        assert int(said["handles"]) <= int(said["handles before"])
+        assert int(said["libraries"]) <= int(said["libraries before"])

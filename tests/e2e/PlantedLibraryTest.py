@@ -20,19 +20,19 @@ class PlantedLibraryTest(EditorCase):
             shutil.copy(LIBRARY, folder)
 
     def tearDown(self):
-        self.assertFalse((self.folder / "trace").exists(), "the planted library was run")
+        assert not (self.folder / "trace").exists(), "the planted library was run"
 
     def test_a_module_that_lacks_a_library_does_not_get_it_from_there(self):
         done = self.host("devmode", "drawings/x.pc3", "--search-path", "drawings", "--module",
                          windows_path(FIXTURES / "Dependent.grx"), status=3)
-        self.assertIn("a library that it needs is missing", done.stderr)
+        assert "a library that it needs is missing" in done.stderr
 
     def test_a_module_on_a_share_does_not_get_it_from_there_either(self):
         shared = self.folder / "shared"
         shutil.copytree(FIXTURES / "en", shared / "en")
         shutil.copy(FIXTURES / "Dependent.grx", shared)
         done = self.host("list", "--module", f"{self.share(shared)}\\Dependent.grx", status=3)
-        self.assertIn("a library that it needs is missing", done.stderr)
+        assert "a library that it needs is missing" in done.stderr
 
     def test_what_is_loaded_by_name_is_not_found_there(self):
         self.host("list", "--search-path", "drawings", "--module", windows_path(FIXTURES / "LoadsByName.grx"))

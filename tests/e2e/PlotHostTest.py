@@ -8,24 +8,24 @@ PORTRAIT, LANDSCAPE = "1", "2"
 
 class EditTest(HostCase):
     def test_a_file_that_is_nowhere_is_said(self):
-        self.assertIn("'gone.pc3' is not found in", self.why_not("edit", "gone.pc3"))
-        self.assertIn("'gone' is not found in", self.why_not("edit", "gone", "--json"))
+        assert "'gone.pc3' is not found in" in self.why_not("edit", "gone.pc3")
+        assert "'gone' is not found in" in self.why_not("edit", "gone", "--json")
 
     def test_a_printer_that_is_not_there_is_said_with_the_nearest_name(self):
         line = self.why_not("edit", "--printer", "DesignJet-800")
-        self.assertIn("error 1801", line)
-        self.assertIn(WITHOUT_MARGINS, line)
+        assert "error 1801" in line
+        assert WITHOUT_MARGINS in line
 
     def test_a_file_that_cannot_be_read_is_said_with_the_reason(self):
         (self.folder / "bad.pc3").write_bytes(b"no configuration")
         line = self.why_not("edit", "bad.pc3")
-        self.assertIn("bad.pc3", line)
-        self.assertNotIn("left no values", line)
+        assert "bad.pc3" in line
+        assert "left no values" not in line
 
     def test_a_paper_for_a_printer_is_said_to_have_no_influence(self):
         lines = self.host("edit", "--printer", "gone", "--paper", "A4", status=1).stderr.splitlines()
-        self.assertEqual(len(lines), 2, lines)
-        self.assertIn("--paper changes nothing", lines[0])
+        assert len(lines) == 2, lines
+        assert "--paper changes nothing" in lines[0]
 
 
 class NoDisplayTest(HostCase):
@@ -37,10 +37,10 @@ class NoDisplayTest(HostCase):
             for arguments in ((), ("plot",), ("edit", "x.pc3")):
                 with self.subTest(arguments):
                     done = prefix.run([HOST, *arguments], seconds=60, cwd=self.folder)
-                    self.assertEqual(done.returncode, 1, done.stderr)
-                    self.assertIn("plothost: there is no display to show a window on\n", done.stderr)
+                    assert done.returncode == 1, done.stderr
+                    assert "plothost: there is no display to show a window on\n" in done.stderr
             done = prefix.run([HOST, "devmode", "x.pc3"], seconds=60, cwd=self.folder)
-            self.assertEqual(done.returncode, 0, "what needs no window works all the same")
+            assert done.returncode == 0, "what needs no window works all the same"
 
 
 class SettingsTest(HostCase):
@@ -50,20 +50,20 @@ class SettingsTest(HostCase):
 
     def test_a_settings_file_that_is_not_there_is_said(self):
         line = self.why_not("list", "--settings", "gone.ini")
-        self.assertIn("gone.ini", line)
-        self.assertIn("cannot be used", line)
+        assert "gone.ini" in line
+        assert "cannot be used" in line
 
     def test_a_line_that_is_no_setting_is_named(self):
         (self.folder / "host.ini").write_text("a=b\nPDFPRINTERNAME\n", encoding="utf-8")
-        self.assertIn("line 2 is no KEY=VALUE", self.why_not("list", "--settings", "host.ini"))
+        assert "line 2 is no KEY=VALUE" in self.why_not("list", "--settings", "host.ini")
 
     def test_an_argument_that_is_no_setting_is_wrong_usage(self):
-        self.assertIn("KEY=VALUE", self.host("list", "--reseller", "PDFPRINTERNAME", status=2).stderr)
+        assert "KEY=VALUE" in self.host("list", "--reseller", "PDFPRINTERNAME", status=2).stderr
 
 
 class DriverDefaultsTest(HostCase):
     def test_after_a_reset_the_drivers_own_default_holds_again(self):
         # What a driver was given stays its default for the rest of a process: that is what makes the reset necessary.
         found = self.tool("reset", WITHOUT_MARGINS)
-        self.assertEqual(found["answer"], "1")
-        self.assertEqual((found["before"], found["merged"], found["reset"]), (PORTRAIT, LANDSCAPE, PORTRAIT))
+        assert found["answer"] == "1"
+        assert (found["before"], found["merged"], found["reset"]) == (PORTRAIT, LANDSCAPE, PORTRAIT)

@@ -33,26 +33,26 @@ class SavingTest(HostCase):
         began = time.monotonic()
         old = self.create(WITHOUT_MARGINS).read_bytes()
         seconds = time.monotonic() - began
-        self.assertNotEqual(old, new)
+        assert old != new
         moments = random.Random(SEED)
         killed = 0
         for _ in range(KILLS):
             (self.folder / "x.pc3").write_bytes(old)
             # The file is written near the end of a run.
             killed += self.create_and_kill(seconds * moments.uniform(0.2, 1.0))
-            self.assertIn((self.folder / "x.pc3").read_bytes(), (old, new))
-        self.assertGreater(killed, 0)
+            assert (self.folder / "x.pc3").read_bytes() in (old, new)
+        assert killed > 0
         # What was left behind goes with a later save, when nobody can be writing it any more.
         for path in self.folder.glob("~gm*.tmp"):
             os.utime(path, (OLD, OLD))
         self.create(WITH_MARGINS)
-        self.assertEqual([path.name for path in self.folder.iterdir()], ["x.pc3"])
-        self.assertEqual((self.folder / "x.pc3").read_bytes(), new)
+        assert [path.name for path in self.folder.iterdir()] == ["x.pc3"]
+        assert (self.folder / "x.pc3").read_bytes() == new
 
     def test_a_file_that_may_not_be_written_is_told_and_stays(self):
         path = self.create(WITHOUT_MARGINS)
         before = path.read_bytes()
         path.chmod(0o444)
-        self.assertIn("read-only", self.why_not("create", WITH_MARGINS, "x.pc3"))
-        self.assertEqual(path.read_bytes(), before)
-        self.assertEqual([path.name for path in self.folder.iterdir()], ["x.pc3"])
+        assert "read-only" in self.why_not("create", WITH_MARGINS, "x.pc3")
+        assert path.read_bytes() == before
+        assert [path.name for path in self.folder.iterdir()] == ["x.pc3"]

@@ -37,8 +37,8 @@ class ShareCase(EditorCase):
         return self.shared / name
 
     def tearDown(self):
-        self.assertEqual(list(self.folder.iterdir()), [], "nothing is written beside the share")
-        self.assertFalse(Path("/srv/share").exists())
+        assert list(self.folder.iterdir()) == [], "nothing is written beside the share"
+        assert not Path("/srv/share").exists()
 
 
 class HostTest(ShareCase):
@@ -47,33 +47,33 @@ class HostTest(ShareCase):
         for number, path in enumerate(self.forms("new.pc3")):
             with self.subTest(path):
                 said = self.host("create", OFFICE, path).stdout
-                self.assertIn("written", said)
-                self.assertIn("share" if number < 4 else "shared", said)
-                self.assertIn(b"PIAFILEVERSION", (self.shared / "new.pc3").read_bytes())
+                assert "written" in said
+                assert ("share" if number < 4 else "shared") in said
+                assert b"PIAFILEVERSION" in (self.shared / "new.pc3").read_bytes()
                 (self.shared / "new.pc3").unlink()
 
     def test_create_names_a_folder_that_the_share_has_not(self):
         said = self.why_not("create", OFFICE, f"{self.root}\\gone\\new.pc3")
-        self.assertIn(f"there is no folder '{self.root}\\gone'", said)
+        assert f"there is no folder '{self.root}\\gone'" in said
 
     def test_show_reads_from_the_share(self):
         self.on_share()
         for path in self.forms("x.pc3"):
             with self.subTest(path):
                 shown = self.answer("show", path)
-                self.assertEqual((shown["binding"], shown["printer"]), ("same", OFFICE))
-        self.assertEqual(self.answer("show", f"{self.root}\\x.pc3")["file"], f"{self.root}\\x.pc3")
+                assert (shown["binding"], shown["printer"]) == ("same", OFFICE)
+        assert self.answer("show", f"{self.root}\\x.pc3")["file"] == f"{self.root}\\x.pc3"
 
     def test_devmode_reads_from_the_share_and_writes_to_it(self):
         self.on_share()
         for path in self.forms("x.pc3"):
             with self.subTest(path):
-                self.assertEqual(self.answer("devmode", path)["printerName"], OFFICE)
-                self.assertTrue(self.answer("devmode", path, "--background")["flag"])
+                assert self.answer("devmode", path)["printerName"] == OFFICE
+                assert self.answer("devmode", path, "--background")["flag"]
         for path in self.forms("block.bin"):
             with self.subTest(path):
                 self.host("devmode", f"{self.root}\\x.pc3", "--out", path)
-                self.assertGreater(len((self.shared / "block.bin").read_bytes()), 220)
+                assert len((self.shared / "block.bin").read_bytes()) > 220
                 (self.shared / "block.bin").unlink()
 
     def test_the_search_path_may_lead_to_the_share(self):
@@ -82,21 +82,21 @@ class HostTest(ShareCase):
                        f"\\\\?\\{windows_path(self.shared)}"):
             with self.subTest(folder):
                 path = ("--search-path", folder)
-                self.assertEqual([found["name"] for found in self.answer("list", *path)["configurations"]], ["x.pc3"])
-                self.assertEqual(self.answer("devmode", "x.pc3", *path)["printerName"], OFFICE)
-                self.assertEqual(self.answer("devmode", "X:\\elsewhere\\x.pc3", *path)["printerName"], OFFICE)
-                self.assertEqual(self.answer("show", "x", *path)["printer"], OFFICE)
+                assert [found["name"] for found in self.answer("list", *path)["configurations"]] == ["x.pc3"]
+                assert self.answer("devmode", "x.pc3", *path)["printerName"] == OFFICE
+                assert self.answer("devmode", "X:\\elsewhere\\x.pc3", *path)["printerName"] == OFFICE
+                assert self.answer("show", "x", *path)["printer"] == OFFICE
 
     def test_what_is_not_on_the_share_is_said_with_its_path(self):
         self.on_share("plan.pc3")
         for verb in ("show", "devmode", "edit"):
             said = self.why_not(verb, "plann.pc3", "--search-path", self.root)
-            self.assertIn(f"not found in {self.root}; did you mean 'plan.pc3'?", said)
+            assert f"not found in {self.root}; did you mean 'plan.pc3'?" in said
 
     def test_settings_may_be_on_the_share(self):
         (self.shared / "host.ini").write_text("PDFPRINTERNAME=Acme PDF\n", encoding="utf-8")
         self.host("commands", "--settings", f"{self.root}\\host.ini")
-        self.assertIn(f"'{self.root}\\gone.ini'", self.why_not("commands", "--settings", f"{self.root}\\gone.ini"))
+        assert f"'{self.root}\\gone.ini'" in self.why_not("commands", "--settings", f"{self.root}\\gone.ini")
 
 
 class ModuleOnShareTest(ShareCase):
@@ -107,19 +107,19 @@ class ModuleOnShareTest(ShareCase):
         for path in (f"{self.root}\\GarmPC3Editor.grx", "//srv/share/GarmPC3Editor.grx"):
             with self.subTest(path):
                 done = self.host("commands", "--module", path, "--language", "de")
-                self.assertEqual(done.stderr, "", "no note that the language is missing")
-                self.assertIn("_PC3EDIT", done.stdout)
+                assert done.stderr == "", "no note that the language is missing"
+                assert "_PC3EDIT" in done.stdout
         shutil.rmtree(self.shared / "de")
-        self.assertIn("'de'", self.host("commands", "--module", path, "--language", "de").stderr)
+        assert "'de'" in self.host("commands", "--module", path, "--language", "de").stderr
 
     def test_a_module_that_is_not_there_is_named(self):
-        self.assertIn(f"{self.root}\\gone.grx", self.host("commands", "--module", f"{self.root}\\gone.grx", status=3).stderr)
+        assert f"{self.root}\\gone.grx" in self.host("commands", "--module", f"{self.root}\\gone.grx", status=3).stderr
 
 
 class EditorTest(ShareCase):
     def edited(self, script, search=()):
         done = ed.run(self.prefix, script, search or [self.root], cwd=self.folder)
-        self.assertEqual(done.returncode, 0, f"{done.stdout}\n{done.stderr}")
+        assert done.returncode == 0, f"{done.stdout}\n{done.stderr}"
         return Answers(done.stdout)
 
     # Save As cannot be tried: Wine's own dialog knows no network path and refuses it ("Path does not exist").
@@ -134,12 +134,12 @@ class EditorTest(ShareCase):
                 before = path.read_bytes()
                 script = self.changed(name).add(f"click {ed.OK}", "dialog", f"text {ed.NAME}", f"click {ed.OK}", "end")
                 answers = self.edited(script)
-                self.assertEqual(answers.one(f"text {ed.NAME}"), "x")
-                self.assertEqual(answers.outputs()["fileName"], "x.pc3")
-                self.assertNotEqual(path.read_bytes(), before)
+                assert answers.one(f"text {ed.NAME}") == "x"
+                assert answers.outputs()["fileName"] == "x.pc3"
+                assert path.read_bytes() != before
 
     def test_get_devmode_finds_it_there(self):
         self.on_share()
         for name in ("x.pc3", *self.forms("x.pc3")):
             with self.subTest(name):
-                self.assertEqual(self.edited(Script(f"get-devmode {name}", "end")).outputs()["printerName"], OFFICE)
+                assert self.edited(Script(f"get-devmode {name}", "end")).outputs()["printerName"] == OFFICE

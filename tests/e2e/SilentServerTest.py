@@ -35,11 +35,11 @@ class SilentServerTest(unittest.TestCase):
                           ("devmode", "virtual-pdf.pc3"), ("create", "P", "x.pc3"), ("edit", "x.pc3"), ("plot",), ()):
             with self.subTest(arguments):
                 done = self.host(*arguments, "--wait", "1")
-                self.assertEqual(done.returncode, 1, done.stdout)
-                self.assertEqual(done.stdout, "")
-                self.assertIn("plothost: the print server did not answer within 1 second\n", done.stderr)
+                assert done.returncode == 1, done.stdout
+                assert done.stdout == ""
+                assert "plothost: the print server did not answer within 1 second\n" in done.stderr
 
     def test_what_needs_no_printer_does_not_ask(self):
-        self.assertEqual(self.host("--version").returncode, 0)
-        self.assertEqual(self.host("list", "--help").returncode, 0)
-        self.assertEqual(self.host("list", "--nonsense").returncode, 2)
+        assert self.host("--version").returncode == 0
+        assert self.host("list", "--help").returncode == 0
+        assert self.host("list", "--nonsense").returncode == 2

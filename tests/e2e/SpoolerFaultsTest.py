@@ -34,16 +34,16 @@ class ServerTest(FaultCase):
 
     def played(self, name, actions):
         outcome = self.bench.play(SESSIONS[name], actions)
-        self.assertEqual(outcome, self.undisturbed[name])
+        assert outcome == self.undisturbed[name]
 
     def test_a_session_does_all_that_it_should(self):
         outcome = self.undisturbed["a file is edited"]
         answers = Answers(outcome.said)
-        self.assertEqual(answers.one("output fileName"), "x.pc3")
-        self.assertEqual(answers.all("output paperName"), ["US Letter"] * 2)
-        self.assertEqual(set(outcome.files), {"x.pc3", "copy.pc3"})
-        self.assertNotEqual(outcome.files["x.pc3"], self.bench.original)
-        self.assertNotEqual(outcome.files["x.pc3"], outcome.files["copy.pc3"])
+        assert answers.one("output fileName") == "x.pc3"
+        assert answers.all("output paperName") == ["US Letter"] * 2
+        assert set(outcome.files) == {"x.pc3", "copy.pc3"}
+        assert outcome.files["x.pc3"] != self.bench.original
+        assert outcome.files["x.pc3"] != outcome.files["copy.pc3"]
 
     def test_a_server_that_crashes_at_every_step_changes_nothing(self):
         for name in ("a printer is edited", "a device is asked for", "a device is checked"):
@@ -67,10 +67,10 @@ class ServerTest(FaultCase):
                 outcome = self.bench.play(SESSIONS["a file is edited"], {0: gone})
                 answers = Answers(outcome.said)
                 # The file is read as it is; the paper changes when the driver is asked for its settings.
-                self.assertEqual(answers.tree(0)["source"], (2, True, "Source and size <Size: A4>"))
-                self.assertEqual(answers.outputs()["fileName"], "x.pc3")
-                self.assertEqual(answers.all("output paperName"), ["A4"] * 2)
-                self.assertEqual(set(outcome.files), {"x.pc3", "copy.pc3"})
+                assert answers.tree(0)["source"] == (2, True, "Source and size <Size: A4>")
+                assert answers.outputs()["fileName"] == "x.pc3"
+                assert answers.all("output paperName") == ["A4"] * 2
+                assert set(outcome.files) == {"x.pc3", "copy.pc3"}
 
     def test_a_process_that_starts_without_the_server_has_no_printers(self):
         for gone in ("kill", "stop", "remove"):
@@ -78,12 +78,12 @@ class ServerTest(FaultCase):
                 outcome = self.bench.play(WITHOUT_PRINTERS, before=gone)
                 answers = Answers(outcome.said)
                 # Both edits left nothing, and neither check writes a value.
-                self.assertEqual(answers.all("outputs"), ["none"] * 4)
-                self.assertEqual(answers.all("output result"), ["false"] * 2)
-                self.assertEqual(answers.all("output printerName"), [""] * 2)
-                self.assertEqual(answers.all("output devMode"), ["0 bytes"] * 2)
-                self.assertEqual(answers.all("checked"), ["not found"] * 2)
-                self.assertEqual(outcome.files, {"x.pc3": self.bench.original})
+                assert answers.all("outputs") == ["none"] * 4
+                assert answers.all("output result") == ["false"] * 2
+                assert answers.all("output printerName") == [""] * 2
+                assert answers.all("output devMode") == ["0 bytes"] * 2
+                assert answers.all("checked") == ["not found"] * 2
+                assert outcome.files == {"x.pc3": self.bench.original}
 
 
 class HangingCheckTest(FaultCase):
@@ -98,7 +98,7 @@ class HangingCheckTest(FaultCase):
 
     def session(self, *lines):
         done = ed.run(self.bench.prefix, Script(*lines), [self.folder], cwd=self.folder, outside=self.bench.act)
-        self.assertEqual(done.returncode, 0, f"{done.stdout}\n{done.stderr}")
+        assert done.returncode == 0, f"{done.stdout}\n{done.stderr}"
         return Answers(done.stdout)
 
     def test_the_host_works_on_meanwhile(self):
@@ -108,18 +108,18 @@ class HangingCheckTest(FaultCase):
             "edit file.pc3", "dialog", f"type {ed.DESCRIPTION} meanwhile", "tab 1", "tree", f"click {ed.OK}", "dialog",
             f"click {ed.OK}", "end", f"get-devmode {QUEUE.name}", "end", "outside thaw", "checked")
         # The one that needs no driver is the first to report.
-        self.assertEqual(answers.all("checked"), ["found"] * 2)
-        self.assertEqual(answers.one("output fileName"), "file.pc3")
-        self.assertEqual(answers.one("output printerName"), QUEUE.name)
+        assert answers.all("checked") == ["found"] * 2
+        assert answers.one("output fileName") == "file.pc3"
+        assert answers.one("output printerName") == QUEUE.name
 
     def test_each_of_many_checks_reports_once(self):
         answers = self.session("outside freeze", *["start-check x.pc3"] * 20, "outside thaw", *["checked"] * 20,
                                "start-check nobody.pc3", "checked")
-        self.assertEqual(answers.all("checked"), ["found"] * 20 + ["not found"])
+        assert answers.all("checked") == ["found"] * 20 + ["not found"]
 
     def test_a_server_that_dies_while_checks_wait_ends_them(self):
         answers = self.session("outside freeze", *["start-check x.pc3"] * 3, "outside kill", *["checked"] * 3)
-        self.assertEqual(answers.all("checked"), ["found"] * 3)
+        assert answers.all("checked") == ["found"] * 3
 
     def test_a_process_that_ends_does_not_wait_for_its_checks(self):
         self.session("outside freeze", *["start-check x.pc3"] * 3)
@@ -141,36 +141,36 @@ class DeletedPrinterTest(FaultCase):
             self.played[at] = self.bench.play(faults.with_deletion(at), content=self.twin)
         outcome = self.played[at]
         answers = Answers(outcome.said)
-        self.assertEqual(answers.one("output fileName"), "x.pc3")
-        self.assertEqual(answers.all("output paperName"), ["US Letter"] * 2)
+        assert answers.one("output fileName") == "x.pc3"
+        assert answers.all("output paperName") == ["US Letter"] * 2
         # Asked for afterwards, the saved file is bound to the printer that is left.
-        self.assertEqual(answers.one("output printerName"), QUEUE.name)
-        self.assertEqual(set(outcome.files), {"x.pc3", "copy.pc3"})
+        assert answers.one("output printerName") == QUEUE.name
+        assert set(outcome.files) == {"x.pc3", "copy.pc3"}
         return answers, outcome
 
     def test_before_the_file_is_opened(self):
         answers, _ = self.deleted(faults.REBOUND)
-        self.assertEqual(answers.one(f"text {ed.PORT}"), f"Port: CUPS:{QUEUE.name}")
-        self.assertNotIn(faults.TWIN, answers.all(f"choices {ed.PRINTERS}"))
-        self.assertEqual(answers.tree()["collating"], (3, True, "Collating <Not collated>"))
+        assert answers.one(f"text {ed.PORT}") == f"Port: CUPS:{QUEUE.name}"
+        assert faults.TWIN not in answers.all(f"choices {ed.PRINTERS}")
+        assert answers.tree()["collating"] == (3, True, "Collating <Not collated>")
 
     def test_while_the_sheet_shows_it(self):
         first, at_once = self.deleted(faults.NO_DRIVER)
         # The list of printers is the one of the sheet's beginning.
-        self.assertIn(faults.TWIN, first.all(f"choices {ed.PRINTERS}"))
+        assert faults.TWIN in first.all(f"choices {ed.PRINTERS}")
         # Its driver is asked for no settings, and there are no defaults to go back to; all that was chosen by hand is
         # saved.
-        self.assertEqual(first.tree()["collating"], (3, True, "Collating <Collated>"))
+        assert first.tree()["collating"] == (3, True, "Collating <Collated>")
         last, in_the_drivers_dialog = self.deleted(faults.NO_DRIVER, -1)
-        self.assertEqual(last.tree(), first.tree())
-        self.assertEqual(in_the_drivers_dialog.files, at_once.files)
+        assert last.tree() == first.tree()
+        assert in_the_drivers_dialog.files == at_once.files
 
     def test_before_its_defaults_are_asked_for(self):
         answers, outcome = self.deleted(faults.SETTINGS_TAKEN)
-        self.assertEqual(answers.tree()["collating"], (3, True, "Collating <Collated>"))
-        self.assertNotEqual(outcome.files, self.deleted(faults.NO_DRIVER)[1].files)
+        assert answers.tree()["collating"] == (3, True, "Collating <Collated>")
+        assert outcome.files != self.deleted(faults.NO_DRIVER)[1].files
 
     def test_before_ok_and_while_the_name_is_asked_for(self):
         answers, outcome = self.deleted(faults.RESET)
-        self.assertEqual(answers.tree()["collating"], (3, True, "Collating <Not collated>"))
-        self.assertEqual(self.deleted(faults.RESET, -3)[1].files, outcome.files)
+        assert answers.tree()["collating"] == (3, True, "Collating <Not collated>")
+        assert self.deleted(faults.RESET, -3)[1].files == outcome.files

@@ -12,7 +12,7 @@ class EditorCase(HostCase):
     def session(self, script, status=0, **settings):
         """Runs a script with the test's folder as the search path; its answers."""
         done = ed.run(self.prefix, script, [self.folder], cwd=self.folder, **settings)
-        self.assertEqual(done.returncode, status, f"{done.stdout}\n{done.stderr}")
+        assert done.returncode == status, f"{done.stdout}\n{done.stderr}"
         return Answers(done.stdout)
 
     def configuration(self, name):

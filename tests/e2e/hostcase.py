@@ -40,7 +40,7 @@ class HostCase(unittest.TestCase):
     def host(self, *arguments, status=0, env=None, program=HOST):
         """Runs the host in the test's folder and demands the exit status."""
         done = self.prefix.run([program, *arguments], seconds=120, cwd=self.folder, env=env)
-        self.assertEqual(done.returncode, status, f"plothost {arguments}\n{done.stdout}\n{done.stderr}")
+        assert done.returncode == status, f"plothost {arguments}\n{done.stdout}\n{done.stderr}"
         return done
 
     def answer(self, *arguments, status=0):
@@ -50,13 +50,13 @@ class HostCase(unittest.TestCase):
     def why_not(self, *arguments, status=1):
         """The one line on standard error with which the host says no."""
         lines = self.host(*arguments, status=status).stderr.splitlines()
-        self.assertEqual(len(lines), 1, lines)
+        assert len(lines) == 1, lines
         return lines[0]
 
     def tool(self, *arguments, status=0):
         """Runs e2e_tool and answers its "name: value" lines."""
         done = self.prefix.run([TOOL, *arguments], seconds=120, cwd=self.folder)
-        self.assertEqual(done.returncode, status, f"e2e_tool {arguments}\n{done.stdout}\n{done.stderr}")
+        assert done.returncode == status, f"e2e_tool {arguments}\n{done.stdout}\n{done.stderr}"
         return dict(line.split(": ", 1) for line in done.stdout.splitlines())
 
     def create(self, printer, name="x.pc3"):
