@@ -17,7 +17,7 @@ from pathlib import Path
 
 from garmtools import wineprefix
 from garmtools.places import BUILD, WINDOWS_BIN, windows_path
-from garmtools.processes import as_user, limited, run_to_end, wait_until
+from garmtools.processes import as_user, limited, wait_until
 
 NATIVE_WRITER = BUILD / "native-asan/bin/save_writer"
 WINDOWS_WRITER = WINDOWS_BIN / "save_writer.exe"
@@ -62,7 +62,7 @@ class WineWriter:
         self._prefix = prefix
         self._program = program
         self.env = prefix.env
-        # The first program of a prefix starts Wine's services.
+        # The first program of a prefix starts Wine's services, which would hold a pipe open for good.
         prefix.run([program, "check", "."], cwd=self.folder)
 
     def command(self, *arguments):
@@ -82,12 +82,11 @@ def _is_shell(process):
 
 def output(writer, *arguments, **settings):
     """The lines that the writer prints, run to its end from its own folder."""
-    # Into a file, not a pipe: Wine's services would hold a pipe open for good.
-    with tempfile.TemporaryFile() as printed:
-        run_to_end(limited(300, writer.command(*arguments)), env=writer.env, cwd=writer.folder, stdout=printed,
-                   stderr=subprocess.STDOUT, **settings)
-        printed.seek(0)
-        return printed.read().decode(errors="replace").replace("\r\n", "\n").splitlines()
+    # Through a pipe, which a limit of the size of files does not concern.
+    done = subprocess.run(limited(300, writer.command(*arguments)), env=writer.env, cwd=writer.folder,
+                          stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False,
+                          **settings)
+    return done.stdout.decode(errors="replace").replace("\r\n", "\n").splitlines()
 
 
 @dataclass
