@@ -1,5 +1,11 @@
-"""Pictures of everything that the editor shows; see tools/screenshots."""
+"""Takes a picture of every dialog, tab and page of the editor, in every language and at three scales.
 
+    tools/screenshots [--language TAG]... [--dpi N]... [--into FOLDER]
+
+They come into build/screenshots/DPI/TAG, for a person to look at.
+"""
+
+import argparse
 import re
 import shutil
 import tempfile
@@ -8,9 +14,10 @@ from pathlib import Path
 from PIL import Image
 
 from . import editorscript as ed
+from . import privatecups, wineprefix, xdisplay
 from .editorscript import Script
-from .places import WINDOWS_BIN, windows_path
-from .processes import say
+from .places import BUILD, WINDOWS_BIN, windows_path
+from .processes import run_main, say
 
 LANGUAGES = ("en", "de", "ja")
 SCALES = (96, 144, 192)
@@ -91,3 +98,21 @@ def _virtual_printer():
 def _hard_to_show():
     return Script("edit signs.pc3", "dialog", "picture 16-general-signs", f"click {ed.CANCEL}", "end",
                   "edit long.pc3", "dialog", "picture 17-general-cut", f"click {ed.CANCEL}", "end")
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--language", action="append", choices=LANGUAGES)
+    parser.add_argument("--dpi", action="append", type=int, choices=SCALES)
+    parser.add_argument("--into", type=Path, default=BUILD / "screenshots")
+    options = parser.parse_args()
+    with privatecups.private_cups() as cups, xdisplay.private_display() as display:
+        for dpi in options.dpi or SCALES:
+            with wineprefix.clone(cups=cups.socket, dpi=dpi, display=display) as prefix:
+                for language in options.language or LANGUAGES:
+                    take_all(prefix, language, options.into / str(dpi) / language)
+    return 0
+
+
+if __name__ == "__main__":
+    run_main(main)
