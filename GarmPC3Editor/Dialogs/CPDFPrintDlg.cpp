@@ -4,6 +4,7 @@
 #include "GarmPC3Editor/Decisions/VirtualPrinter.h"
 #include "GarmPC3Editor/Dialogs/LanguageResources.h"
 #include "GarmPC3Editor/Model/AnswerOnThrow.h"
+#include "resources/HostControls.h"
 #include "resources/Resource.h"
 #include "spooler/Handles.h"
 #include "spooler/PrinterQueries.h"
@@ -13,11 +14,6 @@
 
 namespace
 {
-// Controls of the host's dialog.
-constexpr int hostPaperList = 6455;
-constexpr int hostPortrait = 6461;
-constexpr int hostLandscape = 6462;
-
 // Choices of the radio buttons.
 constexpr int millimetres = 0;
 constexpr int inches = 1;
@@ -81,7 +77,7 @@ BOOL CPDFPrintDlg::OnInitDialog()
     showOrientationImages();
     SendDlgItemMessage(IDC_PAPER, CB_RESETCONTENT);
     SendDlgItemMessage(IDC_QUALITY, CB_RESETCONTENT);
-    if (const HWND hostPapers = hostControl(hostPaperList))
+    if (const HWND hostPapers = hostControl(IDC_HOST_PAPER))
         copyHostPapers(hostPapers);
     fillQualities();
     SetIcon(m_icon, TRUE);
@@ -89,7 +85,7 @@ BOOL CPDFPrintDlg::OnInitDialog()
     // A field that the block does not have reads as 0.
     const DEVMODEW fields = DevModeView(claimedBytes(*m_devMode)).fields();
     m_quality = qualityIndex(fields.dmPrintQuality);
-    const HWND hostButton = hostControl(hostPortrait);
+    const HWND hostButton = hostControl(IDC_HOST_PORTRAIT);
     m_orientation = hostButton && send(hostButton, BM_GETCHECK) != BST_CHECKED ? landscape : portrait;
 
     // Without the host's list there is no paper, and so no custom one.
@@ -164,7 +160,7 @@ CString CPDFPrintDlg::selectedPaper() const
 
 bool CPDFPrintDlg::isCustomPaper() const
 {
-    return hostControl(hostPaperList) && selectedPaper().view() == customPaper;
+    return hostControl(IDC_HOST_PAPER) && selectedPaper().view() == customPaper;
 }
 
 bool CPDFPrintDlg::showNote(int note, double length) const
@@ -256,19 +252,19 @@ bool CPDFPrintDlg::checkLengths() const
 
 void CPDFPrintDlg::chooseInHost() const
 {
-    if (const HWND hostPapers = hostControl(hostPaperList))
+    if (const HWND hostPapers = hostControl(IDC_HOST_PAPER))
         send(hostPapers, CB_SETCURSEL, static_cast<WPARAM>(m_paper));
-    if (!hostControl(hostPortrait))
+    if (!hostControl(IDC_HOST_PORTRAIT))
         return;
-    ::CheckDlgButton(m_hostDialog, hostPortrait, m_orientation == landscape ? BST_UNCHECKED : BST_CHECKED);
-    ::CheckDlgButton(m_hostDialog, hostLandscape, m_orientation == landscape ? BST_CHECKED : BST_UNCHECKED);
+    ::CheckDlgButton(m_hostDialog, IDC_HOST_PORTRAIT, m_orientation == landscape ? BST_UNCHECKED : BST_CHECKED);
+    ::CheckDlgButton(m_hostDialog, IDC_HOST_LANDSCAPE, m_orientation == landscape ? BST_CHECKED : BST_UNCHECKED);
 }
 
 void CPDFPrintDlg::writeDevMode()
 {
     GmVirtualPrinterChoice choice;
     choice.qualityIndex = m_quality;
-    if (hostControl(hostPortrait))
+    if (hostControl(IDC_HOST_PORTRAIT))
         choice.landscape = m_orientation == landscape;
     if (isCustomPaper())
     {
@@ -278,8 +274,8 @@ void CPDFPrintDlg::writeDevMode()
     }
     else
     {
-        const OdString paper = hostControl(hostPaperList) ? selectedPaper().toOdString() : OdString();
-        // Without a code: quirk 69.
+        const OdString paper = hostControl(IDC_HOST_PAPER) ? selectedPaper().toOdString() : OdString();
+        // A code that is not there becomes 65535.
         choice.paperCode = [this, paper](const DEVMODEW& devMode)
         {
             const auto ask = [&] { return paperCodeForName(m_printerName, paper.view(), &devMode); };

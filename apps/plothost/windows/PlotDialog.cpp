@@ -173,7 +173,7 @@ void PlotDialog::initialise()
         column.iSubItem = i;
         ListView_InsertColumn(details, i, &column);
     }
-    ::CheckRadioButton(m_dialog, IDC_PLOT_PORTRAIT, IDC_PLOT_LANDSCAPE, IDC_PLOT_PORTRAIT);
+    ::CheckRadioButton(m_dialog, IDC_HOST_PORTRAIT, IDC_HOST_LANDSCAPE, IDC_HOST_PORTRAIT);
 
     m_checks = std::make_unique<CheckWindows>(
         [this](unsigned question, bool found)
@@ -220,7 +220,7 @@ void PlotDialog::editDevice()
 PlotControls PlotDialog::controls() const
 {
     PlotControls controls;
-    const HWND papers = item(IDC_PLOT_PAPER);
+    const HWND papers = item(IDC_HOST_PAPER);
     if (const auto paper = selected(papers))
     {
         const LRESULT length = ::SendMessageW(papers, CB_GETLBTEXTLEN, *paper, 0);
@@ -228,7 +228,7 @@ PlotControls PlotDialog::controls() const
         ::SendMessageW(papers, CB_GETLBTEXT, *paper, reinterpret_cast<LPARAM>(text.data()));
         controls.paper = OdString(text.data());
     }
-    controls.landscape = ::IsDlgButtonChecked(m_dialog, IDC_PLOT_LANDSCAPE) == BST_CHECKED;
+    controls.landscape = ::IsDlgButtonChecked(m_dialog, IDC_HOST_LANDSCAPE) == BST_CHECKED;
     return controls;
 }
 
@@ -242,10 +242,10 @@ void PlotDialog::show()
     ::EnableWindow(item(IDC_PLOT_DEVICE), !labels.empty());
     ::EnableWindow(item(IDC_PLOT_PROPERTIES), view.device.has_value());
     ::SetDlgItemTextW(m_dialog, IDC_PLOT_STATE, wide(view.state).c_str());
-    fill(item(IDC_PLOT_PAPER), view.papers, view.paper);
+    fill(item(IDC_HOST_PAPER), view.papers, view.paper);
     if (view.isKnown)
-        ::CheckRadioButton(m_dialog, IDC_PLOT_PORTRAIT, IDC_PLOT_LANDSCAPE,
-                           view.landscape ? IDC_PLOT_LANDSCAPE : IDC_PLOT_PORTRAIT);
+        ::CheckRadioButton(m_dialog, IDC_HOST_PORTRAIT, IDC_HOST_LANDSCAPE,
+                           view.landscape ? IDC_HOST_LANDSCAPE : IDC_HOST_PORTRAIT);
     showDetails();
 }
 

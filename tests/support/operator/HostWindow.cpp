@@ -1,5 +1,7 @@
 #include "tests/support/operator/HostWindow.h"
 
+#include "resources/HostControls.h"
+
 #include <stdexcept>
 
 namespace editordriver
@@ -25,25 +27,20 @@ HostWindow::HostWindow()
     windowClass.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(COLOR_BTNFACE + 1));
     windowClass.lpszClassName = className;
     ::RegisterClassW(&windowClass);
-    m_window = ::CreateWindowExW(0, className, L"Plot", WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_VISIBLE, 20, 20, 240,
-                                 180, nullptr, nullptr, windowClass.hInstance, nullptr);
+    m_window = WindowHandle(::CreateWindowExW(0, className, L"Plot", WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_VISIBLE,
+                                              20, 20, 240, 180, nullptr, nullptr, windowClass.hInstance, nullptr));
     if (!m_window)
         throw std::runtime_error("the system gives no window");
-    const HWND list = addControl(m_window, L"COMBOBOX", L"", CBS_DROPDOWNLIST, paperList, 10);
+    const HWND list = addControl(handle(), L"COMBOBOX", L"", CBS_DROPDOWNLIST, IDC_HOST_PAPER, 10);
     for (const wchar_t* paper : papers)
         ::SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(paper));
     ::SendMessageW(list, CB_SETCURSEL, 0, 0);
-    for (const int id : {portrait, landscape})
+    for (const int id : {IDC_HOST_PORTRAIT, IDC_HOST_LANDSCAPE})
     {
-        const HWND button = addControl(m_window, L"BUTTON", id == portrait ? L"Portrait" : L"Landscape",
-                                       BS_AUTORADIOBUTTON, id, id == portrait ? 50 : 80);
+        const HWND button = addControl(handle(), L"BUTTON", id == IDC_HOST_PORTRAIT ? L"Portrait" : L"Landscape",
+                                       BS_AUTORADIOBUTTON, id, id == IDC_HOST_PORTRAIT ? 50 : 80);
         ::SetWindowPos(button, nullptr, 0, 0, 200, 24, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     }
-    ::SendMessageW(control(portrait), BM_SETCHECK, BST_CHECKED, 0);
-}
-
-HostWindow::~HostWindow()
-{
-    ::DestroyWindow(m_window);
+    ::SendMessageW(control(IDC_HOST_PORTRAIT), BM_SETCHECK, BST_CHECKED, 0);
 }
 } // namespace editordriver

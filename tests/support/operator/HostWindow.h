@@ -1,6 +1,6 @@
 #pragma once
 
-#include "win32/Win32.h"
+#include "win32/windows/SystemHandles.h"
 
 namespace editordriver
 {
@@ -9,19 +9,12 @@ namespace editordriver
 class HostWindow
 {
 public:
-    static constexpr int paperList = 6455;
-    static constexpr int portrait = 6461;
-    static constexpr int landscape = 6462;
-
     HostWindow();
-    ~HostWindow();
-    HostWindow(const HostWindow&) = delete;
-    HostWindow& operator=(const HostWindow&) = delete;
 
-    HWND handle() const noexcept { return m_window; }
-    HWND control(int id) const { return ::GetDlgItem(m_window, id); }
+    HWND handle() const noexcept { return m_window.get(); }
+    HWND control(int id) const { return ::GetDlgItem(handle(), id); }
 
 private:
-    HWND m_window;
+    WindowHandle m_window;
 };
 } // namespace editordriver

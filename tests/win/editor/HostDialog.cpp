@@ -20,11 +20,11 @@ HostDialog::HostDialog(Controls controls)
       m_sheet(create(L"STATIC", WS_POPUP, controls == noDialog ? nullptr : m_window))
 {
     if (controls == all || controls == noOrientation)
-        create(L"COMBOBOX", WS_CHILD | CBS_DROPDOWNLIST, m_window, 6455);
+        create(L"COMBOBOX", WS_CHILD | CBS_DROPDOWNLIST, m_window, IDC_HOST_PAPER);
     if (controls == all || controls == noPapers)
     {
-        create(L"BUTTON", WS_CHILD | BS_AUTORADIOBUTTON | WS_GROUP, m_window, 6461);
-        create(L"BUTTON", WS_CHILD | BS_AUTORADIOBUTTON, m_window, 6462);
+        create(L"BUTTON", WS_CHILD | BS_AUTORADIOBUTTON | WS_GROUP, m_window, IDC_HOST_PORTRAIT);
+        create(L"BUTTON", WS_CHILD | BS_AUTORADIOBUTTON, m_window, IDC_HOST_LANDSCAPE);
         checkLandscape(false);
     }
     const HWND tab = create(L"STATIC", WS_CHILD, m_sheet);
@@ -45,5 +45,6 @@ void HostDialog::addPaper(const std::wstring& name) const
 
 void HostDialog::checkLandscape(bool landscape) const
 {
-    ::CheckRadioButton(m_window, 6461, 6462, landscape ? 6462 : 6461);
+    ::CheckRadioButton(m_window, IDC_HOST_PORTRAIT, IDC_HOST_LANDSCAPE,
+                       landscape ? IDC_HOST_LANDSCAPE : IDC_HOST_PORTRAIT);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "mfc/CWnd.h"
+#include "resources/HostControls.h"
 
 #include <string>
 #include <vector>
@@ -25,13 +26,13 @@ public:
     HostDialog& operator=(const HostDialog&) = delete;
 
     HWND window() const noexcept { return m_window; }
-    HWND papers() const { return ::GetDlgItem(m_window, 6455); }
+    HWND papers() const { return ::GetDlgItem(m_window, IDC_HOST_PAPER); }
     void addPaper(const std::wstring& name) const;
     void selectPaper(int index) const { ::SendMessageW(papers(), CB_SETCURSEL, static_cast<WPARAM>(index), 0); }
     int selectedPaper() const { return static_cast<int>(::SendMessageW(papers(), CB_GETCURSEL, 0, 0)); }
     void checkLandscape(bool landscape) const;
-    bool isPortraitChecked() const { return ::IsDlgButtonChecked(m_window, 6461) == BST_CHECKED; }
-    bool isLandscapeChecked() const { return ::IsDlgButtonChecked(m_window, 6462) == BST_CHECKED; }
+    bool isPortraitChecked() const { return ::IsDlgButtonChecked(m_window, IDC_HOST_PORTRAIT) == BST_CHECKED; }
+    bool isLandscapeChecked() const { return ::IsDlgButtonChecked(m_window, IDC_HOST_LANDSCAPE) == BST_CHECKED; }
 
     // The page: inside a tab, inside a sheet that the host's dialog owns.
     CWnd& page() noexcept { return m_page; }

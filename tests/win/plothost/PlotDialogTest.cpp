@@ -172,7 +172,7 @@ protected:
         ::SendMessageW(item(id), BM_CLICK, 0, 0);
     }
     std::wstring state() const { return textOf(item(IDC_PLOT_STATE)); }
-    bool isLandscape() const { return ::IsDlgButtonChecked(m_dialog, IDC_PLOT_LANDSCAPE) == BST_CHECKED; }
+    bool isLandscape() const { return ::IsDlgButtonChecked(m_dialog, IDC_HOST_LANDSCAPE) == BST_CHECKED; }
 
     StepByStep m_steps;
     HWND m_dialog = nullptr;
