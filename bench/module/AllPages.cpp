@@ -4,6 +4,7 @@
 #include "bench/module/BareSheet.h"
 #include "bench/module/OpenedSheet.h"
 #include "resources/Resource.h"
+#include "tests/support/operator/WindowTools.h"
 
 #include <commctrl.h>
 #include <cstddef>
@@ -19,34 +20,12 @@ constexpr bool hasPage(const GmDeviceRow& row) noexcept
 }
 constexpr auto treePages = std::ranges::count_if(deviceRows, &hasPage);
 
-HTREEITEM next(HWND tree, WPARAM which, HTREEITEM item)
+void selectEach(HWND tree)
 {
-    return reinterpret_cast<HTREEITEM>(::SendMessageW(tree, TVM_GETNEXTITEM, which, reinterpret_cast<LPARAM>(item)));
-}
-
-void selectEach(HWND tree, HTREEITEM item)
-{
-    for (; item; item = next(tree, TVGN_NEXT, item))
+    for (const TreeItem& entry : itemsOf(tree))
     {
-        ::SendMessageW(tree, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(item));
+        ::SendMessageW(tree, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(entry.item));
         paint(::GetParent(tree));
-        selectEach(tree, next(tree, TVGN_CHILD, item));
-    }
-}
-
-void addTexts(std::wstring& texts, HWND tree, HTREEITEM item)
-{
-    for (; item; item = next(tree, TVGN_NEXT, item))
-    {
-        wchar_t text[260] = {};
-        TVITEMW entry = {};
-        entry.mask = TVIF_TEXT;
-        entry.hItem = item;
-        entry.pszText = text;
-        entry.cchTextMax = static_cast<int>(std::size(text));
-        ::SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&entry));
-        texts.append(text) += L'\n';
-        addTexts(texts, tree, next(tree, TVGN_CHILD, item));
     }
 }
 
@@ -76,12 +55,7 @@ void showBothTabs(HWND sheet, MakePages makePages)
 
 void showAllPages(HWND sheet)
 {
-    showBothTabs(sheet,
-                 [](HWND page)
-                 {
-                     const HWND tree = ::GetDlgItem(page, IDC_TREE);
-                     selectEach(tree, next(tree, TVGN_ROOT, nullptr));
-                 });
+    showBothTabs(sheet, [](HWND page) { selectEach(::GetDlgItem(page, IDC_TREE)); });
 }
 
 void showAllBarePages(HWND sheet, HINSTANCE resources)
@@ -103,7 +77,8 @@ std::wstring textsOfTree(HWND sheet)
 {
     std::wstring texts;
     const HWND tree = ::GetDlgItem(shownPage(sheet), IDC_TREE);
-    addTexts(texts, tree, next(tree, TVGN_ROOT, nullptr));
+    for (const TreeItem& entry : itemsOf(tree))
+        texts.append(detailsOf(tree, entry.item).label) += L'\n';
     return texts;
 }
 } // namespace modulebench

@@ -1,5 +1,6 @@
 #include "bench/module/OpenedSheet.h"
 
+#include "mfc/AfxRes.h"
 #include "win32/windows/MessageWindow.h"
 
 #include <commctrl.h>
@@ -12,7 +13,6 @@ namespace modulebench
 namespace
 {
 constexpr UINT openedMessage = WM_APP + 1;
-constexpr int tabControl = 0x3020; // of a property sheet
 
 // The sheet that is waited for, global because hooks and window procedures have no other way to reach it.
 struct Awaited
@@ -27,7 +27,7 @@ Awaited* awaited = nullptr;
 
 bool isSheet(HWND window)
 {
-    return ::GetDlgItem(window, tabControl) != nullptr && !(::GetWindowLongW(window, GWL_STYLE) & WS_CHILD);
+    return ::GetDlgItem(window, AFX_IDC_TAB_CONTROL) != nullptr && !(::GetWindowLongW(window, GWL_STYLE) & WS_CHILD);
 }
 
 LRESULT CALLBACK watchActivation(int code, WPARAM window, LPARAM details) noexcept
@@ -115,7 +115,7 @@ void paint(HWND window)
 
 void showTab(HWND sheet, int index)
 {
-    ::SendDlgItemMessageW(sheet, tabControl, TCM_SETCURFOCUS, static_cast<WPARAM>(index), 0);
+    ::SendDlgItemMessageW(sheet, AFX_IDC_TAB_CONTROL, TCM_SETCURFOCUS, static_cast<WPARAM>(index), 0);
 }
 
 HWND shownPage(HWND sheet)

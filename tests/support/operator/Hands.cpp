@@ -1,5 +1,6 @@
 #include "tests/support/operator/Hands.h"
 
+#include "mfc/AfxRes.h"
 #include "resources/Resource.h"
 
 #include <commctrl.h>
@@ -10,30 +11,13 @@ namespace editordriver
 {
 namespace
 {
-constexpr int tabControl = 0x3020; // of a property sheet
 constexpr int boxTextControl = 0xFFFF;
-constexpr int fileNameControls[] = {1152, 1148}; // of the two kinds of Save dialog
 constexpr LPARAM previousState = LPARAM{1} << 30;
 constexpr LPARAM released = (LPARAM{1} << 31) | previousState;
 
-std::wstring className(HWND window)
-{
-    wchar_t name[64] = {};
-    ::GetClassNameW(window, name, 64);
-    return name;
-}
-
-std::wstring windowText(HWND window)
-{
-    std::wstring text(static_cast<std::size_t>(::SendMessageW(window, WM_GETTEXTLENGTH, 0, 0)) + 1, L'\0');
-    text.resize(static_cast<std::size_t>(
-        ::SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
-    return text;
-}
-
 bool isUsableDialog(HWND window)
 {
-    return ::IsWindowVisible(window) && ::IsWindowEnabled(window) && className(window) == L"#32770";
+    return ::IsWindowVisible(window) && ::IsWindowEnabled(window) && classOf(window) == L"#32770";
 }
 
 HWND usableDialogOf(DWORD thread, HWND other)
@@ -49,27 +33,6 @@ HWND usableDialogOf(DWORD thread, HWND other)
         {
             auto* wanted = reinterpret_cast<Search*>(parameter);
             if (window == wanted->other || !isUsableDialog(window))
-                return TRUE;
-            wanted->found = window;
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&search));
-    return search.found;
-}
-
-HWND visibleControl(HWND dialog, int id)
-{
-    struct Search
-    {
-        int id;
-        HWND found;
-    } search{id, nullptr};
-    ::EnumChildWindows(
-        dialog,
-        [](HWND window, LPARAM parameter) -> BOOL
-        {
-            auto* wanted = reinterpret_cast<Search*>(parameter);
-            if (::GetDlgCtrlID(window) != wanted->id || !::IsWindowVisible(window))
                 return TRUE;
             wanted->found = window;
             return FALSE;
@@ -111,33 +74,6 @@ int sliderPosition(HWND window)
     return static_cast<int>(::SendMessageW(window, TBM_GETPOS, 0, 0));
 }
 
-TreeEntry entryOf(HWND tree, HTREEITEM item, int depth)
-{
-    std::wstring label(4096, L'\0');
-    TVITEMW data = {};
-    data.mask = TVIF_HANDLE | TVIF_PARAM | TVIF_STATE | TVIF_TEXT;
-    data.hItem = item;
-    data.stateMask = TVIS_OVERLAYMASK;
-    data.pszText = label.data();
-    data.cchTextMax = static_cast<int>(label.size());
-    ::SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&data));
-    return {static_cast<int>(data.lParam), depth, (data.state & TVIS_OVERLAYMASK) != 0, std::wstring(data.pszText)};
-}
-
-HTREEITEM nextItem(HWND tree, WPARAM which, HTREEITEM item)
-{
-    return reinterpret_cast<HTREEITEM>(::SendMessageW(tree, TVM_GETNEXTITEM, which, reinterpret_cast<LPARAM>(item)));
-}
-
-template <class Visit>
-void visitItems(HWND tree, HTREEITEM item, int depth, const Visit& visit)
-{
-    for (; item; item = nextItem(tree, TVGN_NEXT, item))
-    {
-        visit(item, depth);
-        visitItems(tree, nextItem(tree, TVGN_CHILD, item), depth + 1, visit);
-    }
-}
 } // namespace
 
 void Hands::awaitDialog()
@@ -182,7 +118,7 @@ bool Hands::hasControl(int id) const noexcept
 HWND Hands::usable(int id) const
 {
     const HWND found = control(id);
-    if (!::IsWindowEnabled(found) || !::IsWindowEnabled(m_dialog) || !::IsWindowEnabled(::GetParent(found)))
+    if (!isUsable(found))
         cannot(id, "is disabled");
     return found;
 }
@@ -225,14 +161,10 @@ void Hands::type(int id, const std::wstring& text)
 
 void Hands::typeFileName(const std::wstring& fullPath)
 {
-    for (const int id : fileNameControls)
-    {
-        if (!hasControl(id))
-            continue;
-        ::SendMessageW(usable(id), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(fullPath.c_str()));
-        return;
-    }
-    throw std::runtime_error("this is no Save dialog");
+    const HWND field = fileNameField(m_dialog);
+    if (!field)
+        throw std::runtime_error("this is no Save dialog");
+    ::SendMessageW(usable(::GetDlgCtrlID(field)), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(fullPath.c_str()));
 }
 
 void Hands::choose(int id, int index)
@@ -247,58 +179,35 @@ void Hands::slide(int id, int position)
 
 void Hands::showTab(int index)
 {
-    ::SendMessageW(usable(tabControl), TCM_SETCURFOCUS, static_cast<WPARAM>(index), 0);
+    ::SendMessageW(usable(AFX_IDC_TAB_CONTROL), TCM_SETCURFOCUS, static_cast<WPARAM>(index), 0);
     m_ui.settle();
 }
 
 void Hands::selectEntry(int type)
 {
     const HWND window = tree();
-    HTREEITEM wanted = nullptr;
-    visitItems(window, nextItem(window, TVGN_ROOT, nullptr), 0,
-               [&](HTREEITEM item, int depth)
-               {
-                   if (entryOf(window, item, depth).type == type)
-                       wanted = item;
-               });
-    if (!wanted)
-        throw std::runtime_error("the tree has no entry of type " + std::to_string(type));
-    ::SendMessageW(window, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(wanted));
-}
-
-std::wstring Hands::textOf(HWND window)
-{
-    return windowText(window);
+    for (const TreeItem& entry : itemsOf(window))
+        if (detailsOf(window, entry.item).details.lParam == type)
+        {
+            ::SendMessageW(window, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(entry.item));
+            return;
+        }
+    throw std::runtime_error("the tree has no entry of type " + std::to_string(type));
 }
 
 std::wstring Hands::title() const
 {
-    return windowText(m_dialog);
+    return textOf(m_dialog);
 }
 
 std::wstring Hands::boxText() const
 {
-    return windowText(control(boxTextControl));
-}
-
-std::vector<std::wstring> Hands::choices(int id) const
-{
-    const HWND combo = control(id);
-    std::vector<std::wstring> texts;
-    const auto count = static_cast<WPARAM>(::SendMessageW(combo, CB_GETCOUNT, 0, 0));
-    for (WPARAM index = 0; index < count; ++index)
-    {
-        std::wstring text(static_cast<std::size_t>(::SendMessageW(combo, CB_GETLBTEXTLEN, index, 0)) + 1, L'\0');
-        text.resize(static_cast<std::size_t>(
-            ::SendMessageW(combo, CB_GETLBTEXT, index, reinterpret_cast<LPARAM>(text.data()))));
-        texts.push_back(std::move(text));
-    }
-    return texts;
+    return textOf(control(boxTextControl));
 }
 
 int Hands::valueOf(HWND window)
 {
-    const std::wstring kind = className(window);
+    const std::wstring kind = classOf(window);
     if (::lstrcmpiW(kind.c_str(), L"ComboBox") == 0)
         return comboPosition(window);
     if (kind == TRACKBAR_CLASSW)
@@ -312,24 +221,9 @@ bool Hands::isEnabled(int id) const
     return ::IsWindowEnabled(window) && ::IsWindowEnabled(::GetParent(window));
 }
 
-std::vector<HWND> Hands::controls() const
-{
-    std::vector<HWND> found;
-    ::EnumChildWindows(
-        m_dialog,
-        [](HWND window, LPARAM parameter) -> BOOL
-        {
-            if (::IsWindowVisible(window))
-                reinterpret_cast<std::vector<HWND>*>(parameter)->push_back(window);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&found));
-    return found;
-}
-
 int Hands::tab() const
 {
-    return static_cast<int>(::SendMessageW(control(tabControl), TCM_GETCURSEL, 0, 0));
+    return static_cast<int>(::SendMessageW(control(AFX_IDC_TAB_CONTROL), TCM_GETCURSEL, 0, 0));
 }
 
 HWND Hands::tree() const
@@ -341,8 +235,11 @@ std::vector<TreeEntry> Hands::entries() const
 {
     const HWND window = tree();
     std::vector<TreeEntry> all;
-    visitItems(window, nextItem(window, TVGN_ROOT, nullptr), 0,
-               [&](HTREEITEM item, int depth) { all.push_back(entryOf(window, item, depth)); });
+    for (const auto& [item, depth] : itemsOf(window))
+    {
+        const auto [details, label] = detailsOf(window, item);
+        all.push_back({static_cast<int>(details.lParam), depth, (details.state & TVIS_OVERLAYMASK) != 0, label});
+    }
     return all;
 }
 } // namespace editordriver

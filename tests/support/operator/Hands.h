@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tests/support/operator/UiThread.h"
+#include "tests/support/operator/WindowTools.h"
 
 #include <functional>
 #include <string>
@@ -48,16 +49,15 @@ public:
     void selectEntry(int type);
 
     std::wstring text(int id) const { return textOf(control(id)); }
-    static std::wstring textOf(HWND window);
     std::wstring title() const;
     std::wstring boxText() const; // of a message box
-    std::vector<std::wstring> choices(int id) const;
+    std::vector<std::wstring> choices(int id) const { return entriesOf(control(id)); }
     // Of a combo box, slider, check box or radio button.
     int value(int id) const { return valueOf(control(id)); }
     static int valueOf(HWND control);
     bool isEnabled(int id) const;
     int tab() const;
-    std::vector<HWND> controls() const; // all that are to be seen
+    std::vector<HWND> controls() const { return visibleWindowsIn(m_dialog); }
     std::vector<TreeEntry> entries() const;
 
 private:

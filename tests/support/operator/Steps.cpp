@@ -214,7 +214,7 @@ bool Steps::runQuestion(const std::string& verb, std::string rest)
         tellFlag(m_hands.hasControl(number()));
     else if (verb == "controls")
         for (const HWND control : m_hands.controls())
-            tell("control " + std::to_string(::GetDlgCtrlID(control)), oneLine(Hands::textOf(control)));
+            tell("control " + std::to_string(::GetDlgCtrlID(control)), oneLine(textOf(control)));
     else if (verb == "which-tab")
         tell(name, std::to_string(m_hands.tab()));
     else if (verb == "owner-enabled")

@@ -1,7 +1,7 @@
 // The button of the custom properties, on a Windows printer.
 
+#include "tests/support/operator/SentMessages.h"
 #include "tests/win/editor/DeviceTabTest.h"
-#include "tests/win/editor/SentMessages.h"
 
 #include "resources/Resource.h"
 #include "spooler/DevModeView.h"

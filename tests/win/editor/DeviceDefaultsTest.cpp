@@ -1,7 +1,7 @@
 // The Defaults button, and the marks and stale pages it leaves.
 
+#include "tests/support/operator/SentMessages.h"
 #include "tests/win/editor/DeviceTabTest.h"
-#include "tests/win/editor/SentMessages.h"
 
 #include "resources/Resource.h"
 

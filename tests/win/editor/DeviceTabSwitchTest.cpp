@@ -1,7 +1,7 @@
 // Switching between the entries of the device tab, and what happens to their pages.
 
+#include "tests/support/operator/SentMessages.h"
 #include "tests/win/editor/DeviceTabTest.h"
-#include "tests/win/editor/SentMessages.h"
 
 #include "GarmPC3Editor/Dialogs/DevicePages.h"
 #include "resources/Resource.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "tests/support/RecordedAsserts.h"
-#include "tests/win/editor/DeviceTabUser.h"
+#include "tests/support/operator/DeviceTabUser.h"
 #include "tests/win/editor/EditorSheet.h"
 #include "tests/win/editor/EditorTest.h"
 

@@ -1,7 +1,7 @@
 // The tree of the device tab as it is built.
 
+#include "tests/support/operator/SentMessages.h"
 #include "tests/win/editor/DeviceTabTest.h"
-#include "tests/win/editor/SentMessages.h"
 
 #include "kernel/OdError.h"
 #include "resources/Resource.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "GarmPC3Editor/Dialogs/GmPCfgDlg.h"
-#include "tests/win/editor/SheetDriver.h"
+#include "tests/support/operator/SheetDriver.h"
 
 #include <functional>
 

@@ -2,8 +2,8 @@
 
 #include "GarmPC3Editor/GmPlotCfg3.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/operator/SheetDriver.h"
 #include "tests/support/room/PrinterRoom.h"
-#include "tests/win/editor/SheetDriver.h"
 
 #include <gtest/gtest.h>
 

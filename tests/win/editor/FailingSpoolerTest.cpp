@@ -1,7 +1,7 @@
 // A whole session of the editor, again and again: each time another call to the spooler or the driver fails, throws, or
 // finds the printer gone. The session goes on to its end, or does not begin; the file is the old or the new one.
 
-#include "tests/win/editor/DeviceTabUser.h"
+#include "tests/support/operator/DeviceTabUser.h"
 #include "tests/win/editor/EditorTest.h"
 
 #include "GarmPC3Editor/Commands/PC3EditCommand.h"

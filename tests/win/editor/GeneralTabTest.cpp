@@ -1,7 +1,7 @@
 #include "tests/support/RecordedAsserts.h"
+#include "tests/support/operator/Pixels.h"
 #include "tests/win/editor/EditorSheet.h"
 #include "tests/win/editor/EditorTest.h"
-#include "tests/win/editor/Pixels.h"
 
 #include "resources/Resource.h"
 

@@ -1,7 +1,7 @@
 // A language library in which something is missing: what can be shown is shown, and the user's work is saved.
 
 #include "tests/support/RecordedAsserts.h"
-#include "tests/win/editor/DeviceTabUser.h"
+#include "tests/support/operator/DeviceTabUser.h"
 #include "tests/win/editor/EditorTest.h"
 #include "tests/win/editor/HostDialog.h"
 #include "tests/win/support/ChangedLibrary.h"
@@ -179,7 +179,7 @@ TEST_F(LackingResources, WithoutTheVirtualPrintersDialogItsButtonShowsNothing)
 {
     GmResellerData::set(OD_T("PDFPRINTERNAME"), OD_T("Plotter A"));
     lack(RT_DIALOG, IDD_VIRTUAL_PRINTER);
-    editAndSave([](DeviceTabUser& tab) { EXPECT_TRUE(SheetDriver::isUsable(tab.sheet)); });
+    editAndSave([](DeviceTabUser& tab) { EXPECT_TRUE(isUsable(tab.sheet)); });
     GmResellerData::clear();
     EXPECT_EQ(RecordedAsserts::reports(), Texts());
 }
@@ -250,10 +250,7 @@ TEST_F(LackingResources, WithoutItsFilterTheSaveAsDialogHasNoneAndSaves)
         {
             tab.user.press(tab.tab, IDC_SAVE_AS);
             const HWND dialog = tab.user.awaitWindow();
-            const int newerNameField = 1152;
-            const int olderNameField = 1148;
-            const int field = ::GetDlgItem(dialog, olderNameField) ? olderNameField : newerNameField;
-            tab.user.send(tab.user.control(dialog, field), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
+            tab.user.send(fileNameField(dialog), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
             tab.user.press(dialog, IDOK);
             tab.user.awaitClosed(dialog);
             tab.user.settle();

@@ -76,8 +76,7 @@ TEST_F(NameDialogTest, BlanksKeepItOpenWithoutAMessage)
                  user.enter(window, IDC_CFG_NAME, blank);
                  user.click(window, IDOK);
                  user.settle();
-                 EXPECT_TRUE(SheetDriver::isUsable(user.control(window, IDC_CFG_NAME)))
-                     << "something is in front of it";
+                 EXPECT_TRUE(isUsable(user.control(window, IDC_CFG_NAME))) << "something is in front of it";
              }
              user.press(window, IDCANCEL);
          });

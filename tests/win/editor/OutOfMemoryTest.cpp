@@ -2,7 +2,7 @@
 // procedures, callbacks of the sheet and handlers. Nothing is thrown, nothing hangs, nothing stays; the file is the old
 // or the new one, and the command answers all or nothing.
 
-#include "tests/win/editor/DeviceTabUser.h"
+#include "tests/support/operator/DeviceTabUser.h"
 #include "tests/win/editor/EditorTest.h"
 
 #include "GarmPC3Editor/Commands/PC3EditCommand.h"

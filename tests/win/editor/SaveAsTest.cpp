@@ -12,15 +12,7 @@
 
 namespace
 {
-// The field for the name in the system's two kinds of dialog.
-constexpr int newerNameField = 1152;
-constexpr int olderNameField = 1148;
-constexpr int typeList = 1136; // in both
-
-HWND fileNameEdit(SheetDriver& user, HWND dialog)
-{
-    return user.control(dialog, ::GetDlgItem(dialog, olderNameField) ? olderNameField : newerNameField);
-}
+constexpr int typeList = 1136; // of the system's Save dialogs
 
 class SaveAsTest : public EditorTest
 {
@@ -38,7 +30,7 @@ protected:
     static void saveAs(SheetDriver& user, HWND sheet, const OdString& path)
     {
         const HWND dialog = openSaveAs(user, sheet);
-        user.send(fileNameEdit(user, dialog), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
+        user.send(fileNameField(dialog), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
         user.press(dialog, IDOK);
         user.awaitClosed(dialog);
     }
@@ -93,8 +85,8 @@ TEST_F(SaveAsTest, ANewConfigurationStartsInTheInitialFolderWithoutAName)
         [&](SheetDriver& user, HWND sheet)
         {
             const HWND dialog = openSaveAs(user, sheet);
-            EXPECT_EQ(user.text(fileNameEdit(user, dialog)), L"");
-            user.send(fileNameEdit(user, dialog), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"bare.pc3"));
+            EXPECT_EQ(user.text(fileNameField(dialog)), L"");
+            user.send(fileNameField(dialog), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"bare.pc3"));
             user.press(dialog, IDOK);
             user.awaitClosed(dialog);
             user.settle();
@@ -178,7 +170,7 @@ TEST_F(SaveAsTest, CancellingChangesNothing)
         [&](SheetDriver& user, HWND sheet)
         {
             const HWND dialog = openSaveAs(user, sheet);
-            EXPECT_EQ(user.text(fileNameEdit(user, dialog)), L"old.pc3");
+            EXPECT_EQ(user.text(fileNameField(dialog)), L"old.pc3");
             EXPECT_FALSE(::IsWindowEnabled(sheet)) << "the sheet is not its owner";
             user.press(dialog, IDCANCEL);
             user.awaitClosed(dialog);
@@ -200,7 +192,7 @@ TEST_F(SaveAsTest, AFailureIsToldAndLeavesTitleAndPath)
         [&](SheetDriver& user, HWND sheet)
         {
             const HWND dialog = openSaveAs(user, sheet);
-            user.send(fileNameEdit(user, dialog), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(target.c_str()));
+            user.send(fileNameField(dialog), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(target.c_str()));
             user.press(dialog, IDOK);
             // Whether to replace the file; the dialog is the one that asks.
             const HWND question = user.awaitWindow();

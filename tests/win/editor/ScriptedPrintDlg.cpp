@@ -1,17 +1,12 @@
 #include "tests/win/editor/ScriptedPrintDlg.h"
 
+#include "tests/support/operator/WindowTools.h"
+
 #include <gtest/gtest.h>
 
 namespace
 {
 constexpr UINT runScript = WM_APP + 77;
-
-std::wstring windowText(HWND window)
-{
-    std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(window)) + 1, WCHAR());
-    text.resize(static_cast<std::size_t>(::GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
-    return text;
-}
 } // namespace
 
 BOOL ScriptedPrintDlg::OnInitDialog()
@@ -45,26 +40,17 @@ LRESULT ScriptedPrintDlg::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 
 std::wstring ScriptedPrintDlg::title() const
 {
-    return windowText(m_hWnd);
+    return ::textOf(m_hWnd);
 }
 
 std::wstring ScriptedPrintDlg::textOf(int id) const
 {
-    return windowText(control(id));
+    return ::textOf(control(id));
 }
 
 std::vector<std::wstring> ScriptedPrintDlg::entriesOf(int id) const
 {
-    std::vector<std::wstring> entries;
-    const LRESULT count = SendDlgItemMessage(id, CB_GETCOUNT);
-    for (WPARAM i = 0; i < static_cast<WPARAM>(count); ++i)
-    {
-        std::wstring text(static_cast<std::size_t>(SendDlgItemMessage(id, CB_GETLBTEXTLEN, i)) + 1, WCHAR());
-        text.resize(
-            static_cast<std::size_t>(SendDlgItemMessage(id, CB_GETLBTEXT, i, reinterpret_cast<LPARAM>(text.data()))));
-        entries.push_back(text);
-    }
-    return entries;
+    return ::entriesOf(control(id));
 }
 
 int ScriptedPrintDlg::selectionOf(int id) const

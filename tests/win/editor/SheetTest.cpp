@@ -1,6 +1,6 @@
+#include "tests/support/operator/Pixels.h"
 #include "tests/win/editor/EditorSheet.h"
 #include "tests/win/editor/EditorTest.h"
-#include "tests/win/editor/Pixels.h"
 
 #include "kernel/OdError.h"
 #include "resources/Resource.h"
@@ -80,8 +80,8 @@ TEST_F(SheetTest, HasTwoTabsOkAndCancelAndNothingToApply)
             EXPECT_EQ(tabText(user, sheet, 0), libraryText(IDS_TAB_GENERAL));
             EXPECT_EQ(tabText(user, sheet, 1), libraryText(IDS_TAB_DEVICE));
             EXPECT_EQ(user.selectedTab(sheet), 0);
-            EXPECT_TRUE(SheetDriver::isUsable(user.control(sheet, IDOK)));
-            EXPECT_TRUE(SheetDriver::isUsable(user.control(sheet, IDCANCEL)));
+            EXPECT_TRUE(isUsable(user.control(sheet, IDOK)));
+            EXPECT_TRUE(isUsable(user.control(sheet, IDCANCEL)));
             EXPECT_FALSE(user.hasControl(sheet, applyButton) && ::IsWindowVisible(user.control(sheet, applyButton)));
             user.press(sheet, IDOK);
         });
@@ -166,7 +166,7 @@ TEST_F(SheetTest, AnExchangeRunsTheInitialisationAgainStepByStep)
             const auto shownPixels = [&]
             { return pixels(reinterpret_cast<HICON>(user.send(help, BM_GETIMAGE, IMAGE_ICON))); };
             EXPECT_EQ(shownPixels(), helpPixels);
-            EXPECT_FALSE(SheetDriver::isUsable(help));
+            EXPECT_FALSE(isUsable(help));
             user.selectTab(sheet, 1);
             const HWND description = user.control(sheet, IDC_DESCRIPTION);
             const LRESULT printers = user.send(user.control(sheet, IDC_PRINTERS), CB_GETCOUNT);
@@ -203,7 +203,7 @@ TEST_F(SheetTest, HelpRunsAHookAndNothingElse)
             user.settle();
             EXPECT_EQ(m_sheet.m_helps, 1);
             EXPECT_EQ(user.selectedTab(sheet), 0);
-            EXPECT_TRUE(SheetDriver::isUsable(user.control(sheet, IDCANCEL)));
+            EXPECT_TRUE(isUsable(user.control(sheet, IDCANCEL)));
             user.press(sheet, IDCANCEL);
         });
     EXPECT_EQ(m_sheet.m_helps, 1);

@@ -1,6 +1,6 @@
 // Texts of a file that no control can show as they are: with NULs, or longer than anybody reads.
 
-#include "tests/win/editor/DeviceTabUser.h"
+#include "tests/support/operator/DeviceTabUser.h"
 #include "tests/win/editor/EditorSheet.h"
 #include "tests/win/editor/EditorTest.h"
 
@@ -96,7 +96,7 @@ TEST_F(ShownTextsTest, aVeryLongDescriptionIsCutAndCannotBeEdited)
             EXPECT_TRUE(user.textOf(sheet, IDC_DESCRIPTION) == std::wstring(4999, L'x') + L'\u2026');
             EXPECT_TRUE(isReadOnly(user, sheet));
             EXPECT_EQ(user.textOf(sheet, IDC_DESCRIPTION_NOTE), libraryText(IDS_DESCRIPTION_CUT));
-            EXPECT_TRUE(SheetDriver::isUsable(user.control(sheet, IDC_DESCRIPTION))) << "it can still be scrolled";
+            EXPECT_TRUE(isUsable(user.control(sheet, IDC_DESCRIPTION))) << "it can still be scrolled";
             // Typing changes nothing.
             user.focusOn(user.control(sheet, IDC_DESCRIPTION));
             user.post(user.control(sheet, IDC_DESCRIPTION), WM_CHAR, L'y');

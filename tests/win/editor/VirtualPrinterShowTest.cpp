@@ -1,7 +1,7 @@
 // What the virtual printers' dialog shows, and what changes while it is open.
 
-#include "tests/win/editor/Pixels.h"
-#include "tests/win/editor/SentMessages.h"
+#include "tests/support/operator/Pixels.h"
+#include "tests/support/operator/SentMessages.h"
 #include "tests/win/editor/VirtualPrinterTest.h"
 #include "tests/win/mfc/BoxAnswerer.h"
 #include "tests/win/module/ImportPatch.h"

@@ -16,21 +16,15 @@ OpenedDialog::OpenedDialog(HMODULE library, UINT id)
 {
     const INITCOMMONCONTROLSEX classes = {sizeof(classes), ICC_TREEVIEW_CLASSES | ICC_BAR_CLASSES};
     ::InitCommonControlsEx(&classes);
-    m_parent = ::CreateWindowExW(0, L"Static", L"", WS_POPUP, 0, 0, 100, 100, nullptr, nullptr, nullptr, nullptr);
-    m_window = ::CreateDialogParamW(library, MAKEINTRESOURCEW(id), m_parent, nothingToDo, 0);
-}
-
-OpenedDialog::~OpenedDialog()
-{
-    if (m_window)
-        ::DestroyWindow(m_window);
-    ::DestroyWindow(m_parent);
+    m_parent = WindowHandle(
+        ::CreateWindowExW(0, L"Static", L"", WS_POPUP, 0, 0, 100, 100, nullptr, nullptr, nullptr, nullptr));
+    m_window = WindowHandle(::CreateDialogParamW(library, MAKEINTRESOURCEW(id), m_parent.get(), nothingToDo, 0));
 }
 
 std::vector<HWND> OpenedDialog::controls() const
 {
     std::vector<HWND> found;
-    for (HWND control = ::GetWindow(m_window, GW_CHILD); control; control = ::GetWindow(control, GW_HWNDNEXT))
+    for (HWND control = ::GetWindow(window(), GW_CHILD); control; control = ::GetWindow(control, GW_HWNDNEXT))
         found.push_back(control);
     return found;
 }
@@ -38,22 +32,8 @@ std::vector<HWND> OpenedDialog::controls() const
 SIZE OpenedDialog::pixels(int width, int height) const
 {
     RECT units = {0, 0, width, height};
-    ::MapDialogRect(m_window, &units);
+    ::MapDialogRect(window(), &units);
     return {units.right, units.bottom};
-}
-
-std::wstring classOf(HWND window)
-{
-    wchar_t name[64] = {};
-    ::GetClassNameW(window, name, 64);
-    return name;
-}
-
-std::wstring textOf(HWND window)
-{
-    std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(window)) + 1, L'\0');
-    text.resize(static_cast<std::size_t>(::GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
-    return text;
 }
 
 LONG styleOf(HWND window)

@@ -1,33 +1,30 @@
 #pragma once
 
+#include "tests/support/operator/WindowTools.h"
 #include "tests/win/resources/LanguageLibrary.h"
+#include "win32/windows/SystemHandles.h"
 
 #include <vector>
 
-// A dialog made from a template as the editor makes it, but with nobody behind it: the tabs and pages as children, the
+// A dialog made from a template as the editor makes it, but without its object: the tabs and pages as children, the
 // dialogs of their own with an owner. Hidden, since what is measured does not depend on being seen.
 class OpenedDialog
 {
 public:
     OpenedDialog(HMODULE library, UINT id);
-    ~OpenedDialog();
-    OpenedDialog(const OpenedDialog&) = delete;
-    OpenedDialog& operator=(const OpenedDialog&) = delete;
 
-    HWND window() const { return m_window; }
-    HWND control(int id) const { return ::GetDlgItem(m_window, id); }
+    HWND window() const { return m_window.get(); }
+    HWND control(int id) const { return ::GetDlgItem(window(), id); }
     // Children in the order of the Tab key.
     std::vector<HWND> controls() const;
     // Dialog units to pixels.
     SIZE pixels(int width, int height) const;
 
 private:
-    HWND m_parent = nullptr;
-    HWND m_window = nullptr;
+    WindowHandle m_parent;
+    WindowHandle m_window;
 };
 
-std::wstring classOf(HWND window);
-std::wstring textOf(HWND window);
 LONG styleOf(HWND window);
 // In the coordinates of the dialog's client area.
 RECT placeOf(HWND control);

@@ -1,9 +1,9 @@
 #include "tests/win/support/MessageBoxAnswerer.h"
 
+#include "tests/support/operator/WindowTools.h"
 #include "tests/win/support/FailingMemory.h"
 
 #include <stdexcept>
-#include <string_view>
 
 namespace
 {
@@ -12,18 +12,9 @@ constexpr int textControl = 0xFFFF;
 
 MessageBoxAnswerer* current = nullptr;
 
-std::wstring windowText(HWND window)
-{
-    std::wstring text(512, L'\0');
-    text.resize(static_cast<std::size_t>(::GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
-    return text;
-}
-
 bool looksLikeABox(HWND window)
 {
-    wchar_t name[16] = {};
-    ::GetClassNameW(window, name, 16);
-    return std::wstring_view(name) == L"#32770";
+    return classOf(window) == L"#32770";
 }
 } // namespace
 
@@ -54,7 +45,7 @@ LRESULT CALLBACK MessageBoxAnswerer::hook(int code, WPARAM wParam, LPARAM lParam
 
 void MessageBoxAnswerer::answer(HWND box)
 {
-    m_boxes.push_back({windowText(box), windowText(::GetDlgItem(box, textControl)), ::GetParent(box)});
+    m_boxes.push_back({textOf(box), textOf(::GetDlgItem(box, textControl)), ::GetParent(box)});
     if (m_whileOpen)
         m_whileOpen();
     ::PostMessageW(box, WM_COMMAND, IDOK, 0);

@@ -1,8 +1,8 @@
-#include "tests/win/editor/SheetDriver.h"
+#include "tests/support/operator/SheetDriver.h"
 
+#include "mfc/AfxRes.h"
 #include "tests/win/support/FailingMemory.h"
 
-#include <commctrl.h>
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -18,31 +18,20 @@ namespace
 constexpr auto limit = std::chrono::seconds(60);
 constexpr UINT limitInMilliseconds = 60000;
 
-// A property sheet's tab control.
-constexpr int tabControl = 0x3020;
-
 // What the marker of settle() has in wParam.
 constexpr WPARAM markerSign = 0x5E771E;
 
 SheetDriver* current = nullptr;
 
-std::wstring className(HWND window)
-{
-    wchar_t name[64] = {};
-    ::GetClassNameW(window, name, 64);
-    return name;
-}
-
 bool isDialog(HWND window)
 {
-    return className(window) == L"#32770" && !(::GetWindowLongW(window, GWL_STYLE) & WS_CHILD);
+    return classOf(window) == L"#32770" && !(::GetWindowLongW(window, GWL_STYLE) & WS_CHILD);
 }
 
 struct Search
 {
     int id;
-    HWND visible = nullptr;
-    HWND any = nullptr;
+    HWND found = nullptr;
 };
 
 BOOL CALLBACK lookAtControl(HWND window, LPARAM param)
@@ -50,22 +39,17 @@ BOOL CALLBACK lookAtControl(HWND window, LPARAM param)
     auto& search = *reinterpret_cast<Search*>(param);
     if (::GetDlgCtrlID(window) != search.id)
         return TRUE;
-    if (!search.any)
-        search.any = window;
-    if (!::IsWindowVisible(window))
-        return TRUE;
-    search.visible = window;
+    search.found = window;
     return FALSE;
 }
 
 HWND findControl(HWND window, int id)
 {
-    // The window's own first: a list of files inside has the number of OK.
-    if (const HWND own = ::GetDlgItem(window, id); own && ::IsWindowVisible(own))
-        return own;
-    Search search{id};
-    ::EnumChildWindows(window, &lookAtControl, reinterpret_cast<LPARAM>(&search));
-    return search.visible ? search.visible : search.any;
+    if (const HWND visible = visibleControl(window, id))
+        return visible;
+    Search hidden{id};
+    ::EnumChildWindows(window, &lookAtControl, reinterpret_cast<LPARAM>(&hidden));
+    return hidden.found;
 }
 
 struct BoxParts
@@ -80,11 +64,11 @@ BOOL CALLBACK addPart(HWND window, LPARAM param)
     auto& parts = *reinterpret_cast<BoxParts*>(param);
     if (!::IsWindowVisible(window))
         return TRUE;
-    if (className(window) == L"Button")
+    if (classOf(window) == L"Button")
         parts.buttons.push_back(::GetDlgCtrlID(window));
     else if ((::GetWindowLongW(window, GWL_STYLE) & SS_TYPEMASK) == SS_ICON)
         parts.icon = window;
-    else if (className(window) == L"Static")
+    else if (classOf(window) == L"Static")
         parts.text = window;
     return TRUE;
 }
@@ -103,7 +87,7 @@ BOOL CALLBACK cancelWindow(HWND window, LPARAM)
 
 bool belongsToTheSystem(HWND window)
 {
-    const std::wstring name = className(window);
+    const std::wstring name = classOf(window);
     return name == L"IME" || name == L"MSCTFIME UI";
 }
 
@@ -118,7 +102,7 @@ BOOL CALLBACK countWindow(HWND window, LPARAM param)
 
 void mustBeUsable(HWND window, const char* what)
 {
-    if (!SheetDriver::isUsable(window))
+    if (!isUsable(window))
         throw std::runtime_error(std::string(what) + " that a person could not use");
 }
 } // namespace
@@ -135,8 +119,6 @@ SheetDriver::SheetDriver()
 SheetDriver::~SheetDriver()
 {
     current = nullptr;
-    ::UnhookWindowsHookEx(m_messageHook);
-    ::UnhookWindowsHookEx(m_windowHook);
 }
 
 LRESULT CALLBACK SheetDriver::watchWindows(int code, WPARAM wParam, LPARAM lParam)
@@ -170,12 +152,12 @@ LRESULT CALLBACK SheetDriver::watchMessages(int code, WPARAM wParam, LPARAM lPar
 void SheetDriver::run(const std::function<void()>& show, const Script& script)
 {
     SheetDriver driver;
-    const HANDLE done = ::CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    const KernelHandle done(::CreateEventW(nullptr, TRUE, FALSE, nullptr));
     std::thread user(
         [&]
         {
             driver.runScript(script);
-            ::SetEvent(done);
+            ::SetEvent(done.get());
         });
     std::exception_ptr thrown;
     try
@@ -191,9 +173,8 @@ void SheetDriver::run(const std::function<void()>& show, const Script& script)
         driver.m_ended = true;
         driver.m_changed.notify_all();
     }
-    driver.awaitThread(done);
+    driver.awaitThread(done.get());
     user.join();
-    ::CloseHandle(done);
     if (thrown)
         std::rethrow_exception(thrown);
 }
@@ -291,16 +272,6 @@ bool SheetDriver::hasControl(HWND window, int id) const
     return findControl(window, id) != nullptr;
 }
 
-bool SheetDriver::isUsable(HWND window)
-{
-    if (!::IsWindowVisible(window))
-        return false;
-    for (HWND w = window; w; w = ::GetAncestor(w, GA_PARENT))
-        if (!::IsWindowEnabled(w))
-            return false;
-    return true;
-}
-
 HWND SheetDriver::focus() const
 {
     GUITHREADINFO info = {};
@@ -371,7 +342,7 @@ void SheetDriver::key(WORD virtualKey)
 
 HWND SheetDriver::tabs(HWND sheet) const
 {
-    return control(sheet, tabControl);
+    return control(sheet, AFX_IDC_TAB_CONTROL);
 }
 
 HWND SheetDriver::page(HWND sheet) const

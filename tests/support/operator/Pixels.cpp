@@ -1,4 +1,4 @@
-#include "tests/win/editor/Pixels.h"
+#include "tests/support/operator/Pixels.h"
 
 std::vector<BYTE> pixels(HBITMAP bitmap)
 {

@@ -1,4 +1,6 @@
-#include "tests/win/editor/DeviceTabUser.h"
+#include "tests/support/operator/DeviceTabUser.h"
+
+#include "resources/Resource.h"
 
 #include <prsht.h>
 
@@ -12,45 +14,29 @@ HWND shownTab(SheetDriver& user, HWND sheet)
     user.selectTab(sheet, 1);
     return user.page(sheet);
 }
-
-constexpr int treeControl = 508;
 } // namespace
 
 DeviceTabUser::DeviceTabUser(SheetDriver& driver, HWND sheetWindow)
-    : user(driver), sheet(sheetWindow), tab(shownTab(driver, sheetWindow)), tree(driver.control(tab, treeControl))
+    : user(driver), sheet(sheetWindow), tab(shownTab(driver, sheetWindow)), tree(driver.control(tab, IDC_TREE))
 {
 }
 
 HTREEITEM DeviceTabUser::next(HTREEITEM item, UINT relation) const
 {
-    return reinterpret_cast<HTREEITEM>(user.send(tree, TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(item)));
-}
-
-void DeviceTabUser::addItems(HTREEITEM item, std::vector<HTREEITEM>& items) const
-{
-    for (; item; item = next(item, TVGN_NEXT))
-    {
-        items.push_back(item);
-        addItems(next(item, TVGN_CHILD), items);
-    }
+    return nextItem(tree, relation, item);
 }
 
 std::vector<HTREEITEM> DeviceTabUser::items() const
 {
     std::vector<HTREEITEM> all;
-    addItems(next(nullptr, TVGN_ROOT), all);
+    for (const TreeItem& entry : itemsOf(tree))
+        all.push_back(entry.item);
     return all;
 }
 
 TVITEMW DeviceTabUser::details(HTREEITEM item) const
 {
-    TVITEMW details = {};
-    details.mask = TVIF_HANDLE | TVIF_PARAM | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_CHILDREN | TVIF_STATE;
-    details.hItem = item;
-    details.stateMask = TVIS_OVERLAYMASK | TVIS_EXPANDED | TVIS_SELECTED;
-    if (!user.send(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&details)))
-        throw std::runtime_error("no such entry");
-    return details;
+    return detailsOf(tree, item).details;
 }
 
 GmDeviceEntry DeviceTabUser::typeOf(HTREEITEM item) const
@@ -76,15 +62,7 @@ HTREEITEM DeviceTabUser::item(GmDeviceEntry type) const
 
 std::wstring DeviceTabUser::labelOf(HTREEITEM item) const
 {
-    std::wstring text(4096, WCHAR());
-    TVITEMW details = {};
-    details.mask = TVIF_HANDLE | TVIF_TEXT;
-    details.hItem = item;
-    details.pszText = text.data();
-    details.cchTextMax = static_cast<int>(text.size());
-    if (!user.send(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&details)))
-        throw std::runtime_error("no such entry");
-    return details.pszText;
+    return detailsOf(tree, item).label;
 }
 
 bool DeviceTabUser::isMarked(GmDeviceEntry type) const
@@ -121,9 +99,7 @@ std::vector<HWND> DeviceTabUser::pages() const
     std::vector<HWND> found;
     for (HWND child = ::GetWindow(tab, GW_CHILD); child; child = ::GetWindow(child, GW_HWNDNEXT))
     {
-        WCHAR name[16] = {};
-        ::GetClassNameW(child, name, 16);
-        if (std::wstring(name) == L"#32770")
+        if (classOf(child) == L"#32770")
             found.push_back(child);
     }
     return found;
@@ -145,7 +121,7 @@ HWND DeviceTabUser::shownPage() const
 void DeviceTabUser::key(int id, WPARAM virtualKey) const
 {
     const HWND target = control(id);
-    if (!SheetDriver::isUsable(target))
+    if (!::isUsable(target))
         throw std::runtime_error("a key in a control that cannot be used");
     user.send(target, WM_KEYDOWN, virtualKey, 1);
     user.send(target, WM_KEYUP, virtualKey, 1);

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "win32/Win32.h"
+#include "win32/windows/SystemHandles.h"
 
 #include <functional>
-#include <string>
 
 // Watches what is sent to the windows of the thread that made the object, before they get it. One at a time.
 class SentMessages
@@ -19,7 +18,5 @@ public:
 
 private:
     Watcher m_watcher;
-    HHOOK m_hook;
+    HookHandle m_hook;
 };
-
-std::wstring classOf(HWND window);

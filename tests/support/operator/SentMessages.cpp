@@ -1,4 +1,4 @@
-#include "tests/win/editor/SentMessages.h"
+#include "tests/support/operator/SentMessages.h"
 
 #include <stdexcept>
 
@@ -28,12 +28,4 @@ SentMessages::SentMessages(Watcher watcher)
 SentMessages::~SentMessages()
 {
     current = nullptr;
-    ::UnhookWindowsHookEx(m_hook);
-}
-
-std::wstring classOf(HWND window)
-{
-    WCHAR name[64] = {};
-    ::GetClassNameW(window, name, 64);
-    return name;
 }

@@ -1,9 +1,7 @@
 #pragma once
 
 #include "GarmPC3Editor/Decisions/DeviceTree.h"
-#include "tests/win/editor/SheetDriver.h"
-
-#include <commctrl.h>
+#include "tests/support/operator/SheetDriver.h"
 
 #include <string>
 #include <vector>
@@ -46,7 +44,7 @@ public:
     std::vector<HWND> pages() const; // all that were made, the visible ones first as the Tab key finds them
     HWND shownPage() const;          // null when there is none
     HWND control(int id) const { return user.control(tab, id); }
-    bool isUsable(int id) const { return SheetDriver::isUsable(control(id)); }
+    bool isUsable(int id) const { return ::isUsable(control(id)); }
 
     void click(int id) const { user.click(tab, id); }
     bool isChecked(int id) const { return user.send(control(id), BM_GETCHECK) == BST_CHECKED; }
@@ -56,7 +54,4 @@ public:
     int selectionOf(int id) const { return static_cast<int>(user.send(control(id), CB_GETCURSEL)); }
 
     void pressOk() const { user.press(sheet, IDOK); }
-
-private:
-    void addItems(HTREEITEM item, std::vector<HTREEITEM>& items) const;
 };

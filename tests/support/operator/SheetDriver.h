@@ -1,6 +1,7 @@
 #pragma once
 
-#include "win32/Win32.h"
+#include "tests/support/operator/WindowTools.h"
+#include "win32/windows/SystemHandles.h"
 
 #include <condition_variable>
 #include <cstddef>
@@ -50,8 +51,6 @@ public:
     // A control, at any depth: the visible one of that number, else a hidden one. Throws when there is none.
     HWND control(HWND window, int id) const;
     bool hasControl(HWND window, int id) const;
-    // Whether a person could use it: shown and enabled, as everything around it.
-    static bool isUsable(HWND window);
     HWND focus() const;
 
     // Cancels every window until none is left: for a script that cannot go on.
@@ -107,8 +106,8 @@ private:
     void await(const char* what, std::unique_lock<std::mutex>& lock, Condition condition);
 
     DWORD m_thread;
-    HHOOK m_windowHook;
-    HHOOK m_messageHook;
+    HookHandle m_windowHook;
+    HookHandle m_messageHook;
 
     std::mutex m_mutex;
     std::condition_variable m_changed;
