@@ -8,7 +8,7 @@ class CComboBox : public CWnd
 public:
     int GetCount() const { return asInt(SendMessage(CB_GETCOUNT)); }
     int GetCurSel() const { return asInt(SendMessage(CB_GETCURSEL)); }
-    // Sends no notification. -1 selects nothing and returns CB_ERR although it worked.
+    // Sends no notification. -1 selects nothing, and returns CB_ERR although it worked.
     int SetCurSel(int index) const { return asInt(SendMessage(CB_SETCURSEL, asWord(index))); }
 
     int AddString(LPCWSTR text) const { return asInt(SendMessage(CB_ADDSTRING, 0, asParam(text))); }
@@ -19,7 +19,7 @@ public:
     int DeleteString(UINT index) const { return asInt(SendMessage(CB_DELETESTRING, index)); }
     void ResetContent() const { SendMessage(CB_RESETCONTENT); }
 
-    // The search begins after the given entry (at the first for -1), wraps around and ignores case.
+    // The search begins after the given entry, with -1 at the first, and wraps around; case does not count.
     int FindString(int after, LPCWSTR start) const
     {
         return asInt(SendMessage(CB_FINDSTRING, asWord(after), asParam(start)));
@@ -50,10 +50,6 @@ public:
     {
         return asInt(SendMessage(CB_SETITEMDATA, asWord(index), static_cast<LPARAM>(data)));
     }
-
-    void ShowDropDown(BOOL show = TRUE) const { SendMessage(CB_SHOWDROPDOWN, static_cast<WPARAM>(show)); }
-    BOOL GetDroppedState() const { return static_cast<BOOL>(SendMessage(CB_GETDROPPEDSTATE)); }
-    int SetDroppedWidth(UINT width) const { return asInt(SendMessage(CB_SETDROPPEDWIDTH, width)); }
 
 private:
     static int asInt(LRESULT result) noexcept { return static_cast<int>(result); }

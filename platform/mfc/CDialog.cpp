@@ -130,26 +130,6 @@ void CDialog::EndDialog(int result)
     AfxWakeMessageLoop();
 }
 
-void CDialog::NextDlgCtrl() const
-{
-    SendMessage(WM_NEXTDLGCTL, 0, FALSE);
-}
-
-void CDialog::PrevDlgCtrl() const
-{
-    SendMessage(WM_NEXTDLGCTL, 1, FALSE);
-}
-
-void CDialog::GotoDlgCtrl(const CWnd* pControl) const
-{
-    SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(pControl->m_hWnd), TRUE);
-}
-
-void CDialog::SetDefID(UINT id) const
-{
-    SendMessage(DM_SETDEFID, id);
-}
-
 BOOL CDialog::OnInitDialog()
 {
     if (UpdateData(FALSE))

@@ -20,22 +20,16 @@ public:
     BOOL Create(UINT templateId, CWnd* pParent = nullptr);
     BOOL Create(LPCWSTR templateName, CWnd* pParent = nullptr);
 
-    // Shows the dialog and runs a message loop until EndDialog, whose argument it returns. -1 if the dialog cannot be
-    // created, if its window is destroyed in another way, or if the program is to quit. An exception from any window's
-    // handler ends the loop and is rethrown, after the owner is enabled again and the window destroyed.
+    // Shows the dialog, runs a message loop until EndDialog, and returns the result given to that. -1 when it cannot be
+    // created, when its window is destroyed otherwise, or when the program is to quit. What a handler of any window
+    // throws meanwhile ends the loop and is thrown on, after the owner is enabled again and the window gone.
     virtual INT_PTR DoModal();
 
     // Ends DoModal with this result. Called from OnInitDialog, it prevents the dialog from being shown at all. A
     // modeless dialog is hidden.
     void EndDialog(int result);
 
-    // Moves the focus within the dialog.
-    void NextDlgCtrl() const;
-    void PrevDlgCtrl() const;
-    void GotoDlgCtrl(const CWnd* pControl) const;
-    void SetDefID(UINT id) const;
-
-    // Loads the controls. Returning TRUE gives the focus to the first control.
+    // Loads the controls. TRUE: the focus goes to the first control.
     virtual BOOL OnInitDialog();
 
     // Handles Tab, arrows, Return, Escape and access keys. The top-level dialog does so for the dialogs inside it.

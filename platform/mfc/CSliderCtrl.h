@@ -30,6 +30,4 @@ public:
         SendMessage(TBM_SETRANGEMAX, static_cast<WPARAM>(redraw), maximum);
     }
     void SetTicFreq(int frequency) const { SendMessage(TBM_SETTICFREQ, static_cast<WPARAM>(frequency)); }
-    int SetLineSize(int size) const { return static_cast<int>(SendMessage(TBM_SETLINESIZE, 0, size)); }
-    int SetPageSize(int size) const { return static_cast<int>(SendMessage(TBM_SETPAGESIZE, 0, size)); }
 };

@@ -2,7 +2,7 @@
 
 #include "mfc/CWnd.h"
 
-// A label, frame or picture. The setters return the previous picture; no control owns its picture.
+// A label, frame or picture. SetIcon returns the icon shown before; the label owns neither.
 class CStatic : public CWnd
 {
 public:
@@ -11,9 +11,4 @@ public:
         return reinterpret_cast<HICON>(SendMessage(STM_SETICON, reinterpret_cast<WPARAM>(icon)));
     }
     HICON GetIcon() const { return reinterpret_cast<HICON>(SendMessage(STM_GETICON)); }
-    HBITMAP SetBitmap(HBITMAP bitmap) const
-    {
-        return reinterpret_cast<HBITMAP>(SendMessage(STM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(bitmap)));
-    }
-    HBITMAP GetBitmap() const { return reinterpret_cast<HBITMAP>(SendMessage(STM_GETIMAGE, IMAGE_BITMAP)); }
 };

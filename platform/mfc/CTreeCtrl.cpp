@@ -173,11 +173,6 @@ BOOL CTreeCtrl::Expand(HTREEITEM item, UINT code) const
     return static_cast<BOOL>(SendMessage(TVM_EXPAND, code, reinterpret_cast<LPARAM>(item)));
 }
 
-BOOL CTreeCtrl::EnsureVisible(HTREEITEM item) const
-{
-    return static_cast<BOOL>(SendMessage(TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item)));
-}
-
 HIMAGELIST CTreeCtrl::SetImageList(HIMAGELIST list, int which) const
 {
     return reinterpret_cast<HIMAGELIST>(

@@ -37,7 +37,6 @@ public:
 
     BOOL SelectItem(HTREEITEM item) const;
     BOOL Expand(HTREEITEM item, UINT code) const;
-    BOOL EnsureVisible(HTREEITEM item) const;
 
     // The caller keeps the list, which must live as long as the control shows it. Returns the previous one.
     HIMAGELIST SetImageList(HIMAGELIST list, int which) const;

@@ -18,7 +18,6 @@ public:
 
     HWND m_hWnd = nullptr;
     operator HWND() const noexcept { return m_hWnd; }
-    HWND GetSafeHwnd() const noexcept { return m_hWnd; }
 
     // --- Window and object ---
 
