@@ -1,27 +1,55 @@
-#include "pia_tree/CPBlock.h"
-#include "pia_tree/CPValue.h"
+// Blocks that were built and blocks that were read behave alike.
+
+#include "TreeTools.h"
 
 #include <gtest/gtest.h>
 
 namespace
 {
-constexpr std::int32_t poisonInt = -77;
-constexpr double poisonDouble = -7.75;
-
 OdSharedPtr<CPItem> shared(CPItem* item)
 {
     return OdSharedPtr<CPItem>(item);
 }
 
-// One child of every kind; the name of each is its kind.
-void fillWithAllKinds(CPBlock& block)
+// The same block, built in memory or read from a file.
+class AnyBlock : public testing::TestWithParam<bool>
 {
-    block.add(shared(new CPBin(OD_T("bin"), OD_T("00FF"))));
-    block.add(shared(new CPBlock(OD_T("block"))));
-    block.add(shared(new CPBool(OD_T("bool"), true)));
-    block.add(shared(new CPStr(OD_T("str"), OD_T("a text"))));
-    block.add(shared(new CPNum(OD_T("num"), 600)));
-}
+protected:
+    const CPBlock& read(std::string_view text)
+    {
+        EXPECT_TRUE(m_parser.parse(plainFile(text))) << m_parser.reason();
+        const CPBlock& root = *m_parser.root();
+        if (GetParam())
+            return root;
+        for (unsigned i = 0; i < root.size(); ++i)
+            m_built.add(builtItem(root, i));
+        return m_built;
+    }
+
+    static OdSharedPtr<CPItem> builtItem(const CPBlock& block, unsigned i)
+    {
+        const OdString name = block.nameAt(i);
+        switch (block.kindAt(i))
+        {
+        case CPItem::eBlock:
+            return shared(new CPBlock(name));
+        case CPItem::eBool:
+            return shared(new CPBool(name, block.flagAt(i)));
+        case CPItem::eBin:
+            return shared(new CPBin(name, block.textAt(i)));
+        case CPItem::eStr:
+            return shared(new CPStr(name, block.textAt(i)));
+        default:
+            return shared(new CPNum(name, block.textAt(i).view()));
+        }
+    }
+
+    CPIAParser m_parser;
+    CPBlock m_built{OD_T("")};
+};
+
+INSTANTIATE_TEST_SUITE_P(CPBlock, AnyBlock, testing::Bool(),
+                         [](const auto& test) { return test.param ? "read" : "built"; });
 } // namespace
 
 TEST(CPItem, kindNumbersAreFixed)
@@ -38,7 +66,7 @@ TEST(CPItem, kindNumbersAreFixed)
     EXPECT_EQ(CPNum(OD_T(""), 0).type(), CPItem::eNum);
 }
 
-TEST(CPItem, nameAndValueAreReachable)
+TEST(CPItem, keepsNameAndValue)
 {
     EXPECT_EQ(CPNum(OD_T("n"), -12).text(), OD_T("-12"));
     EXPECT_EQ(CPNum(OD_T("n"), 600.0, 1).text(), OD_T("600.0"));
@@ -48,117 +76,103 @@ TEST(CPItem, nameAndValueAreReachable)
     EXPECT_TRUE(CPBool(OD_T("t"), true).value());
 }
 
-TEST(CPBlock, getsWhatWasAdded)
+TEST_P(AnyBlock, gettersReturnEveryKind)
 {
-    CPBlock block(OD_T("b"));
-    fillWithAllKinds(block);
-
-    OdString text;
-    std::int32_t number = poisonInt;
-    double real = poisonDouble;
-    bool flag = false;
-    EXPECT_TRUE(block.getStr(text, OD_T("str")));
-    EXPECT_EQ(text, OD_T("a text"));
-    EXPECT_TRUE(block.getInt(number, OD_T("num")));
-    EXPECT_EQ(number, 600);
-    EXPECT_TRUE(block.getBool(flag, OD_T("bool")));
-    EXPECT_TRUE(flag);
-    // An integer is a floating-point number as well.
-    EXPECT_TRUE(block.getDbl(real, OD_T("num")));
-    EXPECT_EQ(real, 600.0);
+    const CPBlock& block = read("s=\"text\nt=TRUE\nf=FALSE\ni=-12\nd=0.25\nb=#00\n");
+    EXPECT_EQ(strOf(block, OD_T("s")), OD_T("text"));
+    EXPECT_EQ(boolOf(block, OD_T("t")), true);
+    EXPECT_EQ(boolOf(block, OD_T("f")), false);
+    EXPECT_EQ(intOf(block, OD_T("i")), -12);
+    EXPECT_EQ(dblOf(block, OD_T("i")), -12.0) << "an integer can be read as a double too";
+    EXPECT_EQ(dblOf(block, OD_T("d")), 0.25);
 }
 
-TEST(CPBlock, aFailingGetterLeavesItsOutputUntouched)
+TEST_P(AnyBlock, aFailingGetterLeavesItsOutputUntouched)
 {
-    CPBlock block(OD_T("b"));
-    fillWithAllKinds(block);
-    block.add(shared(new CPNum(OD_T("no number"), OD_T("12 apples"))));
-
+    const CPBlock& block =
+        read("str=\"a text\nbool=TRUE\nno number=12 apples\nbin=#00FF\nblock{\n}\nlarge=4294967296\n");
     for (const OdChar* name : {OD_T("missing"), OD_T(""), OD_T("bin"), OD_T("block"), OD_T("bool"), OD_T("str"),
-                               OD_T("num"), OD_T("no number")})
+                               OD_T("no number"), OD_T("large")})
     {
         const OdStringView key(name);
-        if (key != OD_T("str"))
-        {
-            OdString text(OD_T("poison"));
-            EXPECT_FALSE(block.getStr(text, key));
-            EXPECT_EQ(text, OD_T("poison"));
-        }
-        if (key != OD_T("num"))
-        {
-            std::int32_t number = poisonInt;
-            double real = poisonDouble;
-            EXPECT_FALSE(block.getInt(number, key));
-            EXPECT_FALSE(block.getDbl(real, key));
-            EXPECT_EQ(number, poisonInt);
-            EXPECT_EQ(real, poisonDouble);
-        }
-        if (key != OD_T("bool"))
-        {
-            for (const bool poison : {false, true})
-            {
-                bool flag = poison;
-                EXPECT_FALSE(block.getBool(flag, key));
-                EXPECT_EQ(flag, poison);
-            }
-        }
+        SCOPED_TRACE(OdString(key));
+        EXPECT_EQ(strOf(block, key).has_value(), key == OD_T("str"));
+        EXPECT_EQ(intOf(block, key), std::nullopt);
+        EXPECT_EQ(dblOf(block, key).has_value(), key == OD_T("large"));
+        EXPECT_EQ(boolOf(block, key).has_value(), key == OD_T("bool"));
     }
+    EXPECT_EQ(dblOf(block, OD_T("large")), 4294967296.0);
 }
 
-TEST(CPBlock, findWantsNameAndKind)
+TEST_P(AnyBlock, findComparesNameAndKind)
 {
-    CPBlock block(OD_T("b"));
-    fillWithAllKinds(block);
-
-    EXPECT_EQ(block.find(OD_T("block"), CPItem::eBlock), block.data(1));
-    EXPECT_EQ(block.find(OD_T("str"), CPItem::eStr), block.data(3));
+    const CPBlock& block = read("block{\n}\nstr=\"a text\n");
+    EXPECT_EQ(block.find(OD_T("block"), CPItem::eBlock), block.data(0));
+    EXPECT_EQ(block.find(OD_T("str"), CPItem::eStr), block.data(1));
     EXPECT_TRUE(block.find(OD_T("str"), CPItem::eBlock).isNull());
     EXPECT_TRUE(block.find(OD_T("missing"), CPItem::eBlock).isNull());
 }
 
-TEST(CPBlock, namesAreComparedExactly)
+TEST_P(AnyBlock, namesAreComparedExactly)
 {
-    CPBlock block(OD_T("b"));
-    block.add(shared(new CPBlock(OD_T("Size"))));
-    EXPECT_TRUE(block.find(OD_T("size"), CPItem::eBlock).isNull());
-    EXPECT_TRUE(block.find(OD_T("Size "), CPItem::eBlock).isNull());
-    EXPECT_TRUE(block.find(OD_T("Siz"), CPItem::eBlock).isNull());
+    const CPBlock& block = read("Size{\n}\na\\U+0000b=5\n");
+    for (const OdChar* other : {OD_T("size"), OD_T("Size "), OD_T("Siz")})
+        EXPECT_TRUE(block.find(other, CPItem::eBlock).isNull()) << OdString(other);
     EXPECT_FALSE(block.find(OD_T("Size"), CPItem::eBlock).isNull());
-
-    const OdStringView withNul(OD_T("a\0b"), 3);
-    block.add(shared(new CPNum(withNul, 5)));
-    std::int32_t number = poisonInt;
-    EXPECT_FALSE(block.getInt(number, OD_T("a")));
-    EXPECT_TRUE(block.getInt(number, withNul));
-    EXPECT_EQ(number, 5);
+    EXPECT_EQ(intOf(block, OD_T("a")), std::nullopt);
+    EXPECT_EQ(intOf(block, OdStringView(OD_T("a\0b"), 3)), 5);
 }
 
-TEST(CPBlock, theFirstChildOfNameAndKindWins)
+TEST_P(AnyBlock, theFirstChildOfNameAndKindWins)
 {
-    CPBlock block(OD_T("b"));
-    block.add(shared(new CPStr(OD_T("x"), OD_T("text"))));
-    block.add(shared(new CPNum(OD_T("x"), 1)));
-    block.add(shared(new CPNum(OD_T("x"), 2)));
-    block.add(shared(new CPBlock(OD_T("x"))));
-    block.add(shared(new CPBlock(OD_T("x"))));
-
-    std::int32_t number = poisonInt;
-    EXPECT_TRUE(block.getInt(number, OD_T("x")));
-    EXPECT_EQ(number, 1);
-    EXPECT_EQ(block.find(OD_T("x"), CPItem::eBlock), block.data(3));
+    const CPBlock& block = read("x=\"text\ny=5\nx=1\nx=2\nx{\n}\nx{\na=1\n}\n");
+    EXPECT_EQ(intOf(block, OD_T("y")), 5);
+    EXPECT_EQ(intOf(block, OD_T("x")), 1);
+    EXPECT_EQ(block.find(OD_T("x"), CPItem::eBlock), block.data(4));
+    EXPECT_TRUE(block.find(OD_T("x"), CPItem::eBool).isNull());
 }
 
-TEST(CPBlock, theFirstNumberOfANameDecidesEvenWhenItIsNone)
+TEST_P(AnyBlock, aMalformedFirstNumberHidesTheNextOne)
 {
-    CPBlock block(OD_T("b"));
-    block.add(shared(new CPNum(OD_T("x"), OD_T(""))));
-    block.add(shared(new CPNum(OD_T("x"), 2)));
-    std::int32_t number = poisonInt;
-    EXPECT_FALSE(block.getInt(number, OD_T("x")));
-    EXPECT_EQ(number, poisonInt);
+    EXPECT_EQ(intOf(read("x=\nx=2\n"), OD_T("x")), std::nullopt);
 }
 
-TEST(CPBlock, dataGivesTheSharedItemsInOrder)
+TEST_P(AnyBlock, similarNamesAreDistinct)
+{
+    // Equal length, first, middle and last unit.
+    const CPBlock& block = read("aXbYc=1\naYbXc=2\na\\U+0158bYc=3\n");
+    EXPECT_EQ(intOf(block, OD_T("aYbXc")), 2);
+    EXPECT_EQ(intOf(block, OD_T("a\u0158bYc")), 3);
+    EXPECT_EQ(intOf(block, OD_T("aZbYc")), std::nullopt);
+    // The low byte of the last unit is an ASCII letter.
+    EXPECT_EQ(intOf(block, OD_T("aXbY\u0163")), std::nullopt);
+}
+
+// Each unit of a name counts with all its bits: the low byte of U+0141 is "A".
+TEST_P(AnyBlock, aNameDiffersFromOneWithTheSameBytes)
+{
+    const CPBlock& block = read("AAAAA=1\n");
+    const OdString name(OD_T("AAAAA"));
+    EXPECT_EQ(intOf(block, name), 1);
+    for (int i = 0; i < 5; ++i)
+        EXPECT_EQ(intOf(block, name.left(i) + OD_T("\u0141") + name.mid(i + 1)), std::nullopt) << i;
+}
+
+TEST_P(AnyBlock, dataReturnsTheSameItemEachTime)
+{
+    const CPBlock& root = read("a=1\nb{\n}\n");
+    EXPECT_EQ(root.size(), 2U);
+    const auto first = root.data(0);
+    EXPECT_EQ(root.data(0), first);
+    const auto block = root.find(OD_T("b"), CPItem::eBlock);
+    EXPECT_EQ(root.data(1), block);
+    EXPECT_EQ(block->type(), CPItem::eBlock);
+    EXPECT_EQ(block->name(), OD_T("b"));
+    EXPECT_TRUE(root.data(2).isNull());
+    EXPECT_TRUE(root.data(~0U).isNull());
+}
+
+TEST(CPBlock, dataReturnsTheAddedItemsInOrder)
 {
     const auto item = shared(new CPNum(OD_T("x"), 1));
     CPBlock block(OD_T("b"));
@@ -168,8 +182,6 @@ TEST(CPBlock, dataGivesTheSharedItemsInOrder)
     EXPECT_EQ(block.size(), 2U);
     EXPECT_EQ(block.data(0), item);
     EXPECT_EQ(block.data(1)->name(), OD_T("y"));
-    EXPECT_TRUE(block.data(2).isNull());
-    EXPECT_TRUE(block.data(~0U).isNull());
 }
 
 TEST(CPBlock, aNullItemIsRefused)
@@ -184,7 +196,7 @@ TEST(CPBlock, itemsOutliveTheirBlock)
     OdSharedPtr<CPItem> item;
     {
         CPBlock block(OD_T("b"));
-        block.add(shared(new CPStr(OD_T("x"), OD_T("still here"))));
+        addTo<CPStr>(block, OD_T("x"), OD_T("still here"));
         item = block.data(0);
         EXPECT_EQ(item.refCount(), 2);
     }

@@ -1,4 +1,4 @@
-// Running out of memory, one allocation at a time: a failed read or write, nothing else.
+// Each allocation fails in turn: the read or write fails, and nothing else changes.
 
 #include "TreeTools.h"
 #include "pia_tree/CPIAOutput.h"
@@ -21,7 +21,7 @@ void fill(CPBlock& root)
     root.add(block);
 }
 
-// For work that passes bad_alloc on: false then.
+// For work that throws bad_alloc: returns false instead.
 template <class Work>
 auto unlessOutOfMemory(Work work)
 {
@@ -72,7 +72,7 @@ TEST(OutOfMemory, aReadFromDiskFails)
     EXPECT_GT(failures, 4U);
 }
 
-TEST(OutOfMemory, aWriteFailsAndTheOldFileIsIntact)
+TEST(OutOfMemory, aFailedWriteKeepsTheOldFile)
 {
     const TemporaryFolder folder;
     const OdString name = folder.at("A4.pc3");
@@ -90,7 +90,7 @@ TEST(OutOfMemory, aWriteFailsAndTheOldFileIsIntact)
     EXPECT_GT(failures, 4U);
 }
 
-TEST(OutOfMemory, aWriteOfWhatWasReadFails)
+TEST(OutOfMemory, writingAParsedTreeFails)
 {
     std::string bytes;
     unsigned failures = 0;
@@ -105,7 +105,7 @@ TEST(OutOfMemory, aWriteOfWhatWasReadFails)
     EXPECT_EQ(describeFile(bytes), describeFile(plainFile(text)));
 }
 
-TEST(OutOfMemory, lookingUpPassesTheErrorOnAndChangesNothing)
+TEST(OutOfMemory, aFailedLookupThrowsAndChangesNothing)
 {
     CPIAParser parser;
     ASSERT_TRUE(parser.parse(plainFile(text)));
@@ -131,7 +131,7 @@ TEST(OutOfMemory, lookingUpPassesTheErrorOnAndChangesNothing)
     EXPECT_GE(getting, 1U);
 }
 
-TEST(OutOfMemory, addingPassesTheErrorOnAndChangesNothing)
+TEST(OutOfMemory, aFailedAddThrowsAndChangesNothing)
 {
     CPIAParser parser;
     ASSERT_TRUE(parser.parse(plainFile("b{\na=1\n}\n")));

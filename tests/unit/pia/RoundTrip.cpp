@@ -30,7 +30,7 @@ void expectRoundTrip(const CPBlock& root)
 
 void expectReadOrRefused(std::string_view bytes)
 {
-    // At the very end of its memory, so that a read beyond it is caught.
+    // An exact allocation, so that the sanitizer catches a read past the end.
     const auto exact = std::make_unique_for_overwrite<char[]>(bytes.size());
     bytes.copy(exact.get(), bytes.size());
     CPIAParser parser;

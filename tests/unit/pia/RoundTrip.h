@@ -6,11 +6,11 @@
 #include <string>
 #include <string_view>
 
-// The bytes of a file with this tree; a test failure when it cannot be written.
+// The bytes of a file with this tree; the test fails if it cannot be written.
 std::string bytesOf(const CPBlock& root, pia::Form form);
 
-// Written in either form and read, the tree is the same, and written once more the file is.
+// Checks in both forms that writing and reading the tree, and writing it once more, changes nothing.
 void expectRoundTrip(const CPBlock& root);
 
-// The invariant of every reader: any bytes are refused, or read, and then what is written from them reads back equal.
+// The invariant of every reader: it refuses the bytes, or reads a tree that survives a round trip.
 void expectReadOrRefused(std::string_view bytes);

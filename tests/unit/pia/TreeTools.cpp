@@ -6,7 +6,7 @@
 
 namespace
 {
-// Every code unit as four digits, except for the usual characters; a text that is not valid UTF-16 has a description.
+// Every code unit as four digits, except for common characters: even text that is not valid UTF-16 has a description.
 std::string quoted(const OdString& text)
 {
     std::string out = "'";
@@ -25,6 +25,15 @@ std::string quoted(const OdString& text)
     return out + "'";
 }
 
+template <class Value>
+std::optional<Value> valueOf(const CPBlock& block, bool (CPBlock::*get)(Value&, OdStringView) const, OdStringView name,
+                             const Value& poison)
+{
+    Value value = poison;
+    const bool done = (block.*get)(value, name);
+    return done || value != poison ? std::optional(value) : std::nullopt;
+}
+
 void describeChildren(const CPBlock& block, std::string& out)
 {
     for (unsigned i = 0; i < block.size(); ++i)
@@ -41,15 +50,9 @@ void describeChildren(const CPBlock& block, std::string& out)
         case CPItem::eBool:
             out += static_cast<const CPBool&>(item).value() ? " bool 1\n" : " bool 0\n";
             break;
-        case CPItem::eStr:
-            out += " str " + quoted(static_cast<const CPText&>(item).text()) + "\n";
-            break;
-        case CPItem::eBin:
-            out += " bin " + quoted(static_cast<const CPText&>(item).text()) + "\n";
-            break;
-        case CPItem::eNum:
-            out += " num " + quoted(static_cast<const CPText&>(item).text()) + "\n";
-            break;
+        default:
+            out += item.type() == CPItem::eStr ? " str " : item.type() == CPItem::eBin ? " bin " : " num ";
+            out += quoted(static_cast<const CPText&>(item).text()) + "\n";
         }
     }
 }
@@ -85,6 +88,27 @@ std::string compressedFile(std::string_view text)
     return std::string(compressedFirstLine) + "pmzlibcodec" + littleEndian(static_cast<unsigned>(sum)) +
            littleEndian(static_cast<unsigned>(text.size())) + littleEndian(static_cast<unsigned>(stream.size())) +
            stream;
+}
+
+std::optional<OdString> strOf(const CPBlock& block, OdStringView name)
+{
+    return valueOf(block, &CPBlock::getStr, name, OdString(OD_T("poison")));
+}
+
+std::optional<std::int32_t> intOf(const CPBlock& block, OdStringView name)
+{
+    return valueOf(block, &CPBlock::getInt, name, std::int32_t{-77});
+}
+
+std::optional<double> dblOf(const CPBlock& block, OdStringView name)
+{
+    return valueOf(block, &CPBlock::getDbl, name, -7.75);
+}
+
+std::optional<bool> boolOf(const CPBlock& block, OdStringView name)
+{
+    const auto value = valueOf(block, &CPBlock::getBool, name, false);
+    return value ? value : valueOf(block, &CPBlock::getBool, name, true);
 }
 
 std::string describe(const CPBlock& block)

@@ -1,4 +1,4 @@
-// The text of a tree, unit by unit, and what is refused because no reader would give it back.
+// The exact text of a tree, and the trees that are refused because they could not be read back.
 
 #include "TreeTools.h"
 #include "pia_tree/CPIAOutput.h"
@@ -73,17 +73,17 @@ TEST(Writing, unitsOutsidePrintableAsciiAreEscaped)
               "s=\"\\U+0000\\U+0009\\U+000A\\U+000D\\U+001F ~\\U+007F\\U+00E4\\U+D800\\U+FFFFx\n");
 }
 
-TEST(Writing, aBackslashIsEscapedOnlyBeforeWhatWouldBeAnEscape)
+TEST(Writing, onlyABackslashThatStartsAnEscapeIsEscaped)
 {
     EXPECT_EQ((line<CPStr>(OD_T("s"), OD_T("\\\\server\\Up\\U+004"))), "s=\"\\\\server\\Up\\U+004\n");
     EXPECT_EQ((line<CPStr>(OD_T("s"), OD_T("\\U+00e4"))), "s=\"\\U+005CU+00e4\n");
     EXPECT_EQ((line<CPStr>(OD_T("s"), OD_T("\\\\U+0041"))), "s=\"\\\\U+005CU+0041\n");
     EXPECT_EQ((line<CPNum>(OD_T("\\U+0041"), OD_T("\\U+0041"))), "\\U+005CU+0041=\\U+005CU+0041\n");
-    // The digits that a following unit's own escape would add are no digits of this one.
+    // The escape of the next unit must not complete this one.
     EXPECT_EQ((line<CPStr>(OD_T("s"), OD_T("\\U+00\u00E4"))), "s=\"\\U+00\\U+00E4\n");
 }
 
-TEST(Writing, namesEscapeWhatTheGrammarUses)
+TEST(Writing, namesEscapeCharactersOfTheGrammar)
 {
     EXPECT_EQ((line<CPNum>(OD_T("a=b{c}d\"e"), 1)), "a\\U+003Db\\U+007Bc\\U+007Dd\\U+0022e=1\n");
     EXPECT_EQ((line<CPNum>(OD_T("  a b "), 1)), "\\U+0020\\U+0020a b\\U+0020=1\n");
@@ -103,7 +103,7 @@ TEST(Writing, valuesEscapeTheirLastBlankOnly)
     EXPECT_EQ((line<CPStr>(OD_T("s"), OD_T("\u00E4 "))), "s=\"\\U+00E4\\U+0020\n");
 }
 
-TEST(Writing, aNumberTextThatLooksLikeAnotherKindIsEscapedAtItsStart)
+TEST(Writing, aNumberThatLooksLikeAnotherKindIsEscaped)
 {
     EXPECT_EQ((line<CPNum>(OD_T("n"), OD_T("TRUE"))), "n=\\U+0054RUE\n");
     EXPECT_EQ((line<CPNum>(OD_T("n"), OD_T("FALSE"))), "n=\\U+0046ALSE\n");
@@ -116,14 +116,14 @@ TEST(Writing, aNumberTextThatLooksLikeAnotherKindIsEscapedAtItsStart)
     EXPECT_EQ((line<CPNum>(OD_T("n"), OD_T(""))), "n=\n");
 }
 
-TEST(Writing, whatIsNoFiniteNumberIsAWord)
+TEST(Writing, nanAndInfinityAreWords)
 {
     using Limits = std::numeric_limits<double>;
     EXPECT_EQ((line<CPNum>(OD_T("n"), -Limits::quiet_NaN(), -1)), "n=nan\n");
     EXPECT_EQ((line<CPNum>(OD_T("n"), -Limits::infinity(), -1)), "n=-inf\n");
 }
 
-TEST(Writing, whatNoFileCanHoldIsRefused)
+TEST(Writing, treesThatNoFileCanHoldAreRefused)
 {
     EXPECT_EQ(written(CPBlock(OD_T("name"))), "refused: the root block has a name, which no file can hold");
 
