@@ -70,7 +70,6 @@ const char* readFile(const OdChar* path, ByteBuffer& bytes)
 
 const char* replaceFile(const OdChar* path, std::string_view bytes)
 {
-    constexpr auto cannotWrite = "the file cannot be written";
     std::string name;
     if (!toNative(path, name))
         return "no file has that name";

@@ -14,7 +14,6 @@ namespace files
 {
 namespace
 {
-constexpr auto cannotWrite = "the file cannot be written";
 constexpr auto inUse = "another program is using the file";
 
 bool put(int file, std::string_view bytes) noexcept

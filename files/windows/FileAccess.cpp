@@ -18,7 +18,6 @@ const char* readFile(const OdChar* path, ByteBuffer& bytes)
 
 const char* replaceFile(const OdChar* path, std::string_view bytes)
 {
-    constexpr auto cannotWrite = "the file cannot be written";
     if (!path || !*path)
         return "no file has that name";
     Target target;

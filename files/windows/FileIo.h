@@ -10,6 +10,8 @@
 // What reading and writing have in common.
 namespace files
 {
+inline constexpr auto cannotWrite = "the file cannot be written";
+
 // A system error in plain English; otherwise is for one that would mean nothing to a user.
 const char* reasonOf(DWORD error, const char* otherwise) noexcept;
 

@@ -7,8 +7,6 @@ namespace files
 {
 namespace
 {
-constexpr auto cannotWrite = "the file cannot be written";
-
 bool put(const File& file, std::string_view bytes) noexcept
 {
     return ::SetFilePointerEx(file.get(), LARGE_INTEGER{}, nullptr, FILE_BEGIN) && writeAll(file.get(), bytes) &&

@@ -11,7 +11,6 @@ namespace files
 {
 namespace
 {
-constexpr auto cannotWrite = "the file cannot be written";
 constexpr auto notAFile = "that is a folder or a device, not a file";
 constexpr auto noName = "no file has that name";
 

@@ -173,8 +173,7 @@ const char* TempFile::takePlaceOf(const Target& target)
     } while ((isBusy(::GetLastError()) || ::GetLastError() == ERROR_ACCESS_DENIED) && patience.again());
     // That we may replace the target was checked before, so the error means that another program has it open.
     const DWORD error = ::GetLastError();
-    return reasonOf(target.exists && error == ERROR_ACCESS_DENIED ? ERROR_SHARING_VIOLATION : error,
-                    "the file cannot be written");
+    return reasonOf(target.exists && error == ERROR_ACCESS_DENIED ? ERROR_SHARING_VIOLATION : error, cannotWrite);
 }
 
 // For a target that other programs have open, where the system cannot replace such a file by a rename.
