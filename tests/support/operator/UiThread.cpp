@@ -16,6 +16,7 @@ constexpr UINT doNowMessage = WM_APP;
 constexpr UINT startMessage = WM_APP + 1;
 constexpr UINT markMessage = WM_APP + 2;
 constexpr auto longestWait = std::chrono::seconds(30);
+const wchar_t* const threadClass = L"EditorDriverThread";
 
 struct Work
 {
@@ -26,7 +27,14 @@ struct Work
 
 UiThread::UiThread() : m_id(::GetCurrentThreadId())
 {
-    if (!m_window.handle())
+    WNDCLASSW windowClass = {};
+    windowClass.lpfnWndProc = &UiThread::procedure;
+    windowClass.hInstance = ::GetModuleHandleW(nullptr);
+    windowClass.lpszClassName = threadClass;
+    ::RegisterClassW(&windowClass);
+    m_window =
+        ::CreateWindowExW(0, threadClass, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, windowClass.hInstance, nullptr);
+    if (!m_window)
         throw std::runtime_error("the system gives no window");
 }
 
