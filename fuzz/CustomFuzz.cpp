@@ -1,7 +1,7 @@
 // Any block as a configuration's custom data. The input is the block's text as it is in a plain file.
 
 #include "GarmPC3Editor/GmCustomNode.h"
-#include "GarmPC3Editor/Model/HexText.h"
+#include "GarmPC3Editor/Model/Numbers.h"
 #include "GarmPC3Editor/Printing/StoredDevMode.h"
 #include "fuzz/FuzzTarget.h"
 #include "tests/unit/pia/RoundTrip.h"

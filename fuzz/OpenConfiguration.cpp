@@ -1,7 +1,7 @@
 #include "fuzz/OpenConfiguration.h"
 
 #include "GarmPC3Editor/Model/BlockReader.h"
-#include "GarmPC3Editor/Model/HexText.h"
+#include "GarmPC3Editor/Model/Numbers.h"
 #include "spooler/DevModeView.h"
 #include "tests/unit/pia/TreeTools.h"
 

@@ -1,7 +1,6 @@
 #include "fuzz/ScriptedConfiguration.h"
 
-#include "GarmPC3Editor/Model/DecimalText.h"
-#include "GarmPC3Editor/Model/HexText.h"
+#include "GarmPC3Editor/Model/Numbers.h"
 
 namespace
 {

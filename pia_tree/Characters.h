@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kernel/OdChar.h"
+#include "kernel/OdText.h"
 
 #include <cstddef>
 #include <string>
@@ -23,15 +23,6 @@ Charset charsetOf(std::string_view text) noexcept;
 // An escape is \U+XXXX with four hexadecimal digits of either case and stands for one code unit.
 constexpr std::size_t escapeLength = 7;
 
-constexpr int hexDigit(unsigned c) noexcept
-{
-    if (c >= '0' && c <= '9')
-        return static_cast<int>(c - '0');
-    if (c >= 'A' && c <= 'F')
-        return static_cast<int>(c - 'A' + 10);
-    return c >= 'a' && c <= 'f' ? static_cast<int>(c - 'a' + 10) : -1;
-}
-
 // The code unit of the escape at the start of the text; -1 if there is none.
 template <class Unit>
 constexpr int escapeAtFront(std::basic_string_view<Unit> text) noexcept
@@ -41,7 +32,7 @@ constexpr int escapeAtFront(std::basic_string_view<Unit> text) noexcept
     int value = 0;
     for (std::size_t i = 3; i < escapeLength; ++i)
     {
-        const int digit = hexDigit(static_cast<unsigned>(text[i]));
+        const int digit = odHexDigit(static_cast<unsigned>(text[i]));
         if (digit < 0)
             return -1;
         value = value * 16 + digit;

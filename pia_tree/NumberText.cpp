@@ -74,8 +74,7 @@ bool isWrittenAsZero(std::string_view digits) noexcept
 
 OdString numberText(std::int32_t value)
 {
-    char buffer[16];
-    return widened(buffer, std::to_chars(buffer, std::end(buffer), value).ptr);
+    return OdString(odDecimal(value));
 }
 
 OdString numberText(double value, int precision)

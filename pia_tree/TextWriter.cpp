@@ -161,14 +161,13 @@ private:
             *room(1) = static_cast<char>(unit);
             return;
         }
-        constexpr char digits[] = "0123456789ABCDEF";
         const char escape[] = {'\\',
                                'U',
                                '+',
-                               digits[unit >> 12 & 0xF],
-                               digits[unit >> 8 & 0xF],
-                               digits[unit >> 4 & 0xF],
-                               digits[unit & 0xF]};
+                               odHexDigits[unit >> 12 & 0xF],
+                               odHexDigits[unit >> 8 & 0xF],
+                               odHexDigits[unit >> 4 & 0xF],
+                               odHexDigits[unit & 0xF]};
         static_assert(sizeof escape == escapeLength);
         put({escape, escapeLength});
     }

@@ -15,13 +15,6 @@ OdString asFileName(const OdString& printerName)
         name += c == '|' || c == '/' || c == '\\' ? OdChar('_') : c;
     return name;
 }
-
-// White space as Unicode has it.
-constexpr bool isSpace(OdChar c)
-{
-    constexpr OdStringView others = OD_T(" \u0085\u00A0\u1680\u2028\u2029\u202F\u205F\u3000");
-    return (c >= '\t' && c <= '\r') || (c >= 0x2000 && c <= 0x200A) || others.find(c) != others.npos;
-}
 } // namespace
 
 OdString fileTitle(const OdString& path, const GmPlotCfg3& cfg)
@@ -59,11 +52,5 @@ GmNameProposal nameProposal(const OdString& path)
 
 OdString trimmed(const OdString& text)
 {
-    int first = 0;
-    int last = text.getLength();
-    while (first < last && isSpace(text.getAt(first)))
-        ++first;
-    while (last > first && isSpace(text.getAt(last - 1)))
-        --last;
-    return text.mid(first, last - first);
+    return OdString(odTrimmed(text, odIsSpace));
 }

@@ -1,6 +1,6 @@
 #include "GarmPC3Editor/Decisions/DeviceLabels.h"
 
-#include "GarmPC3Editor/Model/DecimalText.h"
+#include "GarmPC3Editor/Model/Numbers.h"
 #include "resources/Resource.h"
 
 namespace

@@ -1,6 +1,5 @@
 #include "GarmPC3Editor/Decisions/VirtualPrinter.h"
 
-#include "GarmPC3Editor/Model/WrappedNumber.h"
 #include "GarmPC3Editor/Printing/GmPrinterInfo.h"
 #include "host/GmResellerData.h"
 #include "spooler/PrinterQueries.h"

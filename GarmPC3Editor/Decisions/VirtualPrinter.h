@@ -1,5 +1,6 @@
 #pragma once
 
+#include "GarmPC3Editor/Model/Numbers.h"
 #include "kernel/OdString.h"
 #include "spooler/DevModeView.h"
 
@@ -47,8 +48,6 @@ OdString longestLength(bool inches);
 
 // A length with two decimals and a point, as the dialog shows converted ones.
 OdString displayedLength(double length);
-
-inline constexpr double millimetresPerInch = 25.4;
 
 struct GmVirtualPrinterChoice
 {

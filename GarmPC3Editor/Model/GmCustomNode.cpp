@@ -1,9 +1,8 @@
 #include "GarmPC3Editor/GmCustomNode.h"
 
 #include "GarmPC3Editor/Model/BlockReader.h"
-#include "GarmPC3Editor/Model/DecimalText.h"
 #include "GarmPC3Editor/Model/FieldVisitor.h"
-#include "GarmPC3Editor/Model/HexText.h"
+#include "GarmPC3Editor/Model/Numbers.h"
 #include "GarmPC3Editor/Model/StoredKeys.h"
 #include "pia_tree/CPBlock.h"
 #include "pia_tree/CPValue.h"
@@ -61,7 +60,7 @@ bool fill(GmCustomNode& node, const BlockReader& reader)
             return reader.failAtCustomItem(item.name());
 
         const OdString key = item.textAt(0);
-        // The second item is told by its place alone: its name is not looked at.
+        // The second item is known by its place alone; its name is ignored (quirk 3).
         switch (item.kindAt(1))
         {
         case CPItem::eBlock:

@@ -2,8 +2,7 @@
 
 #include "GarmPC3Editor/GmMediaNode.h"
 #include "GarmPC3Editor/GmResColorMemNode.h"
-#include "GarmPC3Editor/Model/DecimalText.h"
-#include "GarmPC3Editor/Model/WrappedNumber.h"
+#include "GarmPC3Editor/Model/Numbers.h"
 #include "spooler/Handles.h"
 
 #include <utility>
@@ -63,7 +62,6 @@ bool GmMediaNode::setBounds(HDC dc)
     if (dpiX == 0 || dpiY == 0)
         return false;
 
-    constexpr double millimetresPerInch = 25.4;
     const double mmx = millimetresPerInch / dpiX;
     const double mmy = millimetresPerInch / dpiY;
     const double width = pixelWidth * mmx;

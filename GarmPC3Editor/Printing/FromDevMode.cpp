@@ -1,6 +1,6 @@
 // Imports what a driver or a user changed in a DEVMODEW into a configuration.
 
-#include "GarmPC3Editor/Model/HexText.h"
+#include "GarmPC3Editor/Model/Numbers.h"
 #include "GarmPC3Editor/Printing/Conversions.h"
 #include "GarmPC3Editor/Printing/GmPrinterInfo.h"
 #include "GarmPC3Editor/Printing/PaperNames.h"

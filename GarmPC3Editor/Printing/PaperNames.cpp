@@ -1,6 +1,6 @@
 #include "GarmPC3Editor/Printing/PaperNames.h"
 
-#include "GarmPC3Editor/Model/DecimalText.h"
+#include "GarmPC3Editor/Model/Numbers.h"
 #include "GarmPC3Editor/Printing/GmPrinterInfo.h"
 
 #include <iterator>

@@ -1,8 +1,7 @@
 // A configuration as the DEVMODEW of its printer. The driver is not asked for its own: the stored private bytes go back
 // as they are, and the public fields are rebuilt from the nodes.
 
-#include "GarmPC3Editor/Model/HexText.h"
-#include "GarmPC3Editor/Model/WrappedNumber.h"
+#include "GarmPC3Editor/Model/Numbers.h"
 #include "GarmPC3Editor/Printing/Conversions.h"
 #include "GarmPC3Editor/Printing/GmPrinterInfo.h"
 #include "GarmPC3Editor/Printing/PaperNames.h"
@@ -154,8 +153,8 @@ void putPaper(const GmPlotCfg3& cfg, GmPrinterInfo& printer, DEVMODEW& dm)
     }
 }
 
-// The block as bytes: of the public fields as many as the stored size has room for (zeros behind them when it has
-// more), then the private bytes, which decide what lies at their place.
+// The block as bytes: as many public fields as the stored size has room for, followed by zeros when it has more, then
+// the private bytes, which begin at the stored size whatever is there.
 OdArray<unsigned char> assemble(DEVMODEW dm, const storedDevMode::Sizes& sizes, OdStringView privateText)
 {
     dm.dmFields = devModeFlagsWithin(dm.dmFields, sizes.size);

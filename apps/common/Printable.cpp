@@ -1,7 +1,6 @@
 #include "common/Printable.h"
 
 #include <algorithm>
-#include <array>
 
 namespace apps
 {
@@ -20,8 +19,6 @@ constexpr std::size_t widestColumn = 64;
 
 std::string printable(OdStringView text)
 {
-    constexpr std::array<char, 16> digits = {'0', '1', '2', '3', '4', '5', '6', '7',
-                                             '8', '9', 'A', 'B', 'C', 'D', 'E', 'F'};
     std::basic_string<OdChar> shown;
     shown.reserve(text.size());
     for (const OdChar c : text)
@@ -34,7 +31,7 @@ std::string printable(OdStringView text)
         shown.push_back('\\');
         shown.push_back('u');
         for (const int shift : {12, 8, 4, 0})
-            shown.push_back(static_cast<OdChar>(digits[static_cast<std::size_t>(c >> shift) & 0xF]));
+            shown.push_back(static_cast<OdChar>(odHexDigits[static_cast<std::size_t>(c >> shift) & 0xF]));
     }
     return odToUtf8(shown);
 }

@@ -26,19 +26,6 @@ Json jsonOf(const DevModeField& field)
     return json;
 }
 
-std::string hexOf(const std::vector<BYTE>& bytes)
-{
-    constexpr const char* digits = "0123456789ABCDEF";
-    std::string text;
-    text.reserve(2 * bytes.size());
-    for (const BYTE byte : bytes)
-    {
-        text.push_back(digits[byte >> 4]);
-        text.push_back(digits[byte & 0xF]);
-    }
-    return text;
-}
-
 // Null for none, an object with "problem" for bytes that are no DEVMODEW.
 Json devModeJson(const std::vector<BYTE>& bytes)
 {
@@ -60,7 +47,7 @@ Json devModeJson(const std::vector<BYTE>& bytes)
     json["fields"] = Json::array();
     for (const DevModeField& field : devMode.fields)
         json["fields"].push_back(jsonOf(field));
-    json["privateBytes"] = {{"size", devMode.privateBytes.size()}, {"hex", hexOf(devMode.privateBytes)}};
+    json["privateBytes"] = {{"size", devMode.privateBytes.size()}, {"hex", odHex<char>(devMode.privateBytes)}};
     return json;
 }
 } // namespace

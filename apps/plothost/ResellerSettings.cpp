@@ -11,11 +11,7 @@ constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 OdStringView trimmed(OdStringView text)
 {
-    constexpr OdStringView blanks = OD_T(" \t\r");
-    const std::size_t first = text.find_first_not_of(blanks);
-    if (first == OdStringView::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+    return odTrimmed(text, [](OdChar c) { return c == ' ' || c == '\t' || c == '\r'; });
 }
 } // namespace
 

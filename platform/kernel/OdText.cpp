@@ -1,7 +1,8 @@
 #include "kernel/OdText.h"
 
 #include <algorithm>
-#include <cstdint>
+#include <charconv>
+#include <iterator>
 
 namespace
 {
@@ -80,6 +81,12 @@ bool odEndsWithNoCase(OdStringView text, OdStringView end) noexcept
 OdStringView odBoundedView(const OdChar* slot, std::size_t capacity) noexcept
 {
     return OdStringView(slot, static_cast<std::size_t>(std::find(slot, slot + capacity, OdChar()) - slot));
+}
+
+std::basic_string<OdChar> odDecimal(std::int64_t value)
+{
+    char digits[24];
+    return {digits, std::to_chars(digits, std::end(digits), value).ptr};
 }
 
 std::string odToUtf8(OdStringView text)

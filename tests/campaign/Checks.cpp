@@ -15,22 +15,12 @@ namespace
 // A pattern that no driver has by chance: every byte differs from its neighbours and none is 0.
 std::string pattern(std::size_t bytes)
 {
-    static const char digits[] = "0123456789ABCDEF";
     std::string text;
     for (std::size_t i = 0; i < bytes; ++i)
     {
-        const unsigned value = static_cast<unsigned>(1 + (i * 37 + 90) % 255);
-        text += {digits[value / 16], digits[value % 16]};
+        const auto value = static_cast<BYTE>(1 + (i * 37 + 90) % 255);
+        text += odHex<char>({&value, 1});
     }
-    return text;
-}
-
-std::string hexOf(std::span<const BYTE> bytes)
-{
-    static const char digits[] = "0123456789ABCDEF";
-    std::string text;
-    for (const BYTE byte : bytes)
-        text += {digits[byte / 16], digits[byte % 16]};
     return text;
 }
 
@@ -142,9 +132,10 @@ bool QueueCheck::devMode()
                               std::to_string(defaults.size()) + " + " + std::to_string(defaults.driverExtra());
     if (m_transcript.require("toDevMode", fits, sizes, {}))
         m_transcript.held("toDevMode");
-    if (m_transcript.require(
-            "custom", std::ranges::equal(block.privateBytes(), defaults.privateBytes()),
-            "the driver's bytes " + hexOf(defaults.privateBytes()) + " are kept as " + hexOf(block.privateBytes()), {}))
+    if (m_transcript.require("custom", std::ranges::equal(block.privateBytes(), defaults.privateBytes()),
+                             "the driver's bytes " + odHex<char>(defaults.privateBytes()) + " are kept as " +
+                                 odHex<char>(block.privateBytes()),
+                             {}))
         m_transcript.held("custom");
     return true;
 }
@@ -228,7 +219,7 @@ void QueueCheck::customSettings()
     if (!m_transcript.require("custom", kept, "the driver's bytes cannot be set, written and read", {}))
         return;
     const std::vector<BYTE> block = blockOf(*configuration);
-    const std::string inBlock = hexOf(DevModeView(block).privateBytes());
+    const std::string inBlock = odHex<char>(DevModeView(block).privateBytes());
     if (!m_transcript.require("custom", rawData(*configuration) == bytes, "read as " + rawData(*configuration), {}) ||
         !m_transcript.require("custom", inBlock == bytes, "in the block as " + inBlock, {}))
         return;
@@ -239,7 +230,7 @@ void QueueCheck::customSettings()
             answer.isBlock() && configuration->updateFromDevMode(answer.block.view(), m_driver.printerName(), modified),
             "not taken back", {answer.call}))
         return;
-    const std::string answered = hexOf(answer.block.view().privateBytes());
+    const std::string answered = odHex<char>(answer.block.view().privateBytes());
     if (m_transcript.require("custom", rawData(*configuration) == answered,
                              "the driver's answer " + answered + " is taken over as " + rawData(*configuration), {}))
         m_transcript.held("custom");

@@ -126,7 +126,7 @@ class IncludeArrowsTest(unittest.TestCase):
     def test_an_include_along_the_arrows_passes(self):
         for path, name in (("GarmPC3Editor/Dialogs/X.h", "mfc/AfxDll.h"),
                            ("GarmPC3Editor/Dialogs/X.cpp", "GarmPC3Editor/Decisions/PageValues.h"),
-                           ("GarmPC3Editor/Printing/X.cpp", "GarmPC3Editor/Model/DecimalText.h"),
+                           ("GarmPC3Editor/Printing/X.cpp", "GarmPC3Editor/Model/Numbers.h"),
                            ("apps/plothost/ShowReport.cpp", "GarmPC3Editor/GmPlotCfg3.h")):
             assert violations(path, f'#include "{name}"\n#include <vector>\n') == [], (path, name)
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "GarmPC3Editor/Decisions/GmTexts.h"
-#include "GarmPC3Editor/Model/DecimalText.h"
+#include "GarmPC3Editor/Model/Numbers.h"
 
 // A language in which every text is its number in square brackets: "[217]". Formats take their arguments behind it.
 inline GmTexts fakeTexts()

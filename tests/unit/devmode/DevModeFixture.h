@@ -1,7 +1,7 @@
 #pragma once
 
 #include "GarmPC3Editor/GmPlotCfg3.h"
-#include "GarmPC3Editor/Model/DecimalText.h"
+#include "GarmPC3Editor/Model/Numbers.h"
 #include "spooler/DevModeView.h"
 #include "tests/support/room/PrinterRoom.h"
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <sstream>
 
 TEST(OdText, foldsAsciiLettersOnly)
@@ -85,4 +86,50 @@ TEST(OdString, aNullPointerIsEmpty)
     text = none;
     EXPECT_TRUE(text.isEmpty());
     EXPECT_TRUE(text == none);
+}
+
+TEST(OdText, whiteSpaceOfTheCLocaleAndOfUnicode)
+{
+    for (int i = 0; i < 0x10000; ++i)
+    {
+        const auto c = static_cast<OdChar>(i);
+        const bool isAscii = OdStringView(OD_T(" \t\n\v\f\r")).find(c) != OdStringView::npos;
+        EXPECT_EQ(odIsAsciiSpace(c), isAscii) << i;
+        const bool isOther =
+            OdStringView(OD_T("\u0085\u00A0\u1680\u2028\u2029\u202F\u205F\u3000")).find(c) != OdStringView::npos ||
+            (i >= 0x2000 && i <= 0x200A);
+        EXPECT_EQ(odIsSpace(c), isAscii || isOther) << i;
+    }
+}
+
+TEST(OdText, trimsBothEndsOnly)
+{
+    const auto trimmed = [](OdStringView text) { return odTrimmed(text, odIsAsciiSpace); };
+    EXPECT_EQ(trimmed(OD_T(" \ta b\r ")), OD_T("a b"));
+    EXPECT_EQ(trimmed(OD_T("a")), OD_T("a"));
+    EXPECT_EQ(trimmed(OD_T("  ")), OD_T(""));
+    EXPECT_EQ(trimmed({}), OD_T(""));
+}
+
+TEST(OdText, writesWholeNumbers)
+{
+    EXPECT_EQ(odDecimal(0), OD_T("0"));
+    EXPECT_EQ(odDecimal(4294967295), OD_T("4294967295"));
+    EXPECT_EQ(odDecimal(std::numeric_limits<std::int64_t>::min()), OD_T("-9223372036854775808"));
+}
+
+TEST(OdText, writesAndReadsHexadecimalDigits)
+{
+    const unsigned char bytes[] = {0x00, 0x9A, 0xFF};
+    EXPECT_EQ(odHex<char>(bytes), "009AFF");
+    EXPECT_EQ(odHex<OdChar>(bytes), OD_T("009AFF"));
+    EXPECT_EQ(odHex<char>({}), "");
+    for (int value = 0; value < 16; ++value)
+    {
+        EXPECT_EQ(odHexDigit(static_cast<unsigned char>(OdStringView(OD_T("0123456789abcdef"))[value])), value);
+        EXPECT_EQ(odHexDigit(static_cast<unsigned char>(odHexDigits[value])), value);
+    }
+    for (const unsigned other :
+         {0U, unsigned{'/'}, unsigned{':'}, unsigned{'@'}, unsigned{'G'}, unsigned{'`'}, unsigned{'g'}, 0x130U})
+        EXPECT_EQ(odHexDigit(other), -1) << other;
 }

@@ -1,7 +1,7 @@
 // Walks every node's table: what holds for one row kind holds for every row of that kind.
 #include "GarmPC3Editor/Model/BlockReader.h"
-#include "GarmPC3Editor/Model/DecimalText.h"
 #include "GarmPC3Editor/Model/FieldVisitor.h"
+#include "GarmPC3Editor/Model/Numbers.h"
 #include "tests/support/Blocks.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,5 @@
 #include "GarmPC3Editor/Model/AnswerOnThrow.h"
-#include "GarmPC3Editor/Model/DecimalText.h"
-#include "GarmPC3Editor/Model/HexText.h"
-#include "GarmPC3Editor/Model/WrappedNumber.h"
+#include "GarmPC3Editor/Model/Numbers.h"
 
 #include <gtest/gtest.h>
 
