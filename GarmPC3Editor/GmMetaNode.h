@@ -8,6 +8,14 @@
 
 class CPBlock;
 
+// The driver types of which this module knows more than the number.
+enum GmDriverType : std::int32_t
+{
+    eImageFileDriver = 0,
+    eWindowsDriver = 1,
+    eEPlotDriver = 3,
+};
+
 // Block "meta": which driver and model the configuration belongs to, the Windows device it is bound to, global flags.
 //
 // Running out of memory is thrown: as a false result it would look like a missing key.
@@ -25,7 +33,7 @@ public:
     OdString m_driver_version;
     OdString m_driver_tag_line;
     std::int32_t m_toolkit_version = 0;
-    std::int32_t m_driver_type = 0;
+    std::int32_t m_driver_type = eImageFileDriver; // any number
     OdString m_canonical_family_name;
     bool m_show_custom_first = false;
     bool m_truetype_as_text = true;

@@ -10,7 +10,7 @@ namespace
 // Driver types of configurations that belong to no Windows printer: they plot under their model's name.
 bool plotsWithoutWindowsPrinter(std::int32_t driverType)
 {
-    return driverType == 0 || driverType == 3;
+    return driverType == eImageFileDriver || driverType == eEPlotDriver;
 }
 
 bool namesConfiguration(const OdString& deviceName)

@@ -21,7 +21,7 @@ void describeSystemDriver(GmMetaNode& meta, const OdString& printerName)
     meta.m_driver_version = OD_T("not specified");
     meta.m_driver_tag_line = OD_T("Windows System Driver from Autodesk");
     meta.m_toolkit_version = 1;
-    meta.m_driver_type = 1;
+    meta.m_driver_type = eWindowsDriver;
 }
 
 // Stores the sizes of the driver's block, and as many zero bytes as it has private ones, because importing the real

@@ -56,7 +56,7 @@ std::vector<DetailRow> configurationRows(const DevModeReport& report)
     std::vector<DetailRow> rows = {
         {"Printer", printable(report.printerName), "", ""},
         {"Paper", printable(report.paperName), "", ""},
-        {"Driver type", std::to_string(report.driverType), report.driverType == 1 ? "Windows system printer" : "", ""},
+        {"Driver type", std::to_string(report.driverType), driverTypeName(report.driverType), ""},
         {"Model", printable(report.canonicalModelName), "", ""}};
     addDevMode(rows, report.devMode);
     return rows;

@@ -30,7 +30,7 @@ struct ListReport
     std::vector<Configuration> configurations;
 };
 
-// What "devmode" prints: the answers of the command.
+// What "devmode" prints: the results of the command.
 struct DevModeReport
 {
     OdString deviceName; // as it was asked for
@@ -84,5 +84,8 @@ std::string jsonOf(const EditReport& report);
 std::string textOf(const CommandsReport& report);
 
 // "1 (Windows system printer)"; the bare number where it has no meaning of its own.
+// "Windows system printer"; "" for any other driver type.
+std::string driverTypeName(std::int16_t driverType);
+
 std::string driverTypeText(std::int16_t driverType);
 } // namespace plothost

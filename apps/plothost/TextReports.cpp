@@ -1,3 +1,4 @@
+#include "GarmPC3Editor/GmMetaNode.h"
 #include "common/Printable.h"
 #include "plothost/Reports.h"
 
@@ -52,9 +53,7 @@ std::string dump(const std::vector<BYTE>& bytes)
     std::string text;
     for (std::size_t i = 0; i < bytes.size() && i < mostDumped; ++i)
     {
-        std::array<char, 4> digits;
-        std::snprintf(digits.data(), digits.size(), "%02X", static_cast<unsigned>(bytes[i]));
-        text += (i % 16 == 0 ? (i == 0 ? "    " : "\n    ") : " ") + std::string(digits.data());
+        text += (i % 16 == 0 ? (i == 0 ? "    " : "\n    ") : " ") + odHex<char>({&bytes[i], 1});
     }
     if (bytes.size() > mostDumped)
         text += "\n    ...";
@@ -83,10 +82,15 @@ std::string textOf(const DecodedDevMode& devMode)
 }
 } // namespace
 
+std::string driverTypeName(std::int16_t driverType)
+{
+    return driverType == eWindowsDriver ? "Windows system printer" : "";
+}
+
 std::string driverTypeText(std::int16_t driverType)
 {
-    const std::string number = std::to_string(driverType);
-    return driverType == 1 ? number + " (Windows system printer)" : number;
+    const std::string name = driverTypeName(driverType);
+    return std::to_string(driverType) + (name.empty() ? "" : " (" + name + ")");
 }
 
 std::string textOf(const ListReport& report)
