@@ -8,7 +8,7 @@
 
 namespace plothost
 {
-// Where the answers of background checks arrive: one hidden window for each question, so that an answer tells which
+// Where the results of background checks arrive: one hidden window for each question, so that a result shows which
 // question it belongs to. A window stays until its answer has come, also when nobody waits for it any more: were it
 // destroyed earlier, the system might give its number to the window of a later question.
 class CheckWindows

@@ -68,4 +68,31 @@ bool writeError(std::string_view utf8) noexcept
 {
     return write(STD_ERROR_HANDLE, utf8);
 }
+
+ExitStatus answerYes(const std::string& text)
+{
+    return writeOutput(text) ? exitYes : answerNo("standard output cannot be written");
+}
+
+ExitStatus answerNo(const std::string& why)
+{
+    note(why);
+    return exitNo;
+}
+
+void note(const std::string& line)
+{
+    // Nobody is left to tell when this fails.
+    static_cast<void>(writeError("plothost: " + line + "\n"));
+}
+
+bool canShowWindows()
+{
+    const HWND window = ::CreateWindowExW(0, L"Static", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr,
+                                          ::GetModuleHandleW(nullptr), nullptr);
+    if (!window)
+        return false;
+    ::DestroyWindow(window);
+    return true;
+}
 } // namespace plothost

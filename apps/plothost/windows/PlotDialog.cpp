@@ -49,7 +49,7 @@ void fill(HWND combo, const std::vector<OdString>& entries, std::optional<std::s
     ::SendMessageW(combo, CB_SETCURSEL, choice ? static_cast<WPARAM>(*choice) : static_cast<WPARAM>(-1), 0);
 }
 
-// Each column as wide as what stands in it; the last one takes the rest, less the room of the scroll bar.
+// Each column is as wide as its content; the last one gets the rest, less the width of the scroll bar.
 void fitColumns(HWND details)
 {
     RECT frame = {};

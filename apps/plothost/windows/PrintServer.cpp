@@ -34,7 +34,7 @@ bool printServerAnswers(DWORD milliseconds)
 
 void endWithoutPrintServer(int status) noexcept
 {
-    // The usual end tells every library of it, for which it needs the lock.
+    // The usual end notifies every library, for which it needs the lock.
     ::TerminateProcess(::GetCurrentProcess(), static_cast<UINT>(status));
     for (;;) // not reached: the system does not come back from that
         ::SwitchToThread();

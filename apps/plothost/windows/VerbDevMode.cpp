@@ -8,8 +8,8 @@
 #include "plothost/Paths.h"
 #include "plothost/Refusals.h"
 #include "plothost/Reports.h"
-#include "plothost/windows/Answers.h"
 #include "plothost/windows/BackgroundWait.h"
+#include "plothost/windows/Console.h"
 
 #include <string_view>
 

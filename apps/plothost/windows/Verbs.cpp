@@ -10,7 +10,7 @@
 #include "plothost/Refusals.h"
 #include "plothost/Reports.h"
 #include "plothost/ShowReport.h"
-#include "plothost/windows/Answers.h"
+#include "plothost/windows/Console.h"
 #include "plothost/windows/Printers.h"
 
 namespace plothost

@@ -1,6 +1,5 @@
 #include "host/windows/LibrarySearch.h"
 #include "plothost/Arguments.h"
-#include "plothost/windows/Answers.h"
 #include "plothost/windows/Console.h"
 #include "plothost/windows/PrintServer.h"
 #include "plothost/windows/Session.h"

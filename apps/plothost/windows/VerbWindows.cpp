@@ -4,9 +4,11 @@
 #include "files/FullPath.h"
 #include "plothost/EditQuery.h"
 #include "plothost/Refusals.h"
-#include "plothost/windows/Answers.h"
-#include "plothost/windows/Display.h"
+#include "plothost/windows/Console.h"
+#include "plothost/windows/PlotDialog.h"
+#include "plothost/windows/Printers.h"
 
+// The verbs that show windows.
 namespace plothost
 {
 ExitStatus runEdit(const Request& request, const OdString& searchPath)
@@ -28,5 +30,29 @@ ExitStatus runEdit(const Request& request, const OdString& searchPath)
     if (!answer.report)
         return answerNo(whyNotEdited(question, searchPath));
     return answerYes(request.json ? jsonOf(*answer.report) : textOf(*answer.report));
+}
+
+ExitStatus runPlot(const OdString& searchPath)
+{
+    if (!canShowWindows())
+        return answerNo(noDisplay);
+
+    PlotSurroundings around;
+    around.list = [&searchPath]
+    {
+        std::vector<OdString> unreadable; // has no configurations, and that is all the dialog shows
+        return plotterList(searchPath, unreadable);
+    };
+    around.papers = driverPapers;
+    around.defaults = driverDefaults;
+    around.whyNoPrinter = [&searchPath](const OdString& deviceName) { return whyNoPrinterFor(deviceName, searchPath); };
+    around.whyNotEdited = [&searchPath](const EditQuestion& question) { return whyNotEdited(question, searchPath); };
+    around.resetDrivers = resetDriverDefaults;
+
+    PlotDialog dialog(std::move(around));
+    DWORD error = 0;
+    if (!dialog.run(::GetModuleHandleW(nullptr), error))
+        return answerNo("the Plot dialog cannot be opened (error " + std::to_string(error) + ")");
+    return exitYes;
 }
 } // namespace plothost
