@@ -29,7 +29,7 @@ enum ResolvePrinterResult
 class GARM_PC3EDITOR_API GmPlotCfg3
 {
 public:
-    // Not defined here: what stands only in the class is not exported, and a host that loads the module late has no
+    // Not defined here: what is defined only in the class is not exported, and a host that loads the module late has no
     // table of virtual functions to build an object with.
     GmPlotCfg3();
     GmPlotCfg3(const GmPlotCfg3& other);

@@ -17,8 +17,8 @@ enum class FaultStage
     create,        // a configuration for a printer
 };
 
-// A number keeps its meaning for ever; a new fault gets the next one. Behind each stands what else of Fault is filled
-// in.
+// A number keeps its meaning for ever; a new fault gets the next one. The comment of each lists what else of Fault is
+// filled in.
 enum class FaultCode
 {
     none = 0,

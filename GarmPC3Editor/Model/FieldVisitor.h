@@ -17,7 +17,7 @@ enum class RowKind
     optionalFlag,
 };
 
-// The member of a node that a key stands for.
+// The member of a node that holds the value of a key.
 using FieldMember = std::variant<OdString*, bool*, GmOptionalFlag*, std::int32_t*, double*>;
 
 constexpr ValueKind kindOf(const FieldMember& member) noexcept

@@ -34,8 +34,8 @@ public:
     // The driver's name. out is emptied first; true when it is not empty afterwards.
     bool driverName(OdString& out) const;
 
-    // The driver's default device mode; null only when there is no size or the driver's fill answers 0. Ask the
-    // block's view before using it: see defaultDevMode in win32/PrinterQueries.h.
+    // The driver's default device mode; null only when there is no size or the driver's fill returns 0. Check
+    // the block's view before using it: see defaultDevMode in spooler/PrinterQueries.h.
     DevModeBlock defaultDevMode() const;
 
     // The papers the driver offers. The first question loads the lists; once loaded they are never refreshed, and when

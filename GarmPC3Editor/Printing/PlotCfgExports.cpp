@@ -1,5 +1,5 @@
-// What GmPlotCfg3 exports of reading, converting and creating. A program that calls the module and also contains the
-// functions behind these links neither twice, because nothing else is in this file.
+// What GmPlotCfg3 exports of reading, converting and creating. Nothing else is in this file, so that a program can link
+// the functions that these call and still get these from the module.
 
 #include "GarmPC3Editor/GmPlotCfg3.h"
 #include "GarmPC3Editor/Model/AnswerOnThrow.h"

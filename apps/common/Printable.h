@@ -21,7 +21,7 @@ std::string quoted(OdStringView text);
 std::string shortened(OdStringView text, std::size_t most, std::string_view quote = {});
 
 // Lines of cells, every column as wide as its widest cell, two blanks apart, no blanks at the ends. A cell wider than
-// 64 stands whole and does not widen its column: one such name would otherwise be paid for in every line.
+// 64 is shown whole and does not widen its column: one such name would otherwise make every line long.
 std::string columns(const std::vector<std::vector<std::string>>& lines, std::size_t indent);
 
 // How many characters of a terminal a UTF-8 text takes, counting one for each code point.

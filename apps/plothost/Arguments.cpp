@@ -74,7 +74,7 @@ public:
         // A name or path may begin with a slash.
         m_app.allow_windows_style_options(false);
         m_app.require_subcommand(0, 1);
-        // Options of the program may stand behind the command too.
+        // The program's options may follow the command too.
         m_app.fallthrough();
         m_app.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
         m_app.set_help_flag("--help,-h", "Print this help, or that of the command");

@@ -17,7 +17,7 @@ namespace plothost
 struct DevModeField
 {
     std::string name; // "dmOrientation"
-    // Nothing when the field does not lie whole within the public part.
+    // Nothing when the public part ends before or inside the field.
     std::variant<std::monostate, std::int64_t, OdString> value;
     std::string symbol;          // "DMORIENT_PORTRAIT"; "" when the value has no name
     std::optional<bool> flagged; // nothing for a field that has no flag in dmFields
@@ -26,14 +26,14 @@ struct DevModeField
 // A DEVMODEW taken apart. Nothing of it refers to the bytes it came from.
 struct DecodedDevMode
 {
-    // Why the bytes are no DEVMODEW, "" when they are. All the rest but byteCount is then empty.
+    // Why the bytes are not a DEVMODEW; "" when they are. Everything else but byteCount is empty then.
     std::string problem;
 
     std::size_t byteCount = 0;
     std::size_t size = 0;        // of the public part
     std::size_t driverExtra = 0; // of the private part
     std::size_t bytesBehind = 0; // bytes that belong to neither
-    DWORD flags = 0;             // dmFields as it stands
+    DWORD flags = 0;             // dmFields, unchanged
     std::vector<std::string> flagNames;
     DWORD unnamedFlags = 0;
     std::vector<DevModeField> fields; // in the order of the structure, without sizes and flags

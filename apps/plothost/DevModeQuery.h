@@ -6,7 +6,7 @@
 
 #include <string>
 
-// The host's side of the command "PC3GETDEVMODE": arguments and answers are named values of the host's own context.
+// The host's side of the command "PC3GETDEVMODE": arguments and results are named values of the host's own context.
 namespace plothost
 {
 struct DevModeAnswer

@@ -114,7 +114,7 @@ std::vector<BYTE> driverDefaults(const OdString& printer)
 void resetDriverDefaults()
 {
     // Connections are left out: their drivers keep no state here, and opening them can take long. Of the others names
-    // are enough; a level that tells more is asked of each printer and takes three times as long.
+    // are enough; a level with more information asks each printer and takes three times as long.
     const auto printers =
         askDriver(std::vector<InstalledPrinter>(), [] { return installedPrinters(PRINTER_ENUM_LOCAL, 4); });
     for (const InstalledPrinter& printer : printers)

@@ -5,13 +5,13 @@
 
 #include <vector>
 
-// What the host itself asks the drivers of installed printers. A driver that fails or throws has nothing to say.
+// What the host itself asks the drivers of installed printers. A driver that fails or throws gives nothing.
 namespace plothost
 {
 struct DriverPaper
 {
     OdString name; // at most 64 units
-    WORD code = 0; // as in dmPaperSize; 0 when the driver tells none
+    WORD code = 0; // as in dmPaperSize; 0 when the driver gives none
 
     friend bool operator==(const DriverPaper&, const DriverPaper&) = default;
 };

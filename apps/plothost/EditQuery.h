@@ -18,7 +18,7 @@ struct EditQuestion
 
 struct EditAnswer
 {
-    std::string problem; // why the command could not be run, or left answers that are not complete; "" otherwise
+    std::string problem; // why the command could not be run, or left incomplete results; "" otherwise
     // Nothing also when the command ended before its editor: it then leaves no value at all and does not say why.
     std::optional<EditReport> report;
 };

@@ -5,7 +5,7 @@
 
 #include <string>
 
-// How the host runs a command of the module: by name, with arguments and answers as named values of its own context.
+// How the host runs a command of the module: by name, with arguments and results as named values of its own context.
 namespace plothost
 {
 GmServicesManagerInterface& namedValues();
@@ -17,6 +17,6 @@ std::string runModuleCommand(const OdChar* name);
 // result buffer.
 OdResBufPtr namedAnswer(const OdChar* name);
 
-// The line for a command that left some answers and not the others.
+// The line for a command that left only some of its results.
 std::string incompleteAnswer(const OdChar* name);
 } // namespace plothost

@@ -7,7 +7,7 @@
 #include <span>
 #include <vector>
 
-// The host's paper list, which the dialog of the product family's own printers takes over.
+// The host's paper list, which the dialog of the product family's own printers copies.
 namespace plothost
 {
 // The paper whose size the user types; a literal that is the same in every language.

@@ -26,7 +26,7 @@ struct PlotSurroundings
     std::function<std::string(const OdString& deviceName, unsigned question)> startCheck;
 };
 
-// What stands in the controls that the user, and the module's dialogs, may change.
+// What is in the controls that the user, and the module's dialogs, may change.
 struct PlotControls
 {
     OdString paper; // "" when none is selected
@@ -46,7 +46,7 @@ struct PlotView
     std::vector<DetailRow> details;
 };
 
-// What the Plot dialog decides. Its state is changed by the user's choices and by the answers of the background checks;
+// What the Plot dialog decides. Its state is changed by the user's choices and by the results of the background checks;
 // after each of these functions the dialog shows the view anew.
 class PlotSession
 {
@@ -63,10 +63,10 @@ public:
     bool answer(unsigned question, bool found);
 
     // Runs the editor for the chosen device with the chosen paper and looks at everything again afterwards. controls
-    // tells what stands in the dialog, which the editor may change. "" or why the editor did not open, for the user.
+    // returns what is in the dialog, which the editor may change. "" or why the editor did not open, for the user.
     std::string edit(const std::function<PlotControls()>& controls);
 
-    // The editor is open: answers wait for its end and nothing else can be chosen.
+    // The editor is open: results wait for its end and nothing else can be chosen.
     bool isEditing() const noexcept { return m_editing; }
 
 private:

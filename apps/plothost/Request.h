@@ -8,7 +8,7 @@
 
 namespace plothost
 {
-// What the program answers to its caller.
+// What the program returns to its caller.
 enum ExitStatus
 {
     exitYes = 0,      // done, or the answer is yes

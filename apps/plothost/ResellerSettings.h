@@ -18,7 +18,7 @@ struct ResellerSetting
     friend bool operator==(const ResellerSetting&, const ResellerSetting&) = default;
 };
 
-// Nothing when there is no "=", or nothing before or behind the first one: a name that is empty would be found in
+// Nothing when there is no "=", or nothing before or after the first one: a name that is empty would be found in
 // the store and stand for every printer without one. Blanks around both are dropped.
 std::optional<ResellerSetting> resellerSetting(OdStringView text);
 
