@@ -54,9 +54,7 @@ AFX_THREAD_STATE::AFX_THREAD_STATE() = default;
 
 AFX_THREAD_STATE::~AFX_THREAD_STATE()
 {
-    if (m_hHookCreate)
-        ::UnhookWindowsHookEx(m_hHookCreate);
-    // Temporary objects do not own their windows.
+    // The windows are not theirs.
     for (const auto& object : m_temporary)
         object->m_hWnd = nullptr;
     m_temporary.clear();

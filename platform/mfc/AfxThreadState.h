@@ -1,6 +1,6 @@
 #pragma once
 
-#include "win32/Win32.h"
+#include "win32/windows/SystemHandles.h"
 
 #include <memory>
 #include <unordered_map>
@@ -34,7 +34,7 @@ public:
 
     // The object that the next created window is attached to, and the hook that attaches it.
     CWnd* m_pWndInit = nullptr;
-    HHOOK m_hHookCreate = nullptr;
+    HookHandle m_hHookCreate;
 
     // The dialog whose controls are being exchanged; it ignores their notifications meanwhile.
     HWND m_hLockoutNotifyWindow = nullptr;

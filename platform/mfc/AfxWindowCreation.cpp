@@ -16,12 +16,6 @@ bool isInputMethodWindow(HWND hWnd)
     return text == L"IME" || text == L"MSCTFIME UI";
 }
 
-void removeHook(AFX_THREAD_STATE& state) noexcept
-{
-    if (const HHOOK hook = std::exchange(state.m_hHookCreate, nullptr))
-        ::UnhookWindowsHookEx(hook);
-}
-
 LRESULT CALLBACK creationHook(int code, WPARAM wParam, LPARAM lParam)
 {
     AFX_THREAD_STATE* state = AfxFindThreadState();
@@ -37,12 +31,12 @@ LRESULT CALLBACK creationHook(int code, WPARAM wParam, LPARAM lParam)
     {
         // The object could not be attached, so the window must not be created either.
         AfxKeepException();
-        removeHook(*state);
+        state->m_hHookCreate.reset();
         return 1;
     }
     const LRESULT result = ::CallNextHookEx(nullptr, code, wParam, lParam);
     if (!state->m_pWndInit)
-        removeHook(*state);
+        state->m_hHookCreate.reset();
     return result;
 }
 } // namespace
@@ -53,7 +47,7 @@ void AfxHookWindowCreate(CWnd* pWnd)
         return;
     AFX_THREAD_STATE& state = AfxGetThreadState();
     if (!state.m_hHookCreate)
-        state.m_hHookCreate = ::SetWindowsHookExW(WH_CBT, &creationHook, nullptr, ::GetCurrentThreadId());
+        state.m_hHookCreate = HookHandle(::SetWindowsHookExW(WH_CBT, &creationHook, nullptr, ::GetCurrentThreadId()));
     if (!state.m_hHookCreate)
         AfxThrowInvalidArgException();
     state.m_pWndInit = pWnd;
@@ -64,7 +58,7 @@ bool AfxUnhookWindowCreate() noexcept
     AFX_THREAD_STATE* state = AfxFindThreadState();
     if (!state)
         return true;
-    removeHook(*state);
+    state->m_hHookCreate.reset();
     return std::exchange(state->m_pWndInit, nullptr) == nullptr;
 }
 
