@@ -1,5 +1,8 @@
 #include "bench/module/BareCalls.h"
 
+#include "spooler/Handles.h"
+#include "win32/windows/SystemHandles.h"
+
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -18,15 +21,15 @@ void require(bool succeeded, const char* call)
 void readFile(const OdString& path)
 {
     require(::GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES, "GetFileAttributesW");
-    const HANDLE file = ::CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
-    require(file != INVALID_HANDLE_VALUE, "CreateFileW");
+    const KernelHandle file(
+        ::CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+    require(static_cast<bool>(file), "CreateFileW");
     LARGE_INTEGER size = {};
-    ::GetFileSizeEx(file, &size);
+    ::GetFileSizeEx(file.get(), &size);
     const auto bytes = static_cast<DWORD>(size.QuadPart);
     const std::unique_ptr<BYTE[]> content(new BYTE[bytes]);
     DWORD read = 0;
-    const BOOL succeeded = ::ReadFile(file, content.get(), bytes, &read, nullptr);
-    ::CloseHandle(file);
+    const BOOL succeeded = ::ReadFile(file.get(), content.get(), bytes, &read, nullptr);
     require(succeeded && read == bytes, "ReadFile");
 }
 
@@ -35,11 +38,11 @@ WCHAR* text(const OdString& string)
     return const_cast<WCHAR*>(string.c_str());
 }
 
-HANDLE open(const OdString& name)
+PrinterHandle open(const OdString& name)
 {
     HANDLE printer = nullptr;
     require(::OpenPrinterW(text(name), &printer, nullptr), "OpenPrinterW");
-    return printer;
+    return PrinterHandle(printer);
 }
 
 template <class Query>
@@ -54,22 +57,21 @@ std::unique_ptr<BYTE[]> filled(const char* call, Query query)
 
 void askForDriver(const OdString& name)
 {
-    const HANDLE printer = open(name);
-    filled("GetPrinterDriverW", [printer](BYTE* buffer, DWORD size, DWORD* needed)
-           { return ::GetPrinterDriverW(printer, nullptr, 3, buffer, size, needed); });
-    ::ClosePrinter(printer);
+    const PrinterHandle printer = open(name);
+    filled("GetPrinterDriverW", [&printer](BYTE* buffer, DWORD size, DWORD* needed)
+           { return ::GetPrinterDriverW(printer.get(), nullptr, 3, buffer, size, needed); });
 }
 
-std::unique_ptr<BYTE[]> recordOf(HANDLE printer, DWORD level)
+std::unique_ptr<BYTE[]> recordOf(const PrinterHandle& printer, DWORD level)
 {
-    return filled("GetPrinterW", [printer, level](BYTE* buffer, DWORD size, DWORD* needed)
-                  { return ::GetPrinterW(printer, level, buffer, size, needed); });
+    return filled("GetPrinterW", [&printer, level](BYTE* buffer, DWORD size, DWORD* needed)
+                  { return ::GetPrinterW(printer.get(), level, buffer, size, needed); });
 }
 
 void askForPapers(const OdString& name)
 {
-    const HANDLE first = open(name);
-    const HANDLE second = open(name);
+    const PrinterHandle first = open(name);
+    const PrinterHandle second = open(name);
     const std::unique_ptr<BYTE[]> record = recordOf(second, 2);
     const auto& info = *reinterpret_cast<const PRINTER_INFO_2W*>(record.get());
     const auto ask = [&](WORD capability, void* output) {
@@ -83,15 +85,11 @@ void askForPapers(const OdString& name)
     std::vector<WCHAR> nameList(static_cast<std::size_t>(names) * 64);
     ask(DC_PAPERS, codeList.data());
     ask(DC_PAPERNAMES, nameList.data());
-    ::ClosePrinter(second);
-    ::ClosePrinter(first);
 }
 
 void askForPort(const OdString& name)
 {
-    const HANDLE printer = open(name);
-    recordOf(printer, 5);
-    ::ClosePrinter(printer);
+    recordOf(open(name), 5);
 }
 
 struct Check
@@ -152,9 +150,8 @@ std::vector<std::wstring> namesOfPrinters()
 void bareCheck(const OdString& file, const OdString& printer, HWND window, UINT message)
 {
     auto check = std::make_unique<Check>(Check{file, printer, window, message});
-    const HANDLE thread = ::CreateThread(nullptr, 0, &runCheck, check.get(), 0, nullptr);
-    require(thread != nullptr, "CreateThread");
-    static_cast<void>(check.release()); // now the thread's
-    ::CloseHandle(thread);
+    const KernelHandle thread(::CreateThread(nullptr, 0, &runCheck, check.get(), 0, nullptr));
+    require(static_cast<bool>(thread), "CreateThread");
+    static_cast<void>(check.release()); // the thread's from here on
 }
 } // namespace modulebench

@@ -54,19 +54,14 @@ BareSheet::BareSheet()
         throw std::runtime_error("the language library cannot be loaded");
 }
 
-BareSheet::~BareSheet()
-{
-    ::FreeLibrary(m_resources);
-}
-
 void BareSheet::show(HWND owner) const
 {
-    showSheet(m_resources, owner, &nothing, &nothing);
+    showSheet(m_resources.get(), owner, &nothing, &nothing);
 }
 
 void BareSheet::showFilled(HWND owner) const
 {
-    showSheet(m_resources, owner, &fillGeneralPage, &fillDevicePage);
+    showSheet(m_resources.get(), owner, &fillGeneralPage, &fillDevicePage);
 }
 
 HWND createBareDialog(HINSTANCE resources, UINT dialog, HWND parent)

@@ -4,6 +4,7 @@
 #include "bench/module/BareCalls.h"
 #include "bench/module/BareSheet.h"
 #include "resources/Resource.h"
+#include "win32/windows/SystemHandles.h"
 
 #include <commctrl.h>
 #include <iterator>
@@ -45,9 +46,10 @@ HINSTANCE libraryOf(LPARAM page)
     return reinterpret_cast<HINSTANCE>(reinterpret_cast<const PROPSHEETPAGEW*>(page)->lParam);
 }
 
-HICON iconOf(HINSTANCE resources, UINT id, int size)
+IconHandle iconOf(HINSTANCE resources, UINT id, int size)
 {
-    return static_cast<HICON>(::LoadImageW(resources, MAKEINTRESOURCEW(id), IMAGE_ICON, size, size, LR_DEFAULTCOLOR));
+    return IconHandle(
+        static_cast<HICON>(::LoadImageW(resources, MAKEINTRESOURCEW(id), IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
 }
 
 void addTips(HWND page)
@@ -73,7 +75,7 @@ void fillGeneral(HWND page, HINSTANCE resources)
         ::SetDlgItemTextW(page, text.control, text.text);
     ::SendDlgItemMessageW(
         page, IDC_DRIVER_ICON, STM_SETICON,
-        reinterpret_cast<WPARAM>(iconOf(resources, IDI_SYSTEM_PRINTER, ::GetSystemMetrics(SM_CXICON))), 0);
+        reinterpret_cast<WPARAM>(iconOf(resources, IDI_SYSTEM_PRINTER, ::GetSystemMetrics(SM_CXICON)).release()), 0);
     for (const std::wstring& name : namesOfPrinters())
         ::SendDlgItemMessageW(page, IDC_PRINTERS, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name.c_str()));
     ::SendDlgItemMessageW(page, IDC_PRINTERS, CB_SETCURSEL, 0, 0);
@@ -87,9 +89,8 @@ HIMAGELIST entryPictures(HINSTANCE resources)
     const HIMAGELIST images = ::ImageList_Create(size, size, ILC_MASK | ILC_COLOR24, 0, 1);
     for (std::int32_t type = 0; type < deviceRowCount; ++type)
     {
-        const HICON icon = iconOf(resources, deviceRow(type)->icon, size);
-        ::ImageList_ReplaceIcon(images, -1, icon);
-        ::DestroyIcon(icon);
+        const IconHandle icon = iconOf(resources, deviceRow(type)->icon, size);
+        ::ImageList_ReplaceIcon(images, -1, icon.get());
     }
     return images;
 }

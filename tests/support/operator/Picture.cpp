@@ -1,27 +1,17 @@
 #include "tests/support/operator/Picture.h"
 
+#include "spooler/Handles.h"
+#include "win32/windows/SystemHandles.h"
+
 #include <cstdint>
 #include <fstream>
-#include <memory>
 #include <stdexcept>
-#include <type_traits>
 #include <vector>
 
 namespace editordriver
 {
 namespace
 {
-struct DeleteContext
-{
-    void operator()(HDC context) const { ::DeleteDC(context); }
-};
-struct DeleteBitmap
-{
-    void operator()(HBITMAP bitmap) const { ::DeleteObject(bitmap); }
-};
-using Context = std::unique_ptr<std::remove_pointer_t<HDC>, DeleteContext>;
-using Bitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, DeleteBitmap>;
-
 // The context of a whole window, frame included.
 class WindowContext
 {
@@ -76,8 +66,8 @@ void savePicture(HWND window, const OdString& file)
     ::GdiFlush();
 
     const WindowContext source(window);
-    const Context target(::CreateCompatibleDC(source));
-    const Bitmap bitmap(::CreateCompatibleBitmap(source, width, height));
+    const DeviceContext target(::CreateCompatibleDC(source));
+    const BitmapHandle bitmap(::CreateCompatibleBitmap(source, width, height));
     const HGDIOBJ before = ::SelectObject(target.get(), bitmap.get());
     const BOOL copied = ::BitBlt(target.get(), 0, 0, width, height, source, 0, 0, SRCCOPY);
     ::SelectObject(target.get(), before);

@@ -1,6 +1,6 @@
 #include "tests/support/operator/Printers.h"
 
-#include "win32/Win32.h"
+#include "spooler/Handles.h"
 
 #include <stdexcept>
 #include <winspool.h>
@@ -28,24 +28,20 @@ void addPrinter(const std::wstring& name, const std::wstring& driver)
     record.pPortName = unchanged(L"LPT1:");
     record.pPrintProcessor = unchanged(L"WinPrint");
     record.pDatatype = unchanged(L"RAW");
-    const HANDLE printer = ::AddPrinterW(nullptr, 2, reinterpret_cast<LPBYTE>(&record));
+    const PrinterHandle printer(::AddPrinterW(nullptr, 2, reinterpret_cast<LPBYTE>(&record)));
     if (!printer)
         fail("the printer cannot be added");
-    ::ClosePrinter(printer);
 }
 
 void deletePrinter(const std::wstring& name)
 {
     PRINTER_DEFAULTSW wish = {};
     wish.DesiredAccess = PRINTER_ALL_ACCESS;
-    HANDLE printer = nullptr;
-    if (!::OpenPrinterW(unchanged(name.c_str()), &printer, &wish))
+    HANDLE opened = nullptr;
+    if (!::OpenPrinterW(unchanged(name.c_str()), &opened, &wish))
         fail("the printer cannot be opened");
-    const BOOL deleted = ::DeletePrinter(printer);
-    const DWORD error = ::GetLastError();
-    ::ClosePrinter(printer);
-    ::SetLastError(error);
-    if (!deleted)
+    const PrinterHandle printer(opened);
+    if (!::DeletePrinter(printer.get()))
         fail("the printer cannot be deleted");
 }
 } // namespace editordriver

@@ -1,6 +1,6 @@
 #include "tests/support/processcounts/ProcessCounts.h"
 
-#include "win32/Win32.h"
+#include "win32/windows/SystemHandles.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -116,9 +116,8 @@ std::size_t gdiObjects()
 {
     // A count that does not see a new object would never see a leak either.
     const std::size_t before = usedGdiEntries();
-    const HPEN pen = ::CreatePen(PS_SOLID, 3, RGB(1, 2, 3));
+    const PenHandle pen(::CreatePen(PS_SOLID, 3, RGB(1, 2, 3)));
     const std::size_t with = usedGdiEntries();
-    ::DeleteObject(pen);
     if (with != before + 1)
         throw std::runtime_error("the table of graphics objects does not tell the objects");
     return before;

@@ -1,5 +1,5 @@
 #include "tests/support/processcounts/ProcessCounts.h"
-#include "win32/Win32.h"
+#include "win32/windows/SystemHandles.h"
 
 #include <stdexcept>
 
@@ -41,8 +41,8 @@ bool isIcon(HICON handle)
     ICONINFO info = {};
     if (!::GetIconInfo(handle, &info))
         return false;
-    ::DeleteObject(info.hbmColor);
-    ::DeleteObject(info.hbmMask);
+    const BitmapHandle color(info.hbmColor);
+    const BitmapHandle mask(info.hbmMask);
     return true;
 }
 
@@ -58,12 +58,10 @@ std::size_t menusAndIcons()
 std::size_t menusAndIconsSeen()
 {
     const std::size_t before = menusAndIcons();
-    const HMENU menu = ::CreateMenu();
+    const MenuHandle menu(::CreateMenu());
     const BYTE bits[2] = {};
-    const HICON icon = ::CreateIcon(nullptr, 1, 1, 1, 1, bits, bits);
+    const IconHandle icon(::CreateIcon(nullptr, 1, 1, 1, 1, bits, bits));
     const std::size_t with = menusAndIcons();
-    ::DestroyIcon(icon);
-    ::DestroyMenu(menu);
     if (with != before + 2)
         throw std::runtime_error("the table of windows, menus and icons does not tell the objects");
     return before;

@@ -36,10 +36,10 @@ room::Printer printer(const wchar_t* name, const wchar_t* driver)
 
 EditorTest::EditorTest() : m_library(loadEnglishLibrary()), m_libraryBefore(AfxGetResourceHandle())
 {
-    EXPECT_NE(m_library, nullptr);
+    EXPECT_TRUE(m_library);
     ::InitCommonControls();
-    theApp.m_hLangResourceDLL = m_library;
-    AfxSetResourceHandle(m_library);
+    theApp.m_hLangResourceDLL = library();
+    AfxSetResourceHandle(library());
     getMainInternalInterface()->setPlotCfgSearchPath(m_folder.path());
     m_room.add(printer(L"Plotter A", L"Acme HP-GL"));
     m_room.add(printer(L"Plotter B", L"Acme HP-GL"));
@@ -53,16 +53,15 @@ EditorTest::~EditorTest()
     EXPECT_EQ(m_room.openHandles(), 0);
     EXPECT_EQ(m_room.openContexts(), 0);
     EXPECT_EQ(m_room.strayCloses(), 0);
-    EXPECT_EQ(AfxGetResourceHandle(), m_library) << "the resources are not given back";
+    EXPECT_EQ(AfxGetResourceHandle(), library()) << "the resources are not given back";
     getMainInternalInterface()->setPlotCfgSearchPath({});
     AfxSetResourceHandle(m_libraryBefore);
     theApp.m_hLangResourceDLL = nullptr;
-    ::FreeLibrary(m_library);
 }
 
 std::wstring EditorTest::libraryText(UINT id, std::initializer_list<OdString> arguments) const
 {
-    return formatText(GmString::loadString(id, L"", m_library), arguments).c_str();
+    return formatText(GmString::loadString(id, L"", library()), arguments).c_str();
 }
 
 OdSharedPtr<GmPlotCfg3> EditorTest::newConfiguration()

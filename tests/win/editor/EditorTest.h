@@ -18,7 +18,7 @@ protected:
     EditorTest();
     ~EditorTest() override;
 
-    HINSTANCE library() const noexcept { return m_library; }
+    HINSTANCE library() const noexcept { return m_library.get(); }
     // A text of the library, with what its places take.
     std::wstring libraryText(UINT id, std::initializer_list<OdString> arguments = {}) const;
 
@@ -31,6 +31,6 @@ protected:
     TemporaryFolder m_folder;
 
 private:
-    HINSTANCE m_library;
+    LibraryHandle m_library;
     HINSTANCE m_libraryBefore;
 };

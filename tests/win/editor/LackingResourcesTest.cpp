@@ -195,16 +195,15 @@ TEST_F(LackingResources, ALibraryOfAnotherModuleShowsNothing)
 // What the dialogs throw, when a control is not there, is not for the host, which may know nothing of such exceptions.
 TEST_F(LackingResources, DialogsOfAnotherModuleUnderOurNumbersCountAsCancelled)
 {
-    const HMODULE foreign = ::LoadLibraryW(L"editor_foreign_templates.dll");
-    ASSERT_NE(foreign, nullptr);
-    useLibrary(foreign);
+    const LibraryHandle foreign(::LoadLibraryW(L"editor_foreign_templates.dll"));
+    ASSERT_TRUE(foreign);
+    useLibrary(foreign.get());
     command([](SheetDriver&) {});
     EXPECT_EQ(textOf(L"fileName"), L"Plotter A");
     EXPECT_EQ(textOf(L"paperName"), L"A4");
     EXPECT_EQ(askForName(L"C:\\plot\\a.pc3"), std::nullopt);
     EXPECT_TRUE(m_folder.names().empty());
     useLibrary(library());
-    ::FreeLibrary(foreign);
 }
 
 // --- Strings ---

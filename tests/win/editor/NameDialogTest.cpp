@@ -126,9 +126,9 @@ TEST_F(NameDialogTest, TheCommandGetsTheTrimmedNameOrNone)
 
 TEST_F(NameDialogTest, AHelpButtonGetsItsPicture)
 {
-    const HINSTANCE fixture = ::LoadLibraryW(L"editor_help_fixture.dll");
-    ASSERT_NE(fixture, nullptr);
-    AfxSetResourceHandle(fixture);
+    const LibraryHandle fixture(::LoadLibraryW(L"editor_help_fixture.dll"));
+    ASSERT_TRUE(fixture);
+    AfxSetResourceHandle(fixture.get());
     GmChangeCfgDlg dialog(L"a.pc3");
     show(dialog,
          [](SheetDriver& user)
@@ -138,7 +138,6 @@ TEST_F(NameDialogTest, AHelpButtonGetsItsPicture)
              user.press(window, IDCANCEL);
          });
     AfxSetResourceHandle(library());
-    ::FreeLibrary(fixture);
 }
 
 TEST_F(NameDialogTest, AVeryLongNameIsShownAndKept)

@@ -1,4 +1,5 @@
 #include "tests/support/operator/Pixels.h"
+#include "tests/support/operator/SentMessages.h"
 #include "tests/win/editor/EditorSheet.h"
 #include "tests/win/editor/EditorTest.h"
 
@@ -39,34 +40,19 @@ protected:
 class InitSteps
 {
 public:
-    InitSteps() : m_hook(::SetWindowsHookExW(WH_CALLWNDPROC, &watch, nullptr, ::GetCurrentThreadId()))
-    {
-        steps().clear();
-    }
-    ~InitSteps() { ::UnhookWindowsHookEx(m_hook); }
-    InitSteps(const InitSteps&) = delete;
-    InitSteps& operator=(const InitSteps&) = delete;
-
-    static std::vector<std::string>& steps()
-    {
-        static std::vector<std::string> instance;
-        return instance;
-    }
+    const std::vector<std::string>& steps() const noexcept { return m_steps; }
 
 private:
-    static LRESULT CALLBACK watch(int code, WPARAM wParam, LPARAM lParam)
-    {
-        const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(lParam);
-        if (sent.message == BM_SETIMAGE && ::GetDlgCtrlID(sent.hwnd) == IDHELP && sent.wParam == IMAGE_ICON)
-            steps().emplace_back("icon");
-        if (sent.message == TCM_SETCURSEL)
-            steps().push_back("tab " + std::to_string(sent.wParam));
-        if (sent.message == WM_SETTEXT && !::GetParent(sent.hwnd))
-            steps().emplace_back("caption");
-        return ::CallNextHookEx(nullptr, code, wParam, lParam);
-    }
-
-    HHOOK m_hook;
+    std::vector<std::string> m_steps;
+    SentMessages m_watch{[this](HWND window, UINT message, WPARAM wParam, LPARAM)
+                         {
+                             if (message == BM_SETIMAGE && ::GetDlgCtrlID(window) == IDHELP && wParam == IMAGE_ICON)
+                                 m_steps.emplace_back("icon");
+                             if (message == TCM_SETCURSEL)
+                                 m_steps.push_back("tab " + std::to_string(wParam));
+                             if (message == WM_SETTEXT && !::GetParent(window))
+                                 m_steps.emplace_back("caption");
+                         }};
 };
 
 TEST_F(SheetTest, HasTwoTabsOkAndCancelAndNothingToApply)
@@ -173,14 +159,16 @@ TEST_F(SheetTest, AnExchangeRunsTheInitialisationAgainStepByStep)
             const LRESULT entries = user.send(user.control(sheet, IDC_TREE), TVM_GETCOUNT);
             for (int i = 0; i < 2; ++i)
             {
+                std::vector<std::string> steps;
                 EditorSheet::onItsThread(user, sheet,
                                          [&]
                                          {
                                              const InitSteps recording;
                                              m_sheet.changeCfg(new GmPlotCfg3(*GmPlotCfg3::create(L"Plotter C")));
+                                             steps = recording.steps();
                                          });
                 // Once each, in this order; a second icon would be a leak.
-                EXPECT_EQ(InitSteps::steps(), (std::vector<std::string>{"icon", "tab 1", "caption"}));
+                EXPECT_EQ(steps, (std::vector<std::string>{"icon", "tab 1", "caption"}));
                 EXPECT_EQ(shownPixels(), helpPixels);
             }
             EXPECT_EQ(user.text(sheet), caption(L"Plotter C"));

@@ -5,6 +5,7 @@
 #include "tests/support/TemporaryFolder.h"
 #include "tests/unit/files/FolderTools.h"
 #include "tests/win/files/WinFileCalls.h"
+#include "win32/windows/SystemHandles.h"
 
 #include <gtest/gtest.h>
 
@@ -35,11 +36,11 @@ protected:
         PROCESS_INFORMATION child = {};
         if (!::CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &child))
             throw std::runtime_error("killed_writer.exe cannot be started");
-        ::WaitForSingleObject(child.hProcess, INFINITE);
+        const KernelHandle thread(child.hThread);
+        const KernelHandle process(child.hProcess);
+        ::WaitForSingleObject(process.get(), INFINITE);
         DWORD status = 0;
-        ::GetExitCodeProcess(child.hProcess, &status);
-        ::CloseHandle(child.hThread);
-        ::CloseHandle(child.hProcess);
+        ::GetExitCodeProcess(process.get(), &status);
         return status;
     }
 
@@ -109,12 +110,11 @@ TEST_F(KilledWriter, aFileThatIsBeingWrittenStaysHoweverOldItLooks)
 {
     const std::string name = "~gm0123456789abcdef.tmp";
     putOldContent(m_folder.at(name), "being written");
-    const HANDLE writer =
-        ::CreateFileW(m_folder.at(name).c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-    ASSERT_NE(writer, INVALID_HANDLE_VALUE);
+    KernelHandle writer(::CreateFileW(m_folder.at(name).c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+    ASSERT_TRUE(writer);
     EXPECT_EQ(write(m_name), "was written");
     EXPECT_EQ(namesIn(m_folder.path()), (Names{"A4.pc3", name}));
-    ::CloseHandle(writer);
+    writer.reset();
     EXPECT_EQ(write(m_name), "was written");
     EXPECT_EQ(namesIn(m_folder.path()), Names{"A4.pc3"});
 }

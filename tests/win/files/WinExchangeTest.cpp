@@ -4,6 +4,7 @@
 #include "tests/support/TemporaryFolder.h"
 #include "tests/unit/files/FolderTools.h"
 #include "tests/win/files/WinFileCalls.h"
+#include "win32/windows/SystemHandles.h"
 
 #include <gtest/gtest.h>
 
@@ -29,12 +30,12 @@ protected:
     }
 
     // The file as somebody has it open who lets it be read, written, renamed and deleted.
-    HANDLE openForAll() const
+    KernelHandle openForAll() const
     {
-        const HANDLE file =
-            ::CreateFileW(m_name.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                          OPEN_EXISTING, 0, nullptr);
-        EXPECT_NE(file, INVALID_HANDLE_VALUE);
+        KernelHandle file(::CreateFileW(m_name.c_str(), GENERIC_READ,
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
+                                        0, nullptr));
+        EXPECT_TRUE(file);
         return file;
     }
 
@@ -129,15 +130,15 @@ TEST_F(WinExchange, aFullDiskIsToldWhereverItShows)
 TEST_F(WinExchange, aFileThatOthersHaveOpenIsReplacedWhenTheyAllowIt)
 {
     putContent(m_name, "old");
-    const HANDLE reader = openForAll();
+    KernelHandle reader = openForAll();
     EXPECT_EQ(write(m_name), "was written");
     EXPECT_EQ(contentOf(m_name), "brand new");
     // Who has the old file reads it to its end.
     char bytes[8] = {};
     DWORD got = 0;
-    EXPECT_TRUE(::ReadFile(reader, bytes, sizeof bytes, &got, nullptr));
+    EXPECT_TRUE(::ReadFile(reader.get(), bytes, sizeof bytes, &got, nullptr));
     EXPECT_EQ(std::string_view(bytes, got), "old");
-    ::CloseHandle(reader);
+    reader.reset();
     EXPECT_EQ(namesIn(m_folder.path()), Names{"A4.pc3"});
 }
 
@@ -219,7 +220,7 @@ TEST_F(WinExchange, aWriterTriesAgainWhileAnotherProgramIsInTheWay)
 TEST_F(WinExchange, onWineNoOpenFileIsReplacedByReplaceFile)
 {
     putContent(m_name, "old");
-    const HANDLE reader = openForAll();
+    KernelHandle reader = openForAll();
     WinFileCalls calls;
     calls.wineTools = true;
     calls.before = [](WinFileCalls::Call call)
@@ -229,7 +230,7 @@ TEST_F(WinExchange, onWineNoOpenFileIsReplacedByReplaceFile)
     };
     EXPECT_EQ(write(m_name), "was written");
     EXPECT_EQ(calls.waits, 0);
-    ::CloseHandle(reader);
+    reader.reset();
     EXPECT_EQ(contentOf(m_name), "brand new");
     EXPECT_EQ(namesIn(m_folder.path()), Names{"A4.pc3"});
 }
@@ -247,9 +248,9 @@ TEST_F(WinExchange, theNewFileIsFreeWhenItHasTheName)
         {
             if (call != WinFileCalls::closeHandle || contentOf(m_name) != "brand new")
                 return;
-            const HANDLE alone = ::CreateFileW(m_name.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-            EXPECT_NE(alone, INVALID_HANDLE_VALUE) << ::GetLastError();
-            ::CloseHandle(alone);
+            EXPECT_TRUE(
+                KernelHandle(::CreateFileW(m_name.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr)))
+                << ::GetLastError();
             ++looked;
         };
         EXPECT_EQ(write(m_name), "was written");

@@ -5,6 +5,7 @@
 #include "tests/support/processcounts/ProcessCounts.h"
 #include "tests/unit/files/FolderTools.h"
 #include "tests/win/files/WinFileCalls.h"
+#include "win32/windows/SystemHandles.h"
 
 #include <gtest/gtest.h>
 
@@ -38,8 +39,8 @@ TEST_F(WinFile, aFileThatAnotherProgramHoldsIsIntactAndNothingIsLeftBehind)
 {
     const OdString name = m_folder.at("A4.pc3");
     putContent(name, "old");
-    const HANDLE other = ::CreateFileW(name.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
-    ASSERT_NE(other, INVALID_HANDLE_VALUE);
+    KernelHandle other(::CreateFileW(name.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+    ASSERT_TRUE(other);
     std::string answer;
     {
         WinFileCalls calls;
@@ -47,7 +48,7 @@ TEST_F(WinFile, aFileThatAnotherProgramHoldsIsIntactAndNothingIsLeftBehind)
         // 1, 2, 4, 8, 16 and then 32 milliseconds each: two seconds.
         EXPECT_EQ(calls.waits, 5 + 62);
     }
-    ::CloseHandle(other);
+    other.reset();
 
     EXPECT_EQ(answer, "another program is using the file");
     EXPECT_EQ(contentOf(name), "old");
@@ -60,14 +61,14 @@ TEST_F(WinFile, aFileThatAnotherProgramHoldsForItselfIsNotRead)
 {
     const OdString name = m_folder.at("A4.pc3");
     putContent(name, "old");
-    const HANDLE other = ::CreateFileW(name.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-    ASSERT_NE(other, INVALID_HANDLE_VALUE);
+    KernelHandle other(::CreateFileW(name.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+    ASSERT_TRUE(other);
     {
         WinFileCalls calls;
         EXPECT_EQ(refusalToRead(name), "another program is using the file");
         EXPECT_EQ(calls.waits, 5 + 62);
     }
-    ::CloseHandle(other);
+    other.reset();
     EXPECT_EQ(refusalToRead(name), "was read");
 }
 
@@ -85,11 +86,11 @@ TEST_F(WinFile, theReadOnlyAttributeIsHonoured)
 TEST_F(WinFile, pipesAndDevicesAreRefusedWithoutWaiting)
 {
     const OdString pipeName = OD_T("\\\\.\\pipe\\garm-") + OdString(m_folder.path().right(9));
-    const HANDLE pipe = ::CreateNamedPipeW(pipeName.c_str(), PIPE_ACCESS_DUPLEX, PIPE_TYPE_BYTE, 4, 64, 64, 0, nullptr);
-    ASSERT_NE(pipe, INVALID_HANDLE_VALUE);
+    KernelHandle pipe(::CreateNamedPipeW(pipeName.c_str(), PIPE_ACCESS_DUPLEX, PIPE_TYPE_BYTE, 4, 64, 64, 0, nullptr));
+    ASSERT_TRUE(pipe);
     EXPECT_NE(refusalToRead(pipeName), "was read");
     EXPECT_NE(refusal(pipeName), "was written");
-    ::CloseHandle(pipe);
+    pipe.reset();
 
     EXPECT_EQ(refusalToRead(OD_T("NUL")), "that is a folder or a device, not a file");
     EXPECT_EQ(refusal(OD_T("NUL")), "that is a folder or a device, not a file");
@@ -158,13 +159,13 @@ TEST_F(WinFile, aReaderTriesAgainWhileAnotherProgramIsInTheWay)
 {
     const OdString name = m_folder.at("A4.pc3");
     putContent(name, "old");
-    HANDLE other = ::CreateFileW(name.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-    ASSERT_NE(other, INVALID_HANDLE_VALUE);
+    KernelHandle other(::CreateFileW(name.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+    ASSERT_TRUE(other);
     WinFileCalls calls;
     calls.onWait = [&]
     {
         if (calls.waits == 3)
-            ::CloseHandle(other);
+            other.reset();
     };
     EXPECT_EQ(refusalToRead(name), "was read");
     EXPECT_EQ(calls.waits, 3);

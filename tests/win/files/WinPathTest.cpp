@@ -4,6 +4,7 @@
 #include "host/CGarmPath.h"
 #include "tests/support/TemporaryFolder.h"
 #include "win32/Win32.h"
+#include "win32/windows/SystemHandles.h"
 
 #include <gtest/gtest.h>
 
@@ -37,10 +38,9 @@ public:
 
     void addFile() const
     {
-        const HANDLE handle = ::CreateFileW(extendedPath(file()).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
-                                            FILE_ATTRIBUTE_NORMAL, nullptr);
-        ASSERT_NE(handle, INVALID_HANDLE_VALUE);
-        ::CloseHandle(handle);
+        const KernelHandle handle(::CreateFileW(extendedPath(file()).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                                FILE_ATTRIBUTE_NORMAL, nullptr));
+        ASSERT_TRUE(handle);
     }
 
 private:

@@ -2,6 +2,7 @@
 
 #include "tests/unit/files/LinkedFileTest.h"
 #include "tests/win/files/WinFileCalls.h"
+#include "win32/windows/SystemHandles.h"
 
 #include <windows.h>
 
@@ -12,10 +13,11 @@ using Names = std::vector<std::string>;
 class WinRewrite : public LinkedFileTest
 {
 protected:
-    HANDLE openForReading() const
+    KernelHandle openForReading() const
     {
-        return ::CreateFileW(m_name.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                             nullptr, OPEN_EXISTING, 0, nullptr);
+        return KernelHandle(::CreateFileW(m_name.c_str(), GENERIC_READ,
+                                          FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                          OPEN_EXISTING, 0, nullptr));
     }
 };
 } // namespace
@@ -82,8 +84,8 @@ TEST_F(WinRewrite, aCopyOfASaveThatBrokeOffIsNotOverwritten)
 
 TEST_F(WinRewrite, aWriterWaitsForReadersAndGivesUpAfterTwoSeconds)
 {
-    const HANDLE reader = openForReading();
-    ASSERT_NE(reader, INVALID_HANDLE_VALUE);
+    KernelHandle reader = openForReading();
+    ASSERT_TRUE(reader);
     {
         WinFileCalls calls;
         EXPECT_EQ(write(), "another program is using the file");
@@ -96,7 +98,7 @@ TEST_F(WinRewrite, aWriterWaitsForReadersAndGivesUpAfterTwoSeconds)
     calls.onWait = [&]
     {
         if (calls.waits == 1)
-            ::CloseHandle(reader);
+            reader.reset();
     };
     EXPECT_EQ(write(), "was written");
     EXPECT_EQ(contentOf(m_other), "new");

@@ -11,15 +11,14 @@ constexpr UINT stepMessage = WM_APP + 300;
 
 DialogTest::DialogTest() : m_library(::LoadLibraryW(L"mfc_test_dialogs.dll")), m_libraryBefore(AfxGetResourceHandle())
 {
-    EXPECT_NE(m_library, nullptr);
-    AfxSetResourceHandle(m_library);
+    EXPECT_TRUE(m_library);
+    AfxSetResourceHandle(m_library.get());
     ::InitCommonControls();
 }
 
 DialogTest::~DialogTest()
 {
     AfxSetResourceHandle(m_libraryBefore);
-    ::FreeLibrary(m_library);
 }
 
 void ScriptedDlg::addStep(Action step)

@@ -2,6 +2,7 @@
 
 #include "tests/win/mfc/MfcTestIds.h"
 #include "tests/win/mfc/WindowTest.h"
+#include "win32/windows/SystemHandles.h"
 
 #include "mfc/CDialog.h"
 
@@ -16,7 +17,7 @@ protected:
     ~DialogTest() override;
 
 private:
-    HINSTANCE m_library;
+    LibraryHandle m_library;
     HINSTANCE m_libraryBefore;
 };
 

@@ -131,10 +131,10 @@ TEST_F(WindowCreationTest, TheHookGivesTheNextWindowToTheObjectAndGoes)
 {
     TestWnd window;
     AfxHookWindowCreate(&window);
-    EXPECT_NE(AfxGetThreadState().m_hHookCreate, nullptr);
+    EXPECT_TRUE(AfxGetThreadState().m_hHookCreate);
     const HWND handle = createPlainWindow();
     EXPECT_EQ(window.m_hWnd, handle);
-    EXPECT_EQ(AfxGetThreadState().m_hHookCreate, nullptr);
+    EXPECT_FALSE(AfxGetThreadState().m_hHookCreate);
     EXPECT_TRUE(AfxUnhookWindowCreate());
     const HWND next = createPlainWindow();
     EXPECT_EQ(CWnd::FromHandlePermanent(next), nullptr);
@@ -150,7 +150,7 @@ TEST_F(WindowCreationTest, AHookThatIsNotUsedIsTakenBack)
     const HWND plain = createPlainWindow();
     EXPECT_EQ(window.m_hWnd, nullptr);
     AfxHookWindowCreate(nullptr);
-    EXPECT_EQ(AfxGetThreadState().m_hHookCreate, nullptr);
+    EXPECT_FALSE(AfxGetThreadState().m_hHookCreate);
     ::DestroyWindow(plain);
 }
 

@@ -51,7 +51,7 @@ void WindowTest::TearDown()
     EXPECT_EQ(state.m_depth, 0);
     EXPECT_EQ(state.m_scope, nullptr);
     EXPECT_EQ(state.m_pWndInit, nullptr);
-    EXPECT_EQ(state.m_hHookCreate, nullptr);
+    EXPECT_FALSE(state.m_hHookCreate);
     EXPECT_EQ(state.m_hLockoutNotifyWindow, nullptr);
 }
 

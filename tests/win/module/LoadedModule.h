@@ -2,6 +2,7 @@
 
 #include "host/GmModuleLoader.h"
 #include "tests/win/module/ModuleFiles.h"
+#include "win32/windows/SystemHandles.h"
 
 #include <gtest/gtest.h>
 

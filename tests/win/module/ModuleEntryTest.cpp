@@ -211,7 +211,7 @@ TEST_F(ModuleLibrary, UninitAppWithoutCommandsIsFine)
 TEST(ModuleEntry, LoadingAndUnloadingTenTimesLeavesNothingBehind)
 {
     // The spooler's library leaves a handle behind each time it goes, under Wine; so it stays.
-    const HMODULE spooler = ::LoadLibraryW(L"winspool.drv");
+    const LibraryHandle spooler(::LoadLibraryW(L"winspool.drv"));
     {
         // What the system loads for good with the first one is not ours.
         const LoadedModule warmUp;
@@ -226,15 +226,14 @@ TEST(ModuleEntry, LoadingAndUnloadingTenTimesLeavesNothingBehind)
     }
     EXPECT_EQ(openSystemHandles(), handles);
     EXPECT_EQ(mappedViews(), views);
-    ::FreeLibrary(spooler);
 }
 
 TEST(ProcessCounts, SeeWhatALeakWouldBe)
 {
     const std::size_t handles = openSystemHandles();
-    const HANDLE event = ::CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    KernelHandle event(::CreateEventW(nullptr, TRUE, FALSE, nullptr));
     EXPECT_EQ(openSystemHandles(), handles + 1);
-    ::CloseHandle(event);
+    event.reset();
     EXPECT_EQ(openSystemHandles(), handles);
 }
 } // namespace

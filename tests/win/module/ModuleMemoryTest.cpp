@@ -21,7 +21,6 @@ protected:
         // What the system loads for good with the first one is not ours.
         const LoadedModule warmUp;
     }
-    ~ModuleOutOfMemory() override { ::FreeLibrary(m_spooler); }
 
     // The module object, null when there is none; the host's loader may itself be what lacks the memory.
     OdRxModule* loadFailing(unsigned n, bool& reached)
@@ -47,7 +46,7 @@ protected:
     }
 
     // The spooler's library leaves a handle behind each time it goes, under Wine; so it stays.
-    const HMODULE m_spooler = ::LoadLibraryW(L"winspool.drv");
+    const LibraryHandle m_spooler{::LoadLibraryW(L"winspool.drv")};
     const OdString m_path = textOf(builtModule());
     MessageBoxAnswerer m_answerer; // without memory the language library may be missing
 };

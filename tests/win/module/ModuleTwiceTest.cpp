@@ -80,11 +80,11 @@ TEST_F(ModuleTwice, TheSameFileIsRefusedUnderWhateverPath)
 
 TEST_F(ModuleTwice, AnotherReferenceOfTheSystemOutlivesTheHostsOwn)
 {
-    const HMODULE reference = ::LoadLibraryW(builtModule().c_str());
+    LibraryHandle reference(::LoadLibraryW(builtModule().c_str()));
     for (int i = 0; i < 3; ++i)
     {
         const LoadedModule module;
-        EXPECT_EQ(module.library(), reference);
+        EXPECT_EQ(module.library(), reference.get());
         EXPECT_TRUE(hasCommands());
         EXPECT_EQ(valuesOfQuery(), allValues);
     }
@@ -93,7 +93,7 @@ TEST_F(ModuleTwice, AnotherReferenceOfTheSystemOutlivesTheHostsOwn)
     // Its library of texts is still told of the language, as long as its code is there.
     EXPECT_TRUE(setUiLanguage(L"de"));
     EXPECT_TRUE(setUiLanguage(L"en"));
-    ::FreeLibrary(reference);
+    reference.reset();
     forgetCallbacksOfGoneModules();
 }
 
@@ -153,7 +153,7 @@ TEST_F(ModuleTwice, UnderAnotherNameItNeedsItsLibraryUnderThatName)
 TEST_F(ModuleTwice, FiftyTimesLeaveNothingBehind)
 {
     // The spooler's library leaves a handle behind each time it goes, under Wine; so it stays.
-    const HMODULE spooler = ::LoadLibraryW(L"winspool.drv");
+    const LibraryHandle spooler(::LoadLibraryW(L"winspool.drv"));
     const auto once = []
     {
         const LoadedModule module;
@@ -173,6 +173,5 @@ TEST_F(ModuleTwice, FiftyTimesLeaveNothingBehind)
     EXPECT_EQ(mappedViews(), views);
     EXPECT_EQ(gdiObjects(), objects);
     EXPECT_EQ(windowsOf(::GetCurrentThreadId()), windows);
-    ::FreeLibrary(spooler);
 }
 } // namespace

@@ -49,7 +49,7 @@ protected:
         EXPECT_EQ(::GetNextDlgGroupItem(dialog.window(), two, FALSE), one) << second;
     }
 
-    Library m_library;
+    LibraryHandle m_library;
 };
 
 INSTANTIATE_TEST_SUITE_P(All, ControlStyles, ::testing::ValuesIn(languageTags));
@@ -148,12 +148,11 @@ TEST_P(ControlStyles, OrientationPicturesHaveNoAlphaAndFit)
     for (const auto& [bitmapId, controlId] :
          {std::pair(IDB_PORTRAIT, IDC_PORTRAIT_IMAGE), std::pair(IDB_LANDSCAPE, IDC_LANDSCAPE_IMAGE)})
     {
-        const HANDLE bitmap =
-            ::LoadImageW(m_library.get(), MAKEINTRESOURCEW(bitmapId), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION);
-        ASSERT_NE(bitmap, nullptr) << bitmapId;
+        const BitmapHandle bitmap(static_cast<HBITMAP>(
+            ::LoadImageW(m_library.get(), MAKEINTRESOURCEW(bitmapId), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
+        ASSERT_TRUE(bitmap) << bitmapId;
         BITMAP shape = {};
-        ASSERT_NE(::GetObjectW(bitmap, sizeof(shape), &shape), 0);
-        ::DeleteObject(bitmap);
+        ASSERT_NE(::GetObjectW(bitmap.get(), sizeof(shape), &shape), 0);
         EXPECT_EQ(shape.bmBitsPixel, 24) << bitmapId;
         const HWND control = dialog.control(controlId);
         EXPECT_EQ(styleOf(control) & SS_TYPEMASK, SS_BITMAP);
@@ -169,17 +168,16 @@ TEST_P(ControlStyles, IconsLoadAtEverySizeAskedFor)
                          IDI_COLLATING, IDI_TRUETYPE, IDI_MERGE_CTRL, IDI_HELP})
         for (const int size : {16, 24, 32, 48})
         {
-            const auto icon = static_cast<HICON>(
-                ::LoadImageW(m_library.get(), MAKEINTRESOURCEW(id), IMAGE_ICON, size, size, LR_DEFAULTCOLOR));
-            ASSERT_NE(icon, nullptr) << id << " at " << size;
+            const IconHandle icon(static_cast<HICON>(
+                ::LoadImageW(m_library.get(), MAKEINTRESOURCEW(id), IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
+            ASSERT_TRUE(icon) << id << " at " << size;
             ICONINFO parts = {};
-            ASSERT_TRUE(::GetIconInfo(icon, &parts));
+            ASSERT_TRUE(::GetIconInfo(icon.get(), &parts));
+            const BitmapHandle maskBitmap(parts.hbmMask);
+            const BitmapHandle colorBitmap(parts.hbmColor);
             BITMAP mask = {};
-            EXPECT_NE(::GetObjectW(parts.hbmMask, sizeof(mask), &mask), 0);
+            EXPECT_NE(::GetObjectW(maskBitmap.get(), sizeof(mask), &mask), 0);
             EXPECT_EQ(mask.bmWidth, size) << id;
-            ::DeleteObject(parts.hbmMask);
-            ::DeleteObject(parts.hbmColor);
-            ::DestroyIcon(icon);
         }
 }
 } // namespace

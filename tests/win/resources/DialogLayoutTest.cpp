@@ -126,7 +126,7 @@ protected:
     UINT id() const { return std::get<1>(GetParam()); }
     bool isAmong(std::span<const UINT> ids) const { return std::ranges::find(ids, id()) != ids.end(); }
 
-    Library m_library;
+    LibraryHandle m_library;
     OpenedDialog m_dialog;
 };
 

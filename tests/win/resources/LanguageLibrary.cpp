@@ -7,9 +7,9 @@ std::filesystem::path libraryPath(const wchar_t* tag)
     return std::filesystem::path(program).parent_path() / tag / L"GarmPC3EditorRes.dll";
 }
 
-Library loadLanguage(const wchar_t* tag)
+LibraryHandle loadLanguage(const wchar_t* tag)
 {
-    return Library(::LoadLibraryW(libraryPath(tag).c_str()));
+    return LibraryHandle(::LoadLibraryW(libraryPath(tag).c_str()));
 }
 
 std::wstring stringOf(HMODULE library, UINT id)

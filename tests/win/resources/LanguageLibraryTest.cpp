@@ -20,7 +20,7 @@ INSTANTIATE_TEST_SUITE_P(Languages, LanguageLibrary, ::testing::ValuesIn(languag
 
 TEST_P(LanguageLibrary, HoldsEveryString)
 {
-    const Library library = loadLanguage(GetParam());
+    const LibraryHandle library = loadLanguage(GetParam());
     ASSERT_TRUE(library) << "error " << ::GetLastError();
     EXPECT_EQ(stringOf(library.get(), IDS_COMMAND_PC3EDIT), L"PC3EDIT");
     EXPECT_EQ(stringOf(library.get(), IDS_COMMAND_PC3GETDEVMODE), L"PC3GETDEVMODE");
@@ -31,7 +31,7 @@ TEST_P(LanguageLibrary, HoldsEveryString)
 TEST_P(LanguageLibrary, HoldsTheWindowLibrarysMessage)
 {
     static_assert(IDS_NO_NUMBER == AFX_IDP_PARSE_REAL);
-    const Library library = loadLanguage(GetParam());
+    const LibraryHandle library = loadLanguage(GetParam());
     const std::map<std::wstring_view, std::wstring_view> messages = {
         {L"de", L"Bitte geben Sie eine Zahl ein."},
         {L"en", L"Please enter a number."},
@@ -43,7 +43,7 @@ TEST_P(LanguageLibrary, IsGoneWhenFreed)
 {
     const std::wstring path = libraryPath(GetParam());
     {
-        const Library library = loadLanguage(GetParam());
+        const LibraryHandle library = loadLanguage(GetParam());
         EXPECT_NE(::GetModuleHandleW(path.c_str()), nullptr);
     }
     EXPECT_EQ(::GetModuleHandleW(path.c_str()), nullptr);
@@ -74,10 +74,10 @@ TEST_P(LanguageLibrary, SaysWhatItIs)
 
 TEST(LanguageLibraryTexts, LettersBeyondAsciiArriveWhole)
 {
-    const Library german = loadLanguage(L"de");
+    const LibraryHandle german = loadLanguage(L"de");
     ASSERT_TRUE(german);
     EXPECT_NE(stringOf(german.get(), IDS_SAVE_FAILED).find(L"Pr\u00FCfen"), std::wstring::npos);
-    const Library japanese = loadLanguage(L"ja");
+    const LibraryHandle japanese = loadLanguage(L"ja");
     ASSERT_TRUE(japanese);
     EXPECT_EQ(stringOf(japanese.get(), IDS_MEDIA), L"\u7528\u7D19");
 }

@@ -52,7 +52,7 @@ protected:
         expectFits(dialogId, controlId, string(stringId), ::GetSystemMetrics(SM_CXVSCROLL) + 8);
     }
 
-    Library m_library;
+    LibraryHandle m_library;
 };
 
 INSTANTIATE_TEST_SUITE_P(All, LaterTexts, ::testing::ValuesIn(languageTags));
@@ -119,15 +119,14 @@ TEST_P(LaterTexts, TitlesOfTheDialogsFit)
     NONCLIENTMETRICSW metrics = {};
     metrics.cbSize = sizeof(metrics);
     ASSERT_TRUE(::SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0));
-    const HFONT font = ::CreateFontIndirectW(&metrics.lfCaptionFont);
+    const FontHandle font(::CreateFontIndirectW(&metrics.lfCaptionFont));
     const HDC context = ::GetDC(dialog.window());
-    const HGDIOBJ before = ::SelectObject(context, font);
+    const HGDIOBJ before = ::SelectObject(context, font.get());
     const std::wstring title = textOf(dialog.window());
     SIZE size = {};
     ::GetTextExtentPoint32W(context, title.c_str(), static_cast<int>(title.size()), &size);
     ::SelectObject(context, before);
     ::ReleaseDC(dialog.window(), context);
-    ::DeleteObject(font);
     EXPECT_FALSE(title.empty());
     EXPECT_LE(size.cx + 3 * ::GetSystemMetrics(SM_CXSIZE), clientSize(dialog.window()).cx);
 }
@@ -163,7 +162,7 @@ std::vector<BYTE> pictureOf(HWND control, const std::wstring& text)
 // Letters that the font does not have would all be drawn, and measured, as the same empty box.
 TEST(JapaneseTexts, AreMeasuredWithLettersThatThereAre)
 {
-    const Library library = loadLanguage(L"ja");
+    const LibraryHandle library = loadLanguage(L"ja");
     ASSERT_TRUE(library);
     const OpenedDialog dialog(library.get(), IDD_GENERAL);
     const HWND control = dialog.control(IDC_DRIVER);

@@ -30,7 +30,6 @@ MessageBoxAnswerer::MessageBoxAnswerer(IsDialog isDialog)
 MessageBoxAnswerer::~MessageBoxAnswerer()
 {
     current = nullptr;
-    ::UnhookWindowsHookEx(m_hook);
 }
 
 LRESULT CALLBACK MessageBoxAnswerer::hook(int code, WPARAM wParam, LPARAM lParam)

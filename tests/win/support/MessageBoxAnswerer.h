@@ -1,6 +1,6 @@
 #pragma once
 
-#include "win32/Win32.h"
+#include "win32/windows/SystemHandles.h"
 
 #include <functional>
 #include <string>
@@ -36,6 +36,6 @@ private:
     void answer(HWND box);
 
     IsDialog m_isDialog;
-    HHOOK m_hook;
+    HookHandle m_hook;
     std::vector<Box> m_boxes;
 };
