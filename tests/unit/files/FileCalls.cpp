@@ -13,7 +13,7 @@ namespace
 {
 timespec clockOfWaits = {1000, 0};
 
-// Does the real call unless it is the one that fails.
+// Makes the real call unless it has to fail.
 template <class Real>
 auto called(FileCall call, Real real) -> decltype(real())
 {
@@ -27,7 +27,7 @@ auto called(FileCall call, Real real) -> decltype(real())
         calls.before(call);
     const bool fails = calls.made == calls.failAt;
     decltype(real()) result = -1;
-    // A failing close has closed the file all the same.
+    // A failing close closes the file nevertheless.
     if (!fails || call == FileCall::close)
         result = real();
     if (fails)
@@ -49,18 +49,29 @@ FileCalls& FileCalls::now()
 
 extern "C"
 {
+#define WRAP(result, call, parameters, arguments)                                                                      \
+    result __real_##call parameters;                                                                                   \
+    result __wrap_##call parameters                                                                                    \
+    {                                                                                                                  \
+        return called(FileCall::call, [=] { return __real_##call arguments; });                                        \
+    }
+    WRAP(int, fchown, (int file, uid_t user, gid_t group), (file, user, group))
+    WRAP(int, fsetxattr, (int file, const char* name, const void* value, size_t size, int flags),
+         (file, name, value, size, flags))
+    WRAP(int, fchmod, (int file, mode_t mode), (file, mode))
+    WRAP(int, ftruncate, (int file, off_t size), (file, size))
+    WRAP(int, fsync, (int file), (file))
+    WRAP(int, close, (int file), (file))
+    WRAP(int, renameat, (int oldFolder, const char* oldName, int newFolder, const char* newName),
+         (oldFolder, oldName, newFolder, newName))
+    WRAP(int, linkat, (int oldFolder, const char* oldName, int newFolder, const char* newName, int flags),
+         (oldFolder, oldName, newFolder, newName, flags))
+    WRAP(int, unlinkat, (int folder, const char* name, int flags), (folder, name, flags))
+#undef WRAP
+
     int __real_openat(int folder, const char* name, int flags, mode_t mode);
     int __real_fcntl(int file, int command, void* argument);
-    int __real_fchown(int file, uid_t user, gid_t group);
-    int __real_fsetxattr(int file, const char* name, const void* value, size_t size, int flags);
-    int __real_fchmod(int file, mode_t mode);
     ssize_t __real_write(int file, const void* bytes, size_t size);
-    int __real_ftruncate(int file, off_t size);
-    int __real_fsync(int file);
-    int __real_close(int file);
-    int __real_renameat(int oldFolder, const char* oldName, int newFolder, const char* newName);
-    int __real_linkat(int oldFolder, const char* oldName, int newFolder, const char* newName, int flags);
-    int __real_unlinkat(int folder, const char* name, int flags);
 
     int __wrap_openat(int folder, const char* name, int flags, ...)
     {
@@ -80,46 +91,10 @@ extern "C"
             return __real_fcntl(file, command, argument);
         return called(FileCall::lock, [=] { return __real_fcntl(file, command, argument); });
     }
-    int __wrap_fchown(int file, uid_t user, gid_t group)
-    {
-        return called(FileCall::fchown, [=] { return __real_fchown(file, user, group); });
-    }
-    int __wrap_fsetxattr(int file, const char* name, const void* value, size_t size, int flags)
-    {
-        return called(FileCall::fsetxattr, [=] { return __real_fsetxattr(file, name, value, size, flags); });
-    }
-    int __wrap_fchmod(int file, mode_t mode)
-    {
-        return called(FileCall::fchmod, [=] { return __real_fchmod(file, mode); });
-    }
     ssize_t __wrap_write(int file, const void* bytes, size_t size)
     {
         const size_t piece = FileCalls::now().inPieces && size > 2 ? 2 : size;
         return called(FileCall::write, [=] { return __real_write(file, bytes, piece); });
-    }
-    int __wrap_ftruncate(int file, off_t size)
-    {
-        return called(FileCall::ftruncate, [=] { return __real_ftruncate(file, size); });
-    }
-    int __wrap_fsync(int file)
-    {
-        return called(FileCall::fsync, [=] { return __real_fsync(file); });
-    }
-    int __wrap_close(int file)
-    {
-        return called(FileCall::close, [=] { return __real_close(file); });
-    }
-    int __wrap_renameat(int oldFolder, const char* oldName, int newFolder, const char* newName)
-    {
-        return called(FileCall::renameat, [=] { return __real_renameat(oldFolder, oldName, newFolder, newName); });
-    }
-    int __wrap_linkat(int oldFolder, const char* oldName, int newFolder, const char* newName, int flags)
-    {
-        return called(FileCall::linkat, [=] { return __real_linkat(oldFolder, oldName, newFolder, newName, flags); });
-    }
-    int __wrap_unlinkat(int folder, const char* name, int flags)
-    {
-        return called(FileCall::unlinkat, [=] { return __real_unlinkat(folder, name, flags); });
     }
 
     int __wrap_clock_gettime(clockid_t clock, timespec* now)

@@ -25,7 +25,7 @@ Names sorted(Names names)
 }
 } // namespace
 
-TEST(FullPath, startsAtTheRootAndHasNoDots)
+TEST(FullPath, isAbsoluteAndWithoutDots)
 {
     const TemporaryFolder folder;
     const CurrentFolder current(folder.path());
@@ -37,16 +37,16 @@ TEST(FullPath, startsAtTheRootAndHasNoDots)
     EXPECT_EQ(fullPath(OD_T("plots//.././x")), x);
     EXPECT_EQ(fullPath(x), x);
     EXPECT_EQ(fullPath(CGarmPath::join(x, OD_T(".."))), here);
-    EXPECT_EQ(fullPath(OD_T("x/")), CGarmPath::join(x, OdString())) << "a separator at the end stays";
+    EXPECT_EQ(fullPath(OD_T("x/")), CGarmPath::join(x, OdString())) << "a separator at the end is kept";
 }
 
-TEST(FullPath, ofWhatIsNoPathIsItself)
+TEST(FullPath, anInvalidPathIsReturnedUnchanged)
 {
     EXPECT_EQ(fullPath(OdString()), OdString());
     EXPECT_EQ(fullPath(withNul), withNul);
 }
 
-TEST(FileChecks, tellFilesFromFolders)
+TEST(FileChecks, distinguishFilesFromFolders)
 {
     const TemporaryFolder folder;
     const OdString file = folder.addFile("x.pc3");
@@ -63,7 +63,7 @@ TEST(FileChecks, tellFilesFromFolders)
     }
 }
 
-TEST(FileChecks, seeWhatMayNotBeWritten)
+TEST(FileChecks, recogniseReadOnlyFiles)
 {
     const TemporaryFolder folder;
     const OdString file = folder.addFile("x.pc3");
@@ -73,7 +73,7 @@ TEST(FileChecks, seeWhatMayNotBeWritten)
     fs::permissions(fs::path(file.view()), fs::perms::owner_all);
 }
 
-TEST(FileChecks, listTheRegularFilesOfAFolder)
+TEST(FileChecks, listOnlyRegularFiles)
 {
     const TemporaryFolder folder;
     EXPECT_EQ(filesIn(folder.path()), Names(std::in_place));
@@ -81,6 +81,6 @@ TEST(FileChecks, listTheRegularFilesOfAFolder)
     folder.addFile("A.pc3");
     folder.addFile("below/c");
     EXPECT_EQ(sorted(filesIn(folder.path())), (Names::value_type{OD_T("A.pc3"), OD_T("b")}));
-    for (const OdString& none : {folder.at("gone"), folder.at("b"), OdString(), withNul})
+    for (const OdString& none : {folder.at("missing"), folder.at("b"), OdString(), withNul})
         EXPECT_EQ(filesIn(none), std::nullopt) << none;
 }

@@ -10,7 +10,9 @@
 #include <string>
 #include <vector>
 
-// Files by the names the code under test takes.
+// Access to files by the kind of name that the code under test takes.
+
+using Names = std::vector<std::string>;
 
 inline std::filesystem::path pathOf(const OdString& name)
 {
@@ -28,7 +30,7 @@ inline void putContent(const OdString& name, std::string_view content)
     std::ofstream(pathOf(name), std::ios::binary) << content;
 }
 
-// A file that was last written two hours ago.
+// Makes a file that was last written two hours ago.
 inline void putOldContent(const OdString& name, std::string_view content)
 {
     putContent(name, content);
@@ -37,9 +39,9 @@ inline void putOldContent(const OdString& name, std::string_view content)
 }
 
 // The names in a folder, sorted.
-inline std::vector<std::string> namesIn(const OdString& folder)
+inline Names namesIn(const OdString& folder)
 {
-    std::vector<std::string> names;
+    Names names;
     for (const auto& entry : std::filesystem::directory_iterator(pathOf(folder)))
         names.push_back(entry.path().filename().string());
     std::sort(names.begin(), names.end());

@@ -1,13 +1,9 @@
-// Writers that are killed, and what the next one finds: every file is whole, old or new, and what is left behind goes
-// with a later write, but never the file of a writer that lives.
+// Writers that are killed: every file stays complete, old or new, and a later write removes what they left behind, but
+// never the temporary file of a running writer.
 
 #include "FileCalls.h"
-#include "FolderTools.h"
-#include "files/FileAccess.h"
+#include "SavedFileTest.h"
 #include "files/TempName.h"
-#include "tests/support/TemporaryFolder.h"
-
-#include <gtest/gtest.h>
 
 #include <signal.h>
 #include <sys/wait.h>
@@ -17,19 +13,11 @@
 
 namespace
 {
-using Names = std::vector<std::string>;
-
-class KilledWriter : public testing::Test
+class KilledWriter : public SavedFileTest
 {
 protected:
-    static std::string write(const OdString& name, std::string_view bytes)
-    {
-        const char* reason = files::replaceFile(name.c_str(), bytes);
-        return reason ? reason : "was written";
-    }
-
-    // A process that dies at the n-th call of a write, before the call or right after it. False when it made fewer, and
-    // so came to the end.
+    // Runs a process that is killed right before or after the n-th call of a write. False if the write makes fewer
+    // calls and succeeds.
     bool dies(int n, bool after, const OdString& name, std::string_view bytes)
     {
         const pid_t child = ::fork();
@@ -56,15 +44,15 @@ protected:
         return false;
     }
 
-    // As if they had been there for two hours.
+    // Makes all temporary files two hours old.
     void ageTemporaryFiles()
     {
-        for (const std::string& name : namesIn(m_folder.path()))
+        for (const std::string& name : names())
             if (name.ends_with(".tmp"))
                 putOldContent(m_folder.at(name), contentOf(m_folder.at(name)));
     }
 
-    // Kills a writer at every step, with the file as it was put by prepare.
+    // Kills a writer at each call in turn; prepare sets up the file before each attempt.
     template <class Prepare, class Check>
     int killAtEachCall(Prepare prepare, Check check)
     {
@@ -79,7 +67,7 @@ protected:
                 EXPECT_EQ(write(m_folder.at("other.pc3"), "other"), "was written");
                 std::filesystem::remove(pathOf(m_folder.at("other.pc3")));
                 check();
-                EXPECT_LE(namesIn(m_folder.path()).size(), 1U) << "left behind after call " << n;
+                EXPECT_LE(names().size(), 1U) << "left behind after call " << n;
                 if (!died)
                     break;
                 ++kills;
@@ -88,15 +76,13 @@ protected:
     }
 
     FileCallsReset m_reset;
-    TemporaryFolder m_folder;
-    const OdString m_name = m_folder.at("A4.pc3");
 };
 
-// A process in the middle of a write: its file is complete, and not yet flushed.
-class LivingWriter
+// A process in the middle of a write: its temporary file is complete but not flushed.
+class RunningWriter
 {
 public:
-    explicit LivingWriter(const OdString& name)
+    explicit RunningWriter(const OdString& name)
     {
         int entered[2];
         int leave[2];
@@ -116,7 +102,7 @@ public:
                     (::write(entered[1], &byte, 1) != 1 || ::read(leave[0], &byte, 1) != 0))
                     ::_exit(2);
             };
-            ::_exit(files::replaceFile(name.c_str(), "of the living") ? 1 : 0);
+            ::_exit(files::replaceFile(name.c_str(), "of the running writer") ? 1 : 0);
         }
         ::close(entered[1]);
         ::close(leave[0]);
@@ -127,7 +113,7 @@ public:
         ::close(entered[0]);
     }
 
-    // Lets it go on; its exit status.
+    // Lets it continue and returns its exit status.
     int finish()
     {
         ::close(m_leave);
@@ -165,14 +151,13 @@ TEST_F(KilledWriter, leavesTheOldFileOrTheNewOne)
                                          EXPECT_TRUE(content == "old" || content == "brand new") << content;
                                          ++(content == "old" ? old : brandNew);
                                      });
-    // The file, its lock, looking for what others left, its mode, five pieces, the flush, the closing, the exchange,
-    // the flush of the folder.
+    // Create, lock, search for stale files, mode, five pieces, flush, close, rename, flush of the folder.
     EXPECT_GE(kills, 2 * 13);
     EXPECT_GT(old, 0);
     EXPECT_GT(brandNew, 0);
 }
 
-TEST_F(KilledWriter, leavesAWholeNewFileOrNone)
+TEST_F(KilledWriter, leavesACompleteNewFileOrNone)
 {
     killAtEachCall([&] { std::filesystem::remove(pathOf(m_name)); },
                    [&]
@@ -182,58 +167,52 @@ TEST_F(KilledWriter, leavesAWholeNewFileOrNone)
                    });
 }
 
-TEST_F(KilledWriter, whatItLeftGoesLaterAndTheFileOfALivingOneStays)
+TEST_F(KilledWriter, isCleanedUpAfterUnlessItIsRunning)
 {
-    LivingWriter killed(m_name);
-    LivingWriter living(m_folder.at("A3.pc3"));
-    EXPECT_EQ(namesIn(m_folder.path()).size(), 2U);
+    RunningWriter killed(m_name);
+    RunningWriter running(m_folder.at("A3.pc3"));
+    EXPECT_EQ(names().size(), 2U);
     ageTemporaryFiles();
     EXPECT_EQ(write(m_folder.at("A2.pc3"), "new"), "was written");
-    EXPECT_EQ(namesIn(m_folder.path()).size(), 3U);
+    EXPECT_EQ(names().size(), 3U);
 
     killed.kill();
     EXPECT_EQ(write(m_folder.at("A2.pc3"), "new"), "was written");
-    EXPECT_EQ(namesIn(m_folder.path()).size(), 2U);
+    EXPECT_EQ(names().size(), 2U);
 
-    EXPECT_EQ(living.finish(), 0);
-    EXPECT_EQ(namesIn(m_folder.path()), (Names{"A2.pc3", "A3.pc3"}));
-    EXPECT_EQ(contentOf(m_folder.at("A3.pc3")), "of the living");
+    EXPECT_EQ(running.finish(), 0);
+    EXPECT_EQ(names(), (Names{"A2.pc3", "A3.pc3"}));
+    EXPECT_EQ(contentOf(m_folder.at("A3.pc3")), "of the running writer");
 }
 
 // Two threads may save at the same time.
-TEST_F(KilledWriter, aWriteInTheMiddleOfAnotherOfTheSameProcessLeavesItAlone)
+TEST_F(KilledWriter, nestedWritesOfOneProcessDoNotInterfere)
 {
     const OdString other = m_folder.at("A3.pc3");
-    int within = 0;
+    int flushes = 0;
     FileCalls::now().before = [&](FileCall call)
     {
-        if (call != FileCall::fsync || within++ != 0)
+        if (call != FileCall::fsync || flushes++ != 0)
             return;
-        EXPECT_EQ(namesIn(m_folder.path()).size(), 1U);
+        EXPECT_EQ(names().size(), 1U);
         EXPECT_EQ(write(other, "inner"), "was written");
     };
     EXPECT_EQ(write(m_name, "outer"), "was written");
-    EXPECT_EQ(namesIn(m_folder.path()), (Names{"A3.pc3", "A4.pc3"}));
+    EXPECT_EQ(names(), (Names{"A3.pc3", "A4.pc3"}));
     EXPECT_EQ(contentOf(m_name), "outer");
     EXPECT_EQ(contentOf(other), "inner");
 }
 
-TEST_F(KilledWriter, withoutLocksNothingIsTakenForLeftBehind)
+TEST_F(KilledWriter, withoutLocksNoFileIsRemoved)
 {
-    FileCalls::now().before = [](FileCall call)
-    {
-        if (call == FileCall::lock)
-            FileCalls::now().failAt = FileCalls::now().made;
-    };
-    FileCalls::now().failure = ENOLCK;
+    FileCalls::now().fail(FileCall::lock, ENOLCK);
     const std::string name = "~gm0123456789abcdef.tmp";
     putOldContent(m_folder.at(name), "being written");
     EXPECT_EQ(write(m_name, "new"), "was written");
-    EXPECT_EQ(namesIn(m_folder.path()), (Names{"A4.pc3", name}));
+    EXPECT_EQ(names(), (Names{"A4.pc3", name}));
 }
 
-// Killed while it rewrites a file that has another name too: the new content is whole beside it.
-TEST_F(KilledWriter, leavesTheNewContentBesideAFileItRewrote)
+TEST_F(KilledWriter, leavesACopyOfAFileItRewroteInPlace)
 {
     const OdString other = m_folder.at("other-name");
     const OdString spare = m_name + OD_T(".new");

@@ -1,5 +1,6 @@
 #include "files/FileChecks.h"
 #include "files/FullPath.h"
+#include "tests/support/CurrentFolder.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +11,7 @@ namespace
 {
 namespace fs = std::filesystem;
 
-// Makes a link in the folder; its path.
+// Creates a link in the folder and returns its path.
 OdString addLink(const TemporaryFolder& folder, const fs::path& to, const char* name)
 {
     const OdString link = folder.at(name);
@@ -19,7 +20,7 @@ OdString addLink(const TemporaryFolder& folder, const fs::path& to, const char* 
 }
 } // namespace
 
-TEST(NativePath, hasASlashAndEndsItsDotsAtTheRoot)
+TEST(NativePath, dotsEndAtTheRoot)
 {
     EXPECT_EQ(pathSeparator(), u'/');
     EXPECT_EQ(fullPath(u"/"), u"/");
@@ -27,10 +28,10 @@ TEST(NativePath, hasASlashAndEndsItsDotsAtTheRoot)
     EXPECT_EQ(fullPath(u"/plots/./../../A0.pc3"), u"/A0.pc3");
     EXPECT_EQ(fullPath(u"/plots/.."), u"/");
     EXPECT_EQ(fullPath(u"/..a/b.."), u"/..a/b..");
-    EXPECT_EQ(fullPath(u"/C:\\plots\\A0.pc3"), u"/C:\\plots\\A0.pc3") << "a backslash is a letter here";
+    EXPECT_EQ(fullPath(u"/C:\\plots\\A0.pc3"), u"/C:\\plots\\A0.pc3") << "a backslash is an ordinary character here";
 }
 
-TEST(NativePath, anUnpairedSurrogateIsNoPath)
+TEST(NativePath, anUnpairedSurrogateIsNotAPath)
 {
     const OdChar name[] = {'/', 0xD800, 0};
     EXPECT_EQ(fullPath(name), name);
@@ -58,13 +59,13 @@ TEST(NativePath, checksFollowLinks)
     EXPECT_EQ(*names, (std::vector<OdString>{u"file", u"x.pc3"}));
 }
 
-TEST(NativePath, aDeviceIsNoRegularFile)
+TEST(NativePath, aDeviceIsNotARegularFile)
 {
     EXPECT_FALSE(isRegularFile(u"/dev/null"));
     EXPECT_FALSE(isFolder(u"/dev/null"));
 }
 
-TEST(NativePath, aNameThatIsNotUtf8HidesNoOther)
+TEST(NativePath, aNameThatIsNotUtf8IsSkipped)
 {
     const TemporaryFolder folder;
     std::ofstream(fs::path(folder.path().view()) / "\xFF.pc3") << "content";
@@ -79,9 +80,6 @@ TEST(NativePath, theCurrentFolderMayHaveALongName)
     for (int i = 0; i < 8; ++i)
         below /= std::string(60, 'f');
     fs::create_directories(below);
-    const fs::path before = fs::current_path();
-    fs::current_path(below);
-    const OdString full = fullPath(u"x");
-    fs::current_path(before);
-    EXPECT_EQ(full, OdString((below / "x").u16string().c_str()));
+    const CurrentFolder current(OdString(below.u16string().c_str()));
+    EXPECT_EQ(fullPath(u"x"), OdString((below / "x").u16string().c_str()));
 }

@@ -10,7 +10,7 @@ struct Form
     PathKind kind;
     std::size_t rootLength;
 
-    // Names the test.
+    // Names the test case.
     friend std::ostream& operator<<(std::ostream& out, const Form& form) { return out << form.path; }
 };
 
@@ -104,7 +104,7 @@ const Form forms[] = {
     {OD_T("nul x.pc3"), PathKind::relative, 0},
 };
 
-// A path and its parent folder, or its form without a limit of length.
+// A path and its parent folder, or its form without a length limit.
 struct Pair
 {
     const OdChar* path;
@@ -112,7 +112,7 @@ struct Pair
 };
 } // namespace
 
-TEST_P(PathForm, isSeenByTheTextAlone)
+TEST_P(PathForm, isDeterminedByTheText)
 {
     const Form& form = GetParam();
     const PathStart start = pathStart(form.path);
@@ -139,7 +139,7 @@ TEST(PathStart, aParentNeverGoesAboveTheRoot)
         EXPECT_EQ(parentFolder(path), parent) << OdString(path);
 }
 
-TEST(PathStart, theFormWithoutLimitIsForFullPathsOnly)
+TEST(PathStart, onlyFullPathsHaveAnExtendedForm)
 {
     for (const auto& [path, extended] :
          {Pair{OD_T("C:\\plots\\A0.pc3"), OD_T("\\\\?\\C:\\plots\\A0.pc3")},

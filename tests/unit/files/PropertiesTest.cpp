@@ -1,11 +1,7 @@
-// Who may use a file is the same after it was replaced: mode, owner, group, access list, extended attributes.
+// Replacing a file preserves mode, owner, group, access list and extended attributes.
 
 #include "FileCalls.h"
-#include "FolderTools.h"
-#include "files/FileAccess.h"
-#include "tests/support/TemporaryFolder.h"
-
-#include <gtest/gtest.h>
+#include "SavedFileTest.h"
 
 #include <sys/stat.h>
 #include <sys/xattr.h>
@@ -17,13 +13,11 @@
 
 namespace
 {
-using Names = std::vector<std::string>;
-
 constexpr auto accessList = "system.posix_acl_access";
 constexpr auto defaultList = "system.posix_acl_default";
 
-// An access list as the system keeps it: version 2, then each entry's kind, rights and number, little-endian. The owner
-// and a user 1234 may read and write, the group and others nothing.
+// An access list in the format of the system: version 2, then kind, rights and number of each entry, little-endian. The
+// owner and user 1234 may read and write; the group and others have no access.
 constexpr unsigned char listBytes[] = {
     2,    0, 0, 0,                         //
     1,    0, 6, 0, 0xFF, 0xFF, 0xFF, 0xFF, // owner
@@ -33,16 +27,10 @@ constexpr unsigned char listBytes[] = {
     0x20, 0, 0, 0, 0xFF, 0xFF, 0xFF, 0xFF, // others
 };
 
-class Properties : public testing::Test
+class Properties : public SavedFileTest
 {
 protected:
     std::string nativeName() const { return odToUtf8(m_name); }
-
-    std::string write(std::string_view bytes = "new") const
-    {
-        const char* reason = files::replaceFile(m_name.c_str(), bytes);
-        return reason ? reason : "was written";
-    }
 
     struct stat status() const
     {
@@ -60,7 +48,7 @@ protected:
         return size < 0 ? std::nullopt : std::optional(std::string(value, static_cast<std::size_t>(size)));
     }
 
-    // False on a file system that has none.
+    // False on a file system without extended attributes.
     bool setAttribute(const std::string& path, const char* name, std::string_view value)
     {
         const int done = ::setxattr(path.c_str(), name, value.data(), value.size(), 0);
@@ -71,12 +59,10 @@ protected:
     static std::string_view list() { return {reinterpret_cast<const char*>(listBytes), sizeof listBytes}; }
 
     FileCallsReset m_reset;
-    TemporaryFolder m_folder;
-    const OdString m_name = m_folder.at("A4.pc3");
 };
 } // namespace
 
-TEST_F(Properties, everyModeIsKept)
+TEST_F(Properties, everyModeIsPreserved)
 {
     for (const mode_t wanted :
          {0200U, 0600U, 0602U, 0604U, 0606U, 0620U, 0622U, 0640U, 0644U, 0646U,  0660U,  0662U,  0664U,
@@ -87,12 +73,12 @@ TEST_F(Properties, everyModeIsKept)
         const ino_t before = status().st_ino;
         EXPECT_EQ(write(), "was written");
         EXPECT_EQ(mode(), wanted);
-        EXPECT_NE(status().st_ino, before) << "it is another file, in one step";
+        EXPECT_NE(status().st_ino, before) << "the file was replaced, not rewritten";
         ASSERT_EQ(::unlink(nativeName().c_str()), 0);
     }
 }
 
-TEST_F(Properties, whileItIsWrittenOnlyItsOwnerMayUseIt)
+TEST_F(Properties, onlyTheOwnerMayUseTheTemporaryFile)
 {
     putContent(m_name, "old");
     ASSERT_EQ(::chmod(nativeName().c_str(), 0666), 0);
@@ -101,7 +87,7 @@ TEST_F(Properties, whileItIsWrittenOnlyItsOwnerMayUseIt)
     {
         if (call != FileCall::write && call != FileCall::fchmod)
             return;
-        for (const std::string& name : namesIn(m_folder.path()))
+        for (const std::string& name : names())
             if (name != "A4.pc3")
             {
                 struct stat temporary = {};
@@ -114,46 +100,46 @@ TEST_F(Properties, whileItIsWrittenOnlyItsOwnerMayUseIt)
     EXPECT_EQ(looked, 2);
 }
 
-TEST_F(Properties, attributesAreKept)
+TEST_F(Properties, attributesArePreserved)
 {
     putContent(m_name, "old");
     const std::string binary("a\0b", 3);
     if (!setAttribute(nativeName(), "user.plotter", binary) || !setAttribute(nativeName(), "user.empty", ""))
-        return; // nothing to keep on this file system
+        return; // not supported by this file system
     EXPECT_EQ(write(), "was written");
     EXPECT_EQ(attribute("user.plotter"), binary);
     EXPECT_EQ(attribute("user.empty"), "");
 }
 
-TEST_F(Properties, theAccessListIsKept)
+TEST_F(Properties, theAccessListIsPreserved)
 {
     putContent(m_name, "old");
     if (!setAttribute(nativeName(), accessList, list()))
-        return; // nothing to keep on this file system
+        return; // not supported by this file system
     const mode_t before = mode();
     EXPECT_EQ(write(), "was written");
     EXPECT_EQ(attribute(accessList), std::string(list()));
     EXPECT_EQ(mode(), before);
 }
 
-// A folder may give new files a list of its own; a file that was there without one must not get it.
-TEST_F(Properties, aListOfTheFolderIsNotGivenToAFileWithoutOne)
+// A folder may have a default list for new files; an existing file without one must not get it.
+TEST_F(Properties, theDefaultListOfTheFolderIsNotInherited)
 {
     putContent(m_name, "old");
     ASSERT_EQ(::chmod(nativeName().c_str(), 0600), 0);
     if (!setAttribute(odToUtf8(m_folder.path()), defaultList, list()))
-        return; // no lists on this file system
+        return; // not supported by this file system
     const ino_t before = status().st_ino;
     EXPECT_EQ(write(), "was written");
-    EXPECT_NE(status().st_ino, before) << "it is another file, in one step";
+    EXPECT_NE(status().st_ino, before) << "the file was replaced, not rewritten";
     EXPECT_EQ(attribute(accessList), std::nullopt);
     EXPECT_EQ(mode(), 0600U);
 }
 
-TEST_F(Properties, ownerAndGroupAreKept)
+TEST_F(Properties, ownerAndGroupArePreserved)
 {
     if (::geteuid() != 0)
-        return; // tests/saving does it with files of other users
+        return; // tests/saving checks this with files of other users
     putContent(m_name, "old");
     ASSERT_EQ(::chown(nativeName().c_str(), 1234, 2345), 0);
     ASSERT_EQ(::chmod(nativeName().c_str(), 06755), 0);
@@ -163,8 +149,8 @@ TEST_F(Properties, ownerAndGroupAreKept)
     EXPECT_EQ(mode(), 06755U);
 }
 
-// What cannot be given to a new file keeps the old one where it is.
-TEST_F(Properties, whateverCannotBeKeptTheFileStaysTheSame)
+// If a property cannot be copied to a new file, the old file is rewritten in place.
+TEST_F(Properties, aFileWithUncopyablePropertiesIsRewritten)
 {
     for (const FileCall refused : {FileCall::fchown, FileCall::fsetxattr, FileCall::fchmod})
     {
@@ -176,17 +162,12 @@ TEST_F(Properties, whateverCannotBeKeptTheFileStaysTheSame)
             continue;
         const struct stat before = status();
         FileCalls::now() = {};
-        FileCalls::now().failure = EPERM;
-        FileCalls::now().before = [&](FileCall call)
-        {
-            if (call == refused)
-                FileCalls::now().failAt = FileCalls::now().made;
-        };
+        FileCalls::now().fail(refused, EPERM);
         EXPECT_EQ(write("brand new"), "was written");
         EXPECT_EQ(contentOf(m_name), "brand new");
         EXPECT_EQ(status().st_ino, before.st_ino);
         EXPECT_EQ(status().st_uid, before.st_uid);
         EXPECT_EQ(status().st_mode, before.st_mode);
-        EXPECT_EQ(namesIn(m_folder.path()), Names{"A4.pc3"});
+        EXPECT_EQ(names(), Names{"A4.pc3"});
     }
 }

@@ -1,4 +1,4 @@
-// Files that must stay the file they are, because they have other names too, are rewritten in place.
+// A file with a hard link is rewritten in place.
 
 #include "FileCalls.h"
 #include "LinkedFileTest.h"
@@ -12,25 +12,16 @@
 
 namespace
 {
-using Names = std::vector<std::string>;
-
 class Rewrite : public LinkedFileTest
 {
 protected:
-    std::string read() const
-    {
-        files::ByteBuffer bytes;
-        const char* reason = files::readFile(m_name.c_str(), bytes);
-        return reason ? reason : std::string(bytes.view());
-    }
-
     files::File open(int flags) const { return files::File(::open(odToUtf8(m_name).c_str(), flags)); }
 
     FileCallsReset m_reset;
 };
 } // namespace
 
-TEST_F(Rewrite, aFileWithAnotherNameKeepsIt)
+TEST_F(Rewrite, aHardLinkIsPreserved)
 {
     ASSERT_EQ(::chmod(odToUtf8(m_name).c_str(), 0640), 0);
     for (const std::string bytes : {"new", "and longer than before", ""})
@@ -39,74 +30,48 @@ TEST_F(Rewrite, aFileWithAnotherNameKeepsIt)
         EXPECT_EQ(contentOf(m_name), bytes);
         EXPECT_EQ(contentOf(m_other), bytes);
         EXPECT_TRUE(std::filesystem::equivalent(pathOf(m_name), pathOf(m_other)));
-        EXPECT_EQ(namesIn(m_folder.path()), (Names{"A4.pc3", "other-name"}));
+        EXPECT_EQ(names(), (Names{"A4.pc3", "other-name"}));
     }
     struct stat status = {};
     EXPECT_EQ(::stat(odToUtf8(m_name).c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777, 0640U);
 }
 
-TEST_F(Rewrite, whateverFailsTheOldContentIsThereAndNothingIsLeftBehind)
+TEST_F(Rewrite, whateverFailsTheContentIsOldOrNew)
 {
-    int refused = 0;
-    for (int n = 1;; ++n)
-    {
-        makeFile();
-        FileCalls::now() = {};
-        FileCalls::now().failAt = n;
-        FileCalls::now().failure = EIO;
-        FileCalls::now().inPieces = true;
-        const bool done = write("brand new") == "was written";
-        const bool reached = FileCalls::now().made >= n;
-        FileCalls::now() = {};
-        refused += done ? 0 : 1;
-        expectOldOrNew(done, n);
-        if (!reached)
-            break;
-    }
-    // The temporary file, five pieces, the flush, the close; its other name; five pieces, the new length, the flush.
+    const int refused = failEachCall(
+        m_name, EIO, [&] { makeFile(); }, [&](const char* reason, int n) { expectOldOrNew(!reason, n); });
+    // Temporary file, five pieces, flush, close; hard link; five pieces, truncation, flush.
     EXPECT_EQ(refused, 1 + 5 + 1 + 1 + 1 + 5 + 1 + 1);
 }
 
-TEST_F(Rewrite, aFullDiskCostsNothing)
+TEST_F(Rewrite, aFullDiskLeavesTheOldContent)
 {
-    int flushes = 0;
-    FileCalls::now().failure = ENOSPC;
-    FileCalls::now().before = [&](FileCall call)
-    {
-        // The first flush is of the copy, the second of the folder, the third of the file itself.
-        if (call == FileCall::fsync && ++flushes == 3)
-            FileCalls::now().failAt = FileCalls::now().made;
-    };
+    // The first flush is of the copy, the second of the folder, the third of the file itself.
+    FileCalls::now().fail(FileCall::fsync, ENOSPC, 3, 3);
     EXPECT_EQ(write(), "there is not enough room on the disk");
     EXPECT_EQ(contentOf(m_name), "old content");
-    EXPECT_EQ(namesIn(m_folder.path()), (Names{"A4.pc3", "other-name"}));
+    EXPECT_EQ(names(), (Names{"A4.pc3", "other-name"}));
 }
 
-TEST_F(Rewrite, whatCannotBePutBackStaysBesideTheFile)
+TEST_F(Rewrite, aCopyStaysIfTheContentCannotBeRestored)
 {
-    int flushes = 0;
-    FileCalls::now().failure = EIO;
-    FileCalls::now().before = [&](FileCall call)
-    {
-        if (call == FileCall::fsync && ++flushes >= 3)
-            FileCalls::now().failAt = FileCalls::now().made;
-    };
+    FileCalls::now().fail(FileCall::fsync, EIO, 3);
     EXPECT_EQ(write("brand new"), "the file is damaged; its new content is in the file of the same name and \".new\"");
     EXPECT_EQ(contentOf(m_spare), "brand new");
 }
 
-TEST_F(Rewrite, aCopyOfASaveThatBrokeOffIsNotOverwritten)
+TEST_F(Rewrite, aCopyLeftByAnotherSaveIsNotOverwritten)
 {
     putContent(m_spare, "the only copy");
     EXPECT_EQ(write(), "a file with the same name and \".new\" is in the way");
     EXPECT_GT(FileCalls::now().waits, 10);
     EXPECT_EQ(contentOf(m_spare), "the only copy");
     EXPECT_EQ(contentOf(m_name), "old content");
-    EXPECT_EQ(namesIn(m_folder.path()), (Names{"A4.pc3", "A4.pc3.new", "other-name"}));
+    EXPECT_EQ(names(), (Names{"A4.pc3", "A4.pc3.new", "other-name"}));
 }
 
-TEST_F(Rewrite, aWriterWaitsForAnotherOne)
+TEST_F(Rewrite, aWriterWaitsForAnotherWriter)
 {
     putContent(m_spare, "of the other");
     FileCalls::now().onWait = [&]
@@ -119,7 +84,7 @@ TEST_F(Rewrite, aWriterWaitsForAnotherOne)
     EXPECT_EQ(contentOf(m_other), "new");
 }
 
-TEST_F(Rewrite, aWriterWaitsForReadersAndGivesUpAfterTwoSeconds)
+TEST_F(Rewrite, aWriterWaitsTwoSecondsForReaders)
 {
     files::File reader = open(O_RDONLY);
     ASSERT_EQ(files::lockFile(reader.get(), F_RDLCK), files::Lock::held);
@@ -127,13 +92,13 @@ TEST_F(Rewrite, aWriterWaitsForReadersAndGivesUpAfterTwoSeconds)
     // 1, 2, 4, 8, 16 and then 32 milliseconds each.
     EXPECT_EQ(FileCalls::now().waits, 5 + 62);
     EXPECT_EQ(contentOf(m_name), "old content");
-    EXPECT_EQ(namesIn(m_folder.path()), (Names{"A4.pc3", "other-name"}));
+    EXPECT_EQ(names(), (Names{"A4.pc3", "other-name"}));
 
     FileCalls::now().onWait = [&] { reader.close(); };
     EXPECT_EQ(write(), "was written");
 }
 
-TEST_F(Rewrite, aReaderWaitsForAWriterAndGivesUpAfterTwoSeconds)
+TEST_F(Rewrite, aReaderWaitsTwoSecondsForAWriter)
 {
     files::File writer = open(O_RDWR);
     ASSERT_EQ(files::lockFile(writer.get(), F_WRLCK), files::Lock::held);
@@ -144,7 +109,7 @@ TEST_F(Rewrite, aReaderWaitsForAWriterAndGivesUpAfterTwoSeconds)
     EXPECT_EQ(read(), "old content");
 }
 
-TEST_F(Rewrite, readersDoNotDisturbEachOther)
+TEST_F(Rewrite, readersDoNotBlockEachOther)
 {
     files::File reader = open(O_RDONLY);
     ASSERT_EQ(files::lockFile(reader.get(), F_RDLCK), files::Lock::held);

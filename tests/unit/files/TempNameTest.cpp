@@ -4,7 +4,7 @@
 
 #include <set>
 
-TEST(TempName, isAnotherOneEachTime)
+TEST(TempName, isUnique)
 {
     std::set<std::string> names;
     for (int i = 0; i < 1000; ++i)
@@ -15,13 +15,13 @@ TEST(TempName, isAnotherOneEachTime)
     }
 }
 
-TEST(TempName, isShortAndNeverTakenForAConfiguration)
+TEST(TempName, isShortAndNotAConfiguration)
 {
     EXPECT_EQ(files::newTempName().size(), 23U);
     EXPECT_FALSE(files::newTempName().ends_with(".pc3"));
 }
 
-TEST(TempName, otherNamesAreNotTaken)
+TEST(TempName, otherNamesAreNotRecognised)
 {
     EXPECT_TRUE(files::isTempName("~gm0123456789abcdef.tmp"));
     for (const char* name :
