@@ -1,43 +1,22 @@
 #pragma once
 
 #include "host/GarmInterfaces.h"
-#include "kernel/OdEdCommandStack.h"
-#include "kernel/OdRxObjectImpl.h"
+#include "tests/support/NamedCommand.h"
 
-#include <functional>
-#include <utility>
-
-// A command that does what a test says, under the name of one of the module's.
-class ScriptedCommand : public OdEdCommand
+// Commands with a scripted action, under names of commands of the module.
+struct ScriptedCommand
 {
-public:
     using Script = std::function<void(GmServicesManagerInterface& values)>;
 
     static constexpr const OdChar* group = OD_T("TEST");
 
-    // Puts it on the process's command stack; remove takes all of them off again.
+    // Adds a command to the command stack of the process; removeAll removes all of them.
     static void add(const OdString& name, Script script)
     {
-        auto* command = new OdRxObjectImpl<ScriptedCommand>;
-        const OdEdCommandPtr held(command, kOdRxObjAttach);
-        command->m_name = name;
-        command->m_script = std::move(script);
-        odedRegCmds()->addCommand(command);
+        const auto run = [script = std::move(script)](OdEdCommandContext* context)
+        { script(*getServicesManagerInterface(getGarmInterfaces(context).get())); };
+        odedRegCmds()->addCommand(
+            OdRxObjectImpl<NamedCommand>::createObject(NamedCommand::Names{group, OD_T("_") + name, name}, run).get());
     }
     static void removeAll() { odedRegCmds()->removeGroup(group); }
-
-    OdString groupName() const override { return group; }
-    OdString globalName() const override { return OD_T("_") + m_name; }
-    OdString localName() const override { return m_name; }
-    void execute(OdEdCommandContext* context) override
-    {
-        m_script(*getServicesManagerInterface(getGarmInterfaces(context).get()));
-    }
-    OdRxModule* module() const override { return nullptr; }
-    void undefine(bool) override {}
-    OdInt32 flags() const override { return 0; }
-
-private:
-    OdString m_name;
-    Script m_script;
 };

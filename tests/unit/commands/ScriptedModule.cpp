@@ -2,6 +2,7 @@
 
 #include "GarmPC3Editor/Commands/BackgroundCheck.h"
 #include "GarmPC3Editor/ThisModule.h"
+#include "tests/support/EmptyModule.h"
 
 #include <deque>
 #include <thread>
@@ -14,25 +15,8 @@ struct Work
     void* context;
 };
 
-// Only its lock counts.
-class LockedModule final : public OdRxModule
+class LockedModule final : public EmptyModule
 {
-public:
-    ~LockedModule() override = default;
-    void* sysData() override { return nullptr; }
-    void deleteModule() override {}
-    void initApp() override {}
-    void uninitApp() override {}
-    OdString moduleName() const override { return {}; }
-    void lock() noexcept override { ++m_locks; }
-    void unlock() noexcept override { --m_locks; }
-    OdRefCount lockCount() const noexcept override { return m_locks; }
-    void addRef() noexcept override { lock(); }
-    void release() noexcept override { unlock(); }
-    OdRefCount refCount() const noexcept override { return m_locks; }
-
-private:
-    OdRefCount m_locks = 0;
 };
 
 LockedModule moduleObject;

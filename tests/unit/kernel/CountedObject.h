@@ -2,7 +2,7 @@
 
 #include "kernel/OdRxObjectImpl.h"
 
-// An object that tells whether it is still there.
+// Counts its living instances.
 class CountedObject : public OdRxObject
 {
 public:

@@ -11,7 +11,7 @@
 
 namespace
 {
-// Lets the kernel's n-th allocation from now on fail, counting from 0, and all behind it.
+// Makes the allocations of the kernel fail after the given number of successful ones.
 class FailingAllocations
 {
 public:
@@ -37,7 +37,7 @@ private:
 };
 } // namespace
 
-TEST(OdAlloc, givesMemoryThatCanBeWrittenAndAlignedForAnything)
+TEST(OdAlloc, memoryIsWritableAndAligned)
 {
     void* block = odrxAlloc(100);
     ASSERT_NE(block, nullptr);
@@ -46,7 +46,7 @@ TEST(OdAlloc, givesMemoryThatCanBeWrittenAndAlignedForAnything)
     odrxFree(block);
 }
 
-TEST(OdAlloc, noBytesAreABlockOfTheirOwn)
+TEST(OdAlloc, everyEmptyBlockIsDistinct)
 {
     void* first = odrxAlloc(0);
     void* second = odrxAlloc(0);
@@ -56,12 +56,12 @@ TEST(OdAlloc, noBytesAreABlockOfTheirOwn)
     odrxFree(second);
 }
 
-TEST(OdAlloc, freeTakesNull)
+TEST(OdAlloc, freeAcceptsNull)
 {
     odrxFree(nullptr);
 }
 
-TEST(OdAlloc, aFailureIsTheStandardExceptionWithTheFixedText)
+TEST(OdAlloc, aFailureThrowsBadAllocWithAFixedText)
 {
     const FailingAllocations fail(0);
     try
@@ -75,13 +75,13 @@ TEST(OdAlloc, aFailureIsTheStandardExceptionWithTheFixedText)
     }
 }
 
-TEST(OdAlloc, aFailureIsOurOwnClass)
+TEST(OdAlloc, aFailureThrowsOdBadAlloc)
 {
     const FailingAllocations fail(0);
     EXPECT_THROW(odrxAlloc(8), OdBadAlloc);
 }
 
-TEST(OdAlloc, aNullSourceRestoresTheOrdinaryOne)
+TEST(OdAlloc, aNullSourceRestoresTheDefault)
 {
     const FailingAllocations fail(0);
     odrxSetAllocSource(nullptr);
@@ -90,7 +90,7 @@ TEST(OdAlloc, aNullSourceRestoresTheOrdinaryOne)
     odrxFree(block);
 }
 
-TEST(OdAlloc, objectsLiveInTheKernelsMemory)
+TEST(OdAlloc, objectsAreAllocatedByTheKernel)
 {
     int living = 0;
     {

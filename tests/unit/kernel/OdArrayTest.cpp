@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(OdArray, anEmptyOneHasNoAddress)
+TEST(OdArray, anEmptyArrayHasNoAddress)
 {
     const OdBinaryData none;
     EXPECT_TRUE(none.isEmpty());
@@ -12,7 +12,7 @@ TEST(OdArray, anEmptyOneHasNoAddress)
     EXPECT_EQ(none.asArrayPtr(), nullptr);
 }
 
-TEST(OdArray, newItemsAreZero)
+TEST(OdArray, addedItemsAreZero)
 {
     OdBinaryData bytes{1, 2};
     bytes.resize(4);
@@ -21,7 +21,7 @@ TEST(OdArray, newItemsAreZero)
     EXPECT_EQ(bytes, OdBinaryData{1});
 }
 
-TEST(OdArray, isAValue)
+TEST(OdArray, copiesAreIndependent)
 {
     const OdBinaryData original{1, 2, 3};
     OdBinaryData copy = original;
@@ -34,7 +34,7 @@ TEST(OdArray, isAValue)
     EXPECT_TRUE(copy.empty());
 }
 
-TEST(OdArray, itsItemsLieBesideEachOther)
+TEST(OdArray, itemsAreContiguous)
 {
     OdBinaryData bytes{1, 2, 3};
     bytes.asArrayPtr()[1] = 7;

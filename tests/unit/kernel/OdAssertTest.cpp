@@ -21,7 +21,7 @@ void throwing(const char*, const char*, int)
 void silent(const char*, const char*, int) {}
 } // namespace
 
-TEST(OdAssert, theHandlerGetsTextFileAndLine)
+TEST(OdAssert, theHandlerReceivesTextFileAndLine)
 {
     const OdAssertHandler before = odSetAssertHandler(&rememberLine);
     odReportAssert("pCfg", "GarmPC3Editor/Commands/PC3EditCommand", 232);
@@ -34,15 +34,14 @@ TEST(OdAssert, theHandlerGetsTextFileAndLine)
     EXPECT_EQ(asserts.reports()[0], "pCfg | GarmPC3Editor/Commands/PC3EditCommand");
 }
 
-TEST(OdAssert, settingAHandlerReturnsTheOneBefore)
+TEST(OdAssert, settingAHandlerReturnsThePreviousOne)
 {
     const OdAssertHandler before = odSetAssertHandler(&silent);
     EXPECT_EQ(odSetAssertHandler(&rememberLine), &silent);
     EXPECT_EQ(odSetAssertHandler(nullptr), &rememberLine);
-    EXPECT_NE(odSetAssertHandler(before), nullptr) << "null restored the handler that writes to standard error";
+    EXPECT_NE(odSetAssertHandler(before), nullptr) << "null restores the default handler";
 }
 
-// What a person sees who runs a program that set no handler.
 TEST(OdAssert, withoutAHandlerTheReportGoesToStandardError)
 {
     const OdAssertHandler before = odSetAssertHandler(nullptr);
@@ -53,14 +52,14 @@ TEST(OdAssert, withoutAHandlerTheReportGoesToStandardError)
               "Assertion failed: pCfg (GarmPC3Editor/Commands/PC3EditCommand:232)\n");
 }
 
-TEST(OdAssert, aHandlerThatThrowsChangesNothing)
+TEST(OdAssert, anExceptionOfAHandlerIsIgnored)
 {
     const OdAssertHandler before = odSetAssertHandler(&throwing);
     EXPECT_NO_THROW(odReportAssert("text", "file", 1));
     odSetAssertHandler(before);
 }
 
-TEST(OdAssert, theExpressionIsItsOwnTextInEveryBuild)
+TEST(OdAssert, verifyReportsTheExpressionInEveryBuild)
 {
     const RecordedAsserts asserts;
     const int count = 0;

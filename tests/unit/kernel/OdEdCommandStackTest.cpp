@@ -1,28 +1,21 @@
 #include "kernel/OdEdCommandStack.h"
-#include "kernel/OdRxObjectImpl.h"
 #include "kernel/OdStaticRxObject.h"
+#include "tests/support/ErrorCode.h"
+#include "tests/support/NamedCommand.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <stdexcept>
 
 namespace
 {
-struct Names
-{
-    OdString group;
-    OdString global;
-    OdString local;
-};
+using Names = NamedCommand::Names;
 
-class TestCommand : public OdEdCommand
+class TestCommand : public NamedCommand
 {
 public:
-    using Work = std::function<void(OdEdCommandContext*)>;
-
-    explicit TestCommand(Names names, Work work = {}, int* living = nullptr)
-        : m_names(std::move(names)), m_work(std::move(work)), m_living(living)
+    TestCommand(Names names, Action action, int* living)
+        : NamedCommand(std::move(names), std::move(action)), m_living(living)
     {
         if (m_living)
             ++*m_living;
@@ -35,29 +28,15 @@ public:
             atEnd();
     }
 
-    OdString groupName() const override { return m_names.group; }
-    OdString globalName() const override { return m_names.global; }
-    OdString localName() const override { return m_names.local; }
-    void execute(OdEdCommandContext* context) override
-    {
-        if (m_work)
-            m_work(context);
-    }
-    OdRxModule* module() const override { return nullptr; }
-    void undefine(bool) override {}
-    OdInt32 flags() const override { return 0; }
-
     std::function<void()> atEnd;
 
 private:
-    Names m_names;
-    Work m_work;
     int* m_living;
 };
 
-OdSmartPtr<TestCommand> makeCommand(const Names& names, TestCommand::Work work = {}, int* living = nullptr)
+OdSmartPtr<TestCommand> makeCommand(const Names& names, TestCommand::Action action = {}, int* living = nullptr)
 {
-    return OdRxObjectImpl<TestCommand>::createObject(names, std::move(work), living);
+    return OdRxObjectImpl<TestCommand>::createObject(names, std::move(action), living);
 }
 
 const Names edit = {OD_T("GROUP"), OD_T("_EDIT"), OD_T("BEARBEITEN")};
@@ -67,33 +46,33 @@ const Names other = {OD_T("OTHER"), OD_T("_OTHER"), OD_T("ANDERES")};
 class CommandStack : public testing::Test
 {
 protected:
-    // Outlives the stack, whose last commands go with the test object.
+    // Outlives the stack, which destroys its last commands with the test object.
     int living = 0;
     OdEdCommandStackPtr stack = odedNewCommandStack();
 };
 } // namespace
 
-TEST_F(CommandStack, keepsAReferenceOfItsOwn)
+TEST_F(CommandStack, holdsAReference)
 {
     EXPECT_TRUE(stack->addCommand(makeCommand(edit, {}, &living).get()));
     EXPECT_EQ(living, 1);
-    EXPECT_EQ(stack->lookupGlobal(OD_T("_EDIT"))->refCount(), 2) << "the stack's and the one looked up";
+    EXPECT_EQ(stack->lookupGlobal(OD_T("_EDIT"))->refCount(), 2) << "that of the stack and that of the result";
     stack.release();
     EXPECT_EQ(living, 0);
 }
 
-TEST_F(CommandStack, keepsTheFirstOfAGlobalNameWithoutRegardToCase)
+TEST_F(CommandStack, aGlobalNameIsUniqueWithoutRegardToCase)
 {
     const auto first = makeCommand(edit);
     EXPECT_TRUE(stack->addCommand(first.get()));
 
     EXPECT_FALSE(stack->addCommand(makeCommand({OD_T("X"), OD_T("_edit"), OD_T("X")}, {}, &living).get()));
-    EXPECT_EQ(living, 0) << "the second one is not held";
+    EXPECT_EQ(living, 0) << "the second command is not kept";
     EXPECT_EQ(stack->lookup(OD_T("_EDIT")).get(), first.get());
     EXPECT_EQ(stack->commands().size(), 1U);
 }
 
-TEST_F(CommandStack, aSharedLocalNameBelongsToTheFirstAndTheSecondIsThereByItsGlobalName)
+TEST_F(CommandStack, aLocalNameFindsTheFirstCommand)
 {
     const auto first = makeCommand(edit);
     const auto second = makeCommand({OD_T("GROUP"), OD_T("_SECOND"), edit.local});
@@ -103,7 +82,7 @@ TEST_F(CommandStack, aSharedLocalNameBelongsToTheFirstAndTheSecondIsThereByItsGl
     EXPECT_EQ(stack->lookupGlobal(OD_T("_SECOND")).get(), second.get());
 }
 
-TEST_F(CommandStack, findsByGlobalAndByLocalNameWithoutRegardToCase)
+TEST_F(CommandStack, findsBothNamesWithoutRegardToCase)
 {
     const auto command = makeCommand(edit);
     stack->addCommand(command.get());
@@ -116,7 +95,7 @@ TEST_F(CommandStack, findsByGlobalAndByLocalNameWithoutRegardToCase)
     EXPECT_EQ(stack->lookup(OD_T("EDIT")), nullptr);
 }
 
-TEST_F(CommandStack, theGlobalNameComesBeforeALocalOneOfTheSameText)
+TEST_F(CommandStack, aGlobalNameTakesPrecedenceOverALocalOne)
 {
     const auto local = makeCommand({OD_T("GROUP"), OD_T("_LOCAL"), OD_T("_EDIT")});
     const auto global = makeCommand(edit);
@@ -125,7 +104,7 @@ TEST_F(CommandStack, theGlobalNameComesBeforeALocalOneOfTheSameText)
     EXPECT_EQ(stack->lookup(OD_T("_EDIT")).get(), global.get());
 }
 
-TEST_F(CommandStack, anEmptyNameFindsNothingAlsoWhenACommandHasNoLocalName)
+TEST_F(CommandStack, anEmptyNameFindsNothing)
 {
     stack->addCommand(makeCommand({OD_T("GROUP"), OD_T("_QUIET"), OdString()}).get());
     EXPECT_EQ(stack->lookup(OdString()), nullptr);
@@ -136,21 +115,11 @@ TEST_F(CommandStack, anEmptyNameFindsNothingAlsoWhenACommandHasNoLocalName)
 TEST_F(CommandStack, refusesNullAndAnEmptyGlobalName)
 {
     for (const auto& command : {OdSmartPtr<TestCommand>(), makeCommand({OD_T("GROUP"), OdString(), OD_T("X")})})
-    {
-        try
-        {
-            stack->addCommand(command.get());
-            FAIL() << "it was added";
-        }
-        catch (const OdError& error)
-        {
-            EXPECT_EQ(error.code(), eInvalidInput);
-        }
-    }
+        EXPECT_EQ(errorCodeOf([&] { stack->addCommand(command.get()); }), eInvalidInput);
     EXPECT_TRUE(stack->commands().empty());
 }
 
-TEST_F(CommandStack, listsInTheOrderOfAdding)
+TEST_F(CommandStack, listsCommandsInInsertionOrder)
 {
     const auto first = makeCommand(view);
     const auto second = makeCommand(edit);
@@ -162,7 +131,7 @@ TEST_F(CommandStack, listsInTheOrderOfAdding)
     EXPECT_EQ(commands[1].get(), second.get());
 }
 
-TEST_F(CommandStack, removingAGroupTakesAllItsCommandsAndNoOther)
+TEST_F(CommandStack, removingAGroupRemovesOnlyItsCommands)
 {
     stack->addCommand(makeCommand(edit, {}, &living).get());
     stack->addCommand(makeCommand(other, {}, &living).get());
@@ -177,12 +146,12 @@ TEST_F(CommandStack, removingAGroupTakesAllItsCommandsAndNoOther)
 TEST_F(CommandStack, removingAnUnknownGroupDoesNothing)
 {
     stack->addCommand(makeCommand(edit).get());
-    EXPECT_NO_THROW(stack->removeGroup(OD_T("NOBODY")));
+    EXPECT_NO_THROW(stack->removeGroup(OD_T("UNKNOWN")));
     EXPECT_NO_THROW(stack->removeGroup(OdString()));
     EXPECT_EQ(stack->commands().size(), 1U);
 }
 
-TEST_F(CommandStack, aCommandThatAsksWhileItGoesFindsTheStackWithoutItsGroup)
+TEST_F(CommandStack, aDestructorSeesTheStackWithoutItsGroup)
 {
     std::size_t seen = 99;
     {
@@ -195,7 +164,7 @@ TEST_F(CommandStack, aCommandThatAsksWhileItGoesFindsTheStackWithoutItsGroup)
     EXPECT_EQ(seen, 0U);
 }
 
-TEST_F(CommandStack, runsACommandWithTheContextItGets)
+TEST_F(CommandStack, passesTheContextToTheCommand)
 {
     class Context : public OdStaticRxObject<OdEdCommandContext>
     {
@@ -205,17 +174,17 @@ TEST_F(CommandStack, runsACommandWithTheContextItGets)
     stack->addCommand(makeCommand(edit, [&](OdEdCommandContext* given) { got = given; }).get());
     EXPECT_TRUE(stack->executeCommand(OD_T("_EDIT"), &context));
     EXPECT_EQ(got, &context);
-    EXPECT_FALSE(stack->executeCommand(OD_T("_NOBODY"), &context));
+    EXPECT_FALSE(stack->executeCommand(OD_T("_UNKNOWN"), &context));
 }
 
-TEST_F(CommandStack, whatACommandThrowsGetsOut)
+TEST_F(CommandStack, anExceptionOfACommandPropagates)
 {
     stack->addCommand(makeCommand(edit, [](OdEdCommandContext*) { throw OdError_NotThatKindOfClass(); }).get());
     EXPECT_THROW(stack->executeCommand(OD_T("_EDIT"), nullptr), OdError_NotThatKindOfClass);
-    EXPECT_EQ(stack->lookup(OD_T("_EDIT"))->refCount(), 2) << "the reference of the run was released";
+    EXPECT_EQ(stack->lookup(OD_T("_EDIT"))->refCount(), 2) << "the reference held during the run was released";
 }
 
-TEST_F(CommandStack, aCommandThatRemovesItsOwnGroupGoesWhenItHasEnded)
+TEST_F(CommandStack, aRunningCommandMayRemoveItsOwnGroup)
 {
     int livingInside = -1;
     const auto work = [&](OdEdCommandContext*)
@@ -230,7 +199,7 @@ TEST_F(CommandStack, aCommandThatRemovesItsOwnGroupGoesWhenItHasEnded)
     EXPECT_TRUE(stack->commands().empty());
 }
 
-TEST_F(CommandStack, aCommandMayRunAnotherAndAddOne)
+TEST_F(CommandStack, aCommandMayRunAndAddOthers)
 {
     bool ran = false;
     stack->addCommand(makeCommand(view, [&](OdEdCommandContext*) { ran = true; }).get());
@@ -246,7 +215,7 @@ TEST_F(CommandStack, aCommandMayRunAnotherAndAddOne)
     EXPECT_NE(stack->lookup(OD_T("_OTHER")), nullptr);
 }
 
-TEST(RegisteredCommands, areOneStackForTheProcess)
+TEST(RegisteredCommands, areSharedByTheWholeProcess)
 {
     const OdEdCommandStackPtr first = odedRegCmds();
     EXPECT_EQ(first, odedRegCmds());

@@ -5,13 +5,13 @@
 #include <set>
 #include <string>
 
-TEST(OdError, keepsItsCode)
+TEST(OdError, hasItsCode)
 {
     EXPECT_EQ(OdError(eInvalidInput).code(), 3);
     EXPECT_EQ(OdError(eNullObjectPointer).code(), 5);
 }
 
-TEST(OdError, theWrongClassIsAnErrorWithItsOwnClassAndCode)
+TEST(OdError, theWrongClassHasItsOwnTypeAndCode)
 {
     try
     {
@@ -24,13 +24,13 @@ TEST(OdError, theWrongClassIsAnErrorWithItsOwnClassAndCode)
     }
 }
 
-TEST(OdError, saysWhatItIs)
+TEST(OdError, whatIsTheText)
 {
     const std::exception& error = OdError(eInvalidInput);
     EXPECT_STREQ(error.what(), "invalid input");
 }
 
-TEST(OdError, everyCodeHasATextOfItsOwn)
+TEST(OdError, everyCodeHasADistinctText)
 {
     std::set<std::string> texts;
     for (const OdResult code :
@@ -38,7 +38,7 @@ TEST(OdError, everyCodeHasATextOfItsOwn)
         EXPECT_TRUE(texts.insert(odResultText(code)).second) << code;
 }
 
-TEST(OdError, routinesEndWithTheHostsCodes)
+TEST(OdError, routineCodesAreThoseOfTheHost)
 {
     EXPECT_EQ(eRoutineNormal, 5100);
     EXPECT_EQ(eRoutineError, -5001);

@@ -1,4 +1,4 @@
-#include "kernel/OdRxModule.h"
+#include "tests/support/EmptyModule.h"
 
 #include <gtest/gtest.h>
 
@@ -7,33 +7,20 @@
 
 namespace
 {
-// As small as a module can be. It ends by deleteModule alone: references only lock it.
-class Module : public OdRxModule
+class Module : public EmptyModule
 {
 public:
     explicit Module(int& living) : m_living(living) { ++m_living; }
-
-    void addRef() noexcept override { ++m_locks; }
-    void release() noexcept override { --m_locks; }
-    OdRefCount refCount() const noexcept override { return 0; }
-    void* sysData() override { return nullptr; }
     void deleteModule() override { delete this; }
-    void initApp() override {}
-    void uninitApp() override {}
-    OdString moduleName() const override { return {}; }
-    void lock() noexcept override { ++m_locks; }
-    void unlock() noexcept override { --m_locks; }
-    OdRefCount lockCount() const noexcept override { return m_locks; }
 
 private:
     ~Module() override { --m_living; }
 
     int& m_living;
-    OdRefCount m_locks = 0;
 };
 } // namespace
 
-TEST(OdRxModule, pointersLockItAndOnlyTheLoaderEndsIt)
+TEST(OdRxModule, pointersOnlyLockIt)
 {
     int living = 0;
     auto* const module = new Module(living);
@@ -47,7 +34,7 @@ TEST(OdRxModule, pointersLockItAndOnlyTheLoaderEndsIt)
     EXPECT_EQ(living, 0);
 }
 
-TEST(OdRxObject, canBeMadeInPlace)
+TEST(OdRxObject, canBeConstructedInPlace)
 {
     class Plain : public OdRxObject
     {

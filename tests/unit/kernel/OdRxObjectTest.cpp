@@ -1,13 +1,12 @@
 #include "CountedObject.h"
+#include "ManyThreads.h"
 #include "kernel/OdResBuf.h"
 #include "kernel/OdStaticRxObject.h"
 #include "tests/support/RecordedAsserts.h"
 
 #include <gtest/gtest.h>
 
-#include <thread>
 #include <type_traits>
-#include <vector>
 
 namespace
 {
@@ -20,7 +19,7 @@ public:
 using SpecialImpl = OdRxObjectImpl<Special>;
 using CountedImpl = OdRxObjectImpl<CountedObject>;
 
-// Holds the only pointer to itself and looks at it while it goes.
+// Checks in its destructor whether the last pointer to it is already null.
 class Looker : public OdRxObject
 {
 public:
@@ -41,7 +40,7 @@ TEST(OdRxObjectImpl, aNewObjectHasOneReference)
     EXPECT_EQ(living, 1);
 }
 
-TEST(OdRxObjectImpl, theLastReleaseDestroys)
+TEST(OdRxObjectImpl, theLastReleaseDestroysTheObject)
 {
     int living = 0;
     CountedObject* object = CountedImpl::createObject(living).detach();
@@ -59,9 +58,9 @@ TEST(OdRxObjectImpl, theCountHas32Bits)
     EXPECT_TRUE(std::is_signed_v<OdRefCount>);
 }
 
-TEST(OdRxObjectImpl, aReleaseTooManyAssertsAndDoesNotDestroyTwice)
+TEST(OdRxObjectImpl, anExtraReleaseAssertsAndDestroysOnlyOnce)
 {
-    // The first release destroys; this one is made by a destructor, when the object is still there but its count is 0.
+    // The first release destroys the object; its destructor makes another one, while the count is 0.
     struct ReleasedTwice : OdRxObject
     {
     };
@@ -88,7 +87,7 @@ TEST(OdRxObjectImpl, aReleaseTooManyAssertsAndDoesNotDestroyTwice)
     EXPECT_EQ(asserts.reports()[0], "(m_nRefCounter > 0) | platform/kernel/OdRxObjectImpl");
 }
 
-TEST(OdRxObjectImpl, aRightReleaseAssertsNothing)
+TEST(OdRxObjectImpl, aBalancedReleaseAssertsNothing)
 {
     const RecordedAsserts asserts;
     int living = 0;
@@ -97,26 +96,16 @@ TEST(OdRxObjectImpl, aRightReleaseAssertsNothing)
     EXPECT_TRUE(asserts.reports().empty());
 }
 
-TEST(OdRxObjectImpl, referencesMayBeCountedByManyThreads)
+TEST(OdRxObjectImpl, referencesAreCountedByManyThreads)
 {
     int living = 0;
     auto object = CountedImpl::createObject(living);
-    {
-        std::vector<std::thread> threads;
-        threads.reserve(4);
-        for (int i = 0; i < 4; ++i)
-            threads.emplace_back(
-                [object]
-                {
-                    for (int k = 0; k < 1000; ++k)
-                    {
-                        OdSmartPtr<CountedObject> copy = object;
-                        copy.release();
-                    }
-                });
-        for (std::thread& thread : threads)
-            thread.join();
-    }
+    onManyThreads(
+        [object]
+        {
+            OdSmartPtr<CountedObject> copy = object;
+            copy.release();
+        });
     EXPECT_EQ(object->refCount(), 1);
     object.release();
     EXPECT_EQ(living, 0);
@@ -136,7 +125,7 @@ TEST(OdStaticRxObject, countsNothing)
     EXPECT_EQ(living, 0);
 }
 
-TEST(OdStaticRxObject, canBeWrappedIntoAnObjectThatCounts)
+TEST(OdStaticRxObject, canBeWrappedInACountingObject)
 {
     int living = 0;
     {
@@ -146,7 +135,7 @@ TEST(OdStaticRxObject, canBeWrappedIntoAnObjectThatCounts)
     EXPECT_EQ(living, 0);
 }
 
-TEST(OdSmartPtr, aPlainPointerGetsAReferenceAndAttachTakesOne)
+TEST(OdSmartPtr, aPlainPointerAddsAReferenceAndAttachDoesNot)
 {
     int living = 0;
     CountedObject* plain = CountedImpl::createObject(living).detach();
@@ -162,7 +151,7 @@ TEST(OdSmartPtr, aPlainPointerGetsAReferenceAndAttachTakesOne)
     EXPECT_EQ(living, 0);
 }
 
-TEST(OdSmartPtr, copiesShareAndMovesGiveAway)
+TEST(OdSmartPtr, copiesShareAndMovesTransfer)
 {
     int living = 0;
     auto first = CountedImpl::createObject(living);
@@ -176,7 +165,7 @@ TEST(OdSmartPtr, copiesShareAndMovesGiveAway)
     EXPECT_TRUE(second.isNull()); // NOLINT(bugprone-use-after-move): null is what a move leaves
 }
 
-TEST(OdSmartPtr, assignmentReleasesTheOldObjectAndSurvivesItself)
+TEST(OdSmartPtr, assignmentReleasesTheOldObject)
 {
     int living = 0;
     auto pointer = CountedImpl::createObject(living);
@@ -191,7 +180,7 @@ TEST(OdSmartPtr, assignmentReleasesTheOldObjectAndSurvivesItself)
     EXPECT_EQ(pointer, nullptr);
 }
 
-TEST(OdSmartPtr, attachAndDetachMoveTheReference)
+TEST(OdSmartPtr, attachAndDetachTransferTheReference)
 {
     int living = 0;
     OdSmartPtr<CountedObject> pointer = CountedImpl::createObject(living);
@@ -217,7 +206,7 @@ TEST(OdSmartPtr, convertsToABase)
     EXPECT_EQ(moved->refCount(), 1);
 }
 
-TEST(OdSmartPtr, isNullBeforeTheObjectHearsOfIt)
+TEST(OdSmartPtr, isNullBeforeTheObjectIsDestroyed)
 {
     bool foundNothing = false;
     OdSmartPtr<Looker> holder;
@@ -226,7 +215,7 @@ TEST(OdSmartPtr, isNullBeforeTheObjectHearsOfIt)
     EXPECT_TRUE(foundNothing);
 }
 
-TEST(OdRxCast, givesTheObjectOfThatClassOrNull)
+TEST(OdRxCast, returnsAnObjectOfThatClassOrNull)
 {
     int living = 0;
     const OdRxObjectPtr special = SpecialImpl::createObject(living);
@@ -238,7 +227,7 @@ TEST(OdRxCast, givesTheObjectOfThatClassOrNull)
     EXPECT_EQ(OdResBuf::cast(plain.get()), nullptr);
 }
 
-TEST(OdRxCast, orThrowsNamesTheWrongClassAndLetsNullThrough)
+TEST(OdRxCast, orThrowsRejectsOtherClassesAndAcceptsNull)
 {
     int living = 0;
     const OdRxObjectPtr plain = CountedImpl::createObject(living);

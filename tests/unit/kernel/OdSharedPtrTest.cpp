@@ -1,10 +1,9 @@
 #include "kernel/OdSharedPtr.h"
+#include "ManyThreads.h"
 
 #include <gtest/gtest.h>
 
-#include <thread>
 #include <utility>
-#include <vector>
 
 namespace
 {
@@ -24,7 +23,7 @@ struct Derived : Base
 };
 } // namespace
 
-TEST(OdSharedPtr, aNewOneIsTheOnlyOwner)
+TEST(OdSharedPtr, aNewPointerIsTheOnlyOwner)
 {
     int living = 0;
     const OdSharedPtr<Base> pointer(new Base(living));
@@ -41,7 +40,7 @@ TEST(OdSharedPtr, aNullPointerHasNoCount)
     EXPECT_EQ(null, nullptr);
 }
 
-TEST(OdSharedPtr, theLastOwnerDestroysThroughTheVirtualDestructor)
+TEST(OdSharedPtr, theLastOwnerCallsTheVirtualDestructor)
 {
     int living = 0;
     OdSharedPtr<Base> first(new Derived(living));
@@ -55,7 +54,7 @@ TEST(OdSharedPtr, theLastOwnerDestroysThroughTheVirtualDestructor)
     EXPECT_EQ(living, 0);
 }
 
-TEST(OdSharedPtr, movingGivesTheOwnershipAway)
+TEST(OdSharedPtr, movingTransfersOwnership)
 {
     int living = 0;
     OdSharedPtr<Base> first(new Base(living));
@@ -64,7 +63,7 @@ TEST(OdSharedPtr, movingGivesTheOwnershipAway)
     EXPECT_TRUE(first.isNull()); // NOLINT(bugprone-use-after-move): null is what a move leaves
 }
 
-TEST(OdSharedPtr, assigningReleasesTheOldObjectAndSurvivesItself)
+TEST(OdSharedPtr, assignmentReleasesTheOldObject)
 {
     int living = 0;
     OdSharedPtr<Base> pointer(new Base(living));
@@ -90,25 +89,16 @@ TEST(OdSharedPtr, aBaseAndItsDerivedPointerShareOneCount)
     EXPECT_EQ(again.refCount(), 1);
 }
 
-TEST(OdSharedPtr, ownersMayComeAndGoOnManyThreads)
+TEST(OdSharedPtr, ownersAreCountedByManyThreads)
 {
     int living = 0;
     OdSharedPtr<Base> pointer(new Base(living));
-    std::vector<std::thread> threads;
-    threads.reserve(4);
-    for (int i = 0; i < 4; ++i)
-        threads.emplace_back(
-            [pointer]
-            {
-                for (int k = 0; k < 1000; ++k)
-                {
-                    OdSharedPtr<Base> copy = pointer;
-                    copy = nullptr;
-                }
-            });
-    for (std::thread& thread : threads)
-        thread.join();
-    threads.clear();
+    onManyThreads(
+        [pointer]
+        {
+            OdSharedPtr<Base> copy = pointer;
+            copy = nullptr;
+        });
     EXPECT_EQ(pointer.refCount(), 1);
     EXPECT_EQ(living, 1);
 }

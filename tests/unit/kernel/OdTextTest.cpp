@@ -5,28 +5,28 @@
 #include <limits>
 #include <sstream>
 
-TEST(OdText, foldsAsciiLettersOnly)
+TEST(OdText, foldsOnlyAsciiLetters)
 {
     EXPECT_TRUE(odEqualNoCase(OD_T("Plotter.PC3"), OD_T("pLOTTER.pc3")));
     EXPECT_FALSE(odEqualNoCase(OD_T("\u00C4"), OD_T("\u00E4")));
     EXPECT_FALSE(odEqualNoCase(OD_T("["), OD_T("{")));
 }
 
-TEST(OdText, aShortTextHasNoLongEnding)
+TEST(OdText, endingsAreComparedWithoutCase)
 {
     EXPECT_FALSE(odEndsWithNoCase(OD_T("pc3"), OD_T(".pc3")));
     EXPECT_TRUE(odEndsWithNoCase(OD_T(".PC3"), OD_T(".pc3")));
     EXPECT_FALSE(odStartsWithNoCase(OD_T("Use"), OD_T("user")));
 }
 
-TEST(OdText, aSlotWithoutTerminatorIsReadToItsEnd)
+TEST(OdText, anUnterminatedFieldIsReadToItsEnd)
 {
     const OdChar slot[4] = {'a', 'b', 'c', 'd'};
     EXPECT_EQ(odBoundedView(slot, 4).size(), 4U);
     EXPECT_EQ(odBoundedView(slot, 0).size(), 0U);
 }
 
-TEST(OdText, utf8RoundTripsAndReplacesWhatIsInvalid)
+TEST(OdText, utf8RoundTripsAndReplacesInvalidText)
 {
     const std::string text = "A\xC3\xA4\xE2\x82\xAC\xF0\x9F\x96\xA8";
     EXPECT_EQ(odToUtf8(odFromUtf8(text)), text);
@@ -41,7 +41,7 @@ TEST(OdText, utf8RoundTripsAndReplacesWhatIsInvalid)
         EXPECT_EQ(odFromUtf8(bad)[0], 0xFFFD) << bad;
 }
 
-TEST(OdString, partsAreCutToTheText)
+TEST(OdString, partsAreClampedToTheText)
 {
     const OdString text(OD_T("600x600_None"));
     EXPECT_EQ(text.mid(text.reverseFind('_')), OD_T("_None"));
@@ -58,7 +58,7 @@ TEST(OdString, partsAreCutToTheText)
     EXPECT_EQ(text.getAt(11), OdChar('e'));
 }
 
-TEST(OdString, comparesByUnitsOrWithoutRegardToCase)
+TEST(OdString, comparesByCodeUnitOrWithoutCase)
 {
     const OdString text(OD_T("A3"));
     EXPECT_LT(text.compare(OD_T("a3")), 0);
@@ -69,8 +69,8 @@ TEST(OdString, comparesByUnitsOrWithoutRegardToCase)
     EXPECT_GT(text.iCompare(OD_T("a2")), 0);
 }
 
-// A failed test shows its texts this way.
-TEST(OdString, isShownQuotedAndAsUtf8)
+// For the output of failed tests.
+TEST(OdString, isPrintedQuotedAsUtf8)
 {
     std::ostringstream out;
     out << OdString(OD_T("A\u00E4"));
