@@ -12,7 +12,7 @@ namespace campaign
 {
 namespace
 {
-// A pattern that no driver has by chance: every byte differs from its neighbours and none is 0.
+// A pattern that no driver produces by chance: every byte differs from its neighbours and none is 0.
 std::string pattern(std::size_t bytes)
 {
     std::string text;
@@ -66,7 +66,7 @@ private:
     OdSharedPtr<GmPlotCfg3> m_made;
     OdSharedPtr<GmPlotCfg3> m_read;
     std::vector<BYTE> m_defaults;
-    bool m_exchanged = false; // width and length, by a rule of the takeover
+    bool m_exchanged = false; // width and length, by a rule of the import
 };
 
 void QueueCheck::run()
@@ -112,7 +112,7 @@ bool QueueCheck::writeAndRead()
     m_read = GmPlotCfg3::read(m_path, modified);
     if (!m_transcript.require("read", m_read && !modified, m_read ? "bound to another printer" : "not read", {}))
         return false;
-    // Nothing is lost and nothing added: what was read is written as the same file.
+    // Writing the configuration again gives the same file.
     const bool same = m_read->write(m_copy) && !contentOf(m_path).empty() && contentOf(m_path) == contentOf(m_copy);
     if (m_transcript.require("read", same, "written again it is another file", {}))
         m_transcript.held("read");
@@ -140,7 +140,7 @@ bool QueueCheck::devMode()
     return true;
 }
 
-// What the driver is told it must answer; of what is not flagged it answers what it likes.
+// The driver must return the flagged fields unchanged; the others are up to the driver.
 std::string differenceOf(const DevModeView& given, const DevModeView& answered)
 {
     const Json before = fieldsOf(given);
@@ -184,12 +184,13 @@ void QueueCheck::orientations()
     }
 }
 
-// Width and length must be those of the device in its new orientation. But unknown bounds are taken from the device,
-// which is turned already, and then turned with the orientation; what is known afterwards stays like that.
+// Width and length must be those of the device in its new orientation. But unknown bounds are read from the device,
+// which is already turned, and are then turned with the orientation (quirk 14); afterwards they are known and stay like
+// that.
 void QueueCheck::turned(const Merged& answer, bool lackedMargin)
 {
     if (lacksMargin(*m_read))
-        m_exchanged = false; // they were computed anew by the second takeover, which turned nothing
+        m_exchanged = false; // the second import computed them again and turned nothing
     else if (lackedMargin)
         m_exchanged = true;
 

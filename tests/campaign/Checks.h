@@ -4,26 +4,26 @@
 #include "campaign/Driver.h"
 #include "campaign/Transcript.h"
 
-// The steps of the campaign for one queue. Names of steps and checks are those of the table that is made of them.
+// The steps of the campaign for one queue. The names of steps and checks appear in the table of results.
 namespace campaign
 {
-// Everything there is to find out about a queue. folder gets the configurations that are written.
+// Runs all checks of a queue. Configurations are written to folder.
 void checkQueue(const OdString& printer, const OdString& folder, Transcript& transcript);
 
-// Takes a driver's answer back, twice, as a part of the check of that name, and checks that the second time changes
-// nothing. False when a takeover failed.
+// Imports the result of a driver twice, as part of the named check, and checks that the second import changes nothing.
+// False if an import failed.
 bool takeBack(GmPlotCfg3& configuration, const Merged& answer, const Driver& driver, const char* check,
               Transcript& transcript);
 
-// Chooses every paper by its name, one after the other, and takes each answer back into the configuration.
+// Selects every paper by name and imports the result of the driver into the configuration.
 void checkPapers(GmPlotCfg3& configuration, const Driver& driver, Transcript& transcript);
 
-// Whether a configuration's bounds count as unknown: without a margin at the left or at the bottom they do.
+// Whether the bounds of a configuration count as unknown because the left or the bottom margin is 0.
 bool lacksMargin(const GmPlotCfg3& configuration);
 
-// Lengths in millimetres that are the same but for rounding to dots, of which the coarsest devices have 72 to an inch.
+// Compares lengths in millimetres with a tolerance for rounding to dots, at 72 dpi or more.
 bool sameLength(double one, double other);
 
-// The bytes of a configuration's device mode.
+// The bytes of the device mode of a configuration.
 std::vector<BYTE> blockOf(const GmPlotCfg3& configuration);
 } // namespace campaign

@@ -71,7 +71,7 @@ std::vector<ListedPaper> Driver::papers() const
     std::vector<ListedPaper> papers;
     for (const plothost::DriverPaper& paper : plothost::driverPapers(m_name))
         papers.push_back({paper.name, paper.code, 0, 0});
-    // Papers without a name are not in our list, so only lists of one length belong together.
+    // Our list lacks papers without a name, so only lists of equal length match.
     if (::DeviceCapabilitiesW(m_name.c_str(), nullptr, DC_PAPERSIZE, nullptr, nullptr) !=
         static_cast<int>(papers.size()))
         return papers;

@@ -9,10 +9,10 @@
 
 namespace campaign
 {
-// The public fields of a block that a driver may answer, as far as they are flagged.
+// The flagged public fields of a block.
 Json fieldsOf(const DevModeView& block);
 
-// What a driver made of a device mode, with the call.
+// The result of a merge, with the call.
 struct Merged
 {
     LONG result = -1;
@@ -22,7 +22,7 @@ struct Merged
     bool isBlock() const { return result == IDOK && block.view().isValid(); }
 };
 
-// A paper of the driver's list. Its size is in millimetres; 0 when the driver's lists do not fit each other.
+// A paper in the list of the driver. Its size is in millimetres; 0 if the lists of the driver differ in length.
 struct ListedPaper
 {
     OdString name;
@@ -31,8 +31,7 @@ struct ListedPaper
     double length = 0;
 };
 
-// What a device context says about the paper, in millimetres: its size, and what cannot be printed on at the left and
-// at the bottom.
+// The paper of a device context in millimetres: its size, and the unprintable margins at the left and at the bottom.
 struct Sheet
 {
     double width = 0;
@@ -41,7 +40,7 @@ struct Sheet
     double bottom = 0;
 };
 
-// The system's side of one queue, asked without the module.
+// The spooler and driver of one queue, without the module.
 class Driver
 {
 public:
@@ -50,17 +49,17 @@ public:
     bool isOpen() const { return static_cast<bool>(m_printer); }
     const OdString& printerName() const { return m_name; }
 
-    // In the driver's order.
+    // In the order of the driver.
     std::vector<ListedPaper> papers() const;
     DevModeBlock defaults() const;
 
-    // DocumentPropertiesW, in and out. It leaves what was merged as the driver's default for the rest of the process.
+    // DocumentPropertiesW, in and out. The merged block stays the default of the driver for the rest of the process.
     Merged merge(std::span<const BYTE> bytes) const;
 
-    // What the device would print on in this mode; all 0 when it does not say.
+    // The paper of the device in this mode; all 0 if it is unknown.
     Sheet sheet(const DevModeView& mode) const;
 
-    // Every call that a new configuration rests on, in its order, with what it answered.
+    // All calls that creating a configuration makes, in order, with their results.
     std::vector<Call> interview() const;
 
 private:

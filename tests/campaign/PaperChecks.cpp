@@ -7,7 +7,7 @@ namespace campaign
 {
 namespace
 {
-constexpr int firstOwnCode = 256; // codes below mean the same on every printer
+constexpr int firstOwnCode = 256; // lower codes mean the same on every printer
 constexpr int longestFormName = 31;
 
 const ListedPaper* firstNamed(const std::vector<ListedPaper>& papers, const OdString& name)
@@ -22,8 +22,8 @@ const ListedPaper* firstCoded(const std::vector<ListedPaper>& papers, WORD code)
     return found == papers.end() ? nullptr : &*found;
 }
 
-// The name a paper must come back under, and the rule when that is not the name it was chosen by. A code of the
-// system's own decides alone; one of the driver's is told by the form name, as far as that can hold the name.
+// The name that a paper must have after the import, and the rule if that differs from the selected name. A code of the
+// system decides alone; a code of the driver is identified by the form name, unless the name is too long for it.
 struct ExpectedName
 {
     OdString name;
@@ -46,7 +46,7 @@ std::string wordsFor(const ListedPaper& paper)
     return "'" + odToUtf8(paper.name) + "' (" + std::to_string(paper.code) + ")";
 }
 
-void tellOfList(const std::vector<ListedPaper>& papers, Transcript& transcript)
+void reportList(const std::vector<ListedPaper>& papers, Transcript& transcript)
 {
     transcript.fact("papers", papers.size());
     transcript.fact("own papers",
@@ -67,7 +67,7 @@ std::string wordsFor(double width, double length)
     return std::to_string(width) + " x " + std::to_string(length) + " mm";
 }
 
-// What was taken over must be what the device context says, and that should be what the driver lists.
+// The imported size must be that of the device context, which should be the one the driver lists.
 void checkSize(const GmPlotCfg3& configuration, const ListedPaper& paper, const Merged& answer, const Driver& driver,
                Transcript& transcript)
 {
@@ -91,7 +91,7 @@ void checkSize(const GmPlotCfg3& configuration, const ListedPaper& paper, const 
     }
 }
 
-// The driver must answer the code of the paper that a configuration names.
+// The driver must return the code of the paper that a configuration names.
 bool answersCode(const Merged& answer, const ListedPaper& chosen, const ListedPaper& meant, const char* check,
                  Transcript& transcript)
 {
@@ -118,11 +118,11 @@ void checkName(const GmPlotCfg3& configuration, const ListedPaper& paper, const 
 void checkPaper(GmPlotCfg3& configuration, const ListedPaper& paper, const std::vector<ListedPaper>& papers,
                 const Driver& driver, Transcript& transcript)
 {
-    // Of two papers of one name only the first can be chosen by name.
+    // Of two papers with the same name only the first can be selected by name.
     const ListedPaper& meant = *firstNamed(papers, paper.name);
 
-    // The choice is made in copies, as if in a file and in the driver's own dialog: the configuration learns of it from
-    // the driver's answer.
+    // The selection is made in copies, as in a file and in the dialog of the driver: the configuration imports it from
+    // the result of the driver.
     GmPlotCfg3 choice(configuration);
     choice.m_media.m_size.m_name = paper.name;
     choice.m_devModeFields = 0; // as after reading a file
@@ -133,7 +133,7 @@ void checkPaper(GmPlotCfg3& configuration, const ListedPaper& paper, const std::
     const Merged answer = driver.merge(blockOf(choice));
     if (!answersCode(answer, paper, meant, "paper", transcript) ||
         !takeBack(configuration, answer, driver, "paper", transcript) ||
-        // Whatever the paper is called now, it is still the one that was chosen: here and in a file.
+        // Whatever its name is now, the configuration and its file must still mean the selected paper.
         !answersCode(driver.merge(blockOf(configuration)), paper, meant, "paper", transcript))
         return;
     GmPlotCfg3 saved(configuration);
@@ -149,7 +149,7 @@ void checkPaper(GmPlotCfg3& configuration, const ListedPaper& paper, const std::
 void checkPapers(GmPlotCfg3& configuration, const Driver& driver, Transcript& transcript)
 {
     const std::vector<ListedPaper> papers = driver.papers();
-    tellOfList(papers, transcript);
+    reportList(papers, transcript);
     if (transcript.require("papers", !papers.empty(), "no papers are listed", driver.interview()))
         transcript.held("papers");
     for (const ListedPaper& paper : papers)

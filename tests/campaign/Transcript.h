@@ -9,7 +9,7 @@ namespace campaign
 {
 using apps::Json;
 
-// A call to the spooler or a driver, as it was made: its name, what it was given and what it answered.
+// A call to the spooler or a driver: its name, arguments and results.
 struct Call
 {
     std::string name;
@@ -17,23 +17,23 @@ struct Call
     Json answered;
 };
 
-// What is found out about one queue: lines of JSON on standard output, each written at once, so that a crash leaves
-// everything before it, and the step it happened in.
+// The findings about one queue: lines of JSON on standard output, each flushed at once, so that after a crash
+// everything before it and the failing step are known.
 class Transcript
 {
 public:
-    // {"step": NAME}: what follows happens in it.
+    // {"step": NAME}: starts a step.
     void step(const char* name);
-    // {"fact": NAME, "value": ...}: something to be counted or listed, neither good nor bad.
+    // {"fact": NAME, "value": ...}: a result to be counted or listed, neither good nor bad.
     void fact(const char* name, const Json& value);
     // {"check": NAME, "held": true}
     void held(const char* check);
-    // The same with "rule": what is reported follows from a rule that hosts build on, and would be wrong without it.
+    // The same with "rule": the result would be wrong but for a rule that hosts rely on.
     void heldByRule(const char* check, const char* rule);
-    // {"check": NAME, "held": false, "why": ..., "calls": [...]}: the calls that decided, the last of them refused.
+    // {"check": NAME, "held": false, "why": ..., "calls": [...]}: the calls that led to it; the last one failed.
     void failed(const char* check, const std::string& why, const std::vector<Call>& calls);
 
-    // isHeld. Failed when it is false; what is asked in several parts is held only after the last of them.
+    // Reports a failure unless isHeld, and returns isHeld. A check with several parts calls held() after the last one.
     bool require(const char* name, bool isHeld, const std::string& why, const std::vector<Call>& calls);
 
 private:

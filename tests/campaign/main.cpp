@@ -11,8 +11,7 @@
 
 namespace
 {
-// Keeps the spooler loaded, so that the programs beside it need not read the list of queues again. It is ended from
-// outside.
+// Keeps the spooler loaded, so that the other programs need not read the list of queues again. Runs until it is killed.
 int hold()
 {
     campaign::Driver spooler((OdString()));
@@ -45,7 +44,7 @@ int run(const std::vector<OdString>& words)
     if (words.size() == 1 && words[0] == OD_T("hold"))
         return hold();
     if (words.size() == 4 && words[0] == OD_T("check"))
-        return withModule(words[1], [&](Transcript& told) { checkQueue(words[3], words[2], told); });
+        return withModule(words[1], [&](Transcript& transcript) { checkQueue(words[3], words[2], transcript); });
     std::fputs("usage: driver_check check MODULE FOLDER QUEUE\n"
                "       driver_check hold\n",
                stderr);

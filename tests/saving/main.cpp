@@ -1,12 +1,12 @@
-// save_writer: what the tests of saving kill, starve and look at. Each file it writes carries a number, and the rest of
-// its content follows from that number, so a file is whole exactly when all of it fits.
+// save_writer: writes the files with which tests interrupt, starve and check saving. The content of each file follows
+// from a number in it, so it is obvious whether a file is complete.
 //
-//   save_writer loop FOLDER N    writes files with the numbers N, N + 1, ... until it is killed; "start N NAME" and
-//                                "done N" on standard output surround each write
-//   save_writer save N FILE...   writes each file once, with that number, and tells "saved" or why not
-//   save_writer check FOLDER     tells of each configuration in the folder "NAME N", or "NAME damaged"
-//   save_writer write FILE N M   writes the file M times, with the numbers N, N + 2, ..., and tells "M, 0 refused"
-//   save_writer read FILE STOP   reads the file until a file STOP exists, and tells "M, 0 refused"
+//   save_writer loop FOLDER N    writes files with the numbers N, N + 1, ... until it is killed; prints "start N NAME"
+//                                and "done N" around each write
+//   save_writer save N FILE...   writes each file once with that number, and prints "saved" or the reason
+//   save_writer check FOLDER     prints "NAME N" or "NAME damaged" for each configuration in the folder
+//   save_writer write FILE N M   writes the file M times with the numbers N, N + 2, ..., and prints "M, 0 refused"
+//   save_writer read FILE STOP   reads the file until a file STOP exists, and prints "M, 0 refused"
 
 #include "GarmPC3Editor/GmPlotCfg3.h"
 #include "kernel/OdText.h"
@@ -30,7 +30,7 @@ OdString textOf(const std::string& utf8)
     return OdString(odFromUtf8(utf8));
 }
 
-// From some bytes up to a megabyte, so that a disk has from one to many pieces to write.
+// From a few bytes to a megabyte, so that it takes one or many write calls.
 OdString filling(unsigned number)
 {
     const std::size_t length = std::size_t{1} << (number * 8 % 21);
@@ -41,7 +41,7 @@ OdString filling(unsigned number)
     return textOf(text);
 }
 
-// Even numbers: a tree without compression, which is quick to make and long to write.
+// Even numbers: a plain tree, which is fast to create and slow to write.
 bool isTree(unsigned number)
 {
     return number % 2 == 0;
@@ -55,7 +55,7 @@ const char* saveTree(unsigned number, const OdString& path)
     return output.write(*root, path.c_str(), pia::Form::plain) ? "saved" : output.reason();
 }
 
-// Odd numbers: a configuration, as the editor saves it.
+// Odd numbers: a configuration, saved like in the editor.
 const char* saveConfiguration(unsigned number, const OdString& path)
 {
     GmPlotCfg3 configuration;
@@ -69,7 +69,7 @@ const char* save(unsigned number, const OdString& path)
     return isTree(number) ? saveTree(number, path) : saveConfiguration(number, path);
 }
 
-// The number of a whole file; 0: it is not whole.
+// The number in a complete file; 0 if the file is damaged.
 unsigned numberOf(const OdString& path)
 {
     std::int32_t number = 0;
@@ -100,10 +100,10 @@ int loop(const fs::path& folder, unsigned first)
         const std::string name = "c" + std::to_string(number % 4) + ".pc3";
         std::printf("start %u %s\n", number, name.c_str());
         std::fflush(stdout);
-        const char* answer = save(number, textOf((folder / name).string()));
-        if (answer != std::string("saved"))
+        const char* result = save(number, textOf((folder / name).string()));
+        if (result != std::string("saved"))
         {
-            std::printf("failed %u %s\n", number, answer);
+            std::printf("failed %u %s\n", number, result);
             return 1;
         }
         std::printf("done %u\n", number);
@@ -133,25 +133,26 @@ int check(const fs::path& folder)
     }
     return 0;
 }
-// What some of a number of calls answered instead of "".
+
+// Counts calls and the reasons of those that failed.
 class Refusals
 {
 public:
-    void count(const std::string& answer)
+    void count(const std::string& reason)
     {
         ++m_calls;
-        if (!answer.empty())
-            ++m_refused[answer];
+        if (!reason.empty())
+            ++m_refused[reason];
     }
 
-    int tell() const
+    int report() const
     {
         std::size_t all = 0;
-        for (const auto& [answer, times] : m_refused)
+        for (const auto& [reason, times] : m_refused)
             all += times;
         std::printf("%zu, %zu refused\n", m_calls, all);
-        for (const auto& [answer, times] : m_refused)
-            std::printf("%zu: %s\n", times, answer.c_str());
+        for (const auto& [reason, times] : m_refused)
+            std::printf("%zu: %s\n", times, reason.c_str());
         return 0;
     }
 
@@ -165,10 +166,10 @@ int writeAgain(const std::string& file, unsigned first, unsigned times)
     Refusals refusals;
     for (unsigned i = 0; i < times; ++i)
     {
-        const std::string answer = saveTree(first + 2 * i, textOf(file));
-        refusals.count(answer == "saved" ? "" : answer);
+        const std::string result = saveTree(first + 2 * i, textOf(file));
+        refusals.count(result == "saved" ? "" : result);
     }
-    return refusals.tell();
+    return refusals.report();
 }
 
 int readUntil(const std::string& file, const fs::path& stop)
@@ -187,7 +188,7 @@ int readUntil(const std::string& file, const fs::path& stop)
         else
             refusals.count("");
     }
-    return refusals.tell();
+    return refusals.report();
 }
 } // namespace
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-// Short ways to make block trees and to look at them.
+// Helpers to build and describe block trees.
 namespace blocks
 {
 using Item = OdSharedPtr<CPItem>;
@@ -49,7 +49,7 @@ inline std::vector<Item> itemsOf(const CPBlock& block)
     return items;
 }
 
-// The block with its first child of that name replaced, or left out when there is no other item.
+// A copy of the block with the first child of that name replaced, or removed if other is null.
 inline OdSharedPtr<CPBlock> with(const CPBlock& block, OdStringView name, const Item& other)
 {
     OdSharedPtr<CPBlock> changed(new CPBlock(block.name()));
@@ -82,7 +82,7 @@ inline OdSharedPtr<CPBlock> without(const CPBlock& block, OdStringView name)
     return with(block, name, nullptr);
 }
 
-// One line per item, "name=kind text" with the children of a block indented below it.
+// One line per item, "name=kind text"; the children of a block are indented below it.
 inline void describe(const CPBlock& block, const std::string& indent, std::vector<std::string>& lines)
 {
     for (const auto& item : itemsOf(block))
@@ -117,7 +117,7 @@ inline std::vector<std::string> linesOf(const CPBlock& block)
     return lines;
 }
 
-// What a node writes.
+// The lines that a node writes.
 template <class Node>
 std::vector<std::string> written(const Node& node)
 {

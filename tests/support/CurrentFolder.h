@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-// Makes a folder the current one for a scope.
+// Changes the current folder for a scope.
 class CurrentFolder
 {
 public:

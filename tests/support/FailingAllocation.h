@@ -2,8 +2,8 @@
 
 #include <cstddef>
 
-// Makes the n-th allocation (1 is the first) of this thread fail with std::bad_alloc while the object lives. Only one
-// object at a time. Covers what the test program itself is linked from, not libraries loaded beside it.
+// While the object exists, the n-th allocation of this thread (1 is the first) throws std::bad_alloc. Only one object
+// at a time. Covers code that is linked into the test program, not libraries loaded by it.
 class FailingAllocation
 {
 public:
@@ -12,15 +12,15 @@ public:
     FailingAllocation(const FailingAllocation&) = delete;
     FailingAllocation& operator=(const FailingAllocation&) = delete;
 
-    // Whether the n-th allocation was asked for, and so failed.
+    // Whether the n-th allocation was requested, and so failed.
     bool reached() const noexcept;
 };
 
-// std::malloc with the same count, for odrxSetAllocSource: what the kernel allocates then fails in its turn, too.
+// std::malloc with the same count, for odrxSetAllocSource: makes allocations of the kernel fail too.
 void* failingMalloc(std::size_t size) noexcept;
 
-// Runs work with its first allocation failing, then with its second, ... until it asks for fewer. After each run
-// check(result of work, failed) looks at what came of it, with allocations working again. Returns how many failed.
+// Runs work with its first allocation failing, then with its second, ... until it makes fewer. After each run
+// check(result, failed) examines the outcome, with allocations working again. Returns how many failed.
 template <class Work, class Check>
 unsigned failEachAllocation(Work work, Check check)
 {

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-// A test with a room of its own, which must be left as it was found: nothing open, nothing closed that was not.
+// A test with its own printer room. In the end nothing may be open, and nothing may have been closed twice.
 class PrinterRoomTest : public testing::Test
 {
 protected:
@@ -18,11 +18,11 @@ protected:
     PrinterRoom room;
 };
 
-// How a call goes wrong: it fails, or it throws.
+// PrinterRoom::failNth or throwNth.
 using Sabotage = void (PrinterRoom::*)(int n);
 
-// Spoils the first call to the room that work makes, then the second, ... until work gets by without. After each run
-// check(result, spoiled) looks at what came of it. Returns how many calls were spoiled.
+// Spoils the first call that work makes to the room, then the second, ... until work makes fewer calls. After each run
+// check(result, spoiled) examines the outcome. Returns how many calls were spoiled.
 template <class Work, class Check>
 int spoilEachCall(PrinterRoom& room, Sabotage sabotage, Work work, Check check)
 {

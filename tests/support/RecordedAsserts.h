@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-// Collects the assertions that are reported while it lives, "text | file". One at a time.
+// Records reported assertions as "text | file" while the object exists. Only one object at a time.
 class RecordedAsserts
 {
 public:

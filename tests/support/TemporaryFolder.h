@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-// A folder of the test's own, gone with everything in it at the end.
+// A new folder that is removed with its content at the end.
 class TemporaryFolder
 {
 public:
@@ -30,11 +30,11 @@ public:
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-    // The full path of something in it.
+    // The full path of a name in the folder.
     OdString at(const std::filesystem::path& name) const { return text(m_path / name); }
     OdString path() const { return text(m_path); }
 
-    // Makes a file, with the folders on the way; its full path.
+    // Creates a file and its folders, and returns its full path.
     OdString addFile(const std::filesystem::path& name, std::string_view bytes = "content") const
     {
         std::filesystem::create_directories((m_path / name).parent_path());
@@ -48,7 +48,7 @@ public:
         return at(name);
     }
 
-    // The names of what lies in it.
+    // The names in the folder.
     std::set<std::string> names() const
     {
         std::set<std::string> names;

@@ -4,21 +4,21 @@
 
 #include <vector>
 
-// What the tool does for the scenarios. Each takes its own arguments, prints what it found as lines "name: value" and
-// answers the exit status: 0, or 1 with a line on standard error.
+// The actions of the tool. Each has its own arguments, prints its results as lines "name: value" and returns the exit
+// status: 0, or 1 with a message on standard error.
 using ActionArguments = std::vector<OdString>;
 
-// PRINTER DRIVER: a second printer on an installed driver, at port FILE:.
+// PRINTER DRIVER: adds a printer with an installed driver and port FILE:.
 int addPrinter(const ActionArguments& arguments);
-// PRINTER: takes a printer away.
+// PRINTER: deletes a printer.
 int deletePrinter(const ActionArguments& arguments);
-// PRINTER FILE: gives the driver the file's bytes as a DEVMODE, in and out, and prints what came back.
+// PRINTER FILE: passes the bytes of the file to the driver as a DEVMODE, in and out, and prints the result.
 int acceptDevMode(const ActionArguments& arguments);
-// PRINTER: gives the driver a landscape device mode, in and out, then resets the drivers as the reference host does
-// between two runs of the editor, and prints the driver's default orientation at each stage.
+// PRINTER: passes a landscape device mode to the driver, in and out, then resets the drivers like the reference host
+// between two runs of the editor, and prints the default orientation at each stage.
 int resetDrivers(const ActionArguments& arguments);
-// MODULE DEVICE ROUNDS: loads the module, asks it for the device, switches the language, unloads it, that many times;
-// fails when handles or libraries of the process have grown after the first rounds.
+// MODULE DEVICE ROUNDS: repeatedly loads the module, queries the device, switches the language and unloads the module;
+// fails if the process gained handles or libraries after the first rounds.
 int repeatLoading(const ActionArguments& arguments);
-// MODULE TAG...: loads the module, switches to each language in turn and prints whose library is in the process.
+// MODULE TAG...: loads the module, switches to each language in turn and prints a text of the library in use.
 int switchLanguages(const ActionArguments& arguments);

@@ -48,7 +48,7 @@ int acceptDevMode(const ActionArguments& arguments)
         std::fprintf(stderr, "the printer cannot be opened: error %lu\n", ::GetLastError());
         return 1;
     }
-    // Drivers write more than they announce, so both blocks get room.
+    // Some drivers write more than they announce, so both blocks have spare room.
     const LONG size = ::DocumentPropertiesW(nullptr, printer, printerName, nullptr, nullptr, 0);
     const std::size_t room = 2 * std::max(bytes.size(), static_cast<std::size_t>(std::max(size, 0L))) + 8192;
     std::vector<BYTE> input(room);

@@ -20,7 +20,7 @@
 
 namespace
 {
-// The first rounds fill caches of the system: the spooler, its drivers, the fonts.
+// The first rounds fill system caches: the spooler, its drivers, the fonts.
 constexpr int warmUp = 3;
 
 struct Counts
@@ -65,7 +65,7 @@ bool unloadModule(OdRxModule* module)
     return false;
 }
 
-// Whether the command found a printer behind the device.
+// Whether the command found the printer of the device.
 bool askForDevMode(const OdString& device)
 {
     GmServicesManagerInterface& values = *getServicesManagerInterface(getGarmInterfaces().get());
@@ -94,7 +94,7 @@ bool oneRound(const OdString& file, const OdString& device)
     return unloadModule(module) && found && switched;
 }
 
-// The text of the failed save, as the module's current language library has it.
+// The text for a failed save in the current language library of the module.
 std::string textInUse()
 {
     const HMODULE library = ::GetModuleHandleW(L"GarmPC3Editor.grx");
