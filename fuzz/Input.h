@@ -45,66 +45,23 @@ public:
     // Mostly values at which something ends.
     std::int32_t integer()
     {
-        static constexpr std::int32_t telling[] = {0,
-                                                   1,
-                                                   2,
-                                                   3,
-                                                   9,
-                                                   8,
-                                                   -1,
-                                                   -4,
-                                                   75,
-                                                   76,
-                                                   77,
-                                                   100,
-                                                   155,
-                                                   156,
-                                                   188,
-                                                   212,
-                                                   219,
-                                                   220,
-                                                   221,
-                                                   255,
-                                                   256,
-                                                   257,
-                                                   300,
-                                                   32767,
-                                                   32768,
-                                                   65535,
-                                                   65536,
-                                                   600,
-                                                   228,
-                                                   32,
-                                                   std::numeric_limits<std::int32_t>::max(),
-                                                   std::numeric_limits<std::int32_t>::min(),
-                                                   std::numeric_limits<std::int32_t>::max() - 1,
-                                                   -32768};
-        return oneIn(4) ? number<std::int32_t>() : oneOf(telling);
+        static constexpr std::int32_t boundaries[] = {
+            0,     1,     2,     3,     9,     8,   -1,  -4,  75,        76,        77,
+            100,   155,   156,   188,   212,   219, 220, 221, 255,       256,       257,
+            300,   32767, 32768, 65535, 65536, 600, 228, 32,  INT32_MAX, INT32_MIN, INT32_MAX - 1,
+            -32768};
+        return oneIn(4) ? number<std::int32_t>() : oneOf(boundaries);
     }
 
     double real()
     {
-        static constexpr double telling[] = {0.0,
-                                             -0.0,
-                                             -1.0,
-                                             1.0,
-                                             4.2,
-                                             100.0,
-                                             297.0,
-                                             600.0,
-                                             0.0001,
-                                             0.00009,
-                                             3276.7,
-                                             3276.8,
-                                             1e30,
-                                             -1e300,
-                                             9223372036854775808.0,
-                                             1e-9,
-                                             32768.,
-                                             2e9,
-                                             std::numeric_limits<double>::infinity(),
-                                             std::numeric_limits<double>::quiet_NaN()};
-        return oneIn(4) ? std::bit_cast<double>(number<std::uint64_t>()) : oneOf(telling);
+        constexpr double infinity = std::numeric_limits<double>::infinity();
+        constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+        static constexpr double boundaries[] = {0.0,    -0.0,   -1.0,  1.0,      4.2,
+                                                100.0,  297.0,  600.0, 0.0001,   0.00009,
+                                                3276.7, 3276.8, 1e30,  -1e300,   9223372036854775808.0,
+                                                1e-9,   32768., 2e9,   infinity, nan};
+        return oneIn(4) ? std::bit_cast<double>(number<std::uint64_t>()) : oneOf(boundaries);
     }
 
     std::span<const std::uint8_t> bytes(std::size_t most)
