@@ -15,11 +15,12 @@ from .places import ROOT, WINDOWS_BIN, windows_path
 
 DRIVER = WINDOWS_BIN / "editordriver.exe"
 
-RESOURCES = dict(re.findall(r"#define (ID\w+) (\d+)\b", (ROOT / "resources/Resource.h").read_text(encoding="utf-8")))
+HEADERS = "".join((ROOT / "resources" / name).read_text(encoding="utf-8") for name in ("Resource.h", "HostControls.h"))
+RESOURCES = dict(re.findall(r"#define (ID\w+) (\d+)\b", HEADERS))
 
 
 def controls(*names):
-    """The numbers of controls by their names in Resource.h."""
+    """The numbers of controls by their names in these headers."""
     return [int(RESOURCES[f"IDC_{name}"]) for name in names]
 
 
@@ -31,9 +32,8 @@ AS_TEXT, AS_GRAPHICS, OVERWRITE, MERGE = controls("TRUETYPE_AS_TEXT", "TRUETYPE_
 NAME, EXTENSION_NOTE = controls("CFG_NAME", "EXTENSION_NOTE")
 PAPER, QUALITY, WIDTH, LENGTH = controls("PAPER", "QUALITY", "PAPER_WIDTH", "PAPER_LENGTH")
 LANDSCAPE, MILLIMETRES, INCHES = controls("LANDSCAPE", "MILLIMETRES", "INCHES")
-# Of the host's dialog, and of the one of Wine's drivers.
-HOST_PAPERS, HOST_PORTRAIT, HOST_LANDSCAPE = 6455, 6461, 6462
-DRIVER_LANDSCAPE = 102
+HOST_PAPERS, HOST_PORTRAIT, HOST_LANDSCAPE = controls("HOST_PAPER", "HOST_PORTRAIT", "HOST_LANDSCAPE")
+DRIVER_LANDSCAPE = 102  # of the dialog of Wine's drivers
 
 # Entries of the device tree by their type.
 ENTRIES = {"root": 1, "media": 2, "destination": 3, "source": 4, "collating": 5, "graphics": 6, "vector": 7,
