@@ -96,13 +96,15 @@ Session::Loaded Session::loadModule()
     Loaded result;
     if (isRegularFile(file))
     {
-        const OdString tag = m_request.language.value_or(OdString(defaultLanguage));
-        if (!isLanguageTag(tag))
-            notes = quoted(tag) + " is no language tag; the texts are in English";
-        else if (hasLanguageLibrary(file, tag))
-            setUiLanguage(tag);
+        const OdString wanted = m_request.language.value_or(OdString(defaultLanguage));
+        const std::optional<GmLanguageTag> tag = GmLanguageTag::from(wanted.view());
+        const bool hasTexts = tag && loadLanguageLibrary(file, *tag);
+        if (!tag)
+            result.notes = quoted(wanted) + " is no language tag; the texts are in English";
+        else if (hasTexts)
+            setUiLanguage(*tag);
         else if (m_request.language)
-            notes = "there are no texts in " + quoted(tag) + "; they are in English";
+            result.notes = "there are no texts in " + quoted(wanted) + "; they are in English";
 
         // Without texts the module would ask for a click on a message box before it refuses, and nobody may be there.
         if (!hasTexts && !loadLanguageLibrary(file, uiLanguage()))
