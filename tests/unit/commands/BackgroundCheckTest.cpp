@@ -24,31 +24,31 @@ protected:
     const HWND m_window = m_room.newWindow();
 };
 
-TEST_F(BackgroundCheckTest, TheMessageIsWmUserPlus101)
+TEST_F(BackgroundCheckTest, theMessageIsWmUserPlus101)
 {
     EXPECT_EQ(printerCheckedMessage, 1125U);
 }
 
-TEST_F(BackgroundCheckTest, FoundPrinterPostsOne)
+TEST_F(BackgroundCheckTest, foundPrinterPostsOne)
 {
     check(OD_T("Plotter A"));
     EXPECT_EQ(m_room.posted(), report(1));
 }
 
-TEST_F(BackgroundCheckTest, UnknownPrinterPostsZero)
+TEST_F(BackgroundCheckTest, unknownPrinterPostsZero)
 {
     check(OD_T("Plotter Z"));
     EXPECT_EQ(m_room.posted(), report(0));
 }
 
-TEST_F(BackgroundCheckTest, ConfigurationOfAPrinterPostsOne)
+TEST_F(BackgroundCheckTest, configurationOfAPrinterPostsOne)
 {
     putConfiguration(OD_T("a.pc3"));
     check(OD_T("a.pc3"));
     EXPECT_EQ(m_room.posted(), report(1));
 }
 
-TEST_F(BackgroundCheckTest, MissingAndDamagedConfigurationsPostZero)
+TEST_F(BackgroundCheckTest, missingAndDamagedConfigurationsPostZero)
 {
     check(OD_T("missing.pc3"));
     EXPECT_EQ(m_room.posted(), report(0));
@@ -59,7 +59,7 @@ TEST_F(BackgroundCheckTest, MissingAndDamagedConfigurationsPostZero)
     EXPECT_EQ(m_room.posted()[1].wParam, 0U);
 }
 
-TEST_F(BackgroundCheckTest, RunsOnAnotherThread)
+TEST_F(BackgroundCheckTest, runsOnAnotherThread)
 {
     std::thread::id caller;
     m_room.onCall(room::Call::openPrinter, {},
@@ -69,7 +69,7 @@ TEST_F(BackgroundCheckTest, RunsOnAnotherThread)
     EXPECT_NE(caller, std::this_thread::get_id());
 }
 
-TEST_F(BackgroundCheckTest, OwnsItsCopyOfTheName)
+TEST_F(BackgroundCheckTest, ownsItsCopyOfTheName)
 {
     {
         OdString name(OD_T("Plotter A"));
@@ -80,7 +80,7 @@ TEST_F(BackgroundCheckTest, OwnsItsCopyOfTheName)
     EXPECT_EQ(m_room.posted(), report(1));
 }
 
-TEST_F(BackgroundCheckTest, ChecksMayEndInAnyOrderAndPostOnceEach)
+TEST_F(BackgroundCheckTest, checksPostOnceEachInAnyOrder)
 {
     const HWND other = m_room.newWindow();
     startBackgroundCheck(OD_T("Plotter A"), m_window);
@@ -91,14 +91,14 @@ TEST_F(BackgroundCheckTest, ChecksMayEndInAnyOrderAndPostOnceEach)
     EXPECT_EQ(m_room.posted(), expected);
 }
 
-TEST_F(BackgroundCheckTest, WhatTheDriverThrowsPostsZeroOnce)
+TEST_F(BackgroundCheckTest, whatTheDriverThrowsPostsZeroOnce)
 {
     m_room.onCall(room::Call::openPrinter, {}, [](const room::CallRecord&) { throw std::runtime_error("driver"); });
     check(OD_T("Plotter A"));
     EXPECT_EQ(m_room.posted(), report(0));
 }
 
-TEST_F(BackgroundCheckTest, WhatADriverThrowsWhileAConfigurationIsReadPostsZeroOnce)
+TEST_F(BackgroundCheckTest, throwingDriverDuringReadPostsZeroOnce)
 {
     putConfiguration(OD_T("a.pc3"));
     m_room.onCall(room::Call::getPrinterDriver, {}, [](const room::CallRecord&) { throw 17; });
@@ -106,7 +106,7 @@ TEST_F(BackgroundCheckTest, WhatADriverThrowsWhileAConfigurationIsReadPostsZeroO
     EXPECT_EQ(m_room.posted(), report(0));
 }
 
-TEST_F(BackgroundCheckTest, AThreadThatCannotStartPostsZeroOnce)
+TEST_F(BackgroundCheckTest, aThreadThatCannotStartPostsZeroOnce)
 {
     m_module.refuseThreads();
     startBackgroundCheck(OD_T("Plotter A"), m_window);
@@ -115,7 +115,7 @@ TEST_F(BackgroundCheckTest, AThreadThatCannotStartPostsZeroOnce)
     EXPECT_EQ(m_room.posted(), report(0));
 }
 
-TEST_F(BackgroundCheckTest, MemoryThatRunsOutWhileStartingPostsZeroOnce)
+TEST_F(BackgroundCheckTest, outOfMemoryAtStartPostsZeroOnce)
 {
     // Long enough not to fit into the string object itself.
     const OdString name(OD_T("Plotter A with a name that needs memory of its own"));

@@ -82,7 +82,7 @@ protected:
     const TemporaryFolder second;
 };
 
-TEST_F(BackgroundStress, checksReportOnceAndRightlyWhileTheMainThreadWorks)
+TEST_F(BackgroundStress, checksReportOnceWhileTheMainThreadWorks)
 {
     // What is asked for, each by a window of its own, and what the answer is whatever happens meanwhile.
     const std::array<std::pair<const OdChar*, bool>, 6> devices = {{{OD_T("Plotter A"), true},
@@ -147,7 +147,7 @@ private:
     int m_count = 0;
 };
 
-TEST_F(BackgroundStress, checksWhosePrinterAndWindowAreGoneEndAllTheSame)
+TEST_F(BackgroundStress, checksEndWithoutPrinterAndWindow)
 {
     constexpr int checks = 40;
     const HWND closed = room.newWindow();

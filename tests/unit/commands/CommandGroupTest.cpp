@@ -48,7 +48,7 @@ int codeOf(OdEdCommand& command, bool off)
     return eOk;
 }
 
-TEST_F(CommandGroupTest, RegistersBothCommandsAndSays5100)
+TEST_F(CommandGroupTest, registersBothCommandsAndSays5100)
 {
     EXPECT_EQ(registerCommands(), 5100);
     const std::vector<OdEdCommandPtr> commands = odedRegCmds()->commands();
@@ -65,7 +65,7 @@ TEST_F(CommandGroupTest, RegistersBothCommandsAndSays5100)
     }
 }
 
-TEST_F(CommandGroupTest, TheEditCommandKnowsTheLanguageLibraryOfItsRegistration)
+TEST_F(CommandGroupTest, editCommandKnowsLanguageLibraryOfItsRegistration)
 {
     const HINSTANCE library = m_room.newLibrary();
     m_module.setResourceInstance(library);
@@ -74,14 +74,14 @@ TEST_F(CommandGroupTest, TheEditCommandKnowsTheLanguageLibraryOfItsRegistration)
     EXPECT_EQ(dynamic_cast<PC3EditCommand&>(*find(OD_T("_PC3EDIT"))).resourceInstance(), library);
 }
 
-TEST_F(CommandGroupTest, TheStackHoldsTheOnlyReferences)
+TEST_F(CommandGroupTest, theStackHoldsTheOnlyReferences)
 {
     registerCommands();
     for (const OdChar* name : {OD_T("_PC3EDIT"), OD_T("_PC3GETDEVMODE")})
         EXPECT_EQ(find(name)->refCount(), 2) << "the stack's and the one that asks";
 }
 
-TEST_F(CommandGroupTest, UndefineThrowsCode3ForOnAndOff)
+TEST_F(CommandGroupTest, undefineThrowsCode3ForOnAndOff)
 {
     registerCommands();
     for (const OdChar* name : {OD_T("_PC3EDIT"), OD_T("_PC3GETDEVMODE")})
@@ -92,7 +92,7 @@ TEST_F(CommandGroupTest, UndefineThrowsCode3ForOnAndOff)
         }
 }
 
-TEST_F(CommandGroupTest, RemovalTakesTheWholeGroupAndNothingElse)
+TEST_F(CommandGroupTest, removalTakesTheWholeGroupAndNothingElse)
 {
     class Other : public PC3EditorCommand
     {
@@ -115,7 +115,7 @@ TEST_F(CommandGroupTest, RemovalTakesTheWholeGroupAndNothingElse)
     odedRegCmds()->removeGroup(OD_T("SOMEBODY_ELSE"));
 }
 
-TEST_F(CommandGroupTest, RemovalWithoutCommandsIsFine)
+TEST_F(CommandGroupTest, removalWithoutCommandsIsFine)
 {
     EXPECT_EQ(unregisterCommands(), 5100);
     registerCommands();
@@ -123,7 +123,7 @@ TEST_F(CommandGroupTest, RemovalWithoutCommandsIsFine)
     EXPECT_EQ(unregisterCommands(), 5100);
 }
 
-TEST_F(CommandGroupTest, RegisteringTwiceKeepsTheFirst)
+TEST_F(CommandGroupTest, registeringTwiceKeepsTheFirst)
 {
     registerCommands();
     const OdEdCommandPtr first = find(OD_T("_PC3EDIT"));
@@ -141,7 +141,7 @@ void* limitedSource(std::size_t size)
     return allocationsLeft-- > 0 ? std::malloc(size) : nullptr;
 }
 
-TEST_F(CommandGroupTest, WithoutMemoryForTheFirstCommandNothingIsRegistered)
+TEST_F(CommandGroupTest, withoutMemoryForFirstCommandNothingIsRegistered)
 {
     odedRegCmds();
     allocationsLeft = 0;
@@ -150,7 +150,7 @@ TEST_F(CommandGroupTest, WithoutMemoryForTheFirstCommandNothingIsRegistered)
     EXPECT_TRUE(odedRegCmds()->commands().empty());
 }
 
-TEST_F(CommandGroupTest, WithoutMemoryForTheSecondCommandTheFirstStays)
+TEST_F(CommandGroupTest, withoutMemoryForSecondCommandFirstStays)
 {
     odedRegCmds();
     allocationsLeft = 1;
@@ -160,7 +160,7 @@ TEST_F(CommandGroupTest, WithoutMemoryForTheSecondCommandTheFirstStays)
     EXPECT_FALSE(find(OD_T("_PC3GETDEVMODE")));
 }
 
-TEST_F(CommandGroupTest, ACommandWithoutMemoryThrowsBadAllocation)
+TEST_F(CommandGroupTest, aCommandWithoutMemoryThrowsBadAllocation)
 {
     allocationsLeft = 0;
     odrxSetAllocSource(&limitedSource);
@@ -177,7 +177,7 @@ TEST_F(CommandGroupTest, ACommandWithoutMemoryThrowsBadAllocation)
 
 // -- Names -----------------------------------------------------------------------------------------------------------
 
-TEST_F(CommandGroupTest, WithoutLanguageLibraryTheNamesAreTheFallbacks)
+TEST_F(CommandGroupTest, withoutLanguageLibraryTheNamesAreTheFallbacks)
 {
     EXPECT_EQ(OdRxObjectImpl<PC3EditCommand>::createObject()->localName(), OD_T("PC3EDIT"));
     EXPECT_EQ(OdRxObjectImpl<PC3GetDevModeCommand>::createObject()->localName(), OD_T("PC3GETDEVMODE"));
@@ -208,7 +208,7 @@ int codeThrownBy(Work work)
     return eOk;
 }
 
-TEST_F(CommandGroupTest, AnEmptyNameThrowsCode3AndKeepsTheOneBefore)
+TEST_F(CommandGroupTest, emptyNameThrowsAndKeepsTheOldOne)
 {
     const OdSmartPtr<OpenCommand> command = OdRxObjectImpl<OpenCommand>::createObject();
     command->setGlobalName(OD_T("_GLOBAL"));
@@ -239,7 +239,7 @@ public:
     }
 };
 
-TEST_F(CommandGroupTest, FieldsStandInOrderAndAreCleared)
+TEST_F(CommandGroupTest, fieldsStandInOrderAndAreCleared)
 {
     // Memory that is full of something else.
     odrxSetAllocSource(

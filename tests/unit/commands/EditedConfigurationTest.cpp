@@ -30,7 +30,7 @@ protected:
     }
 };
 
-TEST_F(EditedConfigurationTest, FileIsFoundAndKeepsItsFullPath)
+TEST_F(EditedConfigurationTest, fileIsFoundAndKeepsItsFullPath)
 {
     const OdString path = putConfiguration(OD_T("a.pc3"));
     const EditedConfiguration edited = openForEditing(OD_T("a.pc3"), {});
@@ -39,13 +39,13 @@ TEST_F(EditedConfigurationTest, FileIsFoundAndKeepsItsFullPath)
     EXPECT_EQ(edited.cfg->m_media.m_size.m_name, OD_T("A3"));
 }
 
-TEST_F(EditedConfigurationTest, NameWithoutEndingGoesToTheSearchAsItIs)
+TEST_F(EditedConfigurationTest, nameWithoutExtensionIsSearchedUnchanged)
 {
     const OdString path = putConfiguration(OD_T("a.pc3"));
     EXPECT_EQ(openForEditing(OD_T("a"), {}).path, path);
 }
 
-TEST_F(EditedConfigurationTest, PaperAskedForBecomesThePaperOfAFile)
+TEST_F(EditedConfigurationTest, paperAskedForBecomesPaperOfFile)
 {
     putConfiguration(OD_T("a.pc3"));
     const EditedConfiguration edited = openForEditing(OD_T("a.pc3"), OD_T("Any text at all"));
@@ -53,7 +53,7 @@ TEST_F(EditedConfigurationTest, PaperAskedForBecomesThePaperOfAFile)
     EXPECT_EQ(edited.cfg->m_media.m_size.m_name, OD_T("Any text at all"));
 }
 
-TEST_F(EditedConfigurationTest, MissingDamagedOrUnboundFileGivesNothing)
+TEST_F(EditedConfigurationTest, missingDamagedOrUnboundFileGivesNothing)
 {
     putDamagedFile(OD_T("bad.pc3"));
     putConfiguration(OD_T("gone.pc3"), [](GmPlotCfg3& cfg) { cfg.m_meta.m_win_driver_name = OD_T("Gone"); });
@@ -61,7 +61,7 @@ TEST_F(EditedConfigurationTest, MissingDamagedOrUnboundFileGivesNothing)
         expectNothing(openForEditing(name, {}));
 }
 
-TEST_F(EditedConfigurationTest, PrinterGetsANewConfigurationWithoutFile)
+TEST_F(EditedConfigurationTest, printerGetsANewConfigurationWithoutFile)
 {
     const EditedConfiguration edited = createForEditing(OD_T("Plotter A"));
     ASSERT_TRUE(edited.cfg);
@@ -69,7 +69,7 @@ TEST_F(EditedConfigurationTest, PrinterGetsANewConfigurationWithoutFile)
     EXPECT_EQ(edited.cfg->m_meta.m_win_device_name, OD_T("Plotter A"));
 }
 
-TEST_F(EditedConfigurationTest, SettingsPassOnceThroughTheDriverWithoutAPrompt)
+TEST_F(EditedConfigurationTest, settingsPassOnceThroughDriverWithoutPrompt)
 {
     const EditedConfiguration edited = createForEditing(OD_T("Plotter A"));
     ASSERT_TRUE(edited.cfg);
@@ -81,7 +81,7 @@ TEST_F(EditedConfigurationTest, SettingsPassOnceThroughTheDriverWithoutAPrompt)
     EXPECT_EQ(passed[0].devMode.size(), 228U);
 }
 
-TEST_F(EditedConfigurationTest, WhatTheDriverMadeOfTheSettingsIsTakenOver)
+TEST_F(EditedConfigurationTest, whatDriverMadeOfSettingsIsTakenOver)
 {
     room::Printer printer;
     printer.name = OD_T("Corrector");
@@ -101,13 +101,13 @@ TEST_F(EditedConfigurationTest, WhatTheDriverMadeOfTheSettingsIsTakenOver)
     EXPECT_EQ(edited.cfg->m_media.m_number_of_copies, 7);
 }
 
-TEST_F(EditedConfigurationTest, PrinterThatCannotBeOpenedGivesNothing)
+TEST_F(EditedConfigurationTest, printerThatCannotBeOpenedGivesNothing)
 {
     expectNothing(createForEditing(OD_T("Plotter Z")));
     expectNothing(createForEditing({}));
 }
 
-TEST_F(EditedConfigurationTest, PrinterThatGoesAtAnyTimeAfterCreationGivesNothing)
+TEST_F(EditedConfigurationTest, printerRemovedAfterCreationGivesNothing)
 {
     const auto opensOf = [this](const std::function<void()>& work)
     {
@@ -142,7 +142,7 @@ TEST_F(EditedConfigurationTest, PrinterThatGoesAtAnyTimeAfterCreationGivesNothin
     }
 }
 
-TEST_F(EditedConfigurationTest, EveryCallOfTheSpoolerMayFail)
+TEST_F(EditedConfigurationTest, everyCallOfTheSpoolerMayFail)
 {
     const int failures = failEachCall(
         m_room, [] { return createForEditing(OD_T("Plotter A")); },
@@ -156,7 +156,7 @@ TEST_F(EditedConfigurationTest, EveryCallOfTheSpoolerMayFail)
     EXPECT_GT(failures, 5);
 }
 
-TEST_F(EditedConfigurationTest, AnythingButOkOfTheDriverGivesNothing)
+TEST_F(EditedConfigurationTest, anythingButOkOfTheDriverGivesNothing)
 {
     for (const LONG answer : {0, 2, -1})
     {
@@ -172,7 +172,7 @@ TEST_F(EditedConfigurationTest, AnythingButOkOfTheDriverGivesNothing)
     }
 }
 
-TEST_F(EditedConfigurationTest, ADeviceModeThatNoLongerFitsGivesNothing)
+TEST_F(EditedConfigurationTest, deviceModeThatNoLongerFitsGivesNothing)
 {
     room::Printer printer;
     printer.name = OD_T("Changer");
@@ -190,7 +190,7 @@ TEST_F(EditedConfigurationTest, ADeviceModeThatNoLongerFitsGivesNothing)
     expectNothing(createForEditing(OD_T("Changer")));
 }
 
-TEST_F(EditedConfigurationTest, WhatADriverThrowsGivesNothing)
+TEST_F(EditedConfigurationTest, whatADriverThrowsGivesNothing)
 {
     m_room.onCall(room::Call::documentProperties, {},
                   [](const room::CallRecord& record)

@@ -61,7 +61,7 @@ protected:
     OdString m_proposal = OD_T("nothing was proposed");
 };
 
-TEST_F(EditorRunTest, TheSheetGetsTheConfigurationAndItsPath)
+TEST_F(EditorRunTest, theSheetGetsTheConfigurationAndItsPath)
 {
     EditorOutcome given;
     m_editor.onSheet = [&given](EditorOutcome& outcome) { given = outcome; };
@@ -71,7 +71,7 @@ TEST_F(EditorRunTest, TheSheetGetsTheConfigurationAndItsPath)
     EXPECT_EQ(given.path, OD_T("C:\\plot\\in.pc3"));
 }
 
-TEST_F(EditorRunTest, WithoutOkTheFileTitleComesBackWhateverChanged)
+TEST_F(EditorRunTest, withoutOkFileTitleComesBackWhateverChanged)
 {
     m_editor.onSheet = [](EditorOutcome& outcome)
     {
@@ -85,7 +85,7 @@ TEST_F(EditorRunTest, WithoutOkTheFileTitleComesBackWhateverChanged)
     EXPECT_TRUE(savedFiles().empty());
 }
 
-TEST_F(EditorRunTest, OkWithoutChangesSavesNothing)
+TEST_F(EditorRunTest, okWithoutChangesSavesNothing)
 {
     m_editor.onSheet = [](EditorOutcome& outcome) { outcome.confirmed = true; };
     EXPECT_FALSE(edit());
@@ -93,14 +93,14 @@ TEST_F(EditorRunTest, OkWithoutChangesSavesNothing)
     EXPECT_EQ(m_editor.names, 0);
 }
 
-TEST_F(EditorRunTest, ANewConfigurationIsNamedByItsPrinterWhenNothingIsSaved)
+TEST_F(EditorRunTest, unsavedNewConfigurationIsNamedByItsPrinter)
 {
     m_path.empty();
     EXPECT_FALSE(edit());
     EXPECT_EQ(m_path, OD_T("\\\\srv\\p|x/y"));
 }
 
-TEST_F(EditorRunTest, EachFlagAloneIsEnoughToSave)
+TEST_F(EditorRunTest, eachFlagAloneIsEnoughToSave)
 {
     for (const bool modified : {true, false})
     {
@@ -116,7 +116,7 @@ TEST_F(EditorRunTest, EachFlagAloneIsEnoughToSave)
     }
 }
 
-TEST_F(EditorRunTest, TheSheetsPathIsProposed)
+TEST_F(EditorRunTest, theSheetsPathIsProposed)
 {
     changeAndSaveAs(OD_T("a"));
     m_editor.onSheet = [](EditorOutcome& outcome)
@@ -131,7 +131,7 @@ TEST_F(EditorRunTest, TheSheetsPathIsProposed)
     EXPECT_EQ(savedFiles(), std::set<std::string>{"a.pc3"});
 }
 
-TEST_F(EditorRunTest, APrintersNameIsProposedInTheFirstFolderWithUnderscores)
+TEST_F(EditorRunTest, printerNameIsProposedWithUnderscores)
 {
     struct Case
     {
@@ -156,7 +156,7 @@ TEST_F(EditorRunTest, APrintersNameIsProposedInTheFirstFolderWithUnderscores)
     }
 }
 
-TEST_F(EditorRunTest, WithoutPathAndPrinterNothingIsProposed)
+TEST_F(EditorRunTest, withoutPathAndPrinterNothingIsProposed)
 {
     m_cfg->m_meta.m_win_device_name.empty();
     m_path.empty();
@@ -166,7 +166,7 @@ TEST_F(EditorRunTest, WithoutPathAndPrinterNothingIsProposed)
     EXPECT_EQ(m_path, OD_T("a.pc3"));
 }
 
-TEST_F(EditorRunTest, ARefusedNameLeavesThePath)
+TEST_F(EditorRunTest, aRefusedNameLeavesThePath)
 {
     changeAndSaveAs(OD_T("a"));
     m_editor.onName = {};
@@ -177,7 +177,7 @@ TEST_F(EditorRunTest, ARefusedNameLeavesThePath)
     EXPECT_TRUE(m_room.shownMessages().empty());
 }
 
-TEST_F(EditorRunTest, TheExtensionIsPutOnWhateverTheNameEndsIn)
+TEST_F(EditorRunTest, extensionIsPutOnWhateverNameEndsIn)
 {
     changeAndSaveAs(OD_T("x.pc3"));
     EXPECT_TRUE(edit());
@@ -185,7 +185,7 @@ TEST_F(EditorRunTest, TheExtensionIsPutOnWhateverTheNameEndsIn)
     EXPECT_EQ(savedFiles(), std::set<std::string>{"x.pc3.pc3"});
 }
 
-TEST_F(EditorRunTest, ASaveInsideTheSheetIsNotAskedFor)
+TEST_F(EditorRunTest, saveInsideSheetIsNotAskedFor)
 {
     // What was written by Save As is written once more under the name that is confirmed.
     changeAndSaveAs(OD_T("again"));
@@ -201,7 +201,7 @@ TEST_F(EditorRunTest, ASaveInsideTheSheetIsNotAskedFor)
     EXPECT_EQ(savedFiles(), (std::set<std::string>{"again.pc3", "first.pc3"}));
 }
 
-TEST_F(EditorRunTest, AnExchangedConfigurationIsWrittenAndKept)
+TEST_F(EditorRunTest, anExchangedConfigurationIsWrittenAndKept)
 {
     putConfiguration(OD_T("other.pc3"),
                      [](GmPlotCfg3& cfg) { cfg.m_meta.m_config_description = OD_T("of the other printer"); });
@@ -220,7 +220,7 @@ TEST_F(EditorRunTest, AnExchangedConfigurationIsWrittenAndKept)
     EXPECT_EQ(descriptionOf("new.pc3"), OD_T("of the other printer"));
 }
 
-TEST_F(EditorRunTest, AnExchangedConfigurationIsKeptAfterCancelToo)
+TEST_F(EditorRunTest, anExchangedConfigurationIsKeptAfterCancelToo)
 {
     const OdSharedPtr<GmPlotCfg3> other(new GmPlotCfg3);
     m_editor.onSheet = [&other](EditorOutcome& outcome) { outcome.cfg = other; };
@@ -228,7 +228,7 @@ TEST_F(EditorRunTest, AnExchangedConfigurationIsKeptAfterCancelToo)
     EXPECT_EQ(m_cfg, other);
 }
 
-TEST_F(EditorRunTest, WithoutAConfigurationNothingIsWritten)
+TEST_F(EditorRunTest, withoutAConfigurationNothingIsWritten)
 {
     const OdSharedPtr<GmPlotCfg3> before = m_cfg;
     changeAndSaveAs(OD_T("a"));
@@ -247,7 +247,7 @@ TEST_F(EditorRunTest, WithoutAConfigurationNothingIsWritten)
     EXPECT_TRUE(savedFiles().empty());
 }
 
-TEST_F(EditorRunTest, AFailedSaveIsToldWithoutOwnerAndWithAnEmptyCaption)
+TEST_F(EditorRunTest, failedSaveMessageHasNeitherOwnerNorCaption)
 {
     m_folder.addFile(inPlots("taken.pc3/file"));
     changeAndSaveAs(OD_T("taken"));
@@ -270,7 +270,7 @@ TEST_F(EditorRunTest, AFailedSaveIsToldWithoutOwnerAndWithAnEmptyCaption)
     EXPECT_EQ(shown[0].type, 0x30U);
 }
 
-TEST_F(EditorRunTest, AFailedSaveIsToldEvenWhenTheLibraryHasNoWordsForIt)
+TEST_F(EditorRunTest, failedSaveIsReportedWithoutAText)
 {
     m_module.setResourceInstance(m_room.newLibrary());
     m_folder.addFile(inPlots("taken.pc3/file"));
@@ -280,7 +280,7 @@ TEST_F(EditorRunTest, AFailedSaveIsToldEvenWhenTheLibraryHasNoWordsForIt)
     EXPECT_TRUE(m_room.shownMessages()[0].text.empty());
 }
 
-TEST_F(EditorRunTest, AFailedSaveIsToldWithAsMuchOfALongTextAsThereIsRoomFor)
+TEST_F(EditorRunTest, failedSaveMessageIsCutToItsBuffer)
 {
     m_room.putString(m_library, 201, room::Text(600, 'x'));
     m_folder.addFile(inPlots("taken.pc3/file"));
@@ -290,7 +290,7 @@ TEST_F(EditorRunTest, AFailedSaveIsToldWithAsMuchOfALongTextAsThereIsRoomFor)
     EXPECT_EQ(m_room.shownMessages()[0].text, room::Text(511, 'x')) << "512 with its end";
 }
 
-TEST_F(EditorRunTest, WithoutMemoryForTheNameNothingIsSavedAndTheUserIsTold)
+TEST_F(EditorRunTest, outOfMemoryForTheNameIsReported)
 {
     changeAndSaveAs(OD_T("a"));
     m_editor.onName = [](const OdString&) -> std::optional<OdString> { throw std::bad_alloc(); };
@@ -300,7 +300,7 @@ TEST_F(EditorRunTest, WithoutMemoryForTheNameNothingIsSavedAndTheUserIsTold)
     EXPECT_TRUE(savedFiles().empty());
 }
 
-TEST_F(EditorRunTest, WithoutAConfigurationAndAPathNoNameIsProposed)
+TEST_F(EditorRunTest, withoutConfigurationAndPathNoNameIsProposed)
 {
     changeAndSaveAs(OD_T("a"));
     m_editor.onSheet = [](EditorOutcome& outcome)
@@ -316,7 +316,7 @@ TEST_F(EditorRunTest, WithoutAConfigurationAndAPathNoNameIsProposed)
     EXPECT_EQ(RecordedAsserts::reports().size(), 1U);
 }
 
-TEST_F(EditorRunTest, WithoutASearchPathTheFileWouldStandAtTheRoot)
+TEST_F(EditorRunTest, withoutSearchPathFileWouldStandAtRoot)
 {
     // The search path is read after the sheet, so the host may have changed it meanwhile.
     changeAndSaveAs(OD_T("no/such/folder/anywhere/a"));
@@ -330,7 +330,7 @@ TEST_F(EditorRunTest, WithoutASearchPathTheFileWouldStandAtTheRoot)
     EXPECT_EQ(m_room.shownMessages().size(), 1U);
 }
 
-TEST_F(EditorRunTest, TheResourcesAreGivenBackWhenAWindowThrows)
+TEST_F(EditorRunTest, resourcesAreGivenBackWhenWindowThrows)
 {
     m_editor.onSheet = [](EditorOutcome&) { throw std::runtime_error("window"); };
     EXPECT_THROW(edit(), std::runtime_error);

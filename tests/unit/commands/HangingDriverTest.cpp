@@ -85,7 +85,7 @@ protected:
     const HWND m_window = m_room.newWindow();
 };
 
-TEST_F(HangingDriverTest, WhereverItHangsTheCallerReturnsAndWorksOn)
+TEST_F(HangingDriverTest, whereverItHangsCallerReturnsAndWorksOn)
 {
     const std::set<room::Call> calls = callsOfACheck();
     // Spooler, driver and the closing of handles: all of them may hang.
@@ -109,7 +109,7 @@ TEST_F(HangingDriverTest, WhereverItHangsTheCallerReturnsAndWorksOn)
     EXPECT_EQ(m_room.posted().size(), calls.size());
 }
 
-TEST_F(HangingDriverTest, ManyChecksHangSideBySideAndReportOnceEach)
+TEST_F(HangingDriverTest, manyHangingChecksReportOnceEach)
 {
     constexpr std::size_t count = 20;
     const std::shared_ptr<room::Held> driver = m_room.hold(room::Call::getPrinterDriver, OD_T("Slow"));
@@ -136,7 +136,7 @@ TEST_F(HangingDriverTest, ManyChecksHangSideBySideAndReportOnceEach)
     EXPECT_EQ(reported, expected);
 }
 
-TEST_F(HangingDriverTest, ADriverThatThrowsWhenItWakesUpPostsZero)
+TEST_F(HangingDriverTest, driverThatThrowsOnWakingPostsZero)
 {
     const std::shared_ptr<room::Held> driver = m_room.hold(room::Call::getPrinterDriver, OD_T("Slow"));
     m_room.onCall(room::Call::getPrinterDriver, OD_T("Slow"),
@@ -148,7 +148,7 @@ TEST_F(HangingDriverTest, ADriverThatThrowsWhenItWakesUpPostsZero)
     EXPECT_EQ(m_room.posted(), std::vector{report(m_window, 0)});
 }
 
-TEST_F(HangingDriverTest, APrinterThatIsDeletedWhileItsDriverHangsPostsZero)
+TEST_F(HangingDriverTest, printerDeletedWhileItsDriverHangsPostsZero)
 {
     const std::shared_ptr<room::Held> driver = m_room.hold(room::Call::getPrinterDriver, OD_T("Slow"));
     startBackgroundCheck(OD_T("Slow.pc3"), m_window);
@@ -159,7 +159,7 @@ TEST_F(HangingDriverTest, APrinterThatIsDeletedWhileItsDriverHangsPostsZero)
     EXPECT_EQ(m_room.posted(), std::vector{report(m_window, 0)});
 }
 
-TEST_F(HangingDriverTest, TheFileMayChangeWhileTheCheckHangs)
+TEST_F(HangingDriverTest, theFileMayChangeWhileTheCheckHangs)
 {
     const std::shared_ptr<room::Held> driver = m_room.hold(room::Call::getPrinterDriver, OD_T("Slow"));
     startBackgroundCheck(OD_T("Slow.pc3"), m_window);

@@ -42,7 +42,7 @@ Signal left;
 std::thread::id workThread;
 void* workContext = nullptr;
 
-TEST(ModuleThread, RunsTheWorkWithItsContextOnAThreadOfItsOwn)
+TEST(ModuleThread, runsTheWorkOnItsOwnThread)
 {
     int context = 0;
     ASSERT_TRUE(startModuleThread(
@@ -58,7 +58,7 @@ TEST(ModuleThread, RunsTheWorkWithItsContextOnAThreadOfItsOwn)
     EXPECT_EQ(workContext, &context);
 }
 
-TEST(ModuleThread, StartingDoesNotWaitForTheWork)
+TEST(ModuleThread, startingDoesNotWaitForTheWork)
 {
     ASSERT_TRUE(startModuleThread(
         [](void*) noexcept
@@ -74,7 +74,7 @@ TEST(ModuleThread, StartingDoesNotWaitForTheWork)
     left.await();
 }
 
-TEST(ModuleThread, AThreadThatCannotBeStartedIsToldAndItsWorkNeverRuns)
+TEST(ModuleThread, workOfAnUnstartedThreadNeverRuns)
 {
     static int runs = 0;
     const unsigned failed = failEachAllocation(

@@ -30,14 +30,14 @@ OdResult codeOf(const std::function<void()>& work)
     return eOk;
 }
 
-TEST_F(NamedValuesTest, MissingValueIsNull)
+TEST_F(NamedValuesTest, missingValueIsNull)
 {
     const NamedValues named(context());
     EXPECT_TRUE(named.get(OD_T("nothing")).isNull());
     EXPECT_EQ(named.getPointer(OD_T("nothing")), nullptr);
 }
 
-TEST_F(NamedValuesTest, ValueOfAnotherClassThrows)
+TEST_F(NamedValuesTest, valueOfAnotherClassThrows)
 {
     values().set(OD_T("stranger"), newStranger());
     const NamedValues named(context());
@@ -45,14 +45,14 @@ TEST_F(NamedValuesTest, ValueOfAnotherClassThrows)
     EXPECT_THROW(named.getPointer(OD_T("stranger")), OdError_NotThatKindOfClass);
 }
 
-TEST_F(NamedValuesTest, PointerOfAnotherKindThrows)
+TEST_F(NamedValuesTest, pointerOfAnotherKindThrows)
 {
     setText(OD_T("text"), OD_T("no address"));
     const NamedValues named(context());
     EXPECT_EQ(codeOf([&] { named.getPointer(OD_T("text")); }), eInvalidResBuf);
 }
 
-TEST_F(NamedValuesTest, EachKindIsWrittenUnderItsRestype)
+TEST_F(NamedValuesTest, eachKindIsWrittenUnderItsRestype)
 {
     NamedResults results;
     results.addString(OD_T("string"), OD_T("text"));
@@ -72,7 +72,7 @@ TEST_F(NamedValuesTest, EachKindIsWrittenUnderItsRestype)
     EXPECT_EQ(valueOf(OD_T("chunk"))->getBinaryChunk(), OdBinaryData({1, 2, 3}));
 }
 
-TEST_F(NamedValuesTest, WritingReplacesTheHostsValueObject)
+TEST_F(NamedValuesTest, writingReplacesTheHostsValueObject)
 {
     setText(OD_T("name"), OD_T("before"));
     const OdResBufPtr hosts = valueOf(OD_T("name"));
@@ -83,7 +83,7 @@ TEST_F(NamedValuesTest, WritingReplacesTheHostsValueObject)
     EXPECT_EQ(textOf(OD_T("name")), OD_T("after"));
 }
 
-TEST_F(NamedValuesTest, AContextThatIsNotTheHostsIsRefused)
+TEST_F(NamedValuesTest, contextThatIsNotHostsIsRefused)
 {
     const OdSmartPtr<OtherContext> other = OdRxObjectImpl<OtherContext>::createObject();
     EXPECT_THROW(NamedValues(other.get()), OdError_NotThatKindOfClass);

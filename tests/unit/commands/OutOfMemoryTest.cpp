@@ -186,7 +186,7 @@ protected:
 };
 } // namespace
 
-TEST_F(GetDevModeOutOfMemory, aConfigurationIsAnsweredWholeOrEmptyOrNotAtAll)
+TEST_F(GetDevModeOutOfMemory, configurationResultsAreWholeEmptyOrAbsent)
 {
     const Answers answers = askFailing(fileName, 228);
     EXPECT_GT(answers.empty, 100U); // in the query
@@ -194,7 +194,7 @@ TEST_F(GetDevModeOutOfMemory, aConfigurationIsAnsweredWholeOrEmptyOrNotAtAll)
     EXPECT_GE(answers.whole, 1U);
 }
 
-TEST_F(GetDevModeOutOfMemory, aPrinterIsAnsweredWholeOrEmptyOrNotAtAll)
+TEST_F(GetDevModeOutOfMemory, printerResultsAreWholeEmptyOrAbsent)
 {
     const Answers answers = askFailing(OD_T("Plotter A"), 0);
     EXPECT_GE(answers.empty, 1U);
@@ -202,7 +202,7 @@ TEST_F(GetDevModeOutOfMemory, aPrinterIsAnsweredWholeOrEmptyOrNotAtAll)
     EXPECT_GE(answers.whole, 1U);
 }
 
-TEST_F(GetDevModeOutOfMemory, aWindowThatWaitsGetsItsMessageWhateverTheCallLacks)
+TEST_F(GetDevModeOutOfMemory, waitingWindowAlwaysGetsItsMessage)
 {
     for (unsigned n = 1;; ++n)
     {
@@ -255,12 +255,12 @@ TEST_F(GetDevModeOutOfMemory, theThreadPostsOnceWhateverItLacks)
     EXPECT_GT(notFound, 100U);
 }
 
-TEST_F(EditOutOfMemory, aFileIsEditedAndSavedOrNothingIsAnswered)
+TEST_F(EditOutOfMemory, fileIsSavedOrNothingIsReturned)
 {
     EXPECT_GT(editFailing(fileName, false), 50U);
 }
 
-TEST_F(EditOutOfMemory, aPrinterIsEditedAndSavedOrNothingIsAnswered)
+TEST_F(EditOutOfMemory, printerIsSavedOrNothingIsReturned)
 {
     EXPECT_GT(editFailing(OD_T("Plotter A"), true), 50U);
 }
@@ -284,7 +284,7 @@ TEST_F(EditOutOfMemory, aCancelledEditorAnswersAllOrNothing)
     EXPECT_GT(none, 40U); // fewer on Windows, where the host has an allocator of its own
 }
 
-TEST_F(CommandsOutOfMemory, theStartOfTheModuleRegistersWhatItCan)
+TEST_F(CommandsOutOfMemory, startOfModuleRegistersWhatItCan)
 {
     unsigned errors = 0;
     for (unsigned n = 1;; ++n)

@@ -92,7 +92,7 @@ protected:
     ScriptedEditor m_editor;
 };
 
-TEST_F(PC3EditCommandTest, WithoutARequiredValueNothingHappens)
+TEST_F(PC3EditCommandTest, withoutARequiredValueNothingHappens)
 {
     run();
     EXPECT_TRUE(values().names().empty());
@@ -108,7 +108,7 @@ TEST_F(PC3EditCommandTest, WithoutARequiredValueNothingHappens)
     EXPECT_TRUE(m_room.calls().empty());
 }
 
-TEST_F(PC3EditCommandTest, AValueOfAWrongClassThrows)
+TEST_F(PC3EditCommandTest, aValueOfAWrongClassThrows)
 {
     for (const OdChar* wrong : {OD_T("plotCfgName"), OD_T("bSystemPrinter"), OD_T("paperName")})
     {
@@ -121,13 +121,13 @@ TEST_F(PC3EditCommandTest, AValueOfAWrongClassThrows)
     }
 }
 
-TEST_F(PC3EditCommandTest, AWrongClassThrowsAlsoWhenAnotherValueIsMissing)
+TEST_F(PC3EditCommandTest, wrongClassThrowsEvenWithAnotherValueMissing)
 {
     values().set(OD_T("paperName"), newStranger());
     EXPECT_THROW(run(), OdError_NotThatKindOfClass);
 }
 
-TEST_F(PC3EditCommandTest, AValueOfAnotherKindIsTheCallersError)
+TEST_F(PC3EditCommandTest, valueOfAnotherKindIsCallersError)
 {
     setText(OD_T("plotCfgName"), OD_T("Plotter A"));
     setText(OD_T("bSystemPrinter"), OD_T("true"));
@@ -135,7 +135,7 @@ TEST_F(PC3EditCommandTest, AValueOfAnotherKindIsTheCallersError)
     EXPECT_TRUE(m_room.calls().empty());
 }
 
-TEST_F(PC3EditCommandTest, PrinterGetsANewConfigurationThatPassesThroughTheDriver)
+TEST_F(PC3EditCommandTest, printerGetsNewConfigurationThatPassesThroughDriver)
 {
     OdString paper;
     m_editor.onSheet = [&paper](EditorOutcome& outcome) { paper = outcome.cfg->m_media.m_size.m_name; };
@@ -151,7 +151,7 @@ TEST_F(PC3EditCommandTest, PrinterGetsANewConfigurationThatPassesThroughTheDrive
     EXPECT_EQ(merges, 1);
 }
 
-TEST_F(PC3EditCommandTest, FileIsReadAndItsPrinterLookedUp)
+TEST_F(PC3EditCommandTest, fileIsReadAndItsPrinterLookedUp)
 {
     putConfiguration(OD_T("a.pc3"));
     edit(OD_T("a.pc3"), false);
@@ -160,7 +160,7 @@ TEST_F(PC3EditCommandTest, FileIsReadAndItsPrinterLookedUp)
     EXPECT_EQ(m_room.count(room::Call::documentProperties), 0);
 }
 
-TEST_F(PC3EditCommandTest, WhatCannotBeEditedEndsWithoutAnswer)
+TEST_F(PC3EditCommandTest, whatCannotBeEditedEndsWithoutAnswer)
 {
     putDamagedFile(OD_T("bad.pc3"));
     runWithoutAnswer(OD_T("missing.pc3"), false, {});
@@ -170,14 +170,14 @@ TEST_F(PC3EditCommandTest, WhatCannotBeEditedEndsWithoutAnswer)
     runWithoutAnswer({}, false, {});
 }
 
-TEST_F(PC3EditCommandTest, PaperNameMayBeMissing)
+TEST_F(PC3EditCommandTest, paperNameMayBeMissing)
 {
     putConfiguration(OD_T("a.pc3"));
     edit(OD_T("a.pc3"), false);
     EXPECT_EQ(textOf(OD_T("paperName")), OD_T("A3"));
 }
 
-TEST_F(PC3EditCommandTest, PaperAskedForIsThePaperOfTheFileInTheEditor)
+TEST_F(PC3EditCommandTest, requestedPaperIsThePaperInTheEditor)
 {
     putConfiguration(OD_T("a.pc3"));
     OdString paper;
@@ -187,7 +187,7 @@ TEST_F(PC3EditCommandTest, PaperAskedForIsThePaperOfTheFileInTheEditor)
     EXPECT_EQ(textOf(OD_T("paperName")), OD_T("Roll 36"));
 }
 
-TEST_F(PC3EditCommandTest, ACancelledEditorAnswersAllTheSame)
+TEST_F(PC3EditCommandTest, aCancelledEditorAnswersAllTheSame)
 {
     putConfiguration(OD_T("a.pc3"));
     edit(OD_T("a"), false, OD_T("A3"));
@@ -197,7 +197,7 @@ TEST_F(PC3EditCommandTest, ACancelledEditorAnswersAllTheSame)
     EXPECT_EQ(valueOf(OD_T("result"))->getInt16(), 1);
 }
 
-TEST_F(PC3EditCommandTest, OkWithoutChangesAnswersAllTheSame)
+TEST_F(PC3EditCommandTest, okWithoutChangesAnswersAllTheSame)
 {
     putConfiguration(OD_T("a.pc3"));
     m_editor.onSheet = [](EditorOutcome& outcome) { outcome.confirmed = true; };
@@ -207,7 +207,7 @@ TEST_F(PC3EditCommandTest, OkWithoutChangesAnswersAllTheSame)
     EXPECT_EQ(m_editor.names, 0);
 }
 
-TEST_F(PC3EditCommandTest, ASaveAnswersTheNameOfTheFile)
+TEST_F(PC3EditCommandTest, aSaveAnswersTheNameOfTheFile)
 {
     putConfiguration(OD_T("a.pc3"));
     changeAndConfirm(OdString(OD_T("b")));
@@ -217,7 +217,7 @@ TEST_F(PC3EditCommandTest, ASaveAnswersTheNameOfTheFile)
     EXPECT_EQ(savedFiles(), std::set<std::string>{"b.pc3"});
 }
 
-TEST_F(PC3EditCommandTest, ARefusedNameAnswersThePathAsItWentIn)
+TEST_F(PC3EditCommandTest, refusedNameAnswersPathAsItWentIn)
 {
     const OdString path = putConfiguration(OD_T("a.pc3"));
     changeAndConfirm(std::nullopt);
@@ -229,7 +229,7 @@ TEST_F(PC3EditCommandTest, ARefusedNameAnswersThePathAsItWentIn)
     EXPECT_EQ(textOf(OD_T("fileName")), OD_T(""));
 }
 
-TEST_F(PC3EditCommandTest, AFailedSaveAnswersThePathAsItWentIn)
+TEST_F(PC3EditCommandTest, failedSaveAnswersPathAsItWentIn)
 {
     const OdString path = putConfiguration(OD_T("a.pc3"));
     m_folder.addFile(inPlots("taken.pc3/file"));
@@ -240,7 +240,7 @@ TEST_F(PC3EditCommandTest, AFailedSaveAnswersThePathAsItWentIn)
     EXPECT_EQ(m_room.shownMessages().size(), 1U);
 }
 
-TEST_F(PC3EditCommandTest, ResultIsTheDriverTypeCutTo16BitsAndNeverTheFlag)
+TEST_F(PC3EditCommandTest, resultIsTheDriverTypeNotTheFlag)
 {
     for (const std::int32_t type : {1, 0, 3, 65537, -1})
     {
@@ -255,7 +255,7 @@ TEST_F(PC3EditCommandTest, ResultIsTheDriverTypeCutTo16BitsAndNeverTheFlag)
     }
 }
 
-TEST_F(PC3EditCommandTest, TheFlagIsWrittenFirstAndThenReplaced)
+TEST_F(PC3EditCommandTest, theFlagIsWrittenFirstAndThenReplaced)
 {
     putConfiguration(OD_T("a.pc3"));
     for (const bool save : {false, true})
@@ -281,7 +281,7 @@ TEST_F(PC3EditCommandTest, TheFlagIsWrittenFirstAndThenReplaced)
     }
 }
 
-TEST_F(PC3EditCommandTest, AnExchangedConfigurationIsWhatIsAnswered)
+TEST_F(PC3EditCommandTest, anExchangedConfigurationIsWhatIsAnswered)
 {
     putConfiguration(OD_T("a.pc3"));
     m_editor.onSheet = [](EditorOutcome& outcome)
@@ -299,7 +299,7 @@ TEST_F(PC3EditCommandTest, AnExchangedConfigurationIsWhatIsAnswered)
 }
 } // namespace
 
-TEST_F(PC3EditCommandTest, TheModuleIsLockedAsLongAsTheCommandRuns)
+TEST_F(PC3EditCommandTest, moduleIsLockedAsLongAsCommandRuns)
 {
     OdRefCount whileOpen = 0;
     m_editor.onSheet = [&](EditorOutcome& outcome)
@@ -319,7 +319,7 @@ TEST_F(PC3EditCommandTest, TheModuleIsLockedAsLongAsTheCommandRuns)
     EXPECT_EQ(m_module.locks(), 0U);
 }
 
-TEST_F(PC3EditCommandTest, HoweverTheCommandEndsTheModuleIsUnlocked)
+TEST_F(PC3EditCommandTest, howeverTheCommandEndsTheModuleIsUnlocked)
 {
     edit(OD_T("nobody.pc3"), false);
     EXPECT_EQ(m_module.locks(), 0U);
@@ -334,7 +334,7 @@ TEST_F(PC3EditCommandTest, HoweverTheCommandEndsTheModuleIsUnlocked)
     EXPECT_EQ(m_module.locks(), 0U);
 }
 
-TEST_F(PC3EditCommandTest, ASecondRunFromWithinHasAConfigurationAndALockOfItsOwn)
+TEST_F(PC3EditCommandTest, nestedRunHasItsOwnConfigurationAndLock)
 {
     putConfiguration(OD_T("x.pc3"), [](GmPlotCfg3& cfg) { cfg.m_meta.m_canonical_model_name = OD_T("outer"); });
     putConfiguration(OD_T("y.pc3"), [](GmPlotCfg3& cfg) { cfg.m_meta.m_canonical_model_name = OD_T("inner"); });

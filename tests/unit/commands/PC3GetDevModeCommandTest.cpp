@@ -40,7 +40,7 @@ protected:
     bool nothingWritten(const std::vector<OdString>& given) { return values().names() == given; }
 };
 
-TEST_F(PC3GetDevModeCommandTest, ConfigurationAnswersAllValuesUnderTheirRestypes)
+TEST_F(PC3GetDevModeCommandTest, configurationAnswersAllValuesUnderTheirRestypes)
 {
     putConfiguration(OD_T("a.pc3"));
     ask(OD_T("a.pc3"));
@@ -58,7 +58,7 @@ TEST_F(PC3GetDevModeCommandTest, ConfigurationAnswersAllValuesUnderTheirRestypes
     EXPECT_EQ(textOf(OD_T("canonicalModelName")), OD_T("Canonical"));
 }
 
-TEST_F(PC3GetDevModeCommandTest, ResultsAreWrittenInAFixedOrder)
+TEST_F(PC3GetDevModeCommandTest, resultsAreWrittenInAFixedOrder)
 {
     putConfiguration(OD_T("a.pc3"));
     setText(OD_T("printerName"), OD_T("ignored"));
@@ -72,7 +72,7 @@ TEST_F(PC3GetDevModeCommandTest, ResultsAreWrittenInAFixedOrder)
     EXPECT_EQ(written, resultsInOrder);
 }
 
-TEST_F(PC3GetDevModeCommandTest, EverythingIsWrittenAlsoWhenThereIsNoPrinter)
+TEST_F(PC3GetDevModeCommandTest, everythingIsWrittenEvenWithoutAPrinter)
 {
     for (const OdChar* name : {OD_T("Plotter Z"), OD_T("missing.pc3"), OD_T("")})
     {
@@ -82,7 +82,7 @@ TEST_F(PC3GetDevModeCommandTest, EverythingIsWrittenAlsoWhenThereIsNoPrinter)
     }
 }
 
-TEST_F(PC3GetDevModeCommandTest, ConfigurationWithoutPrinterStillAnswersPaperTypeAndModel)
+TEST_F(PC3GetDevModeCommandTest, configurationWithoutPrinterReturnsPaperTypeAndModel)
 {
     putConfiguration(OD_T("nodevmode.pc3"), [](GmPlotCfg3& cfg) { cfg.m_custom = nullptr; });
     ask(OD_T("nodevmode.pc3"));
@@ -94,7 +94,7 @@ TEST_F(PC3GetDevModeCommandTest, ConfigurationWithoutPrinterStillAnswersPaperTyp
     EXPECT_EQ(textOf(OD_T("canonicalModelName")), OD_T("Canonical"));
 }
 
-TEST_F(PC3GetDevModeCommandTest, WindowsPrinterAnswersItsNameAndNoDevMode)
+TEST_F(PC3GetDevModeCommandTest, windowsPrinterReturnsItsNameWithoutDevMode)
 {
     ask(OD_T("Plotter A"));
     EXPECT_EQ(textOf(OD_T("printerName")), OD_T("Plotter A"));
@@ -105,7 +105,7 @@ TEST_F(PC3GetDevModeCommandTest, WindowsPrinterAnswersItsNameAndNoDevMode)
     EXPECT_EQ(textOf(OD_T("canonicalModelName")), OD_T(""));
 }
 
-TEST_F(PC3GetDevModeCommandTest, PrinterNameMustBeThereButItsTextHasNoEffect)
+TEST_F(PC3GetDevModeCommandTest, printerNameIsRequiredButIgnored)
 {
     setText(OD_T("deviceName"), OD_T("Plotter A"));
     run();
@@ -116,14 +116,14 @@ TEST_F(PC3GetDevModeCommandTest, PrinterNameMustBeThereButItsTextHasNoEffect)
     EXPECT_EQ(textOf(OD_T("printerName")), OD_T("Plotter A"));
 }
 
-TEST_F(PC3GetDevModeCommandTest, WithoutDeviceNameNothingIsWritten)
+TEST_F(PC3GetDevModeCommandTest, withoutDeviceNameNothingIsWritten)
 {
     setText(OD_T("printerName"), OD_T("Plotter A"));
     run();
     EXPECT_TRUE(nothingWritten({OD_T("printerName")}));
 }
 
-TEST_F(PC3GetDevModeCommandTest, PaperNameIsNoInput)
+TEST_F(PC3GetDevModeCommandTest, paperNameIsNoInput)
 {
     putConfiguration(OD_T("a.pc3"));
     setText(OD_T("deviceName"), OD_T("a.pc3"));
@@ -133,7 +133,7 @@ TEST_F(PC3GetDevModeCommandTest, PaperNameIsNoInput)
     EXPECT_EQ(textOf(OD_T("paperName")), OD_T("A3"));
 }
 
-TEST_F(PC3GetDevModeCommandTest, AValueOfAWrongClassThrowsAndWritesNothing)
+TEST_F(PC3GetDevModeCommandTest, valueOfWrongClassThrowsAndWritesNothing)
 {
     for (const OdChar* wrong : {OD_T("deviceName"), OD_T("printerName"), OD_T("hwndPost"), OD_T("paperName")})
     {
@@ -148,7 +148,7 @@ TEST_F(PC3GetDevModeCommandTest, AValueOfAWrongClassThrowsAndWritesNothing)
     }
 }
 
-TEST_F(PC3GetDevModeCommandTest, AWrongClassThrowsAlsoWhenAnotherValueIsMissing)
+TEST_F(PC3GetDevModeCommandTest, wrongClassThrowsEvenWithAnotherValueMissing)
 {
     values().set(OD_T("printerName"), newStranger());
     EXPECT_THROW(run(), OdError_NotThatKindOfClass);
@@ -162,7 +162,7 @@ TEST_F(PC3GetDevModeCommandTest, AWrongClassThrowsAlsoWhenAnotherValueIsMissing)
     EXPECT_THROW(run(), OdError_NotThatKindOfClass);
 }
 
-TEST_F(PC3GetDevModeCommandTest, AValueOfAnotherKindIsTheCallersError)
+TEST_F(PC3GetDevModeCommandTest, valueOfAnotherKindIsCallersError)
 {
     setText(OD_T("deviceName"), OD_T("Plotter A"));
     setFlag(OD_T("printerName"), true);
@@ -170,7 +170,7 @@ TEST_F(PC3GetDevModeCommandTest, AValueOfAnotherKindIsTheCallersError)
     EXPECT_TRUE(nothingWritten({OD_T("deviceName"), OD_T("printerName")}));
 }
 
-TEST_F(PC3GetDevModeCommandTest, ANullWindowMeansTheSynchronousForm)
+TEST_F(PC3GetDevModeCommandTest, aNullWindowMeansTheSynchronousForm)
 {
     setText(OD_T("deviceName"), OD_T("Plotter A"));
     setText(OD_T("printerName"), {});
@@ -181,7 +181,7 @@ TEST_F(PC3GetDevModeCommandTest, ANullWindowMeansTheSynchronousForm)
     EXPECT_TRUE(m_room.posted().empty());
 }
 
-TEST_F(PC3GetDevModeCommandTest, InTheBackgroundFormNothingIsWrittenAndOneMessagePosted)
+TEST_F(PC3GetDevModeCommandTest, backgroundFormOnlyPostsOneMessage)
 {
     const HWND window = m_room.newWindow();
     setText(OD_T("deviceName"), OD_T("Plotter A"));
@@ -205,7 +205,7 @@ TEST_F(PC3GetDevModeCommandTest, InTheBackgroundFormNothingIsWrittenAndOneMessag
     EXPECT_EQ(names, sorted);
 }
 
-TEST_F(PC3GetDevModeCommandTest, InTheBackgroundFormAnEmptyNamePostsNothing)
+TEST_F(PC3GetDevModeCommandTest, inBackgroundFormEmptyNamePostsNothing)
 {
     setText(OD_T("deviceName"), {});
     setText(OD_T("printerName"), {});
@@ -217,7 +217,7 @@ TEST_F(PC3GetDevModeCommandTest, InTheBackgroundFormAnEmptyNamePostsNothing)
     EXPECT_TRUE(nothingWritten(given));
 }
 
-TEST_F(PC3GetDevModeCommandTest, InTheBackgroundFormAMissingValuePostsNothing)
+TEST_F(PC3GetDevModeCommandTest, inBackgroundFormMissingValuePostsNothing)
 {
     setText(OD_T("deviceName"), OD_T("Plotter A"));
     setAddress(OD_T("hwndPost"), m_room.newWindow());
@@ -226,7 +226,7 @@ TEST_F(PC3GetDevModeCommandTest, InTheBackgroundFormAMissingValuePostsNothing)
     EXPECT_TRUE(m_room.posted().empty());
 }
 
-TEST_F(PC3GetDevModeCommandTest, TheCommandKeepsNothingFromOneRunToTheNext)
+TEST_F(PC3GetDevModeCommandTest, commandKeepsNothingFromOneRunToNext)
 {
     putConfiguration(OD_T("a.pc3"));
     const OdSmartPtr<PC3GetDevModeCommand> command = OdRxObjectImpl<PC3GetDevModeCommand>::createObject();

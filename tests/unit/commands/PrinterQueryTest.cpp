@@ -43,14 +43,14 @@ std::function<void(GmPlotCfg3&)> unboundWithType(std::int32_t driverType)
     };
 }
 
-TEST_F(PrinterQueryTest, EmptyNameHasNoPrinterAndAsksNobody)
+TEST_F(PrinterQueryTest, emptyNameHasNoPrinterAndAsksNobody)
 {
     EXPECT_FALSE(ask(OdString()));
     expectNothing();
     EXPECT_TRUE(m_room.calls().empty());
 }
 
-TEST_F(PrinterQueryTest, WindowsPrinterThatOpensAnswersItsNameAndNothingElse)
+TEST_F(PrinterQueryTest, windowsPrinterReturnsOnlyItsName)
 {
     EXPECT_TRUE(ask(OD_T("Plotter A")));
     EXPECT_EQ(m_answer.printerName, OD_T("Plotter A"));
@@ -60,27 +60,27 @@ TEST_F(PrinterQueryTest, WindowsPrinterThatOpensAnswersItsNameAndNothingElse)
     EXPECT_EQ(m_room.count(room::Call::closePrinter), 1);
 }
 
-TEST_F(PrinterQueryTest, PrinterIsOpenedUnderTheNameAsItWasGiven)
+TEST_F(PrinterQueryTest, printerIsOpenedUnderTheGivenName)
 {
     ask(OD_T(",XcvMonitor  Odd Name "));
     ASSERT_EQ(m_room.calls().size(), 1U);
     EXPECT_EQ(OdString(m_room.calls()[0].printer.c_str()), OD_T(",XcvMonitor  Odd Name "));
 }
 
-TEST_F(PrinterQueryTest, UnknownPrinterHasNone)
+TEST_F(PrinterQueryTest, unknownPrinterHasNone)
 {
     EXPECT_FALSE(ask(OD_T("Plotter Z")));
     expectNothing();
 }
 
-TEST_F(PrinterQueryTest, PrinterThatFailsToOpenButWritesAHandleHasNoneAndClosesNothing)
+TEST_F(PrinterQueryTest, handleOfAFailedOpenIsNotClosed)
 {
     m_room.writeHandleOnFailedOpen();
     EXPECT_FALSE(ask(OD_T("Plotter Z")));
     EXPECT_EQ(m_room.count(room::Call::closePrinter), 0);
 }
 
-TEST_F(PrinterQueryTest, ConfigurationAnswersEverythingOfIt)
+TEST_F(PrinterQueryTest, configurationAnswersEverythingOfIt)
 {
     putConfiguration(OD_T("a.pc3"));
     EXPECT_TRUE(ask(OD_T("a.pc3")));
@@ -94,7 +94,7 @@ TEST_F(PrinterQueryTest, ConfigurationAnswersEverythingOfIt)
 }
 
 // Each of these calls takes the spooler a good part of a millisecond.
-TEST_F(PrinterQueryTest, AskingForAConfigurationCostsTheseCallsAndNoMore)
+TEST_F(PrinterQueryTest, configurationQueryMakesOnlyTheseCalls)
 {
     using room::Call;
     putConfiguration(OD_T("a.pc3"));
@@ -124,7 +124,7 @@ TEST_F(PrinterQueryTest, AskingForAConfigurationCostsTheseCallsAndNoMore)
     EXPECT_EQ(calls, expected);
 }
 
-TEST_F(PrinterQueryTest, ManyQuestionsCostAsManyTimesAsMuchAndLeaveNothingOpen)
+TEST_F(PrinterQueryTest, repeatedQueriesLeaveNothingOpen)
 {
     putConfiguration(OD_T("a.pc3"));
     m_room.forgetCalls();
@@ -140,7 +140,7 @@ TEST_F(PrinterQueryTest, ManyQuestionsCostAsManyTimesAsMuchAndLeaveNothingOpen)
     EXPECT_EQ(m_room.calls().size(), many * once);
 }
 
-TEST_F(PrinterQueryTest, EndingIsComparedWithoutCase)
+TEST_F(PrinterQueryTest, endingIsComparedWithoutCase)
 {
     putConfiguration(OD_T("a.PC3"));
     EXPECT_TRUE(ask(OD_T("a.PC3")));
@@ -148,7 +148,7 @@ TEST_F(PrinterQueryTest, EndingIsComparedWithoutCase)
     EXPECT_EQ(m_answer.canonicalModelName, OD_T("Canonical"));
 }
 
-TEST_F(PrinterQueryTest, LongerEndingIsAPrintersName)
+TEST_F(PrinterQueryTest, longerEndingIsAPrintersName)
 {
     putConfiguration(OD_T("a.pc3x"));
     EXPECT_FALSE(ask(OD_T("a.pc3x")));
@@ -157,7 +157,7 @@ TEST_F(PrinterQueryTest, LongerEndingIsAPrintersName)
     EXPECT_EQ(m_room.calls()[0].call, room::Call::openPrinter);
 }
 
-TEST_F(PrinterQueryTest, NamesShorterThanTheEndingArePrintersNames)
+TEST_F(PrinterQueryTest, namesShorterThanTheEndingArePrintersNames)
 {
     for (const OdChar* name : {OD_T("p"), OD_T("pc3"), OD_T("c3")})
     {
@@ -171,14 +171,14 @@ TEST_F(PrinterQueryTest, NamesShorterThanTheEndingArePrintersNames)
     EXPECT_TRUE(ask(OD_T("pc3")));
 }
 
-TEST_F(PrinterQueryTest, TheBareEndingIsAConfigurationsName)
+TEST_F(PrinterQueryTest, theBareEndingIsAConfigurationsName)
 {
     putConfiguration(OD_T(".pc3"));
     EXPECT_TRUE(ask(OD_T(".pc3")));
     EXPECT_EQ(m_answer.canonicalModelName, OD_T("Canonical"));
 }
 
-TEST_F(PrinterQueryTest, ConfigurationThatIsNotFoundHasNone)
+TEST_F(PrinterQueryTest, configurationThatIsNotFoundHasNone)
 {
     room::Printer printer;
     printer.name = OD_T("missing.pc3");
@@ -188,28 +188,28 @@ TEST_F(PrinterQueryTest, ConfigurationThatIsNotFoundHasNone)
     EXPECT_TRUE(m_room.calls().empty());
 }
 
-TEST_F(PrinterQueryTest, DamagedConfigurationHasNone)
+TEST_F(PrinterQueryTest, damagedConfigurationHasNone)
 {
     putDamagedFile(OD_T("bad.pc3"));
     EXPECT_FALSE(ask(OD_T("bad.pc3")));
     expectNothing();
 }
 
-TEST_F(PrinterQueryTest, ConfigurationWhoseDriverNobodyUsesHasNone)
+TEST_F(PrinterQueryTest, configurationWhoseDriverNobodyUsesHasNone)
 {
     putConfiguration(OD_T("gone.pc3"), [](GmPlotCfg3& cfg) { cfg.m_meta.m_win_driver_name = OD_T("Gone"); });
     EXPECT_FALSE(ask(OD_T("gone.pc3")));
     expectNothing();
 }
 
-TEST_F(PrinterQueryTest, ReboundConfigurationAnswersThePrinterItIsBoundToNow)
+TEST_F(PrinterQueryTest, reboundConfigurationReturnsItsNewPrinter)
 {
     putConfiguration(OD_T("old.pc3"), [](GmPlotCfg3& cfg) { cfg.m_meta.m_win_device_name = OD_T("Removed"); });
     EXPECT_TRUE(ask(OD_T("old.pc3")));
     EXPECT_EQ(m_answer.printerName, OD_T("Plotter A"));
 }
 
-TEST_F(PrinterQueryTest, WithoutDevModeTypes0And3AnswerTheLocalizedModel)
+TEST_F(PrinterQueryTest, types0And3ReturnTheLocalizedModel)
 {
     for (const std::int32_t driverType : {0, 3})
     {
@@ -221,7 +221,7 @@ TEST_F(PrinterQueryTest, WithoutDevModeTypes0And3AnswerTheLocalizedModel)
     }
 }
 
-TEST_F(PrinterQueryTest, WithoutDevModeOtherTypesHaveNoPrinterButTheRestOfTheAnswer)
+TEST_F(PrinterQueryTest, otherTypesWithoutDevModeHaveNoPrinter)
 {
     for (const std::int32_t driverType : {1, 2, 4, -1})
     {
@@ -235,7 +235,7 @@ TEST_F(PrinterQueryTest, WithoutDevModeOtherTypesHaveNoPrinterButTheRestOfTheAns
     }
 }
 
-TEST_F(PrinterQueryTest, Types0And3WithDevModeStillAnswerThePrinter)
+TEST_F(PrinterQueryTest, types0And3WithDevModeReturnThePrinter)
 {
     for (const std::int32_t driverType : {0, 3})
     {
@@ -246,7 +246,7 @@ TEST_F(PrinterQueryTest, Types0And3WithDevModeStillAnswerThePrinter)
     }
 }
 
-TEST_F(PrinterQueryTest, DriverTypeIsCutTo16BitsAfterItWasTested)
+TEST_F(PrinterQueryTest, driverTypeIsTestedBeforeItIsCut)
 {
     // 0x10003 and 0x10000 look like 3 and 0 in 16 bits; they are not when it comes to the model's name.
     for (const std::int32_t driverType : {0x10003, 0x10000, 0x28000})
@@ -257,7 +257,7 @@ TEST_F(PrinterQueryTest, DriverTypeIsCutTo16BitsAfterItWasTested)
     }
 }
 
-TEST_F(PrinterQueryTest, EmptyLocalizedModelIsNoPrinter)
+TEST_F(PrinterQueryTest, emptyLocalizedModelIsNoPrinter)
 {
     putConfiguration(OD_T("model.pc3"),
                      [](GmPlotCfg3& cfg)
@@ -269,14 +269,14 @@ TEST_F(PrinterQueryTest, EmptyLocalizedModelIsNoPrinter)
     EXPECT_EQ(m_answer.driverType, 3);
 }
 
-TEST_F(PrinterQueryTest, WhatADriverThrowsMeansNoPrinter)
+TEST_F(PrinterQueryTest, whatADriverThrowsMeansNoPrinter)
 {
     m_room.onCall(room::Call::openPrinter, {}, [](const room::CallRecord&) { throw std::runtime_error("driver"); });
     EXPECT_FALSE(ask(OD_T("Plotter A")));
     expectNothing();
 }
 
-TEST_F(PrinterQueryTest, WhatADriverThrowsForAConfigurationLeavesNothingOpen)
+TEST_F(PrinterQueryTest, whatDriverThrowsForConfigurationLeavesNothingOpen)
 {
     putConfiguration(OD_T("a.pc3"));
     m_room.onCall(room::Call::deviceCapabilities, {},
@@ -286,7 +286,7 @@ TEST_F(PrinterQueryTest, WhatADriverThrowsForAConfigurationLeavesNothingOpen)
     EXPECT_TRUE(m_answer.devMode.isEmpty());
 }
 
-TEST_F(PrinterQueryTest, EveryFailedAllocationIsAnAnswerOfOneOfTheKnownForms)
+TEST_F(PrinterQueryTest, everyFailedAllocationGivesAKnownResult)
 {
     putConfiguration(OD_T("a.pc3"));
     const OdString name(OD_T("a.pc3"));

@@ -65,7 +65,7 @@ void expectWhole(const EditedConfiguration& edited, bool mayBeMissing)
     EXPECT_EQ(edited.cfg->m_meta.m_win_device_name, name);
 }
 
-TEST_F(VanishingPrinterTest, ANewConfigurationIsMadeWholeOrNotAtAll)
+TEST_F(VanishingPrinterTest, newConfigurationIsWholeOrAbsent)
 {
     int missing = 0;
     const int events = atEachCall([this] { remove(); }, [this] { putBack(); }, [] { return createForEditing(name); },
@@ -78,7 +78,7 @@ TEST_F(VanishingPrinterTest, ANewConfigurationIsMadeWholeOrNotAtAll)
     EXPECT_GT(missing, 0) << "the printer was never missed";
 }
 
-TEST_F(VanishingPrinterTest, AFileIsOpenedWholeOrNotAtAllAndStaysAsItIs)
+TEST_F(VanishingPrinterTest, openedFileIsWholeOrAbsentAndUnchanged)
 {
     const OdString path = putConfiguration(OD_T("a.pc3"));
     const std::set<std::string> files = m_folder.names();
@@ -90,7 +90,7 @@ TEST_F(VanishingPrinterTest, AFileIsOpenedWholeOrNotAtAllAndStaysAsItIs)
     EXPECT_TRUE(openForEditing(OD_T("a.pc3"), {}).cfg);
 }
 
-TEST_F(VanishingPrinterTest, ADeviceIsFoundOrNotAndTheAnswerFits)
+TEST_F(VanishingPrinterTest, deviceIsFoundOrNotAndAnswerFits)
 {
     putConfiguration(OD_T("a.pc3"));
     for (const OdChar* device : {OD_T("a.pc3"), name})
@@ -114,7 +114,7 @@ TEST_F(VanishingPrinterTest, ADeviceIsFoundOrNotAndTheAnswerFits)
     }
 }
 
-TEST_F(VanishingPrinterTest, APrinterThatComesBackAtAnyCallDoesNoHarm)
+TEST_F(VanishingPrinterTest, returningPrinterDoesNoHarm)
 {
     putConfiguration(OD_T("a.pc3"));
     remove();

@@ -33,7 +33,7 @@ TEST(SaveProposal, aPathProposesItself)
     EXPECT_EQ(proposedPath(OD_T("C:\\a\\b.pc3"), OD_T("D:\\x"), boundTo(OD_T("P"))), OD_T("C:\\a\\b.pc3"));
 }
 
-TEST(SaveProposal, aPrinterProposesItsNameInTheFirstFolder)
+TEST(SaveProposal, printerProposesItsNameInFirstFolder)
 {
     const GmPlotCfg3 cfg = boundTo(OD_T("\\\\srv\\p|x/y"));
     EXPECT_EQ(proposedPath(OD_T(""), OD_T("C:\\plot;D:\\more"), cfg), OD_T("C:\\plot\\__srv_p_x_y"));
@@ -54,7 +54,7 @@ TEST(SaveProposal, theSavedPathAlwaysGetsSeparatorAndExtension)
     EXPECT_EQ(savePath(OD_T(""), OD_T("name")), OD_T("\\name.pc3"));
 }
 
-TEST(NameProposal, anExtensionInCapitalsIsTakenAsItIs)
+TEST(NameProposal, extensionInCapitalsIsTakenAsItIs)
 {
     const GmNameProposal proposal = nameProposal(OD_T("C:\\plot\\A0.PC3"));
     EXPECT_EQ(proposal.path, OD_T("C:\\plot\\A0.PC3"));

@@ -152,7 +152,7 @@ TEST_F(DeviceLabel, vectorGraphicsShowColoursResolutionAndDithering)
     EXPECT_EQ(label(eVectorGraphics), OD_T("[222] [230][231]1/32 [232]600x600"));
 }
 
-TEST(ResolutionName, isSplitAtItsLastUnderscoreUnlessThatIsFirst)
+TEST(ResolutionName, isSplitAtItsLastUnderscore)
 {
     EXPECT_EQ(resolutionParts(OD_T("DMRES_HIGH_None")).resolution, OD_T("DMRES_HIGH"));
     EXPECT_EQ(resolutionParts(OD_T("DMRES_HIGH_None")).dithering, OD_T("None"));

@@ -26,7 +26,7 @@ OdSharedPtr<GmPlotCfg3> configuration(const OdChar* printer, const OdChar* drive
 }
 } // namespace
 
-TEST_F(GeneralTexts, driverLineTellsSystemDriverOrFamilyAndModel)
+TEST_F(GeneralTexts, driverLineNamesSystemDriverOrModel)
 {
     cfg.m_meta.m_localized_family_name = OD_T("Files");
     cfg.m_meta.m_localized_model_name = OD_T("Raster");
@@ -43,7 +43,7 @@ TEST_F(GeneralTexts, driverFileLosesItsFolder)
     EXPECT_EQ(versionLine(cfg.m_meta, fakeTexts()), OD_T("[211]not specified"));
 }
 
-TEST_F(GeneralTexts, portLineIsAutospoolElseFileElseNothingElseThePort)
+TEST_F(GeneralTexts, portLineShowsTheFirstThatApplies)
 {
     room.add({.name = OD_T("Plotter A"), .port = OD_T("LPT1:")});
     EXPECT_EQ(port(), OD_T("[213]"));
@@ -55,7 +55,7 @@ TEST_F(GeneralTexts, portLineIsAutospoolElseFileElseNothingElseThePort)
     EXPECT_EQ(port(), OD_T("[213][214]"));
 }
 
-TEST_F(GeneralTexts, aPrinterThatCannotBeOpenedLeavesTheLeadingText)
+TEST_F(GeneralTexts, printerThatCannotBeOpenedLeavesLeadingText)
 {
     cfg.m_meta.m_win_device_name = OD_T("Gone");
     EXPECT_EQ(port(), OD_T("[213]"));
@@ -68,7 +68,7 @@ TEST_F(GeneralTexts, anAbsentPrinterIsNamedInItsEntry)
     EXPECT_EQ(notInstalledEntry(OD_T("Gone"), fakeTexts()), OD_T("[103]Gone"));
 }
 
-TEST_F(GeneralTexts, namesComeFromLevel5UnderWineAndLevel1Elsewhere)
+TEST_F(GeneralTexts, wineNeedsLevel5ForNames)
 {
     room.allowNetworkPass();
     room.add({.name = OD_T("Net"), .connection = true});
@@ -85,7 +85,7 @@ TEST_F(GeneralTexts, namesComeFromLevel5UnderWineAndLevel1Elsewhere)
     }
 }
 
-TEST_F(GeneralTexts, thePassesAreLocalAndTheRestAndEachAsksForWineOnce)
+TEST_F(GeneralTexts, eachOfTwoPassesAsksForWineOnce)
 {
     room.allowNetworkPass();
     room.add({.name = OD_T("A")});
@@ -102,7 +102,7 @@ TEST_F(GeneralTexts, thePassesAreLocalAndTheRestAndEachAsksForWineOnce)
     EXPECT_EQ(passes, expected);
 }
 
-TEST_F(GeneralTexts, aRefusedPassAndANamelessPrinterAddNothing)
+TEST_F(GeneralTexts, refusedPassAndNamelessPrinterAddNothing)
 {
     const auto noWine = [] { return false; };
     room.add({.name = OD_T("A"), .namedInRecords = false});
@@ -113,7 +113,7 @@ TEST_F(GeneralTexts, aRefusedPassAndANamelessPrinterAddNothing)
     EXPECT_TRUE(printerNames(noWine).empty());
 }
 
-TEST_F(GeneralTexts, aPassThatFailsOrThrowsAddsNothingAndTheOtherIsAsked)
+TEST_F(GeneralTexts, failedPassAddsNothingAndTheOtherRuns)
 {
     room.allowNetworkPass();
     room.add({.name = OD_T("A")});
@@ -136,7 +136,7 @@ TEST_F(GeneralTexts, aPassThatFailsOrThrowsAddsNothingAndTheOtherIsAsked)
     }
 }
 
-TEST_F(GeneralTexts, thePortLineOfAPrinterThatFailsOrThrowsIsTheLeadingText)
+TEST_F(GeneralTexts, failingPrintersPortLineIsItsLabel)
 {
     room.add({.name = OD_T("Plotter A"), .port = OD_T("LPT1:")});
     cfg.m_meta.m_win_device_name = OD_T("Plotter A");
@@ -150,7 +150,7 @@ TEST_F(GeneralTexts, thePortLineOfAPrinterThatFailsOrThrowsIsTheLeadingText)
     }
 }
 
-TEST(PrinterExchange, aPrinterOnTheSameDriverGivesOnlyItsName)
+TEST(PrinterExchange, printerOnSameDriverGivesOnlyItsName)
 {
     const OdSharedPtr<GmPlotCfg3> cfg = configuration(OD_T("A"), OD_T("Acme HP-GL"), 3);
     cfg->m_media.m_number_of_copies = 7;

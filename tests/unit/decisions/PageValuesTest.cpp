@@ -96,7 +96,7 @@ TEST(MergePage, choiceFollowsTheValue)
     EXPECT_FALSE(storeMerge(cfg, held, 0));
 }
 
-TEST(MergePage, aChangeWithoutTheValueIsAssertedAndDropped)
+TEST(MergePage, changeWithoutValueIsAssertedAndDropped)
 {
     const RecordedAsserts asserts;
     GmPlotCfg3 cfg;
@@ -110,13 +110,13 @@ TEST(MergePage, aChangeWithoutTheValueIsAssertedAndDropped)
     EXPECT_TRUE(cfg.m_res_color_mem.m_lines_overwrite.isNull());
 }
 
-TEST(DriverSettings, aWindowsPrinterHasThoseOfItsDriverWhateverItsModel)
+TEST(DriverSettings, windowsPrinterHasItsDriversSettings)
 {
     EXPECT_EQ(settingsOf(1, OD_T("")), GmDriverSettings::windowsDriver);
     EXPECT_EQ(settingsOf(1, OD_T("pdf")), GmDriverSettings::windowsDriver);
 }
 
-TEST(DriverSettings, ePlotFormatsAreKnownByTheirModelWithoutRegardToCase)
+TEST(DriverSettings, ePlotFormatsAreKnownByTheirModel)
 {
     EXPECT_EQ(settingsOf(3, OD_T("DWF6_ePlot_for_plotting")), GmDriverSettings::ePlotFormat);
     EXPECT_EQ(settingsOf(3, OD_T("dwfx_eplot_FOR_plotting")), GmDriverSettings::ePlotFormat);
@@ -125,7 +125,7 @@ TEST(DriverSettings, ePlotFormatsAreKnownByTheirModelWithoutRegardToCase)
     EXPECT_EQ(settingsOf(3, OD_T("pdf ")), GmDriverSettings::none);
 }
 
-TEST(DriverSettings, imageFormatsAreKnownByTheirModelWithoutRegardToCase)
+TEST(DriverSettings, imageFormatsAreKnownByTheirModel)
 {
     EXPECT_EQ(settingsOf(0, OD_T("png")), GmDriverSettings::imageFormat);
     EXPECT_EQ(settingsOf(0, OD_T("JFIF")), GmDriverSettings::imageFormat);

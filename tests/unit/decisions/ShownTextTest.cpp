@@ -58,7 +58,7 @@ TEST(EditedText, staysWholeUnlessTheFieldWasChanged)
     EXPECT_EQ(text.whole(), stored);
 }
 
-TEST(EditedText, becomesWhatTheFieldHoldsOnceItWasChanged)
+TEST(EditedText, becomesWhatFieldHoldsOnceItWasChanged)
 {
     EditedText text(OdString(OD_T("A\0B"), 3));
     text.takeFrom(OD_T("A\u2400BC"));
@@ -86,7 +86,7 @@ TEST(EditedText, isCutAt100000CharactersAndStaysWhole)
     EXPECT_TRUE(text.isCut());
 }
 
-TEST(EditedText, isCutWhereALineHasMoreThan5000Characters)
+TEST(EditedText, isCutAtLineOfOver5000Characters)
 {
     const OdString first = repeated(5000) + OD_T("\r\n");
     EXPECT_FALSE(EditedText(first + repeated(5000)).isCut());

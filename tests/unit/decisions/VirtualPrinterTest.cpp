@@ -39,7 +39,7 @@ DEVMODEW wholeDevMode()
 }
 } // namespace
 
-TEST_F(VirtualPaper, theExactNameIsTriedOverAllPrintersFirst)
+TEST_F(VirtualPaper, exactNameIsTriedOverAllPrintersFirst)
 {
     room.add({.name = OD_T("My PDF Printer")});
     room.add({.name = OD_T("PDF Printer")});
@@ -74,14 +74,14 @@ TEST_F(VirtualPaper, aNameIsCutAt64Characters)
     EXPECT_EQ(paperCodeForName(OD_T("PDF Printer"), longest, nullptr), 500);
 }
 
-TEST_F(VirtualPaper, theFirstPaperOfANameCountsWhateverItsCode)
+TEST_F(VirtualPaper, firstPaperOfNameCountsWhateverItsCode)
 {
     room.add({.name = OD_T("PDF Printer"), .papers = {{0, OD_T("Zero")}, {7, OD_T("Zero")}, {5, OD_T("")}}});
     EXPECT_EQ(paperCodeForName(OD_T("PDF Printer"), OD_T("Zero"), nullptr), 0);
     EXPECT_EQ(paperCodeForName(OD_T("PDF Printer"), OD_T(""), nullptr), 5);
 }
 
-TEST_F(VirtualPaper, whatTheDriverDidNotDeliverIsNoNameAndNoCode)
+TEST_F(VirtualPaper, missingNamesAndCodesAreNotFound)
 {
     room::Printer& printer = addPdfPrinter(OD_T("PDF Printer"));
     printer.lies.namesFilled = 2;
@@ -219,7 +219,7 @@ TEST(VirtualPrinterChoice, aCustomSizeIsWrittenInTenths)
     EXPECT_EQ(dm.dmPaperSize, 256);
 }
 
-TEST(VirtualPrinterChoice, thePaperIsAskedForWithQualityAndOrientationOnly)
+TEST(VirtualPrinterChoice, paperQueryHasOnlyQualityAndOrientation)
 {
     DEVMODEW dm = wholeDevMode();
     dm.dmFields = DM_COPIES | DM_PAPERSIZE;

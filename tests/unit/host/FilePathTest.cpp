@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(FilePath, theFirstPathIsTheFirstFolderAsItIsWritten)
+TEST(FilePath, firstPathIsTheFirstFolderUnchanged)
 {
     EXPECT_EQ(FilePath::GetFirstPath(OD_T("C:\\a;D:\\b")), OD_T("C:\\a"));
     EXPECT_EQ(FilePath::GetFirstPath(OD_T("C:\\a\\")), OD_T("C:\\a\\"));

@@ -14,7 +14,7 @@ class StrangeContext : public OdEdCommandContext
 };
 } // namespace
 
-TEST(GarmInterfaces, aContextOfThisHostIsItsInterfaceObject)
+TEST(GarmInterfaces, contextOfThisHostIsItsInterfaceObject)
 {
     const GarmInterfacesPtr interfaces = newGarmInterfaces();
     OdEdCommandContext* context = interfaces.get();
@@ -81,7 +81,7 @@ TEST(MainInterface, keepsTheSearchPathAndGivesCopies)
     EXPECT_EQ(mainInterface.plotCfgSearchPath(), OD_T("c"));
 }
 
-TEST(MainInterface, aReaderOnAnotherThreadSeesOneWholePath)
+TEST(MainInterface, readerOnAnotherThreadSeesOneWholePath)
 {
     // Long enough that a torn copy would show.
     const std::array<OdString, 2> paths = {OdString(std::basic_string<OdChar>(4000, 'a')),

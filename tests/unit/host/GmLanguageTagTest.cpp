@@ -21,7 +21,7 @@ TEST(LanguageTag, acceptsTags)
         EXPECT_EQ(tag(text).text(), text);
 }
 
-TEST(LanguageTag, refusesWhatCouldBeAPathOrIsNoTag)
+TEST(LanguageTag, refusesPathsAndOtherTexts)
 {
     for (const OdChar* text :
          {OD_T(""), OD_T("."), OD_T(".."), OD_T("../en"), OD_T("en/de"), OD_T("en\\de"), OD_T("C:en"), OD_T("e"),

@@ -50,7 +50,7 @@ TEST(NamedValues, holdsObjectsThatAreNoResultBuffers)
     EXPECT_THROW(odrxCastOrThrow<OdResBuf>(values.get(OD_T("deviceName"))), OdError_NotThatKindOfClass);
 }
 
-TEST(NamedValues, keepsAReferenceUntilTheValueIsReplacedOrRemoved)
+TEST(NamedValues, keepsReferenceUntilValueIsReplacedOrRemoved)
 {
     GmServicesManagerInterface values;
     const OdResBufPtr value = OdResBuf::newRb(kRtBool);
@@ -79,7 +79,7 @@ TEST(NamedValues, aNullValueTakesTheNameAway)
     EXPECT_TRUE(values.names().empty());
 }
 
-TEST(NamedValues, namesAreInTheOrderOfTheLatestWriting)
+TEST(NamedValues, namesAreInOrderOfLatestWriting)
 {
     GmServicesManagerInterface values;
     for (const OdChar* name : {OD_T("printerName"), OD_T("paperName"), OD_T("result"), OD_T("printerName")})
@@ -87,7 +87,7 @@ TEST(NamedValues, namesAreInTheOrderOfTheLatestWriting)
     EXPECT_EQ(values.names(), (NameList{OD_T("paperName"), OD_T("result"), OD_T("printerName")}));
 }
 
-TEST(NamedValues, aValueCanBeStoredUnderANameTakenFromTheServiceItself)
+TEST(NamedValues, valueCanReuseANameOfTheService)
 {
     GmServicesManagerInterface values;
     values.set(OD_T("a"), OdResBuf::newRb(kRtString, OD_T("text")));
@@ -95,7 +95,7 @@ TEST(NamedValues, aValueCanBeStoredUnderANameTakenFromTheServiceItself)
     EXPECT_EQ(odrxCastOrThrow<OdResBuf>(values.get(OD_T("a")))->getString(), OD_T("text"));
 }
 
-TEST(NamedValues, aValueThatLooksWhileItGoesFindsTheServiceWhole)
+TEST(NamedValues, departingValueFindsTheServiceWhole)
 {
     GmServicesManagerInterface values;
     NameList seen;

@@ -24,7 +24,7 @@ protected:
 };
 } // namespace
 
-TEST_F(LoadStringFromRoom, textsOfEveryLengthAroundItsBuffersComeWhole)
+TEST_F(LoadStringFromRoom, textsAroundTheBufferSizesAreWhole)
 {
     for (const std::size_t length : {1U, 254U, 255U, 256U, 257U, 510U, 511U, 512U, 513U, 4096U, 65534U, 65535U})
     {
@@ -33,7 +33,7 @@ TEST_F(LoadStringFromRoom, textsOfEveryLengthAroundItsBuffersComeWhole)
     }
 }
 
-TEST_F(LoadStringFromRoom, aMissingNumberAndAnEmptyTextGiveTheFallback)
+TEST_F(LoadStringFromRoom, missingNumberAndEmptyTextGiveFallback)
 {
     EXPECT_EQ(load(7), OD_T("fallback"));
     room.putString(library, 7, {});

@@ -35,7 +35,7 @@ TEST(LocalSearch, looksThroughTheFoldersInTheirOrder)
     EXPECT_EQ(found(OD_T("A0.pc3"), searchPath), earlier);
 }
 
-TEST(LocalSearch, triesTheNameAsGivenAndThenWithTheExtensionInEachFolder)
+TEST(LocalSearch, triesEachFolderWithoutAndWithTheExtension)
 {
     const TemporaryFolder first;
     const TemporaryFolder second;
@@ -48,7 +48,7 @@ TEST(LocalSearch, triesTheNameAsGivenAndThenWithTheExtensionInEachFolder)
     EXPECT_EQ(found(OD_T("A0"), searchPath), asGiven);
 }
 
-TEST(LocalSearch, aNameWithTheExtensionGetsItOnceMoreOnlyWhenThereIsNoSuchFile)
+TEST(LocalSearch, extensionIsRepeatedOnlyIfNothingIsFound)
 {
     const TemporaryFolder folder;
     const OdString doubled = folder.addFile("A0.pc3.pc3");
@@ -57,7 +57,7 @@ TEST(LocalSearch, aNameWithTheExtensionGetsItOnceMoreOnlyWhenThereIsNoSuchFile)
     EXPECT_EQ(found(OD_T("A0.pc3"), folder.path()), plain);
 }
 
-TEST(LocalSearch, aPathWithAFolderIsTriedAsItIsFirst)
+TEST(LocalSearch, pathWithAFolderIsFirstTriedUnchanged)
 {
     const TemporaryFolder elsewhere;
     const TemporaryFolder onPath;
@@ -67,7 +67,7 @@ TEST(LocalSearch, aPathWithAFolderIsTriedAsItIsFirst)
     EXPECT_EQ(found(elsewhere.at("A0"), onPath.path()), file);
 }
 
-TEST(LocalSearch, anAbsolutePathThatIsGoneIsLookedForByItsFileName)
+TEST(LocalSearch, missingAbsolutePathIsSearchedByFileName)
 {
     const TemporaryFolder elsewhere;
     const TemporaryFolder onPath;
@@ -75,7 +75,7 @@ TEST(LocalSearch, anAbsolutePathThatIsGoneIsLookedForByItsFileName)
     EXPECT_EQ(found(elsewhere.at("A0.pc3"), onPath.path()), file);
 }
 
-TEST(LocalSearch, aPathOfAnotherMachineIsLookedForByItsFileNameOnEveryPlatform)
+TEST(LocalSearch, foreignPathIsSearchedByFileName)
 {
     const TemporaryFolder onPath;
     const OdString file = onPath.addFile("A0.pc3");
@@ -88,7 +88,7 @@ TEST(LocalSearch, aPathOfAnotherMachineIsLookedForByItsFileNameOnEveryPlatform)
         EXPECT_EQ(found(name, onPath.path()), file) << OdString(name);
 }
 
-TEST(LocalSearch, theNameOfADeviceIsNotLookedFor)
+TEST(LocalSearch, nameOfDeviceIsNotLookedFor)
 {
     const TemporaryFolder folder;
     const OdString file = folder.addFile("null.pc3");
@@ -97,7 +97,7 @@ TEST(LocalSearch, theNameOfADeviceIsNotLookedFor)
         EXPECT_EQ(found(name, folder.path()), poison) << OdString(name);
 }
 
-TEST(LocalSearch, aRelativePathIsTriedFromTheCurrentFolderAndThenBehindEachFolder)
+TEST(LocalSearch, relativePathIsTriedInEachFolder)
 {
     const TemporaryFolder current;
     const TemporaryFolder onPath;
@@ -112,7 +112,7 @@ TEST(LocalSearch, aRelativePathIsTriedFromTheCurrentFolderAndThenBehindEachFolde
     EXPECT_TRUE(fs::equivalent(fs::path(here.view()), fs::path(current.at("large/A0.pc3").view())));
 }
 
-TEST(LocalSearch, aBareNameIsNotLookedForInTheCurrentFolder)
+TEST(LocalSearch, bareNameIgnoresTheCurrentFolder)
 {
     const TemporaryFolder current;
     const CurrentFolder inside(current.path());
@@ -171,7 +171,7 @@ TEST(LocalSearch, namesBeyondAsciiAreFound)
     EXPECT_EQ(found(OD_T("Gro\u00DFformat \u5370\u5237"), folder.path()), file);
 }
 
-TEST(LocalSearch, withoutAPathOfItsOwnItTakesTheHosts)
+TEST(LocalSearch, withoutPathOfItsOwnItTakesHosts)
 {
     const TemporaryFolder folder;
     const OdString file = folder.addFile("A0.pc3");
@@ -185,7 +185,7 @@ TEST(LocalSearch, withoutAPathOfItsOwnItTakesTheHosts)
     getMainInternalInterface()->setPlotCfgSearchPath(OdString());
 }
 
-TEST(LocalSearch, aBackgroundSearchSeesOnePathWhileTheHostChangesIt)
+TEST(LocalSearch, backgroundSearchSeesOneWholePath)
 {
     // Every path the host sets has the file, so a search that mixed two of them would be the only one to miss it.
     const TemporaryFolder first;

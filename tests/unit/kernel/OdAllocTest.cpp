@@ -61,7 +61,7 @@ TEST(OdAlloc, freeAcceptsNull)
     odrxFree(nullptr);
 }
 
-TEST(OdAlloc, aFailureThrowsBadAllocWithAFixedText)
+TEST(OdAlloc, failureIsStandardExceptionWithFixedText)
 {
     const FailingAllocations fail(0);
     try

@@ -42,7 +42,8 @@ TEST(OdAssert, settingAHandlerReturnsThePreviousOne)
     EXPECT_NE(odSetAssertHandler(before), nullptr) << "null restores the default handler";
 }
 
-TEST(OdAssert, withoutAHandlerTheReportGoesToStandardError)
+// What a person sees who runs a program that set no handler.
+TEST(OdAssert, withoutHandlerReportGoesToStandardError)
 {
     const OdAssertHandler before = odSetAssertHandler(nullptr);
     testing::internal::CaptureStderr();
@@ -59,7 +60,7 @@ TEST(OdAssert, anExceptionOfAHandlerIsIgnored)
     odSetAssertHandler(before);
 }
 
-TEST(OdAssert, verifyReportsTheExpressionInEveryBuild)
+TEST(OdAssert, expressionIsItsOwnTextInEveryBuild)
 {
     const RecordedAsserts asserts;
     const int count = 0;

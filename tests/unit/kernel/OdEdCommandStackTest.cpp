@@ -61,7 +61,7 @@ TEST_F(CommandStack, holdsAReference)
     EXPECT_EQ(living, 0);
 }
 
-TEST_F(CommandStack, aGlobalNameIsUniqueWithoutRegardToCase)
+TEST_F(CommandStack, keepsTheFirstOfAGlobalName)
 {
     const auto first = makeCommand(edit);
     EXPECT_TRUE(stack->addCommand(first.get()));
@@ -72,7 +72,7 @@ TEST_F(CommandStack, aGlobalNameIsUniqueWithoutRegardToCase)
     EXPECT_EQ(stack->commands().size(), 1U);
 }
 
-TEST_F(CommandStack, aLocalNameFindsTheFirstCommand)
+TEST_F(CommandStack, sharedLocalNameBelongsToTheFirst)
 {
     const auto first = makeCommand(edit);
     const auto second = makeCommand({OD_T("GROUP"), OD_T("_SECOND"), edit.local});
@@ -82,7 +82,7 @@ TEST_F(CommandStack, aLocalNameFindsTheFirstCommand)
     EXPECT_EQ(stack->lookupGlobal(OD_T("_SECOND")).get(), second.get());
 }
 
-TEST_F(CommandStack, findsBothNamesWithoutRegardToCase)
+TEST_F(CommandStack, findsByGlobalAndLocalName)
 {
     const auto command = makeCommand(edit);
     stack->addCommand(command.get());
@@ -95,7 +95,7 @@ TEST_F(CommandStack, findsBothNamesWithoutRegardToCase)
     EXPECT_EQ(stack->lookup(OD_T("EDIT")), nullptr);
 }
 
-TEST_F(CommandStack, aGlobalNameTakesPrecedenceOverALocalOne)
+TEST_F(CommandStack, globalNamePrecedesAnEqualLocalOne)
 {
     const auto local = makeCommand({OD_T("GROUP"), OD_T("_LOCAL"), OD_T("_EDIT")});
     const auto global = makeCommand(edit);
@@ -104,7 +104,7 @@ TEST_F(CommandStack, aGlobalNameTakesPrecedenceOverALocalOne)
     EXPECT_EQ(stack->lookup(OD_T("_EDIT")).get(), global.get());
 }
 
-TEST_F(CommandStack, anEmptyNameFindsNothing)
+TEST_F(CommandStack, emptyNameFindsNothing)
 {
     stack->addCommand(makeCommand({OD_T("GROUP"), OD_T("_QUIET"), OdString()}).get());
     EXPECT_EQ(stack->lookup(OdString()), nullptr);
@@ -151,7 +151,7 @@ TEST_F(CommandStack, removingAnUnknownGroupDoesNothing)
     EXPECT_EQ(stack->commands().size(), 1U);
 }
 
-TEST_F(CommandStack, aDestructorSeesTheStackWithoutItsGroup)
+TEST_F(CommandStack, departingCommandNoLongerFindsItsGroup)
 {
     std::size_t seen = 99;
     {
@@ -184,7 +184,7 @@ TEST_F(CommandStack, anExceptionOfACommandPropagates)
     EXPECT_EQ(stack->lookup(OD_T("_EDIT"))->refCount(), 2) << "the reference held during the run was released";
 }
 
-TEST_F(CommandStack, aRunningCommandMayRemoveItsOwnGroup)
+TEST_F(CommandStack, commandMayRemoveItsOwnGroup)
 {
     int livingInside = -1;
     const auto work = [&](OdEdCommandContext*)

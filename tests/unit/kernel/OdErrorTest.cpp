@@ -11,7 +11,7 @@ TEST(OdError, hasItsCode)
     EXPECT_EQ(OdError(eNullObjectPointer).code(), 5);
 }
 
-TEST(OdError, theWrongClassHasItsOwnTypeAndCode)
+TEST(OdError, wrongClassHasItsOwnErrorAndCode)
 {
     try
     {

@@ -35,7 +35,7 @@ const std::array<Kind, 7>& kinds()
 }
 } // namespace
 
-TEST(OdResBuf, aNewBufferHoldsTheEmptyValueOfItsKind)
+TEST(OdResBuf, newBufferHoldsEmptyValueOfItsKind)
 {
     EXPECT_EQ(OdResBuf::newRb(5005)->getString(), OdString());
     EXPECT_FALSE(OdResBuf::newRb(290)->getBool());
@@ -80,7 +80,7 @@ TEST(OdResBuf, reportsItsRestype)
         EXPECT_EQ(OdResBuf::newRb(kind.restype)->restype(), kind.restype) << kind.name;
 }
 
-TEST(OdResBuf, anotherKindThrowsAndChangesNothing)
+TEST(OdResBuf, accessAsAnotherKindThrowsAndChangesNothing)
 {
     for (const Kind& held : kinds())
         for (const Kind& asked : kinds())

@@ -20,7 +20,7 @@ private:
 };
 } // namespace
 
-TEST(OdRxModule, pointersOnlyLockIt)
+TEST(OdRxModule, pointersLockItAndOnlyLoaderEndsIt)
 {
     int living = 0;
     auto* const module = new Module(living);

@@ -58,7 +58,7 @@ TEST(OdRxObjectImpl, theCountHas32Bits)
     EXPECT_TRUE(std::is_signed_v<OdRefCount>);
 }
 
-TEST(OdRxObjectImpl, anExtraReleaseAssertsAndDestroysOnlyOnce)
+TEST(OdRxObjectImpl, extraReleaseAssertsWithoutDestroyingTwice)
 {
     // The first release destroys the object; its destructor makes another one, while the count is 0.
     struct ReleasedTwice : OdRxObject
@@ -135,7 +135,7 @@ TEST(OdStaticRxObject, canBeWrappedInACountingObject)
     EXPECT_EQ(living, 0);
 }
 
-TEST(OdSmartPtr, aPlainPointerAddsAReferenceAndAttachDoesNot)
+TEST(OdSmartPtr, plainPointerGetsReferenceAndAttachTakesOne)
 {
     int living = 0;
     CountedObject* plain = CountedImpl::createObject(living).detach();
@@ -227,7 +227,7 @@ TEST(OdRxCast, returnsAnObjectOfThatClassOrNull)
     EXPECT_EQ(OdResBuf::cast(plain.get()), nullptr);
 }
 
-TEST(OdRxCast, orThrowsRejectsOtherClassesAndAcceptsNull)
+TEST(OdRxCast, orThrowsNamesTheWrongClass)
 {
     int living = 0;
     const OdRxObjectPtr plain = CountedImpl::createObject(living);

@@ -74,7 +74,7 @@ TEST(OdSharedPtr, assignmentReleasesTheOldObject)
     EXPECT_EQ(living, 1);
 }
 
-TEST(OdSharedPtr, aBaseAndItsDerivedPointerShareOneCount)
+TEST(OdSharedPtr, baseAndItsDerivedPointerShareOneCount)
 {
     int living = 0;
     OdSharedPtr<Derived> derived(new Derived(living));

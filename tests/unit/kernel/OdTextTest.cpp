@@ -19,14 +19,14 @@ TEST(OdText, endingsAreComparedWithoutCase)
     EXPECT_FALSE(odStartsWithNoCase(OD_T("Use"), OD_T("user")));
 }
 
-TEST(OdText, anUnterminatedFieldIsReadToItsEnd)
+TEST(OdText, slotWithoutTerminatorIsReadToItsEnd)
 {
     const OdChar slot[4] = {'a', 'b', 'c', 'd'};
     EXPECT_EQ(odBoundedView(slot, 4).size(), 4U);
     EXPECT_EQ(odBoundedView(slot, 0).size(), 0U);
 }
 
-TEST(OdText, utf8RoundTripsAndReplacesInvalidText)
+TEST(OdText, utf8RoundTripsAndReplacesInvalidBytes)
 {
     const std::string text = "A\xC3\xA4\xE2\x82\xAC\xF0\x9F\x96\xA8";
     EXPECT_EQ(odToUtf8(odFromUtf8(text)), text);

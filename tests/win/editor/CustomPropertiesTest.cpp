@@ -58,7 +58,7 @@ private:
 };
 } // namespace
 
-TEST_F(CustomProperties, theDriversDialogIsGivenTheConfigurationsDeviceMode)
+TEST_F(CustomProperties, driversDialogIsGivenConfigurationsDeviceMode)
 {
     m_cfg->m_media.m_number_of_copies = 7;
     HWND page = nullptr;
@@ -75,7 +75,7 @@ TEST_F(CustomProperties, theDriversDialogIsGivenTheConfigurationsDeviceMode)
     EXPECT_EQ(DevModeView(calls[0].devMode).fields().dmCopies, 7);
 }
 
-TEST_F(CustomProperties, thePrinterIsOpenUntilItsSettingsAreTakenBack)
+TEST_F(CustomProperties, printerStaysOpenUntilItsSettingsAreApplied)
 {
     int atTheCall = 0;
     int whileTakingBack = 0;
@@ -102,7 +102,7 @@ TEST_F(CustomProperties, thePrinterIsOpenUntilItsSettingsAreTakenBack)
     EXPECT_EQ(copies(), 3);
 }
 
-TEST_F(CustomProperties, whatWasSetIsInTheConfigurationAndMarked)
+TEST_F(CustomProperties, whatWasSetIsInConfigurationAndMarked)
 {
     driverChanges(
         [](DEVMODEW& dm)
@@ -122,7 +122,7 @@ TEST_F(CustomProperties, whatWasSetIsInTheConfigurationAndMarked)
     EXPECT_TRUE(m_sheet.m_modified);
 }
 
-TEST_F(CustomProperties, aDialogThatWasCancelledWithOkChangesNothing)
+TEST_F(CustomProperties, dialogThatWasCancelledWithOkChangesNothing)
 {
     // As the drivers under Wine do: OK is the answer, and the block is as it was.
     driverChanges([](DEVMODEW&) {});
@@ -174,7 +174,7 @@ TEST_F(CustomProperties, aCancelledDialogLeavesTheConfiguration)
     EXPECT_EQ(dialogCalls().size(), 3U);
 }
 
-TEST_F(CustomProperties, whatATakeoverChangedBeforeItFailedIsAChange)
+TEST_F(CustomProperties, whatTakeoverChangedBeforeItFailedIsChange)
 {
     // The private bytes are taken first; a paper that the printer does not have then ends it.
     driverChanges(
@@ -211,7 +211,7 @@ TEST_F(CustomProperties, withoutADeviceModeNothingIsAsked)
     EXPECT_FALSE(m_sheet.m_modified);
 }
 
-TEST_F(CustomProperties, aPrinterThatCannotBeOpenedIsNotAsked)
+TEST_F(CustomProperties, printerThatCannotBeOpenedIsNotAsked)
 {
     m_room.refuse(Call::openPrinter, L"Plotter A");
     run([](DeviceTabUser& tab) { pressButton(tab); });
@@ -248,7 +248,7 @@ TEST_F(CustomProperties, otherDriverTypesHaveNoDialog)
     EXPECT_FALSE(m_sheet.m_modified);
 }
 
-TEST_F(CustomProperties, theSheetIsDisabledMeanwhileAndGetsTheFocusBack)
+TEST_F(CustomProperties, sheetIsDisabledMeanwhileAndGetsFocusBack)
 {
     HWND sheet = nullptr;
     bool wasEnabled = true;
@@ -282,7 +282,7 @@ TEST_F(CustomProperties, theSheetIsDisabledMeanwhileAndGetsTheFocusBack)
     m_room.forgetHooks();
 }
 
-TEST_F(CustomProperties, theSheetIsActiveAfterwardsAlsoWhenNothingHadTheFocus)
+TEST_F(CustomProperties, sheetIsActiveAfterwardsEvenWithoutAFocus)
 {
     HWND other = nullptr;
     m_room.onCall(Call::documentProperties, L"Plotter A",
@@ -314,7 +314,7 @@ TEST_F(CustomProperties, theSheetIsActiveAfterwardsAlsoWhenNothingHadTheFocus)
     EXPECT_EQ(dialogCalls().size(), 1U);
 }
 
-TEST_F(CustomProperties, aDriverThatThrowsOrFailsAtAnyMomentLeavesTheSheetUsable)
+TEST_F(CustomProperties, failingDriverLeavesTheSheetUsable)
 {
     driverChanges([](DEVMODEW& dm) { dm.dmCopies = 3; });
     run(

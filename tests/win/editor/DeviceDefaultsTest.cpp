@@ -51,7 +51,7 @@ TEST_F(DeviceDefaults, declinedChangeNothing)
     EXPECT_EQ(destination().m_collating_type, 1);
 }
 
-TEST_F(DeviceDefaults, markEveryEntryWhoseLabelChangedAndSaveNothing)
+TEST_F(DeviceDefaults, markChangedLabelsAndSaveNothing)
 {
     destination().setCollating(true);
     m_cfg->m_media.m_size.m_name = OD_T("A3");
@@ -100,7 +100,7 @@ TEST_F(DeviceDefaults, ofAPrinterThatIsGoneChangeNothing)
     EXPECT_FALSE(m_sheet.m_modified);
 }
 
-TEST_F(DeviceDefaults, areRefreshedParentsFirstWithTheTextBeforeTheMark)
+TEST_F(DeviceDefaults, areRefreshedParentsFirstWithTextBeforeMark)
 {
     destination().setCollating(true);
     m_cfg->m_media.m_size.m_name = OD_T("A3");
@@ -150,7 +150,7 @@ TEST_F(DeviceDefaults, anEmptyLabelLeavesTheOldOneUnmarked)
         });
 }
 
-TEST_F(DeviceDefaults, areNotShownOnAPageThatExistsWhichWritesItsOldChoiceBack)
+TEST_F(DeviceDefaults, existingPageWritesItsOldChoiceBack)
 {
     destination().setCollating(true);
     run(
@@ -169,7 +169,7 @@ TEST_F(DeviceDefaults, areNotShownOnAPageThatExistsWhichWritesItsOldChoiceBack)
         });
 }
 
-TEST_F(DeviceDefaults, areKeptByAPageThatComparesWithWhatItHolds)
+TEST_F(DeviceDefaults, pageWithoutChangesKeepsThem)
 {
     m_cfg->m_res_color_mem.m_preference = 20;
     run(

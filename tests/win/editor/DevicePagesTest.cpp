@@ -89,7 +89,7 @@ TEST_F(DevicePages, collatingIsWrittenWhenItIsChosen)
         });
 }
 
-TEST_F(DevicePages, theSameCollatingChosenAgainRewritesItsTextOnly)
+TEST_F(DevicePages, sameCollatingChosenAgainRewritesItsTextOnly)
 {
     destination().m_collating_name = OD_T("by hand");
     run(
@@ -122,7 +122,7 @@ TEST_F(DevicePages, collatingWithNothingSelectedIsOff)
         });
 }
 
-TEST_F(DevicePages, collatingWithoutADestinationShowsOffAndWritesNothing)
+TEST_F(DevicePages, collatingWithoutDestinationShowsOffAndWritesNothing)
 {
     destination().setCollating(true);
     run(
@@ -139,7 +139,7 @@ TEST_F(DevicePages, collatingWithoutADestinationShowsOffAndWritesNothing)
 
 // --- Raster graphics ---
 
-TEST_F(DevicePages, rasterSlidersHaveTheirRangesAndShowTheValues)
+TEST_F(DevicePages, rasterSlidersHaveTheirRangesAndShowValues)
 {
     color().m_ism_max = 2;
     color().m_ole_max = 0;
@@ -185,7 +185,7 @@ TEST_F(DevicePages, everyRasterValueIsDrawnWhereItBelongs)
         });
 }
 
-TEST_F(DevicePages, rasterValuesAreDrawnRightAfterPagesAndTabsWereSwitched)
+TEST_F(DevicePages, rasterValuesAreDrawnRightAfterSwitching)
 {
     color().m_ism_max = 6;
     color().m_ole_max = 5;
@@ -249,7 +249,7 @@ TEST_F(DevicePages, rasterSlidersLoadedAgainShowTheHeldValues)
         });
 }
 
-TEST_F(DevicePages, movingARasterSliderAndBackBetweenTwoCommitsWritesNothing)
+TEST_F(DevicePages, restoredRasterSliderWritesNothing)
 {
     run(
         [this](DeviceTabUser& tab)
@@ -265,7 +265,7 @@ TEST_F(DevicePages, movingARasterSliderAndBackBetweenTwoCommitsWritesNothing)
     EXPECT_FALSE(m_sheet.m_modified);
 }
 
-TEST_F(DevicePages, oneMovedRasterSliderWritesAllThreeHeldValues)
+TEST_F(DevicePages, oneMovedRasterSliderWritesAllThreeValues)
 {
     run(
         [this](DeviceTabUser& tab)
@@ -280,7 +280,7 @@ TEST_F(DevicePages, oneMovedRasterSliderWritesAllThreeHeldValues)
         });
 }
 
-TEST_F(DevicePages, valuesOutsideASlidersRangeAreCutWhenThePageIsLeft)
+TEST_F(DevicePages, leavingThePageCutsValuesToTheirRange)
 {
     color().m_ism_max = 9;
     color().m_ole_max = -3;
@@ -369,7 +369,7 @@ TEST_F(DevicePages, mergeControlShowsTheStoredChoice)
         });
 }
 
-TEST_F(DevicePages, mergeControlWithoutAValueIsDisabledAndStaysSo)
+TEST_F(DevicePages, mergeControlWithoutAValueStaysDisabled)
 {
     run(
         [this](DeviceTabUser& tab)
@@ -390,7 +390,7 @@ TEST_F(DevicePages, mergeControlWithoutAValueIsDisabledAndStaysSo)
     EXPECT_FALSE(m_sheet.m_modified);
 }
 
-TEST_F(DevicePages, mergeControlWhoseValueWentIsAssertedAndWritesNothing)
+TEST_F(DevicePages, lostMergeValueIsAssertedAndNotWritten)
 {
     m_expectedAsserts = {"m_dlg.cfg().m_res_color_mem.m_lines_overwrite | GarmPC3Editor/Dialogs/GmDeviceSubDlg"};
     run(
@@ -428,7 +428,7 @@ TEST_F(DevicePages, vectorValuesAreShownInDisabledControls)
         });
 }
 
-TEST_F(DevicePages, vectorValuesAreShownAsTheyWereWhenThePageWasMade)
+TEST_F(DevicePages, vectorValuesAreReadOnceAtCreation)
 {
     color().m_color_depth = 1;
     color().m_resolution.m_name = OD_T("300");

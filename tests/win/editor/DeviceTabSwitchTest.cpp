@@ -22,7 +22,7 @@ TEST_F(DeviceTabSwitch, headingsHaveNoPage)
         });
 }
 
-TEST_F(DeviceTabSwitch, eachSettingHasAPageOfItsOwnThatIsMadeOnce)
+TEST_F(DeviceTabSwitch, eachSettingHasItsOwnPageCreatedOnce)
 {
     run(
         [](DeviceTabUser& tab)
@@ -49,7 +49,7 @@ TEST_F(DeviceTabSwitch, eachSettingHasAPageOfItsOwnThatIsMadeOnce)
         });
 }
 
-TEST_F(DeviceTabSwitch, aPageLiesInTheCornerOfTheFrameInItsOwnSize)
+TEST_F(DeviceTabSwitch, pageKeepsItsSizeInTheFramesCorner)
 {
     run(
         [](DeviceTabUser& tab)
@@ -71,7 +71,7 @@ TEST_F(DeviceTabSwitch, aPageLiesInTheCornerOfTheFrameInItsOwnSize)
         });
 }
 
-TEST_F(DeviceTabSwitch, theTabKeyGoesFromTheTreeIntoThePageAndThenToTheButtons)
+TEST_F(DeviceTabSwitch, tabKeyVisitsTreePageAndButtons)
 {
     run(
         [](DeviceTabUser& tab)
@@ -84,7 +84,7 @@ TEST_F(DeviceTabSwitch, theTabKeyGoesFromTheTreeIntoThePageAndThenToTheButtons)
         });
 }
 
-TEST_F(DeviceTabSwitch, theNewPageIsThereBeforeTheOldOneIsCommittedAndHidden)
+TEST_F(DeviceTabSwitch, newPageExistsBeforeTheOldIsCommitted)
 {
     std::vector<std::string> steps;
     HWND raster = nullptr;
@@ -127,7 +127,7 @@ TEST_F(DeviceTabSwitch, theNewPageIsThereBeforeTheOldOneIsCommittedAndHidden)
         });
 }
 
-TEST_F(DeviceTabSwitch, aPageIsPaintedAnewAtOnceWhenItIsActivated)
+TEST_F(DeviceTabSwitch, activatedPageIsRepaintedAtOnce)
 {
     run(
         [this](DeviceTabUser& tab)
@@ -182,7 +182,7 @@ TEST_F(DeviceTabSwitch, aNewPageIsPaintedInItsPlace)
         });
 }
 
-TEST_F(DeviceTabSwitch, aPageReadsItsValuesWhenItIsMadeNotBefore)
+TEST_F(DeviceTabSwitch, pageReadsItsValuesOnlyWhenCreated)
 {
     run(
         [this](DeviceTabUser& tab)
@@ -206,7 +206,7 @@ TEST_F(DeviceTabSwitch, leavingAPageUnchangedIsNoChange)
     EXPECT_FALSE(m_sheet.m_modified);
 }
 
-TEST_F(DeviceTabSwitch, aPageThatHasAWindowIsNotMadeAgain)
+TEST_F(DeviceTabSwitch, pageThatHasWindowIsNotMadeAgain)
 {
     run(
         [this](DeviceTabUser& tab)
@@ -220,7 +220,7 @@ TEST_F(DeviceTabSwitch, aPageThatHasAWindowIsNotMadeAgain)
     m_expectedAsserts = {"!*this | GarmPC3Editor/Dialogs/GmDeviceSubDlg"};
 }
 
-TEST_F(DeviceTabSwitch, neitherReturnNorEscapeInAPageClosesIt)
+TEST_F(DeviceTabSwitch, neitherReturnNorEscapeInPageClosesIt)
 {
     run(
         [this](DeviceTabUser& tab)
@@ -233,7 +233,7 @@ TEST_F(DeviceTabSwitch, neitherReturnNorEscapeInAPageClosesIt)
         });
 }
 
-TEST_F(DeviceTabSwitch, aChangeThatWasNotSeenToIsAssertedAndSeenTo)
+TEST_F(DeviceTabSwitch, overlookedChangeIsAssertedAndHandled)
 {
     run(
         [this](DeviceTabUser& tab)
@@ -248,7 +248,7 @@ TEST_F(DeviceTabSwitch, aChangeThatWasNotSeenToIsAssertedAndSeenTo)
     EXPECT_TRUE(m_sheet.m_modified);
 }
 
-TEST_F(DeviceTabSwitch, aChangeOfTheCustomPropertiesPageIsAsserted)
+TEST_F(DeviceTabSwitch, changeOfCustomPropertiesPageIsAsserted)
 {
     run(
         [this](DeviceTabUser& tab)
@@ -263,7 +263,7 @@ TEST_F(DeviceTabSwitch, aChangeOfTheCustomPropertiesPageIsAsserted)
     EXPECT_TRUE(m_sheet.m_modified);
 }
 
-TEST_F(DeviceTabSwitch, aNotificationWithoutASelectedPageIsAssertedAndDropped)
+TEST_F(DeviceTabSwitch, notificationWithoutSelectedPageIsAssertedAndDropped)
 {
     run(
         [](DeviceTabUser& tab)

@@ -92,7 +92,7 @@ TEST_F(DeviceTreeShape, anEntrysPicturesAndDataAreItsKind)
         });
 }
 
-TEST_F(DeviceTreeShape, withoutADestinationThereIsNeitherItNorCollating)
+TEST_F(DeviceTreeShape, withoutDestinationThereIsNeitherItNorCollating)
 {
     m_cfg->m_media.m_destination = nullptr;
     run(
@@ -104,7 +104,7 @@ TEST_F(DeviceTreeShape, withoutADestinationThereIsNeitherItNorCollating)
         });
 }
 
-TEST_F(DeviceTreeShape, withoutALinesOverwriteValueThereIsNoMergeControl)
+TEST_F(DeviceTreeShape, noLinesOverwriteValueMeansNoMergeControl)
 {
     m_cfg->m_res_color_mem.m_lines_overwrite = nullptr;
     run(
@@ -145,7 +145,7 @@ TEST_F(DeviceTreeShape, mediaIsExpandedWhenItIsComplete)
                                                 L"+9", L"+10", L"+11", L"select", L"expand"}));
 }
 
-TEST_F(DeviceTreeShape, anEntryComesWithoutTextAndGetsItsLabelAtOnce)
+TEST_F(DeviceTreeShape, entryGetsItsLabelRightAfterInsertion)
 {
     std::vector<bool> insertions; // true: an empty text was inserted; false: a text was set
     const SentMessages watch(
@@ -185,7 +185,7 @@ TEST_F(DeviceTreeShape, customPropertiesAreSelectedBeforeTheTabShows)
     EXPECT_EQ(tabWasVisible, std::vector<bool>{false});
 }
 
-TEST_F(DeviceTreeShape, picturesAreDrawnInTheirOwnColoursWithTheCheckMarkOverThem)
+TEST_F(DeviceTreeShape, checkMarkIsDrawnOverColouredPictures)
 {
     run(
         [](DeviceTabUser& tab)
@@ -232,7 +232,7 @@ TEST_F(DeviceTreeShape, labelsShowTheValues)
         });
 }
 
-TEST_F(DeviceTreeShape, aConfigurationWithoutAFileIsCalledByItsPrinter)
+TEST_F(DeviceTreeShape, configurationWithoutFileIsCalledByItsPrinter)
 {
     m_sheet.setConfig(m_cfg, L"", L"");
     run([](DeviceTabUser& tab) { EXPECT_EQ(tab.label(eRoot), L"Plotter A"); });
@@ -282,7 +282,7 @@ TEST_F(DeviceTreeShape, aRefusedInsertionEndsTheInitialisation)
     }
 }
 
-TEST_F(DeviceTreeShape, missingIconsAreAssertedOneByOneAndTheTabStillWorks)
+TEST_F(DeviceTreeShape, missingIconsAreAssertedButTheTabWorks)
 {
     const HINSTANCE full = library();
     const SentMessages watch(

@@ -43,7 +43,7 @@ protected:
     GarmInterfacesPtr m_interfaces = newGarmInterfaces();
 };
 
-TEST_F(EditCommandTest, ANewConfigurationIsEditedNamedWrittenAndReadAgain)
+TEST_F(EditCommandTest, newConfigurationIsEditedSavedAndReadAgain)
 {
     edit(L"Plotter A", true,
          [](SheetDriver& user)
@@ -74,7 +74,7 @@ TEST_F(EditCommandTest, ANewConfigurationIsEditedNamedWrittenAndReadAgain)
 }
 
 // What opening a sheet costs beside its windows. The second tab asks for nothing more.
-TEST_F(EditCommandTest, OpeningAFileCostsTheseCallsAndNoMore)
+TEST_F(EditCommandTest, openingFileCostsTheseCallsAndNoMore)
 {
     using room::Call;
     const OdSharedPtr<GmPlotCfg3> cfg = newConfiguration();
@@ -110,7 +110,7 @@ TEST_F(EditCommandTest, OpeningAFileCostsTheseCallsAndNoMore)
     EXPECT_EQ(calls, expected);
 }
 
-TEST_F(EditCommandTest, ACancelledSheetWritesNothing)
+TEST_F(EditCommandTest, aCancelledSheetWritesNothing)
 {
     edit(L"Plotter A", true,
          [](SheetDriver& user)
@@ -124,7 +124,7 @@ TEST_F(EditCommandTest, ACancelledSheetWritesNothing)
     EXPECT_TRUE(m_folder.names().empty());
 }
 
-TEST_F(EditCommandTest, ARefusedNameWritesNothing)
+TEST_F(EditCommandTest, aRefusedNameWritesNothing)
 {
     edit(L"Plotter A", true,
          [](SheetDriver& user)
@@ -138,7 +138,7 @@ TEST_F(EditCommandTest, ARefusedNameWritesNothing)
     EXPECT_TRUE(m_folder.names().empty());
 }
 
-TEST_F(EditCommandTest, ATargetThatCannotBeWrittenIsTold)
+TEST_F(EditCommandTest, aTargetThatCannotBeWrittenIsTold)
 {
     m_folder.addFile("Taken.pc3/file");
     edit(L"Plotter A", true,
@@ -160,7 +160,7 @@ TEST_F(EditCommandTest, ATargetThatCannotBeWrittenIsTold)
     EXPECT_EQ(textOf(L"fileName"), L"");
 }
 
-TEST_F(EditCommandTest, WhatCannotBeEditedShowsNothing)
+TEST_F(EditCommandTest, whatCannotBeEditedShowsNothing)
 {
     GmServicesManagerInterface& values = m_interfaces->document().servicesManager();
     values.set(L"plotCfgName", OdResBuf::newRb(kRtString, OdString(L"missing.pc3")));
@@ -169,7 +169,7 @@ TEST_F(EditCommandTest, WhatCannotBeEditedShowsNothing)
     EXPECT_EQ(textOf(L"fileName"), L"no value");
 }
 
-TEST_F(EditCommandTest, WithoutItsTemplatesTheSheetCountsAsCancelled)
+TEST_F(EditCommandTest, withoutItsTemplatesTheSheetCountsAsCancelled)
 {
     // A library of another product: no dialog can be made from it.
     theApp.m_hLangResourceDLL = ::GetModuleHandleW(L"kernel32.dll");

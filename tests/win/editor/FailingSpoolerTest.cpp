@@ -152,7 +152,7 @@ protected:
     std::string m_new;
 };
 
-TEST_F(FailingSpooler, EachCallMayFail)
+TEST_F(FailingSpooler, eachCallMayFail)
 {
     const Counts counts = spoilEach(&PrinterRoom::failNth);
     EXPECT_GT(counts.spoiled, 20);
@@ -160,14 +160,14 @@ TEST_F(FailingSpooler, EachCallMayFail)
     EXPECT_EQ(counts.opened, counts.spoiled);
 }
 
-TEST_F(FailingSpooler, EachCallMayThrow)
+TEST_F(FailingSpooler, eachCallMayThrow)
 {
     const Counts counts = spoilEach(&PrinterRoom::throwNth);
     EXPECT_GT(counts.spoiled, 20);
     EXPECT_GT(counts.opened, 0);
 }
 
-TEST_F(FailingSpooler, ThePrinterMayGoAtEachCall)
+TEST_F(FailingSpooler, thePrinterMayGoAtEachCall)
 {
     for (int n = 1;; ++n)
     {

@@ -108,7 +108,7 @@ private:
     HKEY m_key = nullptr;
 };
 
-TEST_F(GeneralTabTest, ShowsWhatTheConfigurationIs)
+TEST_F(GeneralTabTest, showsWhatTheConfigurationIs)
 {
     m_cfg->m_meta.m_config_description = L"R&D\r\nsecond line";
     m_cfg->m_meta.m_driver_pathname = L"C:\\drivers\\r&d.hdi";
@@ -125,7 +125,7 @@ TEST_F(GeneralTabTest, ShowsWhatTheConfigurationIs)
         });
 }
 
-TEST_F(GeneralTabTest, AConfigurationWithoutPrinterShowsFamilyAndModel)
+TEST_F(GeneralTabTest, aConfigurationWithoutPrinterShowsFamilyAndModel)
 {
     m_cfg->m_meta.m_win_device_name.empty();
     m_cfg->m_meta.m_localized_family_name = L"Files";
@@ -139,7 +139,7 @@ TEST_F(GeneralTabTest, AConfigurationWithoutPrinterShowsFamilyAndModel)
         });
 }
 
-TEST_F(GeneralTabTest, TheIconTellsPrintersFromFiles)
+TEST_F(GeneralTabTest, theIconTellsPrintersFromFiles)
 {
     const std::vector<BYTE> printerPixels = pixels(loadIcon(IDI_SYSTEM_PRINTER, ::GetSystemMetrics(SM_CXICON)).get());
     const std::vector<BYTE> filePixels = pixels(loadIcon(IDI_FILE_PRINTER, ::GetSystemMetrics(SM_CXICON)).get());
@@ -155,7 +155,7 @@ TEST_F(GeneralTabTest, TheIconTellsPrintersFromFiles)
     EXPECT_EQ(shown, filePixels);
 }
 
-TEST_F(GeneralTabTest, LongTextsAreWholeInTheirTooltips)
+TEST_F(GeneralTabTest, longTextsAreWholeInTheirTooltips)
 {
     const std::wstring name(500, L'f');
     m_cfg->m_meta.m_driver_pathname = (L"C:\\" + name).c_str();
@@ -180,7 +180,7 @@ TEST_F(GeneralTabTest, LongTextsAreWholeInTheirTooltips)
         });
 }
 
-TEST_F(GeneralTabTest, ALabelHasOneTooltipAlsoAfterItsTextChanged)
+TEST_F(GeneralTabTest, labelKeepsOneTooltipAfterATextChange)
 {
     look(
         [&](SheetDriver& user, HWND sheet)
@@ -197,7 +197,7 @@ TEST_F(GeneralTabTest, ALabelHasOneTooltipAlsoAfterItsTextChanged)
         });
 }
 
-TEST_F(GeneralTabTest, PrintersStandInTheSpoolersOrderAndCannotBeChanged)
+TEST_F(GeneralTabTest, printersKeepTheSpoolersOrderAndAreDisabled)
 {
     m_room.allowNetworkPass();
     room::Printer other;
@@ -216,7 +216,7 @@ TEST_F(GeneralTabTest, PrintersStandInTheSpoolersOrderAndCannotBeChanged)
         });
 }
 
-TEST_F(GeneralTabTest, NamesComeFromLevel5UnderWineAndFromLevel1Elsewhere)
+TEST_F(GeneralTabTest, wineNeedsLevel5ForNames)
 {
     // Today's Wine does not have the key, so the tab takes it for something else.
     const auto levels = [this]
@@ -238,7 +238,7 @@ TEST_F(GeneralTabTest, NamesComeFromLevel5UnderWineAndFromLevel1Elsewhere)
     EXPECT_TRUE(std::ranges::all_of(underWine, [](DWORD level) { return level == 5; }));
 }
 
-TEST_F(GeneralTabTest, AnAbsentPrinterHasAPlaceholderInFront)
+TEST_F(GeneralTabTest, anAbsentPrinterHasAPlaceholderInFront)
 {
     m_cfg->m_meta.m_win_device_name = L"Gone";
     look(
@@ -252,7 +252,7 @@ TEST_F(GeneralTabTest, AnAbsentPrinterHasAPlaceholderInFront)
         });
 }
 
-TEST_F(GeneralTabTest, ChoosingTheSamePrinterDoesNothing)
+TEST_F(GeneralTabTest, choosingTheSamePrinterDoesNothing)
 {
     look(
         [&](SheetDriver& user, HWND sheet)
@@ -264,7 +264,7 @@ TEST_F(GeneralTabTest, ChoosingTheSamePrinterDoesNothing)
     EXPECT_FALSE(m_sheet.m_replaced);
 }
 
-TEST_F(GeneralTabTest, ChoosingAPrinterOnTheSameDriverTakesItsName)
+TEST_F(GeneralTabTest, choosingPrinterOnSameDriverTakesItsName)
 {
     m_cfg->m_meta.m_config_description = L"mine";
     look([&](SheetDriver& user, HWND sheet) { choose(user, sheet, 1); });
@@ -274,7 +274,7 @@ TEST_F(GeneralTabTest, ChoosingAPrinterOnTheSameDriverTakesItsName)
     EXPECT_EQ(m_cfg->m_meta.m_config_description, L"mine");
 }
 
-TEST_F(GeneralTabTest, ChoosingAPrinterOnAnotherDriverExchangesTheConfiguration)
+TEST_F(GeneralTabTest, choosingPrinterOnAnotherDriverExchangesConfiguration)
 {
     look(
         [&](SheetDriver& user, HWND sheet)
@@ -291,7 +291,7 @@ TEST_F(GeneralTabTest, ChoosingAPrinterOnAnotherDriverExchangesTheConfiguration)
     EXPECT_EQ(m_sheet.cfg().m_meta.m_win_device_name, L"Plotter C");
 }
 
-TEST_F(GeneralTabTest, APrinterWithoutConfigurationIsNotChosen)
+TEST_F(GeneralTabTest, aPrinterWithoutConfigurationIsNotChosen)
 {
     const RecordedAsserts asserts;
     look(
@@ -306,7 +306,7 @@ TEST_F(GeneralTabTest, APrinterWithoutConfigurationIsNotChosen)
     EXPECT_EQ(m_cfg->m_meta.m_win_device_name, L"Plotter A");
 }
 
-TEST_F(GeneralTabTest, ThePlaceholderGoesWithTheFirstChoice)
+TEST_F(GeneralTabTest, thePlaceholderGoesWithTheFirstChoice)
 {
     m_cfg->m_meta.m_win_device_name = L"Gone";
     look(
@@ -326,7 +326,7 @@ TEST_F(GeneralTabTest, ThePlaceholderGoesWithTheFirstChoice)
     EXPECT_EQ(m_sheet.cfg().m_meta.m_win_device_name, L"Plotter A");
 }
 
-TEST_F(GeneralTabTest, WithoutPlaceholderAndConfigurationNothingIsSelected)
+TEST_F(GeneralTabTest, withoutPlaceholderAndConfigurationNothingIsSelected)
 {
     m_cfg->m_meta.m_win_device_name = L"Gone";
     const RecordedAsserts asserts;
@@ -342,7 +342,7 @@ TEST_F(GeneralTabTest, WithoutPlaceholderAndConfigurationNothingIsSelected)
     EXPECT_FALSE(m_sheet.m_replaced);
 }
 
-TEST_F(GeneralTabTest, ADescriptionThatIsEqualIsNoChange)
+TEST_F(GeneralTabTest, aDescriptionThatIsEqualIsNoChange)
 {
     m_cfg->m_meta.m_config_description = L"same";
     show(
@@ -363,7 +363,7 @@ TEST_F(GeneralTabTest, ADescriptionThatIsEqualIsNoChange)
     EXPECT_EQ(m_cfg->m_meta.m_config_description, L"Same");
 }
 
-TEST_F(GeneralTabTest, IsModifiedFromTheFirstKeyOnAndNotWithoutAWindow)
+TEST_F(GeneralTabTest, isModifiedFromTheFirstKeyOn)
 {
     EXPECT_FALSE(m_sheet.general().isModified());
     look(
@@ -385,7 +385,7 @@ TEST_F(GeneralTabTest, IsModifiedFromTheFirstKeyOnAndNotWithoutAWindow)
     EXPECT_FALSE(m_sheet.general().isModified());
 }
 
-TEST_F(GeneralTabTest, OpeningDoesNotSelectTheDescription)
+TEST_F(GeneralTabTest, openingDoesNotSelectTheDescription)
 {
     m_cfg->m_meta.m_config_description = L"a text that one key would replace";
     look(
@@ -400,7 +400,7 @@ TEST_F(GeneralTabTest, OpeningDoesNotSelectTheDescription)
         });
 }
 
-TEST_F(GeneralTabTest, ReturnMakesALineAndEscapeCancelsTheSheet)
+TEST_F(GeneralTabTest, returnMakesLineAndEscapeCancelsSheet)
 {
     const INT_PTR result = show(
         [](SheetDriver& user, HWND sheet)
@@ -418,7 +418,7 @@ TEST_F(GeneralTabTest, ReturnMakesALineAndEscapeCancelsTheSheet)
     EXPECT_FALSE(m_sheet.m_modified);
 }
 
-TEST_F(GeneralTabTest, EscapeIsHandledWhereverOnTheTabItArrives)
+TEST_F(GeneralTabTest, escapeIsHandledWhereverOnTabItArrives)
 {
     for (const int id : {IDC_FILE_NAME, IDC_PRINTERS, 0})
     {
@@ -432,7 +432,7 @@ TEST_F(GeneralTabTest, EscapeIsHandledWhereverOnTheTabItArrives)
     }
 }
 
-TEST_F(GeneralTabTest, WhatIsOddInADescriptionStaysAsItIs)
+TEST_F(GeneralTabTest, oddDescriptionsStayUnchanged)
 {
     for (const wchar_t* text : {L"a\nb", L"\r", L"a\r\r\nb", L"\x1\x2\x7F\t", L"\xD800 \xFFFF", L"  \r\n  ", L"&x"})
     {
@@ -449,7 +449,7 @@ TEST_F(GeneralTabTest, WhatIsOddInADescriptionStaysAsItIs)
     }
 }
 
-TEST_F(GeneralTabTest, ALongDescriptionCanBeTypedOn)
+TEST_F(GeneralTabTest, aLongDescriptionCanBeTypedOn)
 {
     std::wstring text;
     for (int i = 0; i < 70; ++i)
@@ -467,7 +467,7 @@ TEST_F(GeneralTabTest, ALongDescriptionCanBeTypedOn)
         });
 }
 
-TEST_F(GeneralTabTest, ADescriptionOfAnyLengthComesAndGoes)
+TEST_F(GeneralTabTest, aDescriptionOfAnyLengthComesAndGoes)
 {
     std::wstring text;
     for (int i = 0; i < 3000; ++i)

@@ -113,7 +113,7 @@ using Texts = std::vector<std::string>;
 
 // --- Templates ---
 
-TEST_F(LackingResources, WithoutATabsTemplateTheSheetCountsAsCancelled)
+TEST_F(LackingResources, withoutTabsTemplateSheetCountsAsCancelled)
 {
     for (const UINT id : {IDD_GENERAL, IDD_DEVICE})
     {
@@ -127,7 +127,7 @@ TEST_F(LackingResources, WithoutATabsTemplateTheSheetCountsAsCancelled)
     EXPECT_EQ(RecordedAsserts::reports(), Texts());
 }
 
-TEST_F(LackingResources, WithoutTheNameDialogNothingIsSaved)
+TEST_F(LackingResources, withoutTheNameDialogNothingIsSaved)
 {
     lack(RT_DIALOG, IDD_CHANGE_CFG);
     command(
@@ -143,7 +143,7 @@ TEST_F(LackingResources, WithoutTheNameDialogNothingIsSaved)
     EXPECT_EQ(RecordedAsserts::reports(), Texts());
 }
 
-TEST_F(LackingResources, WithoutAPagesTemplateItsEntryHasNoPage)
+TEST_F(LackingResources, withoutPagesTemplateItsEntryHasNoPage)
 {
     struct Page
     {
@@ -175,7 +175,7 @@ TEST_F(LackingResources, WithoutAPagesTemplateItsEntryHasNoPage)
     EXPECT_EQ(RecordedAsserts::reports(), Texts());
 }
 
-TEST_F(LackingResources, WithoutTheVirtualPrintersDialogItsButtonShowsNothing)
+TEST_F(LackingResources, withoutVirtualPrintersDialogItsButtonShowsNothing)
 {
     GmResellerData::set(OD_T("PDFPRINTERNAME"), OD_T("Plotter A"));
     lack(RT_DIALOG, IDD_VIRTUAL_PRINTER);
@@ -184,7 +184,7 @@ TEST_F(LackingResources, WithoutTheVirtualPrintersDialogItsButtonShowsNothing)
     EXPECT_EQ(RecordedAsserts::reports(), Texts());
 }
 
-TEST_F(LackingResources, ALibraryOfAnotherModuleShowsNothing)
+TEST_F(LackingResources, aLibraryOfAnotherModuleShowsNothing)
 {
     useLibrary(::GetModuleHandleW(L"comdlg32.dll"));
     command([](SheetDriver&) {});
@@ -193,7 +193,7 @@ TEST_F(LackingResources, ALibraryOfAnotherModuleShowsNothing)
 }
 
 // What the dialogs throw, when a control is not there, is not for the host, which may know nothing of such exceptions.
-TEST_F(LackingResources, DialogsOfAnotherModuleUnderOurNumbersCountAsCancelled)
+TEST_F(LackingResources, foreignDialogsUnderOurNumbersCountAsCancelled)
 {
     const LibraryHandle foreign(::LoadLibraryW(L"editor_foreign_templates.dll"));
     ASSERT_TRUE(foreign);
@@ -208,7 +208,7 @@ TEST_F(LackingResources, DialogsOfAnotherModuleUnderOurNumbersCountAsCancelled)
 
 // --- Strings ---
 
-TEST_F(LackingResources, WithoutAnyStringEverythingIsThereWithoutTexts)
+TEST_F(LackingResources, withoutAnyStringEverythingIsThereWithoutTexts)
 {
     lack([](ChangedLibrary& changed) { changed.removeAll(RT_STRING); });
     editAndSave(
@@ -227,7 +227,7 @@ TEST_F(LackingResources, WithoutAnyStringEverythingIsThereWithoutTexts)
 }
 
 // Where one text is put into another, and where the system is given one.
-TEST_F(LackingResources, EachOfTheStringsThatGoWithOthersMayBeMissingAlone)
+TEST_F(LackingResources, eachCombinedStringMayBeMissingAlone)
 {
     for (const UINT id : {IDS_SHEET_TITLE, IDS_COLLATING_ON, IDS_VERSION, IDS_PORT, IDS_SOURCE_SIZE, IDS_SIZE_VALUE,
                           IDS_COLORS_VALUE, IDS_COLORS_AND_DEPTH, IDS_PREFERENCE_VALUE, IDS_RESET_QUESTION})
@@ -240,7 +240,7 @@ TEST_F(LackingResources, EachOfTheStringsThatGoWithOthersMayBeMissingAlone)
     EXPECT_EQ(RecordedAsserts::reports(), Texts());
 }
 
-TEST_F(LackingResources, WithoutItsFilterTheSaveAsDialogHasNoneAndSaves)
+TEST_F(LackingResources, saveAsWorksWithoutItsFilter)
 {
     lack([](ChangedLibrary& changed) { changed.removeString(IDS_SAVE_FILTER); });
     const OdString path = m_folder.at("copy.pc3");
@@ -257,7 +257,7 @@ TEST_F(LackingResources, WithoutItsFilterTheSaveAsDialogHasNoneAndSaves)
     EXPECT_EQ(m_folder.names(), (std::set<std::string>{"Saved.pc3", "copy.pc3"}));
 }
 
-TEST_F(LackingResources, WithoutItsTextTheMessageOfAFailedSaveIsEmptyAndComesAllTheSame)
+TEST_F(LackingResources, failedSaveShowsABoxWithoutAText)
 {
     lack([](ChangedLibrary& changed) { changed.removeString(IDS_SAVE_FAILED); });
     m_folder.addFile("Taken.pc3/file");
@@ -287,7 +287,7 @@ constexpr std::array entryNames = {"eChecked",        "eRoot",      "eMedia",   
                                    "eSourceSize",     "eCollating", "eGraphics",  "eVectorGraphics",
                                    "eRasterGraphics", "eTrueType",  "eMergeCtrl", "eCustomProp"};
 
-TEST_F(LackingResources, AnEntrysMissingIconIsAssertedAndMovesThoseBehindIt)
+TEST_F(LackingResources, missingEntryIconShiftsLaterOnes)
 {
     for (std::size_t lacking = 0; lacking < entryIcons.size(); ++lacking)
     {
@@ -302,7 +302,7 @@ TEST_F(LackingResources, AnEntrysMissingIconIsAssertedAndMovesThoseBehindIt)
     }
 }
 
-TEST_F(LackingResources, WithoutTheDriversIconTheGeneralTabHasNone)
+TEST_F(LackingResources, withoutDriversIconGeneralTabHasNone)
 {
     lack(RT_GROUP_ICON, IDI_SYSTEM_PRINTER);
     command(
@@ -315,7 +315,7 @@ TEST_F(LackingResources, WithoutTheDriversIconTheGeneralTabHasNone)
     EXPECT_EQ(textOf(L"fileName"), L"Plotter A");
 }
 
-TEST_F(LackingResources, WithoutItsIconAndBitmapsTheVirtualPrintersDialogWorks)
+TEST_F(LackingResources, virtualPrinterDialogWorksWithoutItsPictures)
 {
     lack(
         [](ChangedLibrary& changed)

@@ -16,7 +16,7 @@ protected:
     }
 };
 
-TEST_F(NameDialogTest, ShowsTheNameWithoutFolderAndExtension)
+TEST_F(NameDialogTest, showsTheNameWithoutFolderAndExtension)
 {
     GmChangeCfgDlg dialog(L"C:\\plot\\HP.5.PC3");
     EXPECT_EQ(dialog.m_path, L"C:\\plot\\HP.5.PC3");
@@ -33,7 +33,7 @@ TEST_F(NameDialogTest, ShowsTheNameWithoutFolderAndExtension)
     EXPECT_EQ(dialog.m_path, L"C:\\plot\\HP.5.PC3");
 }
 
-TEST_F(NameDialogTest, SaysThatTheExtensionIsAdded)
+TEST_F(NameDialogTest, saysThatTheExtensionIsAdded)
 {
     GmChangeCfgDlg dialog(L"C:\\plot\\Plotter 5.5");
     EXPECT_TRUE(dialog.m_extensionAdded);
@@ -49,7 +49,7 @@ TEST_F(NameDialogTest, SaysThatTheExtensionIsAdded)
          });
 }
 
-TEST_F(NameDialogTest, OkAnswersTheNameTrimmedAndTheFieldAsItWas)
+TEST_F(NameDialogTest, okReturnsTheTrimmedName)
 {
     GmChangeCfgDlg dialog(L"C:\\plot\\a.pc3");
     const INT_PTR result = show(dialog,
@@ -64,7 +64,7 @@ TEST_F(NameDialogTest, OkAnswersTheNameTrimmedAndTheFieldAsItWas)
     EXPECT_EQ(dialog.m_name, L" \t my plotter.pc3  ");
 }
 
-TEST_F(NameDialogTest, BlanksKeepItOpenWithoutAMessage)
+TEST_F(NameDialogTest, blanksKeepItOpenWithoutAMessage)
 {
     GmChangeCfgDlg dialog(L"a");
     show(dialog,
@@ -83,7 +83,7 @@ TEST_F(NameDialogTest, BlanksKeepItOpenWithoutAMessage)
     EXPECT_EQ(dialog.m_path, L"a.pc3");
 }
 
-TEST_F(NameDialogTest, EscapeAndReturnAreCancelAndOk)
+TEST_F(NameDialogTest, escapeAndReturnAreCancelAndOk)
 {
     for (const auto& [key, expected] : {std::pair{VK_ESCAPE, IDCANCEL}, std::pair{VK_RETURN, IDOK}})
     {
@@ -99,7 +99,7 @@ TEST_F(NameDialogTest, EscapeAndReturnAreCancelAndOk)
     }
 }
 
-TEST_F(NameDialogTest, ASentCancelEndsItToo)
+TEST_F(NameDialogTest, aSentCancelEndsItToo)
 {
     GmChangeCfgDlg dialog(L"a");
     const INT_PTR result =
@@ -107,7 +107,7 @@ TEST_F(NameDialogTest, ASentCancelEndsItToo)
     EXPECT_EQ(result, IDCANCEL);
 }
 
-TEST_F(NameDialogTest, TheCommandGetsTheTrimmedNameOrNone)
+TEST_F(NameDialogTest, theCommandGetsTheTrimmedNameOrNone)
 {
     std::optional<OdString> name;
     SheetDriver::run([&] { name = askForName(L"C:\\plot\\a.pc3"); },
@@ -124,7 +124,7 @@ TEST_F(NameDialogTest, TheCommandGetsTheTrimmedNameOrNone)
     EXPECT_EQ(name, std::nullopt);
 }
 
-TEST_F(NameDialogTest, AHelpButtonGetsItsPicture)
+TEST_F(NameDialogTest, aHelpButtonGetsItsPicture)
 {
     const LibraryHandle fixture(::LoadLibraryW(L"editor_help_fixture.dll"));
     ASSERT_TRUE(fixture);
@@ -140,7 +140,7 @@ TEST_F(NameDialogTest, AHelpButtonGetsItsPicture)
     AfxSetResourceHandle(library());
 }
 
-TEST_F(NameDialogTest, AVeryLongNameIsShownAndKept)
+TEST_F(NameDialogTest, aVeryLongNameIsShownAndKept)
 {
     const std::wstring name(3000, L'n');
     GmChangeCfgDlg dialog(OdString((L"C:\\plot\\" + name).c_str()));

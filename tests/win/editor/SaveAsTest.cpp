@@ -41,7 +41,7 @@ protected:
     EditorSheet m_sheet;
 };
 
-TEST_F(SaveAsTest, WritesTheFileAndTakesItsName)
+TEST_F(SaveAsTest, writesTheFileAndTakesItsName)
 {
     m_sheet.setConfig(m_cfg, m_folder.at("old.pc3"), L"");
     m_sheet.m_modified = true;
@@ -65,7 +65,7 @@ TEST_F(SaveAsTest, WritesTheFileAndTakesItsName)
     EXPECT_EQ(m_folder.names(), std::set<std::string>{"new.pc3"});
 }
 
-TEST_F(SaveAsTest, TheExtensionIsAddedByTheDialog)
+TEST_F(SaveAsTest, theExtensionIsAddedByTheDialog)
 {
     m_sheet.setConfig(m_cfg, L"", m_folder.path());
     m_sheet.show(
@@ -78,7 +78,7 @@ TEST_F(SaveAsTest, TheExtensionIsAddedByTheDialog)
     EXPECT_EQ(m_folder.names(), std::set<std::string>{"plain.pc3"});
 }
 
-TEST_F(SaveAsTest, ANewConfigurationStartsInTheInitialFolderWithoutAName)
+TEST_F(SaveAsTest, newConfigurationStartsInInitialFolderWithoutName)
 {
     m_sheet.setConfig(m_cfg, L"", m_folder.path());
     m_sheet.show(
@@ -96,7 +96,7 @@ TEST_F(SaveAsTest, ANewConfigurationStartsInTheInitialFolderWithoutAName)
     EXPECT_EQ(m_folder.names(), std::set<std::string>{"bare.pc3"});
 }
 
-TEST_F(SaveAsTest, OffersPlotterConfigurationsAndAllFiles)
+TEST_F(SaveAsTest, offersPlotterConfigurationsAndAllFiles)
 {
     m_sheet.setConfig(m_cfg, m_folder.at("old.pc3"), L"");
     m_sheet.show(
@@ -136,7 +136,7 @@ BOOL WINAPI noteAndCancel(OPENFILENAMEW* parameters)
     return FALSE;
 }
 
-TEST_F(SaveAsTest, AsksForNoReadOnlyBoxAndBeforeItReplacesAFile)
+TEST_F(SaveAsTest, asksBeforeReplacingWithoutReadOnlyBox)
 {
     const ImportPatch patch(::GetModuleHandleW(nullptr), "GetSaveFileNameW",
                             reinterpret_cast<const void*>(&noteAndCancel));
@@ -163,7 +163,7 @@ TEST_F(SaveAsTest, AsksForNoReadOnlyBoxAndBeforeItReplacesAFile)
     EXPECT_EQ(asked().Flags, static_cast<DWORD>(OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT | OFN_EXPLORER));
 }
 
-TEST_F(SaveAsTest, CancellingChangesNothing)
+TEST_F(SaveAsTest, cancellingChangesNothing)
 {
     m_sheet.setConfig(m_cfg, m_folder.at("old.pc3"), L"");
     m_sheet.show(
@@ -183,7 +183,7 @@ TEST_F(SaveAsTest, CancellingChangesNothing)
     EXPECT_TRUE(m_folder.names().empty());
 }
 
-TEST_F(SaveAsTest, AFailureIsToldAndLeavesTitleAndPath)
+TEST_F(SaveAsTest, failureIsToldAndLeavesTitleAndPath)
 {
     m_sheet.setConfig(m_cfg, m_folder.at("old.pc3"), L"");
     const OdString target = m_folder.addFile("locked.pc3", "not ours");
@@ -218,7 +218,7 @@ TEST_F(SaveAsTest, AFailureIsToldAndLeavesTitleAndPath)
     EXPECT_EQ(m_folder.bytesOf("locked.pc3"), "not ours");
 }
 
-TEST_F(SaveAsTest, NoLabelOfTheTreeIsWrittenAnew)
+TEST_F(SaveAsTest, noLabelOfTheTreeIsWrittenAnew)
 {
     m_sheet.setConfig(m_cfg, m_folder.at("old.pc3"), L"");
     m_sheet.show(

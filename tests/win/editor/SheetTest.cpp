@@ -55,7 +55,7 @@ private:
                          }};
 };
 
-TEST_F(SheetTest, HasTwoTabsOkAndCancelAndNothingToApply)
+TEST_F(SheetTest, hasTwoTabsOkCancelNoApply)
 {
     EXPECT_TRUE(m_sheet.m_psh.dwFlags & PSH_NOAPPLYNOW);
     EXPECT_EQ(m_sheet.GetPageCount(), 2);
@@ -77,7 +77,7 @@ TEST_F(SheetTest, HasTwoTabsOkAndCancelAndNothingToApply)
     EXPECT_FALSE(m_sheet.m_replaced);
 }
 
-TEST_F(SheetTest, CaptionNamesTheFileElseThePrinter)
+TEST_F(SheetTest, captionNamesTheFileElseThePrinter)
 {
     m_sheet.show(
         [&](SheetDriver& user, HWND sheet)
@@ -97,7 +97,7 @@ TEST_F(SheetTest, CaptionNamesTheFileElseThePrinter)
         });
 }
 
-TEST_F(SheetTest, SetConfigClearsOnlyTheModifiedFlag)
+TEST_F(SheetTest, setConfigClearsOnlyTheModifiedFlag)
 {
     m_sheet.m_modified = m_sheet.m_saved = m_sheet.m_replaced = true;
     const OdSharedPtr<GmPlotCfg3> other = newConfiguration();
@@ -112,7 +112,7 @@ TEST_F(SheetTest, SetConfigClearsOnlyTheModifiedFlag)
     EXPECT_EQ(other.refCount(), 2);
 }
 
-TEST_F(SheetTest, APrinterOnTheSameDriverKeepsTheConfiguration)
+TEST_F(SheetTest, printerOnSameDriverKeepsConfiguration)
 {
     m_cfg->m_media.m_number_of_copies = 7;
     auto* chosen = new GmPlotCfg3(*GmPlotCfg3::create(L"Plotter B"));
@@ -127,7 +127,7 @@ TEST_F(SheetTest, APrinterOnTheSameDriverKeepsTheConfiguration)
     EXPECT_FALSE(m_sheet.m_saved);
 }
 
-TEST_F(SheetTest, AnotherDriverExchangesTheConfiguration)
+TEST_F(SheetTest, anotherDriverExchangesTheConfiguration)
 {
     auto* chosen = new GmPlotCfg3(*GmPlotCfg3::create(L"Plotter C"));
     m_sheet.m_saved = true;
@@ -140,7 +140,7 @@ TEST_F(SheetTest, AnotherDriverExchangesTheConfiguration)
     EXPECT_TRUE(m_sheet.m_saved);
 }
 
-TEST_F(SheetTest, AnExchangeRunsTheInitialisationAgainStepByStep)
+TEST_F(SheetTest, exchangeRunsInitialisationAgainStepByStep)
 {
     m_sheet.setConfig(m_cfg, L"", L"");
     const std::vector<BYTE> helpPixels = pixels(loadIcon(2502, 16).get());
@@ -182,7 +182,7 @@ TEST_F(SheetTest, AnExchangeRunsTheInitialisationAgainStepByStep)
         });
 }
 
-TEST_F(SheetTest, HelpRunsAHookAndNothingElse)
+TEST_F(SheetTest, helpRunsAHookAndNothingElse)
 {
     m_sheet.show(
         [&](SheetDriver& user, HWND sheet)
@@ -197,7 +197,7 @@ TEST_F(SheetTest, HelpRunsAHookAndNothingElse)
     EXPECT_EQ(m_sheet.m_helps, 1);
 }
 
-TEST_F(SheetTest, LeavingATabTakesItsEditsOver)
+TEST_F(SheetTest, leavingATabTakesItsEditsOver)
 {
     m_sheet.show(
         [&](SheetDriver& user, HWND sheet)
@@ -238,7 +238,7 @@ protected:
     }
 };
 
-TEST_F(SheetTest, APageWhoseExchangeFailsKeepsTheTab)
+TEST_F(SheetTest, aPageWhoseExchangeFailsKeepsTheTab)
 {
     StubbornPage page;
     m_sheet.AddPage(&page);
@@ -262,13 +262,13 @@ TEST_F(SheetTest, APageWhoseExchangeFailsKeepsTheTab)
         });
 }
 
-TEST_F(SheetTest, ANumberThatIsNoPagesThrows)
+TEST_F(SheetTest, aNumberThatIsNoPagesThrows)
 {
     for (const int index : {-1, 2, 1000})
         EXPECT_THROW(m_sheet.GetPage(index), CInvalidArgException*) << index;
 }
 
-TEST_F(SheetTest, AfterCancelTheConfigurationKeepsWhatWasTakenOver)
+TEST_F(SheetTest, afterCancelConfigurationKeepsWhatWasTakenOver)
 {
     const INT_PTR result = m_sheet.show(
         [&](SheetDriver& user, HWND sheet)
@@ -284,7 +284,7 @@ TEST_F(SheetTest, AfterCancelTheConfigurationKeepsWhatWasTakenOver)
     EXPECT_TRUE(m_sheet.m_modified);
 }
 
-TEST_F(SheetTest, OkTakesThePageOverThatIsShown)
+TEST_F(SheetTest, okTakesThePageOverThatIsShown)
 {
     const INT_PTR result = m_sheet.show(
         [&](SheetDriver& user, HWND sheet)
@@ -298,7 +298,7 @@ TEST_F(SheetTest, OkTakesThePageOverThatIsShown)
     EXPECT_TRUE(m_folder.names().empty()) << "the sheet wrote something";
 }
 
-TEST_F(SheetTest, EveryWayOfCancellingEndsIt)
+TEST_F(SheetTest, everyWayOfCancellingEndsIt)
 {
     const std::function<void(SheetDriver&, HWND)> ways[] = {
         [](SheetDriver& user, HWND sheet) { user.post(sheet, WM_COMMAND, IDCANCEL); },
@@ -321,7 +321,7 @@ TEST_F(SheetTest, EveryWayOfCancellingEndsIt)
     }
 }
 
-TEST_F(SheetTest, ATabWithoutASheetThrows)
+TEST_F(SheetTest, aTabWithoutASheetThrows)
 {
     for (int i = 0; i < 2; ++i)
     {
@@ -338,7 +338,7 @@ TEST_F(SheetTest, ATabWithoutASheetThrows)
     }
 }
 
-TEST_F(SheetTest, BothTabsFindTheirSheet)
+TEST_F(SheetTest, bothTabsFindTheirSheet)
 {
     m_sheet.show(
         [&](SheetDriver& user, HWND sheet)
@@ -355,7 +355,7 @@ TEST_F(SheetTest, BothTabsFindTheirSheet)
         });
 }
 
-TEST_F(SheetTest, ReleasesTheConfigurationAtTheEnd)
+TEST_F(SheetTest, releasesTheConfigurationAtTheEnd)
 {
     {
         EditorSheet sheet;

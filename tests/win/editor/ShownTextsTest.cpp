@@ -52,7 +52,7 @@ OdString repeated(std::size_t count)
 const std::wstring cutLine = std::wstring(999, L'x') + L'\u2026';
 } // namespace
 
-TEST_F(ShownTextsTest, aDescriptionWithANulIsShownWithASignAndKept)
+TEST_F(ShownTextsTest, descriptionShowsASignForNul)
 {
     description() = withNul(L"before", L"after");
     m_sheet.setConfig(m_cfg, m_folder.at("a.pc3"), L"");
@@ -69,7 +69,7 @@ TEST_F(ShownTextsTest, aDescriptionWithANulIsShownWithASignAndKept)
     EXPECT_FALSE(m_sheet.m_modified);
 }
 
-TEST_F(ShownTextsTest, aDescriptionWithANulIsWhatTheFieldShowsOnceItIsEdited)
+TEST_F(ShownTextsTest, editedDescriptionKeepsTheSignForNul)
 {
     description() = withNul(L"a", L"b");
     m_sheet.setConfig(m_cfg, m_folder.at("a.pc3"), L"");
@@ -86,7 +86,7 @@ TEST_F(ShownTextsTest, aDescriptionWithANulIsWhatTheFieldShowsOnceItIsEdited)
     EXPECT_TRUE(m_sheet.m_modified);
 }
 
-TEST_F(ShownTextsTest, aVeryLongDescriptionIsCutAndCannotBeEdited)
+TEST_F(ShownTextsTest, veryLongDescriptionIsCutAndReadOnly)
 {
     description() = repeated(veryMany);
     m_sheet.setConfig(m_cfg, m_folder.at("a.pc3"), L"");
@@ -106,7 +106,7 @@ TEST_F(ShownTextsTest, aVeryLongDescriptionIsCutAndCannotBeEdited)
     EXPECT_FALSE(m_sheet.m_modified);
 }
 
-TEST_F(ShownTextsTest, aDescriptionCannotBeTypedLongerThanIsShown)
+TEST_F(ShownTextsTest, descriptionCannotBeTypedLongerThanIsShown)
 {
     const OdString line = repeated(4998) + L"\r\n";
     for (int i = 0; i < 19; ++i)
@@ -147,7 +147,7 @@ TEST_F(ShownTextsTest, everyLineOfTheGeneralTabIsCut)
         });
 }
 
-TEST_F(ShownTextsTest, signsStandInTheLinesOfTheGeneralTab)
+TEST_F(ShownTextsTest, signsStandInLinesOfGeneralTab)
 {
     GmMetaNode& meta = m_cfg->m_meta;
     meta.m_win_device_name.empty();
@@ -165,7 +165,7 @@ TEST_F(ShownTextsTest, signsStandInTheLinesOfTheGeneralTab)
         });
 }
 
-TEST_F(ShownTextsTest, theNameOfAPrinterIsCutInCaptionFieldListAndTree)
+TEST_F(ShownTextsTest, longPrinterNameIsCutEverywhere)
 {
     m_cfg->m_meta.m_win_device_name = repeated(veryMany);
     m_sheet.setConfig(m_cfg, L"", L"");
@@ -181,7 +181,7 @@ TEST_F(ShownTextsTest, theNameOfAPrinterIsCutInCaptionFieldListAndTree)
     EXPECT_FALSE(m_sheet.m_modified);
 }
 
-TEST_F(ShownTextsTest, aPrinterWhoseNameEndsAtANulIsAnotherOne)
+TEST_F(ShownTextsTest, printerNameWithNulIsAnotherPrinter)
 {
     m_cfg->m_meta.m_win_device_name = withNul(L"Plotter A", L"1");
     m_sheet.setConfig(m_cfg, L"", L"");
@@ -193,7 +193,7 @@ TEST_F(ShownTextsTest, aPrinterWhoseNameEndsAtANulIsAnotherOne)
         });
 }
 
-TEST_F(ShownTextsTest, labelsOfTheTreeAndTheVectorPageAreCutAndHaveSigns)
+TEST_F(ShownTextsTest, longTreeAndVectorLabelsAreCut)
 {
     m_cfg->m_media.m_size.m_name = withNul(L"A", L"4");
     m_cfg->m_media.m_destination->m_name = repeated(veryMany);
@@ -218,7 +218,7 @@ TEST_F(ShownTextsTest, labelsOfTheTreeAndTheVectorPageAreCutAndHaveSigns)
 }
 
 // The difference may be where the label is cut off.
-TEST_F(ShownTextsTest, aLabelThatChangedWhereNobodySeesItIsMarked)
+TEST_F(ShownTextsTest, changeInTheCutPartIsMarked)
 {
     m_cfg->m_media.m_destination->m_name = repeated(5000);
     m_cfg->m_media.m_size.m_name = withNul(L"A", L"4");

@@ -69,7 +69,7 @@ TEST_F(VirtualPrinterLimit, theLongestLengthIsWritten)
     EXPECT_EQ(handedToDriver()[0].dmPaperLength, 32767);
 }
 
-TEST_F(VirtualPrinterLimit, aLongerWidthIsAnErrorBesideItsField)
+TEST_F(VirtualPrinterLimit, longerWidthIsErrorBesideItsField)
 {
     EXPECT_EQ(run(
                   [this](ScriptedPrintDlg& dialog)
@@ -89,7 +89,7 @@ TEST_F(VirtualPrinterLimit, aLongerWidthIsAnErrorBesideItsField)
     EXPECT_EQ(handedToDriver()[0].dmPaperWidth, 2100);
 }
 
-TEST_F(VirtualPrinterLimit, aLongerLengthIsAnErrorBesideItsField)
+TEST_F(VirtualPrinterLimit, longerLengthIsErrorBesideItsField)
 {
     EXPECT_EQ(run(
                   [](ScriptedPrintDlg& dialog)
@@ -106,7 +106,7 @@ TEST_F(VirtualPrinterLimit, aLongerLengthIsAnErrorBesideItsField)
     EXPECT_TRUE(handedToDriver().empty());
 }
 
-TEST_F(VirtualPrinterLimit, holdsInInchesAndForBothFieldsAtOnce)
+TEST_F(VirtualPrinterLimit, holdsInInchesAndForBothFields)
 {
     EXPECT_EQ(run(
                   [](ScriptedPrintDlg& dialog)

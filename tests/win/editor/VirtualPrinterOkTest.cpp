@@ -16,7 +16,7 @@ namespace
 constexpr DWORD always = DM_PRINTQUALITY | DM_PAPERSIZE;
 } // namespace
 
-TEST_F(VirtualPrinterOk, writesThePapersCodeTheQualityAndTheOrientation)
+TEST_F(VirtualPrinterOk, writesPapersCodeQualityAndOrientation)
 {
     EXPECT_EQ(run(
                   [](ScriptedPrintDlg& dialog)
@@ -36,7 +36,7 @@ TEST_F(VirtualPrinterOk, writesThePapersCodeTheQualityAndTheOrientation)
     EXPECT_EQ(handed[0].dmOrientation, DMORIENT_LANDSCAPE);
 }
 
-TEST_F(VirtualPrinterOk, chosenPaperAndOrientationAreChosenInTheHostToo)
+TEST_F(VirtualPrinterOk, hostGetsTheChosenPaperAndOrientation)
 {
     run(
         [](ScriptedPrintDlg& dialog)
@@ -79,7 +79,7 @@ TEST_F(VirtualPrinterOk, cancelChangesNothingAnywhere)
     EXPECT_TRUE(handedToDriver().empty());
 }
 
-TEST_F(VirtualPrinterOk, theDriversBytesBehindAShortPublicPartStayAsTheyAre)
+TEST_F(VirtualPrinterOk, driverBytesAfterAShortPublicPartStay)
 {
     openHost().selectPaper(2);
     devMode().dmSize = 76;
@@ -122,7 +122,7 @@ TEST_F(VirtualPrinterOk, withoutASelectedQualityItIs600)
     EXPECT_EQ(handedToDriver()[0].dmPrintQuality, 600);
 }
 
-TEST_F(VirtualPrinterOk, aPaperThePrinterDoesNotHaveIs65535)
+TEST_F(VirtualPrinterOk, paperPrinterDoesNotHaveIs65535)
 {
     openHost().addPaper(L"Papyrus");
     run(
@@ -135,7 +135,7 @@ TEST_F(VirtualPrinterOk, aPaperThePrinterDoesNotHaveIs65535)
     EXPECT_EQ(static_cast<WORD>(handedToDriver()[0].dmPaperSize), 65535);
 }
 
-TEST_F(VirtualPrinterOk, aHostWithoutControlsGetsQualityAndAnUnknownPaper)
+TEST_F(VirtualPrinterOk, hostWithoutControlsGetsQualityAndUnknownPaper)
 {
     openHost(HostDialog::none);
     devMode().dmOrientation = 77;
@@ -146,7 +146,7 @@ TEST_F(VirtualPrinterOk, aHostWithoutControlsGetsQualityAndAnUnknownPaper)
     EXPECT_EQ(static_cast<WORD>(handedToDriver()[0].dmPaperSize), 65535);
 }
 
-TEST_F(VirtualPrinterOk, withoutAHostsPaperListEvenCustomIsNotCustom)
+TEST_F(VirtualPrinterOk, customNeedsTheHostsPaperList)
 {
     openHost(HostDialog::noPapers);
     run(
@@ -160,7 +160,7 @@ TEST_F(VirtualPrinterOk, withoutAHostsPaperListEvenCustomIsNotCustom)
     EXPECT_EQ(handedToDriver()[0].dmFields, always | DM_ORIENTATION);
 }
 
-TEST_F(VirtualPrinterOk, withoutAHostsPaperListNoPaperIsNamed)
+TEST_F(VirtualPrinterOk, withoutHostsPaperListNoPaperIsNamed)
 {
     openHost(HostDialog::noPapers);
     run(
@@ -209,7 +209,7 @@ TEST_F(VirtualPrinterOk, aCustomSizeInInchesIsConverted)
     EXPECT_EQ(handedToDriver()[0].dmPaperLength, 2794);
 }
 
-TEST_F(VirtualPrinterOk, aLengthThatIsNoNumberKeepsTheDialogOpenWithTheFocusOnIt)
+TEST_F(VirtualPrinterOk, invalidLengthKeepsTheDialogOpenAndFocused)
 {
     openHost().selectPaper(2);
     BoxAnswerer boxes;
@@ -226,7 +226,7 @@ TEST_F(VirtualPrinterOk, aLengthThatIsNoNumberKeepsTheDialogOpenWithTheFocusOnIt
     EXPECT_EQ(host->selectedPaper(), 2);
 }
 
-TEST_F(VirtualPrinterOk, thePaperIsAskedForWithTheNewQualityAndOrientation)
+TEST_F(VirtualPrinterOk, paperQueryHasTheNewQualityAndOrientation)
 {
     run(
         [](ScriptedPrintDlg& dialog)
@@ -259,7 +259,7 @@ TEST_F(VirtualPrinterOk, theDriverCompletesTheBlock)
     EXPECT_EQ(devMode().dmPrintQuality, 300);
 }
 
-TEST_F(VirtualPrinterOk, aPrinterThatCannotBeOpenedLeavesWhatWasWritten)
+TEST_F(VirtualPrinterOk, unopenedPrinterLeavesTheWrittenValues)
 {
     m_room.refuse(room::Call::openPrinter, printerName);
     EXPECT_EQ(run([](ScriptedPrintDlg& dialog) { dialog.click(IDOK); }), IDOK);
@@ -275,7 +275,7 @@ TEST_F(VirtualPrinterOk, aDriverThatRefusesLeavesWhatWasWritten)
     EXPECT_EQ(devMode().dmFields, always | DM_ORIENTATION);
 }
 
-TEST_F(VirtualPrinterOk, whatADriverWritesAndRefusesIsNotTaken)
+TEST_F(VirtualPrinterOk, whatDriverWritesAndRefusesIsNotTaken)
 {
     printer->lies.mergeAnswer = -1;
     EXPECT_EQ(run([](ScriptedPrintDlg& dialog) { dialog.click(IDOK); }), IDOK);
@@ -292,7 +292,7 @@ TEST_F(VirtualPrinterOk, aBlockThatGrewIsNotTaken)
     EXPECT_EQ(devMode().dmDriverExtra, 8);
 }
 
-TEST_F(VirtualPrinterOk, aDriverThatThrowsAtAnyMomentLeavesTheDialogClosedWithOk)
+TEST_F(VirtualPrinterOk, throwingDriverStillClosesWithOk)
 {
     const int thrown = throwFromEachCall(
         m_room, [this] { return run([](ScriptedPrintDlg& dialog) { dialog.click(IDOK); }); },

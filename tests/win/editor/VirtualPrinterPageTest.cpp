@@ -48,7 +48,7 @@ protected:
 };
 } // namespace
 
-TEST_F(VirtualPrinterPage, itsOwnDialogIsShownInsteadOfTheDrivers)
+TEST_F(VirtualPrinterPage, itsOwnDialogIsShownInsteadOfDrivers)
 {
     HWND page = nullptr;
     run(
@@ -123,7 +123,7 @@ TEST_F(VirtualPrinterPage, theAnswerOfTheDialogIsNotUsed)
     EXPECT_TRUE(m_sheet.m_modified);
 }
 
-TEST_F(VirtualPrinterPage, afterARefusedSilentCallTheDialogIsShownAndNothingIsTakenBack)
+TEST_F(VirtualPrinterPage, refusedSilentCallStillShowsTheDialog)
 {
     m_room.refuse(Call::documentProperties, L"Plotter A");
     run(
@@ -136,7 +136,7 @@ TEST_F(VirtualPrinterPage, afterARefusedSilentCallTheDialogIsShownAndNothingIsTa
     EXPECT_FALSE(m_sheet.m_modified);
 }
 
-TEST_F(VirtualPrinterPage, aDriverThatThrowsLeavesTheDialogAndTheSheetUsable)
+TEST_F(VirtualPrinterPage, driverThatThrowsLeavesDialogAndSheetUsable)
 {
     m_room.onCall(Call::documentProperties, L"Plotter A",
                   [](const room::CallRecord& call)

@@ -84,7 +84,7 @@ TEST_F(VirtualPrinterShow, titleIsCutAndHasSigns)
     EXPECT_EQ(titleFor(OdString(std::wstring(3000, L'x'))), std::wstring(999, L'x') + L"\u2026 - Properties");
 }
 
-TEST_F(VirtualPrinterShow, theIconIsSetInBothSizesAndForDragging)
+TEST_F(VirtualPrinterShow, iconIsSetForBothSizesAndDragging)
 {
     run(
         [](ScriptedPrintDlg& dialog)
@@ -96,7 +96,7 @@ TEST_F(VirtualPrinterShow, theIconIsSetInBothSizesAndForDragging)
         });
 }
 
-TEST_F(VirtualPrinterShow, itsPicturesAreThePrinterAndTheTwoOrientations)
+TEST_F(VirtualPrinterShow, itsPicturesArePrinterAndTwoOrientations)
 {
     const auto printerIcon = pixels(::LoadIconW(library(), MAKEINTRESOURCEW(301)));
     const auto bitmap = [this](UINT id)
@@ -212,7 +212,7 @@ TEST_F(VirtualPrinterShow, withoutAHostsPaperSelectedNoneIs)
         });
 }
 
-TEST_F(VirtualPrinterShow, withoutAHostsPaperListTheListIsEmptyAndTheSizeDisabled)
+TEST_F(VirtualPrinterShow, noHostPaperListMeansAnEmptyList)
 {
     openHost(HostDialog::noPapers);
     devMode().dmPaperWidth = 2100;
@@ -305,7 +305,7 @@ TEST_F(VirtualPrinterShow, aCustomSizeIsShownInWholeMillimetres)
         });
 }
 
-TEST_F(VirtualPrinterShow, everythingStandsBeforeTheBaseMovesTheValuesAgain)
+TEST_F(VirtualPrinterShow, everythingStandsBeforeBaseMovesValuesAgain)
 {
     openHost().selectPaper(2);
     std::vector<std::wstring> titles;
@@ -339,7 +339,7 @@ TEST_F(VirtualPrinterShow, valuesAreTakenFromTheControlsInOrder)
         });
 }
 
-TEST_F(VirtualPrinterShow, anotherPaperEnablesTheSizeWhenItIsCustom)
+TEST_F(VirtualPrinterShow, anotherPaperEnablesSizeWhenItIsCustom)
 {
     run(
         [](ScriptedPrintDlg& dialog)
@@ -383,7 +383,7 @@ TEST_F(VirtualPrinterShow, anotherUnitConvertsWithTwoDecimals)
         });
 }
 
-TEST_F(VirtualPrinterShow, aLengthThatIsNoNumberKeepsItsUnit)
+TEST_F(VirtualPrinterShow, lengthThatIsNoNumberKeepsItsUnit)
 {
     openHost().selectPaper(2);
     BoxAnswerer boxes;
@@ -403,7 +403,7 @@ TEST_F(VirtualPrinterShow, aLengthThatIsNoNumberKeepsItsUnit)
         });
 }
 
-TEST_F(VirtualPrinterShow, aLengthThatIsNoNumberCanBePutRightAfterAnotherPaperWasChosen)
+TEST_F(VirtualPrinterShow, invalidLengthCanBeCorrectedAfterPaperChange)
 {
     openHost().selectPaper(2);
     BoxAnswerer boxes;

@@ -106,7 +106,7 @@ TEST_F(KilledWriter, leavesAWholeNewFileOrNone)
                       });
 }
 
-TEST_F(KilledWriter, aFileThatIsBeingWrittenStaysHoweverOldItLooks)
+TEST_F(KilledWriter, fileBeingWrittenStaysHoweverOld)
 {
     const std::string name = "~gm0123456789abcdef.tmp";
     putOldContent(m_folder.at(name), "being written");
@@ -120,7 +120,7 @@ TEST_F(KilledWriter, aFileThatIsBeingWrittenStaysHoweverOldItLooks)
 }
 
 // Two threads may save at the same time.
-TEST_F(KilledWriter, aWriteInTheMiddleOfAnotherOfTheSameProcessLeavesItAlone)
+TEST_F(KilledWriter, nestedWriteLeavesTheOuterOneAlone)
 {
     const OdString other = m_folder.at("A3.pc3");
     WinFileCalls calls;

@@ -53,7 +53,7 @@ BOOL refuseToRename(HANDLE file, FILE_INFO_BY_HANDLE_CLASS which, void* informat
 }
 } // namespace
 
-TEST_F(WinExchange, whateverFailsTheOldFileIsIntactAndNothingIsLeftBehind)
+TEST_F(WinExchange, anyFailureLeavesOnlyTheIntactOldFile)
 {
     int refused = 0;
     for (int n = 1;; ++n)
@@ -82,7 +82,7 @@ TEST_F(WinExchange, whateverFailsTheOldFileIsIntactAndNothingIsLeftBehind)
     EXPECT_EQ(refused, 6);
 }
 
-TEST_F(WinExchange, whateverFailsANewFileIsWholeOrAbsent)
+TEST_F(WinExchange, whateverFailsNewFileIsWholeOrAbsent)
 {
     for (int n = 1;; ++n)
     {
@@ -127,7 +127,7 @@ TEST_F(WinExchange, aFullDiskIsToldWhereverItShows)
         }
 }
 
-TEST_F(WinExchange, aFileThatOthersHaveOpenIsReplacedWhenTheyAllowIt)
+TEST_F(WinExchange, openFileIsReplacedIfItsUsersAllow)
 {
     putContent(m_name, "old");
     KernelHandle reader = openForAll();
@@ -142,7 +142,7 @@ TEST_F(WinExchange, aFileThatOthersHaveOpenIsReplacedWhenTheyAllowIt)
     EXPECT_EQ(namesIn(m_folder.path()), Names{"A4.pc3"});
 }
 
-TEST_F(WinExchange, theOpenTemporaryFileIsRenamedInOneStepWhereTheSystemCan)
+TEST_F(WinExchange, openTemporaryFileIsRenamedInOneStep)
 {
     putContent(m_name, "old");
     int renames = 0;
@@ -179,7 +179,7 @@ TEST_F(WinExchange, theOpenTemporaryFileIsRenamedInOneStepWhereTheSystemCan)
     EXPECT_EQ(contentOf(m_name), "brand new");
 }
 
-TEST_F(WinExchange, anExchangeThatFailsLeavesTheTargetAndItsReasonIsTold)
+TEST_F(WinExchange, failedExchangeLeavesTheTargetAndIsReported)
 {
     putContent(m_name, "old");
     WinFileCalls calls;
@@ -196,7 +196,7 @@ TEST_F(WinExchange, anExchangeThatFailsLeavesTheTargetAndItsReasonIsTold)
     EXPECT_EQ(namesIn(m_folder.path()), Names{"A4.pc3"});
 }
 
-TEST_F(WinExchange, aWriterTriesAgainWhileAnotherProgramIsInTheWay)
+TEST_F(WinExchange, writerRetriesWhileAnotherProgramInterferes)
 {
     putContent(m_name, "old");
     WinFileCalls calls;
@@ -217,7 +217,7 @@ TEST_F(WinExchange, aWriterTriesAgainWhileAnotherProgramIsInTheWay)
 }
 
 // Wine's ReplaceFileW leaves files behind, and goes through a moment in which there is no target.
-TEST_F(WinExchange, onWineNoOpenFileIsReplacedByReplaceFile)
+TEST_F(WinExchange, wineAvoidsReplaceFileForOpenFiles)
 {
     putContent(m_name, "old");
     KernelHandle reader = openForAll();
@@ -236,7 +236,7 @@ TEST_F(WinExchange, onWineNoOpenFileIsReplacedByReplaceFile)
 }
 
 // At the moment it has the target's name every program may open it, also one that shares nothing.
-TEST_F(WinExchange, theNewFileIsFreeWhenItHasTheName)
+TEST_F(WinExchange, newFileIsFreeWhenItHasName)
 {
     putContent(m_name, "old");
     int looked = 0;

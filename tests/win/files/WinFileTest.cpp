@@ -35,7 +35,7 @@ protected:
 };
 } // namespace
 
-TEST_F(WinFile, aFileThatAnotherProgramHoldsIsIntactAndNothingIsLeftBehind)
+TEST_F(WinFile, heldFileStaysIntactWithoutLeftovers)
 {
     const OdString name = m_folder.at("A4.pc3");
     putContent(name, "old");
@@ -57,7 +57,7 @@ TEST_F(WinFile, aFileThatAnotherProgramHoldsIsIntactAndNothingIsLeftBehind)
     EXPECT_EQ(contentOf(name), "new");
 }
 
-TEST_F(WinFile, aFileThatAnotherProgramHoldsForItselfIsNotRead)
+TEST_F(WinFile, exclusivelyHeldFileIsNotRead)
 {
     const OdString name = m_folder.at("A4.pc3");
     putContent(name, "old");
@@ -96,7 +96,7 @@ TEST_F(WinFile, pipesAndDevicesAreRefusedWithoutWaiting)
     EXPECT_EQ(refusal(OD_T("NUL")), "that is a folder or a device, not a file");
 }
 
-TEST_F(WinFile, aRelativeNameIsMeantFromTheCurrentFolder)
+TEST_F(WinFile, relativeNameIsMeantFromCurrentFolder)
 {
     const auto before = std::filesystem::current_path();
     std::filesystem::current_path(pathOf(m_folder.path()));
@@ -107,7 +107,7 @@ TEST_F(WinFile, aRelativeNameIsMeantFromTheCurrentFolder)
     EXPECT_EQ(namesIn(m_folder.path()), Names{"A4.pc3"});
 }
 
-TEST_F(WinFile, aPathMayBeLongerThanTheClassicLimit)
+TEST_F(WinFile, pathMayBeLongerThanClassicLimit)
 {
     const OdString extended = OD_T("\\\\?\\") + m_folder.path();
     std::vector<OdString> folders;
@@ -131,7 +131,7 @@ TEST_F(WinFile, aPathMayBeLongerThanTheClassicLimit)
 }
 
 // The temporary file's name is short, so the target's may be as long as there are.
-TEST_F(WinFile, aNameMayBeAsLongAsTheSystemTakesIt)
+TEST_F(WinFile, nameMayHaveTheSystemsFullLength)
 {
     const OdString folder = OD_T("\\\\?\\") + m_folder.path() + OD_T("\\");
     const OdString longest = folder + OdString(std::wstring(251, L'x')) + OD_T(".pc3");
@@ -144,7 +144,7 @@ TEST_F(WinFile, aNameMayBeAsLongAsTheSystemTakesIt)
     EXPECT_EQ(namesIn(m_folder.path()), Names{});
 }
 
-TEST_F(WinFile, aNameThatTheSystemRefusesIsToldAndNothingIsMade)
+TEST_F(WinFile, refusedNameIsReportedAndCreatesNothing)
 {
     for (const wchar_t* name : {L"a?.pc3", L"a*.pc3", L"a<.pc3", L"a>.pc3", L"a|.pc3", L"a\".pc3", L"a\x01.pc3"})
         EXPECT_EQ(refusal(m_folder.path() + OD_T("\\") + name), "no file has that name") << OdString(name);
@@ -155,7 +155,7 @@ TEST_F(WinFile, aNameThatTheSystemRefusesIsToldAndNothingIsMade)
     EXPECT_EQ(namesIn(m_folder.path()), Names{"a"});
 }
 
-TEST_F(WinFile, aReaderTriesAgainWhileAnotherProgramIsInTheWay)
+TEST_F(WinFile, readerRetriesWhileAnotherProgramInterferes)
 {
     const OdString name = m_folder.at("A4.pc3");
     putContent(name, "old");

@@ -56,7 +56,7 @@ struct Pair
 };
 } // namespace
 
-TEST(WinPath, aFullPathStaysOnItsShareAndDrive)
+TEST(WinPath, fullPathStaysOnItsShareAndDrive)
 {
     EXPECT_EQ(pathSeparator(), L'\\');
     for (const auto& [path, full] : {Pair{L"\\\\srv\\share\\u.pc3", L"\\\\srv\\share\\u.pc3"},

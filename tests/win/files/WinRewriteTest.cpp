@@ -33,7 +33,7 @@ TEST_F(WinRewrite, aFileWithAnotherNameKeepsIt)
     }
 }
 
-TEST_F(WinRewrite, whateverFailsTheOldContentIsThereAndNothingIsLeftBehind)
+TEST_F(WinRewrite, anyFailureLeavesOnlyTheOldContent)
 {
     int refused = 0;
     for (int n = 1;; ++n)
@@ -57,7 +57,7 @@ TEST_F(WinRewrite, whateverFailsTheOldContentIsThereAndNothingIsLeftBehind)
     EXPECT_EQ(refused, 2 + 1 + 1 + 1 + 1 + 1 + 1 + 1 + 1);
 }
 
-TEST_F(WinRewrite, whatCannotBePutBackStaysBesideTheFile)
+TEST_F(WinRewrite, whatCannotBePutBackStaysBesideFile)
 {
     WinFileCalls calls;
     int flushes = 0;
@@ -71,7 +71,7 @@ TEST_F(WinRewrite, whatCannotBePutBackStaysBesideTheFile)
     EXPECT_EQ(contentOf(m_spare), "brand new");
 }
 
-TEST_F(WinRewrite, aCopyOfASaveThatBrokeOffIsNotOverwritten)
+TEST_F(WinRewrite, copyOfABrokenSaveIsNotOverwritten)
 {
     putContent(m_spare, "the only copy");
     WinFileCalls calls;
@@ -82,7 +82,7 @@ TEST_F(WinRewrite, aCopyOfASaveThatBrokeOffIsNotOverwritten)
     EXPECT_EQ(namesIn(m_folder.path()), (Names{"A4.pc3", "A4.pc3.new", "other-name"}));
 }
 
-TEST_F(WinRewrite, aWriterWaitsForReadersAndGivesUpAfterTwoSeconds)
+TEST_F(WinRewrite, writerWaitsTwoSecondsForReaders)
 {
     KernelHandle reader = openForReading();
     ASSERT_TRUE(reader);

@@ -40,12 +40,12 @@ void throwOther()
 void throwNothing() {}
 } // namespace
 
-TEST_F(CrossLibraryErrors, anErrorOfTheModuleIsCaughtByItsClass)
+TEST_F(CrossLibraryErrors, errorOfModuleIsCaughtByItsClass)
 {
     EXPECT_THROW(throwWrongClass(), OdError_NotThatKindOfClass);
 }
 
-TEST_F(CrossLibraryErrors, anErrorOfTheModuleIsCaughtByItsBaseAndKeepsItsCode)
+TEST_F(CrossLibraryErrors, moduleErrorKeepsItsCode)
 {
     try
     {
@@ -59,12 +59,12 @@ TEST_F(CrossLibraryErrors, anErrorOfTheModuleIsCaughtByItsBaseAndKeepsItsCode)
     }
 }
 
-TEST_F(CrossLibraryErrors, anErrorOfTheModuleIsAStandardException)
+TEST_F(CrossLibraryErrors, errorOfModuleIsStandardException)
 {
     EXPECT_THROW(throwWrongClass(), std::exception);
 }
 
-TEST_F(CrossLibraryErrors, theModuleCatchesErrorsOfTheProgramAndOfTheKernel)
+TEST_F(CrossLibraryErrors, moduleCatchesErrorsOfProgramAndOfKernel)
 {
     EXPECT_EQ(catchIn(&throwInvalidInput), eInvalidInput);
     EXPECT_EQ(catchIn(&throwWrongKind), eInvalidResBuf);
@@ -72,7 +72,7 @@ TEST_F(CrossLibraryErrors, theModuleCatchesErrorsOfTheProgramAndOfTheKernel)
     EXPECT_EQ(catchIn(&throwNothing), -1);
 }
 
-TEST_F(CrossLibraryErrors, theNumberOfUncaughtExceptionsStaysRightOnBothSides)
+TEST_F(CrossLibraryErrors, uncaughtExceptionCountStaysRight)
 {
     for (int i = 0; i < 5; ++i)
     {
@@ -83,7 +83,7 @@ TEST_F(CrossLibraryErrors, theNumberOfUncaughtExceptionsStaysRightOnBothSides)
     }
 }
 
-TEST_F(CrossLibraryErrors, bothSidesSeeAnExceptionThatIsUnderWay)
+TEST_F(CrossLibraryErrors, bothSidesSeeExceptionThatIsUnderWay)
 {
     struct Looker
     {

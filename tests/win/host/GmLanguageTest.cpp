@@ -100,7 +100,7 @@ TEST_F(Languages, englishIsTheLanguageAtTheStart)
     EXPECT_EQ(uiLanguage().text(), OD_T("en"));
 }
 
-TEST_F(Languages, aModuleGetsTheLibraryOfTheCurrentLanguage)
+TEST_F(Languages, moduleGetsLibraryOfCurrentLanguage)
 {
     const LibraryHandle english{GmLoadAppLangResourceDLL(first.module, nullptr, nullptr, nullptr)};
     EXPECT_EQ(languageOf(english.get()), OD_T("English"));
@@ -117,7 +117,7 @@ TEST_F(Languages, aRegionGetsTheLibraryOfItsLanguage)
     EXPECT_EQ(languageOf(library.get()), OD_T("Deutsch"));
 }
 
-TEST_F(Languages, aModuleWithoutALibraryOfTheLanguageGetsNull)
+TEST_F(Languages, moduleWithoutLibraryOfLanguageGetsNull)
 {
     EXPECT_TRUE(setUiLanguage(OD_T("de")));
     EXPECT_EQ(GmLoadAppLangResourceDLL(second.module, nullptr, nullptr, nullptr), nullptr);
@@ -198,7 +198,7 @@ TEST_F(Languages, aLaterRequestWithoutCallbackKeepsTheFirst)
     EXPECT_EQ(first.calls, 2) << "the module asked without a callback while it was told";
 }
 
-TEST_F(Languages, aLaterCallbackOfTheSameModuleReplacesTheFirst)
+TEST_F(Languages, laterCallbackOfSameModuleReplacesFirst)
 {
     registerFirst();
     second.module = first.module;
@@ -208,7 +208,7 @@ TEST_F(Languages, aLaterCallbackOfTheSameModuleReplacesTheFirst)
     EXPECT_EQ(order(), std::vector<int>{2});
 }
 
-TEST_F(Languages, aLanguageWithoutALibraryKeepsTheOldOne)
+TEST_F(Languages, languageWithoutLibraryKeepsOldOne)
 {
     registerFirst();
     const HINSTANCE before = first.library.get();
@@ -219,7 +219,7 @@ TEST_F(Languages, aLanguageWithoutALibraryKeepsTheOldOne)
     EXPECT_EQ(uiLanguage().text(), OD_T("en"));
 }
 
-TEST_F(Languages, theModulesAreToldInTheOrderOfTheirRegistration)
+TEST_F(Languages, modulesAreToldInOrderOfTheirRegistration)
 {
     registerSecond();
     registerFirst();
@@ -229,7 +229,7 @@ TEST_F(Languages, theModulesAreToldInTheOrderOfTheirRegistration)
     EXPECT_EQ(order(), (std::vector<int>{2, 1}));
 }
 
-TEST_F(Languages, whenOneCannotSwitchThoseBeforeItGoBack)
+TEST_F(Languages, failedSwitchRevertsTheEarlierOnes)
 {
     registerFirst();
     registerSecond();
@@ -240,7 +240,7 @@ TEST_F(Languages, whenOneCannotSwitchThoseBeforeItGoBack)
     EXPECT_EQ(uiLanguage().text(), OD_T("en"));
 }
 
-TEST_F(Languages, aCallbackThatIsNotContentStopsTheChange)
+TEST_F(Languages, callbackThatIsNotContentStopsChange)
 {
     registerFirst();
     registerSecond();
@@ -268,7 +268,7 @@ TEST_F(Languages, theSameLanguageTellsNobody)
     EXPECT_EQ(first.calls, 0);
 }
 
-TEST_F(Languages, whatIsNoTagIsRefusedAndTellsNobody)
+TEST_F(Languages, invalidTagIsRefusedWithoutCallbacks)
 {
     registerFirst();
     for (const OdChar* text : {OD_T(""), OD_T(".."), OD_T("de\\..\\en"), OD_T("de;en")})
@@ -291,7 +291,7 @@ TEST_F(Languages, aChangeFromWithinACallbackIsRefused)
     EXPECT_EQ(uiLanguage().text(), OD_T("de"));
 }
 
-TEST_F(Languages, aCallbackIsKeptAlsoWhenTheModuleGotNoLibrary)
+TEST_F(Languages, callbackIsKeptEvenWithoutALibrary)
 {
     EXPECT_TRUE(setUiLanguage(OD_T("de")));
     registerSecond();
@@ -300,7 +300,7 @@ TEST_F(Languages, aCallbackIsKeptAlsoWhenTheModuleGotNoLibrary)
     EXPECT_EQ(languageOf(second.library.get()), OD_T("English"));
 }
 
-TEST_F(Languages, theCallbackOfAModuleThatIsGoneIsForgotten)
+TEST_F(Languages, callbackOfModuleThatIsGoneIsForgotten)
 {
     registerFirst();
     registerSecond();
@@ -310,7 +310,7 @@ TEST_F(Languages, theCallbackOfAModuleThatIsGoneIsForgotten)
     EXPECT_EQ(languageCallbackCount(), 1U);
 }
 
-TEST_F(Languages, aModuleThatIsHeldBySomebodyElseIsNotGone)
+TEST_F(Languages, moduleHeldElsewhereIsStillThere)
 {
     registerFirst();
     const LibraryHandle held{::LoadLibraryW(fixture(OD_T("First.dll")).c_str())};

@@ -78,7 +78,7 @@ TEST_F(ModuleLoader, loadsAndUnloadsTenTimes)
     }
 }
 
-TEST_F(ModuleLoader, theSecondLoadOfAModuleIsRefusedUnderEveryPath)
+TEST_F(ModuleLoader, secondLoadIsRefusedUnderEveryPath)
 {
     OdRxModule* module = loadGood();
     for (const OdString& path : {goodFile(), fixture(OD_T("..\\host_fixtures\\NONE.GRX"))})
@@ -93,24 +93,24 @@ TEST_F(ModuleLoader, theSecondLoadOfAModuleIsRefusedUnderEveryPath)
     EXPECT_FALSE(isInProcess(goodFile())) << "the refused loads gave their references back";
 }
 
-TEST_F(ModuleLoader, aFileThatIsNotThereIsSaidToBeMissing)
+TEST_F(ModuleLoader, absentFileIsReportedAsMissing)
 {
     EXPECT_EQ(refusal(OD_T("Missing.grx")), OD_T("there is no such file."));
     EXPECT_EQ(refusal(OD_T("en")), OD_T("there is no such file.")) << "a folder is none";
 }
 
-TEST_F(ModuleLoader, aFileThatIsNoLibraryIsSaidToBeNone)
+TEST_F(ModuleLoader, invalidLibraryIsReported)
 {
     EXPECT_EQ(refusal(OD_T("Text.grx")), OD_T("it is no library of this system."));
 }
 
-TEST_F(ModuleLoader, aLibraryThatIsNoModuleIsSaidToBeNone)
+TEST_F(ModuleLoader, libraryWithoutModuleExportsIsReported)
 {
     EXPECT_EQ(refusal(OD_T("First.dll")),
               OD_T("it is no module: it does not export odrxCreateModuleObject and odrxGetAPIVersion."));
 }
 
-TEST_F(ModuleLoader, aMissingLibraryOfTheModuleIsSaidToBeMissing)
+TEST_F(ModuleLoader, missingDependencyIsReported)
 {
     EXPECT_EQ(refusal(OD_T("Dependent.grx")), OD_T("a library that it needs is missing."));
 }
@@ -121,7 +121,7 @@ TEST_F(ModuleLoader, anotherKernelVersionIsNamed)
               OD_T("it was built for version 3.1.1.0 of the kernel, this is 4.1.1.0."));
 }
 
-TEST_F(ModuleLoader, aModuleThatRefusesItsStartIsGoneWithItsCallback)
+TEST_F(ModuleLoader, refusedStartRemovesModuleAndCallback)
 {
     EXPECT_EQ(refusal(OD_T("AttachRefused.grx")),
               OD_T("its start was refused, as happens when its language library is missing."));
@@ -133,12 +133,12 @@ TEST_F(ModuleLoader, aModuleWithoutItsObjectIsRefused)
     EXPECT_EQ(refusal(OD_T("CreateGivesNull.grx")), OD_T("it could not make its module object."));
 }
 
-TEST_F(ModuleLoader, aModuleWhoseStartThrowsIsTakenOutAgain)
+TEST_F(ModuleLoader, moduleWhoseStartThrowsIsTakenOutAgain)
 {
     EXPECT_EQ(refusal(OD_T("InitThrows.grx")), OD_T("its start failed."));
 }
 
-TEST_F(ModuleLoader, aRelativePathIsTakenFromTheCurrentFolder)
+TEST_F(ModuleLoader, relativePathIsTakenFromCurrentFolder)
 {
     const auto [module, reason] = GmModuleLoader::load(OD_T("Missing.grx"));
     EXPECT_EQ(module, nullptr);

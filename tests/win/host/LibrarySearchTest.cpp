@@ -52,7 +52,7 @@ constexpr auto missing = L"a library that it needs is missing.";
 constexpr auto noModule = L"it is no module: it does not export odrxCreateModuleObject and odrxGetAPIVersion.";
 } // namespace
 
-TEST_F(LibrarySearch, aModulesLibraryIsNotTakenFromTheCurrentFolder)
+TEST_F(LibrarySearch, modulesLibraryIsNotTakenFromCurrentFolder)
 {
     EXPECT_TRUE(whyNotLoaded(fixture(L"Dependent.grx")).view().ends_with(missing));
     EXPECT_FALSE(wasRun());

@@ -63,7 +63,7 @@ TEST_F(Win32Module, keepsItsLibraryHandle)
     EXPECT_EQ(module->sysData(), ::GetModuleHandleW(nullptr));
 }
 
-TEST_F(Win32Module, itsNameIsTheFullPathOfItsFile)
+TEST_F(Win32Module, itsNameIsFullPathOfItsFile)
 {
     OdChar path[MAX_PATH] = {};
     ::GetModuleFileNameW(nullptr, path, MAX_PATH);
@@ -98,7 +98,7 @@ TEST_F(Win32Module, locksAreCounted)
     EXPECT_EQ(module->lockCount(), 0);
 }
 
-TEST_F(Win32Module, anUnlockTooManyAssertsAndThenCountsDownAllTheSame)
+TEST_F(Win32Module, extraUnlockAssertsAndStillCounts)
 {
     const RecordedAsserts asserts;
     module->unlock();
@@ -112,7 +112,7 @@ TEST_F(Win32Module, anUnlockTooManyAssertsAndThenCountsDownAllTheSame)
     EXPECT_EQ(asserts.reports().size(), 1U);
 }
 
-TEST_F(Win32Module, aReferenceIsALockAndTheLastOneDoesNotEndIt)
+TEST_F(Win32Module, referenceIsALockButNotTheOwner)
 {
     {
         const OdRxModulePtr reference(module);
@@ -123,7 +123,7 @@ TEST_F(Win32Module, aReferenceIsALockAndTheLastOneDoesNotEndIt)
     EXPECT_EQ(Probe::living, 1);
 }
 
-TEST_F(Win32Module, theLockCountMayBeChangedByManyThreads)
+TEST_F(Win32Module, lockCountMayBeChangedByManyThreads)
 {
     std::vector<std::thread> threads;
     for (int i = 0; i < 4; ++i)
@@ -141,7 +141,7 @@ TEST_F(Win32Module, theLockCountMayBeChangedByManyThreads)
     EXPECT_EQ(module->lockCount(), 0);
 }
 
-TEST_F(Win32Module, withoutMemoryThereIsNoObjectAndTheErrorIsBadAllocation)
+TEST_F(Win32Module, outOfMemoryThrowsBadAllocation)
 {
     module->deleteModule();
     const OdAllocSource before = odrxSetAllocSource(&noMemory);

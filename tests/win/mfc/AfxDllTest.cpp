@@ -35,7 +35,7 @@ public:
 
 const HINSTANCE instance = ::GetModuleHandleW(nullptr);
 
-TEST(AfxDll, AttachRunsInitInstanceAndDetachExitInstanceOnce)
+TEST(AfxDll, attachAndDetachRunTheirHandlersOnce)
 {
     ScriptedApp app;
     EXPECT_TRUE(AfxDllProcessAttach(instance));
@@ -47,7 +47,7 @@ TEST(AfxDll, AttachRunsInitInstanceAndDetachExitInstanceOnce)
     EXPECT_EQ(app.m_ends, 1);
 }
 
-TEST(AfxDll, InitInstanceFalseRefusesTheLoadAndEndsOnce)
+TEST(AfxDll, initInstanceFalseRefusesLoadAndEndsOnce)
 {
     ScriptedApp app;
     app.m_answer = FALSE;
@@ -59,7 +59,7 @@ TEST(AfxDll, InitInstanceFalseRefusesTheLoadAndEndsOnce)
     EXPECT_EQ(app.m_ends, 1);
 }
 
-TEST(AfxDll, WhatInitInstanceThrowsRefusesTheLoad)
+TEST(AfxDll, whatInitInstanceThrowsRefusesTheLoad)
 {
     ScriptedApp app;
     app.m_initThrows = true;
@@ -68,7 +68,7 @@ TEST(AfxDll, WhatInitInstanceThrowsRefusesTheLoad)
     EXPECT_EQ(app.m_ends, 1);
 }
 
-TEST(AfxDll, WhatExitInstanceThrowsStaysInside)
+TEST(AfxDll, whatExitInstanceThrowsStaysInside)
 {
     ScriptedApp app;
     app.m_exitThrows = true;
@@ -77,7 +77,7 @@ TEST(AfxDll, WhatExitInstanceThrowsStaysInside)
     EXPECT_EQ(app.m_ends, 1);
 }
 
-TEST(AfxDll, AModuleWithoutApplicationObjectLoads)
+TEST(AfxDll, aModuleWithoutApplicationObjectLoads)
 {
     EXPECT_TRUE(AfxDllProcessAttach(instance));
     AfxDllProcessDetach();

@@ -14,12 +14,12 @@ HINSTANCE handle(std::uintptr_t value)
     return reinterpret_cast<HINSTANCE>(value);
 }
 
-TEST(AfxModuleState, OwnStateIsCurrentUntilAnotherIsSet)
+TEST(AfxModuleState, ownStateIsCurrentUntilAnotherIsSet)
 {
     EXPECT_EQ(AfxGetModuleState(), AfxGetStaticModuleState());
 }
 
-TEST(AfxModuleState, ManagedStateIsCurrentForItsScopeOnly)
+TEST(AfxModuleState, managedStateIsCurrentForItsScopeOnly)
 {
     AFX_MODULE_STATE other;
     other.m_hCurrentResourceHandle = handle(0x5000);
@@ -35,7 +35,7 @@ TEST(AfxModuleState, ManagedStateIsCurrentForItsScopeOnly)
     EXPECT_EQ(other.m_hCurrentResourceHandle, handle(0x6000));
 }
 
-TEST(AfxModuleState, NestedScopesRestoreTheOneAround)
+TEST(AfxModuleState, nestedScopesRestoreTheOneAround)
 {
     AFX_MODULE_STATE outer;
     AFX_MODULE_STATE inner;
@@ -51,7 +51,7 @@ TEST(AfxModuleState, NestedScopesRestoreTheOneAround)
     EXPECT_EQ(AfxGetModuleState(), &outer);
 }
 
-TEST(AfxModuleState, SettingNullMakesTheOwnStateCurrent)
+TEST(AfxModuleState, settingNullMakesTheOwnStateCurrent)
 {
     AFX_MODULE_STATE other;
     EXPECT_EQ(AfxSetModuleState(&other), AfxGetStaticModuleState());
@@ -59,7 +59,7 @@ TEST(AfxModuleState, SettingNullMakesTheOwnStateCurrent)
     EXPECT_EQ(AfxGetModuleState(), AfxGetStaticModuleState());
 }
 
-TEST(AfxModuleState, IsCurrentPerThread)
+TEST(AfxModuleState, isCurrentPerThread)
 {
     AFX_MODULE_STATE other;
     AFX_MANAGE_STATE(&other);
@@ -68,14 +68,14 @@ TEST(AfxModuleState, IsCurrentPerThread)
     EXPECT_EQ(seen, AfxGetStaticModuleState());
 }
 
-TEST(AfxModuleState, AskingForItKeepsTheLastError)
+TEST(AfxModuleState, askingForItKeepsTheLastError)
 {
     ::SetLastError(ERROR_PRINTER_DELETED);
     AfxGetModuleState();
     EXPECT_EQ(::GetLastError(), static_cast<DWORD>(ERROR_PRINTER_DELETED));
 }
 
-TEST(AfxModuleState, AfxWinInitGivesInstanceToStateApplicationAndAtl)
+TEST(AfxModuleState, afxWinInitPassesTheInstanceOn)
 {
     CWinApp app;
     const HINSTANCE instance = ::GetModuleHandleW(nullptr);

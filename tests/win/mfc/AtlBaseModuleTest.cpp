@@ -9,7 +9,7 @@ HINSTANCE handle(std::uintptr_t value)
     return reinterpret_cast<HINSTANCE>(value);
 }
 
-TEST(AtlBaseModule, SetResourceInstanceReturnsTheOneBefore)
+TEST(AtlBaseModule, setResourceInstanceReturnsTheOneBefore)
 {
     ATL::CAtlBaseModule module;
     EXPECT_EQ(module.GetResourceInstance(), nullptr);
@@ -18,7 +18,7 @@ TEST(AtlBaseModule, SetResourceInstanceReturnsTheOneBefore)
     EXPECT_EQ(module.GetResourceInstance(), handle(0x2000));
 }
 
-TEST(AtlBaseModule, ResourceInstanceAndModuleInstanceAreTwoThings)
+TEST(AtlBaseModule, resourceInstanceAndModuleInstanceAreTwoThings)
 {
     ATL::CAtlBaseModule module;
     module.m_hInst = handle(0x3000);

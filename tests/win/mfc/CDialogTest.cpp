@@ -12,7 +12,7 @@ namespace
 {
 using CDialogTest = DialogTest;
 
-TEST_F(CDialogTest, DoModalAnswersWhatTheButtonGave)
+TEST_F(CDialogTest, doModalAnswersWhatTheButtonGave)
 {
     ScriptedDlg dialog;
     dialog.addStep([](auto& dlg) { dlg.SendDlgItemMessage(IDOK, BM_CLICK); });
@@ -27,7 +27,7 @@ TEST_F(CDialogTest, DoModalAnswersWhatTheButtonGave)
     EXPECT_EQ(cancelled.m_cancels, 1);
 }
 
-TEST_F(CDialogTest, RunsAgainAfterItEnded)
+TEST_F(CDialogTest, runsAgainAfterItEnded)
 {
     ScriptedDlg dialog;
     for (const int result : {7, 8})
@@ -39,7 +39,7 @@ TEST_F(CDialogTest, RunsAgainAfterItEnded)
     EXPECT_EQ(dialog.m_inits, 2);
 }
 
-TEST_F(CDialogTest, IsVisibleAndMappedWhileItRuns)
+TEST_F(CDialogTest, isVisibleAndMappedWhileItRuns)
 {
     ScriptedDlg dialog;
     dialog.addStep(
@@ -53,7 +53,7 @@ TEST_F(CDialogTest, IsVisibleAndMappedWhileItRuns)
     EXPECT_EQ(dialog.DoModal(), 1);
 }
 
-TEST_F(CDialogTest, AHiddenTemplateIsShown)
+TEST_F(CDialogTest, aHiddenTemplateIsShown)
 {
     ScriptedDlg dialog(IDD_HIDDEN);
     bool seen = false;
@@ -67,7 +67,7 @@ TEST_F(CDialogTest, AHiddenTemplateIsShown)
     EXPECT_TRUE(seen);
 }
 
-TEST_F(CDialogTest, EndDialogInOnInitDialogShowsNothingAndRunsNoLoop)
+TEST_F(CDialogTest, endDialogInOnInitDialogShowsNothing)
 {
     ScriptedDlg dialog;
     bool stepRan = false;
@@ -83,7 +83,7 @@ TEST_F(CDialogTest, EndDialogInOnInitDialogShowsNothingAndRunsNoLoop)
     EXPECT_FALSE(::IsWindow(window));
 }
 
-TEST_F(CDialogTest, DestructionInsideOnInitDialogGivesMinusOneAndTheOwnerBack)
+TEST_F(CDialogTest, destructionInOnInitDialogReturnsMinusOne)
 {
     TestWnd owner;
     ASSERT_TRUE(owner.create(nullptr, WS_OVERLAPPEDWINDOW | WS_VISIBLE));
@@ -95,7 +95,7 @@ TEST_F(CDialogTest, DestructionInsideOnInitDialogGivesMinusOneAndTheOwnerBack)
     owner.DestroyWindow();
 }
 
-TEST_F(CDialogTest, AnEndedDialogThatIsDestroyedInOnInitDialogKeepsItsResult)
+TEST_F(CDialogTest, endedDialogDestroyedEarlyKeepsItsResult)
 {
     ScriptedDlg dialog;
     dialog.m_onInit = [](auto& dlg)
@@ -121,7 +121,7 @@ protected:
     void PostNcDestroy() override { delete this; }
 };
 
-TEST_F(CDialogTest, AModelessDialogMayDeleteItselfWhileItIsInitialised)
+TEST_F(CDialogTest, modelessDialogMayDeleteItselfDuringInitialisation)
 {
     for (const bool throws : {false, true})
     {
@@ -141,14 +141,14 @@ TEST_F(CDialogTest, AModelessDialogMayDeleteItselfWhileItIsInitialised)
     }
 }
 
-TEST_F(CDialogTest, DestructionInTheLoopEndsItWithMinusOne)
+TEST_F(CDialogTest, destructionInLoopEndsItWithMinusOne)
 {
     ScriptedDlg dialog;
     dialog.addStep([](auto& dlg) { dlg.CDialog::DestroyWindow(); });
     EXPECT_EQ(dialog.DoModal(), -1);
 }
 
-TEST_F(CDialogTest, WhatCannotBeCreatedGivesMinusOneAndTheOwnerBack)
+TEST_F(CDialogTest, failedCreationReturnsMinusOne)
 {
     TestWnd owner;
     ASSERT_TRUE(owner.create(nullptr, WS_OVERLAPPEDWINDOW | WS_VISIBLE));
@@ -164,13 +164,13 @@ TEST_F(CDialogTest, WhatCannotBeCreatedGivesMinusOneAndTheOwnerBack)
     owner.DestroyWindow();
 }
 
-TEST_F(CDialogTest, ADialogWithoutTemplateCannotBeShown)
+TEST_F(CDialogTest, aDialogWithoutTemplateCannotBeShown)
 {
     CDialog dialog;
     EXPECT_EQ(dialog.DoModal(), -1);
 }
 
-TEST_F(CDialogTest, IsNotShownTwiceAtATime)
+TEST_F(CDialogTest, isNotShownTwiceAtATime)
 {
     ScriptedDlg dialog;
     dialog.addStep(
@@ -185,14 +185,14 @@ TEST_F(CDialogTest, IsNotShownTwiceAtATime)
     EXPECT_EQ(dialog.m_inits, 1);
 }
 
-TEST_F(CDialogTest, TheTemplateComesFromTheCurrentResourceHandle)
+TEST_F(CDialogTest, theTemplateComesFromTheCurrentResourceHandle)
 {
     AfxSetResourceHandle(::GetModuleHandleW(nullptr));
     ScriptedDlg dialog;
     EXPECT_EQ(dialog.DoModal(), -1) << "found a template in a program that has none";
 }
 
-TEST_F(CDialogTest, ADialogInADialogEndsAlone)
+TEST_F(CDialogTest, aDialogInADialogEndsAlone)
 {
     ScriptedDlg outer;
     INT_PTR innerResult = 0;
@@ -217,7 +217,7 @@ TEST_F(CDialogTest, ADialogInADialogEndsAlone)
     EXPECT_FALSE(outerEnabledMeanwhile);
 }
 
-TEST_F(CDialogTest, EndDialogOfTheOuterWaitsForTheInner)
+TEST_F(CDialogTest, endDialogOfOuterWaitsForInner)
 {
     ScriptedDlg outer;
     bool innerRanOn = false;
@@ -238,7 +238,7 @@ TEST_F(CDialogTest, EndDialogOfTheOuterWaitsForTheInner)
     EXPECT_TRUE(innerRanOn);
 }
 
-TEST_F(CDialogTest, EndDialogLeavesAMessageThatWakesTheLoop)
+TEST_F(CDialogTest, endDialogLeavesMessageThatWakesLoop)
 {
     ScriptedDlg dialog;
     bool woken = false;
@@ -262,7 +262,7 @@ void sendFromOutside(HWND dialog, UINT message, WPARAM wParam)
     EXPECT_NE(::SendMessageTimeoutW(dialog, message, wParam, 0, SMTO_NORMAL, 60000, &answer), 0);
 }
 
-TEST_F(CDialogTest, ACommandSentByAnotherThreadEndsTheLoop)
+TEST_F(CDialogTest, commandSentByAnotherThreadEndsLoop)
 {
     struct Case
     {
@@ -282,7 +282,7 @@ TEST_F(CDialogTest, ACommandSentByAnotherThreadEndsTheLoop)
     }
 }
 
-TEST_F(CDialogTest, QuitEndsEveryLoopAndIsPassedOn)
+TEST_F(CDialogTest, quitEndsEveryLoopAndIsPassedOn)
 {
     ScriptedDlg outer;
     INT_PTR innerResult = 0;
@@ -300,7 +300,7 @@ TEST_F(CDialogTest, QuitEndsEveryLoopAndIsPassedOn)
     EXPECT_EQ(message.wParam, 77U);
 }
 
-TEST_F(CDialogTest, PreTranslationGoesFromTheControlUpToTheDialogAndNoFurther)
+TEST_F(CDialogTest, preTranslationStopsAtTheDialog)
 {
     class Listener : public ScriptedDlg
     {

@@ -149,7 +149,7 @@ protected:
 INSTANTIATE_TEST_SUITE_P(BothStyles, CFileDialogTest, ::testing::Values(TRUE, FALSE),
                          [](const auto& kind) { return kind.param ? "Newer" : "Older"; });
 
-TEST_P(CFileDialogTest, TheNameChosenGetsTheDefaultExtension)
+TEST_P(CFileDialogTest, theNameChosenGetsTheDefaultExtension)
 {
     DialogWorker worker;
     worker.add(enter(m_folder.at("chosen")));
@@ -159,7 +159,7 @@ TEST_P(CFileDialogTest, TheNameChosenGetsTheDefaultExtension)
     EXPECT_EQ(dialog->GetFileName(), L"chosen.pc3");
 }
 
-TEST_P(CFileDialogTest, TheDefaultExtensionNeedsNoFilter)
+TEST_P(CFileDialogTest, theDefaultExtensionNeedsNoFilter)
 {
     DialogWorker worker;
     worker.add(enter(m_folder.at("chosen")));
@@ -168,7 +168,7 @@ TEST_P(CFileDialogTest, TheDefaultExtensionNeedsNoFilter)
     EXPECT_EQ(dialog->GetFileName(), L"chosen.pc3");
 }
 
-TEST_P(CFileDialogTest, WithoutADefaultExtensionTheNameStays)
+TEST_P(CFileDialogTest, withoutADefaultExtensionTheNameStays)
 {
     DialogWorker worker;
     worker.add(enter(m_folder.at("chosen")));
@@ -177,7 +177,7 @@ TEST_P(CFileDialogTest, WithoutADefaultExtensionTheNameStays)
     EXPECT_EQ(dialog->GetPathName(), CString(m_folder.at("chosen")));
 }
 
-TEST_P(CFileDialogTest, IsOfTheKindAskedFor)
+TEST_P(CFileDialogTest, isOfTheKindAskedFor)
 {
     DialogWorker worker;
     worker.add(
@@ -189,7 +189,7 @@ TEST_P(CFileDialogTest, IsOfTheKindAskedFor)
     EXPECT_EQ(saveDialog(nullptr)->DoModal(), IDCANCEL);
 }
 
-TEST_P(CFileDialogTest, CancelLeavesTheNameAsItWas)
+TEST_P(CFileDialogTest, cancelLeavesTheNameAsItWas)
 {
     DialogWorker worker;
     worker.add(&cancel);
@@ -199,7 +199,7 @@ TEST_P(CFileDialogTest, CancelLeavesTheNameAsItWas)
     EXPECT_EQ(dialog->GetPathName(), before);
 }
 
-TEST_P(CFileDialogTest, StartsInTheFolderOfTheName)
+TEST_P(CFileDialogTest, startsInTheFolderOfTheName)
 {
     DialogWorker worker;
     CString shown;
@@ -216,7 +216,7 @@ TEST_P(CFileDialogTest, StartsInTheFolderOfTheName)
     EXPECT_EQ(shown, L"before.pc3") << "the field holds the name alone";
 }
 
-TEST_P(CFileDialogTest, StartsInTheInitialFolderWithAnEmptyName)
+TEST_P(CFileDialogTest, startsInInitialFolderWithEmptyName)
 {
     DialogWorker worker;
     CString shown = L"poison";
@@ -234,7 +234,7 @@ TEST_P(CFileDialogTest, StartsInTheInitialFolderWithAnEmptyName)
     EXPECT_EQ(dialog->GetPathName(), CString(m_folder.at("plain.pc3")));
 }
 
-TEST_P(CFileDialogTest, TheNamesOwnFolderCountsBeforeTheInitialOne)
+TEST_P(CFileDialogTest, namesOwnFolderCountsBeforeInitialOne)
 {
     DialogWorker worker;
     worker.add(&confirm);
@@ -245,7 +245,7 @@ TEST_P(CFileDialogTest, TheNamesOwnFolderCountsBeforeTheInitialOne)
     EXPECT_EQ(dialog->GetPathName(), before);
 }
 
-TEST_P(CFileDialogTest, AsksBeforeAFileIsOverwritten)
+TEST_P(CFileDialogTest, asksBeforeAFileIsOverwritten)
 {
     m_folder.addFile("there.pc3");
     DialogWorker worker;
@@ -271,7 +271,7 @@ TEST_P(CFileDialogTest, AsksBeforeAFileIsOverwritten)
     EXPECT_EQ(dialog->GetPathName(), CString(m_folder.at("there.pc3")));
 }
 
-TEST_P(CFileDialogTest, DoesNotAskWhenItIsNotToldTo)
+TEST_P(CFileDialogTest, doesNotAskUnlessRequested)
 {
     m_folder.addFile("there.pc3");
     DialogWorker worker;
@@ -280,7 +280,7 @@ TEST_P(CFileDialogTest, DoesNotAskWhenItIsNotToldTo)
     EXPECT_EQ(dialog.DoModal(), IDOK);
 }
 
-TEST_P(CFileDialogTest, TheOwnerIsDisabledMeanwhile)
+TEST_P(CFileDialogTest, theOwnerIsDisabledMeanwhile)
 {
     TestWnd child;
     ASSERT_TRUE(child.create(&m_owner, WS_CHILD | WS_VISIBLE));
@@ -300,7 +300,7 @@ TEST_P(CFileDialogTest, TheOwnerIsDisabledMeanwhile)
     }
 }
 
-TEST_P(CFileDialogTest, OffersTheTypesOfTheFilter)
+TEST_P(CFileDialogTest, offersTheTypesOfTheFilter)
 {
     DialogWorker worker;
     constexpr int types = 1136; // of the older kind; the newer one has its list under the same number here
@@ -320,7 +320,7 @@ TEST_P(CFileDialogTest, OffersTheTypesOfTheFilter)
     EXPECT_EQ(saveDialog(nullptr)->DoModal(), IDCANCEL);
 }
 
-TEST_P(CFileDialogTest, ABrokenFilterIsCutToItsPairs)
+TEST_P(CFileDialogTest, aBrokenFilterIsCutToItsPairs)
 {
     for (const LPCWSTR broken : {L"", L"|", L"text only|", L"no end", L"All|*.*|left over||"})
     {
@@ -330,7 +330,7 @@ TEST_P(CFileDialogTest, ABrokenFilterIsCutToItsPairs)
     }
 }
 
-TEST_P(CFileDialogTest, ANameThatCannotBeOneIsNoReasonNotToAsk)
+TEST_P(CFileDialogTest, dialogAppearsEvenForAnInvalidName)
 {
     for (const LPCWSTR name : {L"a<b>|?*.pc3", L"C:\\no such folder\\name.pc3", L"\\\\\\", L":", L"..\\..\\.."})
     {
@@ -342,7 +342,7 @@ TEST_P(CFileDialogTest, ANameThatCannotBeOneIsNoReasonNotToAsk)
     }
 }
 
-TEST_P(CFileDialogTest, AnEndlessNameIsCut)
+TEST_P(CFileDialogTest, anEndlessNameIsCut)
 {
     const std::wstring endless(0x10000, L'n');
     DialogWorker worker;
@@ -350,7 +350,7 @@ TEST_P(CFileDialogTest, AnEndlessNameIsCut)
     EXPECT_EQ(saveDialog(endless.c_str())->DoModal(), IDCANCEL);
 }
 
-TEST_P(CFileDialogTest, OpensAFileThatIsThere)
+TEST_P(CFileDialogTest, opensAFileThatIsThere)
 {
     const OdString there = m_folder.addFile("there.pc3");
     DialogWorker worker;
@@ -360,7 +360,7 @@ TEST_P(CFileDialogTest, OpensAFileThatIsThere)
     EXPECT_EQ(dialog.GetPathName(), CString(there));
 }
 
-TEST_P(CFileDialogTest, WhatAHandlerThrowsMeanwhileComesOut)
+TEST_P(CFileDialogTest, whatAHandlerThrowsMeanwhileComesOut)
 {
     DialogWorker worker;
     worker.add(
@@ -373,7 +373,7 @@ TEST_P(CFileDialogTest, WhatAHandlerThrowsMeanwhileComesOut)
     EXPECT_THROW(dialog->DoModal(), std::runtime_error);
 }
 
-TEST_P(CFileDialogTest, AThreadInAnotherKindOfApartmentGetsTheOlderDialog)
+TEST_P(CFileDialogTest, otherApartmentsGetTheOlderDialog)
 {
     const OdString name = m_folder.at("chosen");
     const BOOL style = GetParam();
@@ -398,7 +398,7 @@ TEST_P(CFileDialogTest, AThreadInAnotherKindOfApartmentGetsTheOlderDialog)
         .join();
 }
 
-TEST(CFileDialogNameTest, IsThatGivenUntilAnotherIsChosen)
+TEST(CFileDialogNameTest, isThatGivenUntilAnotherIsChosen)
 {
     const CFileDialog named(FALSE, nullptr, L"C:\\folder\\name.pc3");
     EXPECT_EQ(named.GetPathName(), L"C:\\folder\\name.pc3");

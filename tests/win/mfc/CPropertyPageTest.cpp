@@ -6,7 +6,7 @@ namespace
 {
 using CPropertyPageTest = SheetTest;
 
-TEST_F(CPropertyPageTest, NeitherOkNorCancelEndsAnything)
+TEST_F(CPropertyPageTest, neitherOkNorCancelEndsAnything)
 {
     ScriptedSheet sheet;
     sheet.addStep(
@@ -26,14 +26,14 @@ TEST_F(CPropertyPageTest, NeitherOkNorCancelEndsAnything)
     EXPECT_EQ(sheet.DoModal(), 9);
 }
 
-TEST_F(CPropertyPageTest, EndDialogWithoutASheetDoesNothing)
+TEST_F(CPropertyPageTest, endDialogWithoutASheetDoesNothing)
 {
     CPropertyPage page(IDD_FIRST_PAGE);
     page.EndDialog(IDCANCEL);
     EXPECT_EQ(page.m_hWnd, nullptr);
 }
 
-TEST_F(CPropertyPageTest, ItsTitleIsTheStringElseTheTemplatesCaption)
+TEST_F(CPropertyPageTest, itsTitleIsStringElseTemplatesCaption)
 {
     const CPropertyPage named(IDD_FIRST_PAGE, IDS_GREETING);
     EXPECT_TRUE(named.m_psp.dwFlags & PSP_USETITLE);
@@ -41,7 +41,7 @@ TEST_F(CPropertyPageTest, ItsTitleIsTheStringElseTheTemplatesCaption)
     EXPECT_FALSE(unnamed.m_psp.dwFlags & PSP_USETITLE);
 }
 
-TEST_F(CPropertyPageTest, ItsTemplateOutlivesTheLibraryItCameFrom)
+TEST_F(CPropertyPageTest, itsTemplateOutlivesTheLibraryItCameFrom)
 {
     const HINSTANCE library = ::LoadLibraryW(L"mfc_sheet_pages.dll");
     ASSERT_NE(library, nullptr);
@@ -63,7 +63,7 @@ TEST_F(CPropertyPageTest, ItsTemplateOutlivesTheLibraryItCameFrom)
     AfxSetResourceHandle(before);
 }
 
-TEST_F(CPropertyPageTest, TheTemplateIsThatOfTheLibraryThatIsCurrentAtTheStart)
+TEST_F(CPropertyPageTest, templateComesFromTheLibraryAtTheStart)
 {
     ScriptedSheet sheet;
     const HINSTANCE before = AfxGetResourceHandle();
@@ -74,7 +74,7 @@ TEST_F(CPropertyPageTest, TheTemplateIsThatOfTheLibraryThatIsCurrentAtTheStart)
     EXPECT_EQ(sheet.DoModal(), 1);
 }
 
-TEST_F(CPropertyPageTest, ThreeStepsUpFromAPageInAPageIsTheSheetsOwner)
+TEST_F(CPropertyPageTest, sheetOwnerIsThreeStepsUp)
 {
     ScriptedDlg host;
     host.addStep(
@@ -99,7 +99,7 @@ TEST_F(CPropertyPageTest, ThreeStepsUpFromAPageInAPageIsTheSheetsOwner)
     EXPECT_EQ(host.DoModal(), 2);
 }
 
-TEST_F(CPropertyPageTest, AModalDialogOfAPageDisablesTheSheetAndEndsAlone)
+TEST_F(CPropertyPageTest, modalDialogOfAPageDisablesTheSheet)
 {
     ScriptedSheet sheet;
     INT_PTR answer = 0;
@@ -129,7 +129,7 @@ TEST_F(CPropertyPageTest, AModalDialogOfAPageDisablesTheSheetAndEndsAlone)
     EXPECT_EQ(sheet.DoModal(), 34);
 }
 
-TEST_F(CPropertyPageTest, ASheetEndedUnderItsDialogWaitsForIt)
+TEST_F(CPropertyPageTest, sheetEndedUnderItsDialogWaitsForIt)
 {
     ScriptedSheet sheet;
     bool innerRanOn = false;

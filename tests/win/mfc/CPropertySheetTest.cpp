@@ -14,7 +14,7 @@ namespace
 {
 using CPropertySheetTest = SheetTest;
 
-TEST_F(CPropertySheetTest, OkAndCancelAnswerAndTellThePages)
+TEST_F(CPropertySheetTest, okAndCancelAnswerAndTellThePages)
 {
     ScriptedSheet sheet;
     sheet.addStep([](auto& s) { ::SendMessageW(s.button(IDOK), BM_CLICK, 0, 0); });
@@ -31,7 +31,7 @@ TEST_F(CPropertySheetTest, OkAndCancelAnswerAndTellThePages)
                                       "first cancel"}));
 }
 
-TEST_F(CPropertySheetTest, EveryPageThatWasSeenIsTold)
+TEST_F(CPropertySheetTest, everyPageThatWasSeenIsTold)
 {
     ScriptedSheet sheet;
     sheet.addStep(
@@ -45,7 +45,7 @@ TEST_F(CPropertySheetTest, EveryPageThatWasSeenIsTold)
     EXPECT_EQ(sheet.m_events, (Events{"second kill", "first apply", "first ok", "second apply", "second ok"}));
 }
 
-TEST_F(CPropertySheetTest, APageThatDoesNotLetGoKeepsTheSheetOpen)
+TEST_F(CPropertySheetTest, pageThatRefusesKeepsTheSheetOpen)
 {
     ScriptedSheet sheet;
     sheet.m_first.m_letsGo = FALSE;
@@ -71,7 +71,7 @@ TEST_F(CPropertySheetTest, APageThatDoesNotLetGoKeepsTheSheetOpen)
     EXPECT_EQ(sheet.DoModal(), IDOK);
 }
 
-TEST_F(CPropertySheetTest, AFailedExchangeKeepsTheSheetOpenAndItsFieldFocused)
+TEST_F(CPropertySheetTest, failedExchangeKeepsTheSheetOpen)
 {
     ScriptedSheet sheet;
     bool fails = true;
@@ -98,7 +98,7 @@ TEST_F(CPropertySheetTest, AFailedExchangeKeepsTheSheetOpenAndItsFieldFocused)
     EXPECT_EQ(sheet.DoModal(), IDOK);
 }
 
-TEST_F(CPropertySheetTest, TheSheetIsInvisibleUntilItIsInitialised)
+TEST_F(CPropertySheetTest, theSheetIsInvisibleUntilItIsInitialised)
 {
     ScriptedSheet sheet;
     bool firstSeen = true;
@@ -121,7 +121,7 @@ TEST_F(CPropertySheetTest, TheSheetIsInvisibleUntilItIsInitialised)
     EXPECT_FALSE(firstSeen);
 }
 
-TEST_F(CPropertySheetTest, AnInitialisationThatSetsTheFocusKeepsIt)
+TEST_F(CPropertySheetTest, anInitialisationThatSetsTheFocusKeepsIt)
 {
     ScriptedSheet sheet;
     sheet.m_initResult = FALSE;
@@ -135,7 +135,7 @@ TEST_F(CPropertySheetTest, AnInitialisationThatSetsTheFocusKeepsIt)
     EXPECT_EQ(sheet.DoModal(), 1);
 }
 
-TEST_F(CPropertySheetTest, StandsInTheMiddleOfItsOwner)
+TEST_F(CPropertySheetTest, standsInTheMiddleOfItsOwner)
 {
     TestWnd owner;
     ASSERT_TRUE(owner.create(nullptr, WS_OVERLAPPEDWINDOW | WS_VISIBLE));
@@ -154,7 +154,7 @@ TEST_F(CPropertySheetTest, StandsInTheMiddleOfItsOwner)
     owner.DestroyWindow();
 }
 
-TEST_F(CPropertySheetTest, InitialisationCanBeRunAgain)
+TEST_F(CPropertySheetTest, initialisationCanBeRunAgain)
 {
     ScriptedSheet sheet;
     sheet.addStep(
@@ -175,7 +175,7 @@ TEST_F(CPropertySheetTest, InitialisationCanBeRunAgain)
     EXPECT_EQ(sheet.DoModal(), 1);
 }
 
-TEST_F(CPropertySheetTest, HasItsCaptionTabsAndNoApplyButton)
+TEST_F(CPropertySheetTest, hasItsCaptionTabsAndNoApplyButton)
 {
     ScriptedSheet sheet;
     sheet.addStep(
@@ -205,7 +205,7 @@ TEST_F(CPropertySheetTest, HasItsCaptionTabsAndNoApplyButton)
     EXPECT_EQ(sheet.DoModal(), 1);
 }
 
-TEST_F(CPropertySheetTest, AnotherPageCanBeTheFirst)
+TEST_F(CPropertySheetTest, anotherPageCanBeTheFirst)
 {
     for (const UINT start : {1U, 9U})
     {
@@ -221,7 +221,7 @@ TEST_F(CPropertySheetTest, AnotherPageCanBeTheFirst)
     }
 }
 
-TEST_F(CPropertySheetTest, PagesAreFoundByIndexOrRefused)
+TEST_F(CPropertySheetTest, pagesAreFoundByIndexOrRefused)
 {
     ScriptedSheet sheet;
     EXPECT_EQ(sheet.GetPageCount(), 2);
@@ -237,7 +237,7 @@ TEST_F(CPropertySheetTest, PagesAreFoundByIndexOrRefused)
     EXPECT_THROW(empty.GetActivePage(), CInvalidArgException*);
 }
 
-TEST_F(CPropertySheetTest, EndDialogInOnInitDialogShowsNothingAndRunsNoLoop)
+TEST_F(CPropertySheetTest, endDialogInOnInitDialogShowsNothing)
 {
     ScriptedSheet sheet;
     bool stepRan = false;
@@ -254,7 +254,7 @@ TEST_F(CPropertySheetTest, EndDialogInOnInitDialogShowsNothingAndRunsNoLoop)
     EXPECT_FALSE(wasVisible);
 }
 
-TEST_F(CPropertySheetTest, APageEndsTheSheetAtOnce)
+TEST_F(CPropertySheetTest, aPageEndsTheSheetAtOnce)
 {
     ScriptedSheet sheet;
     sheet.addStep([](auto& s) { s.m_first.EndDialog(IDCANCEL); });
@@ -262,7 +262,7 @@ TEST_F(CPropertySheetTest, APageEndsTheSheetAtOnce)
     EXPECT_EQ(sheet.m_events, (Events{"first init", "first active", "sheet init"})) << "a page was asked";
 }
 
-TEST_F(CPropertySheetTest, EndDialogWithoutASheetDoesNothing)
+TEST_F(CPropertySheetTest, endDialogWithoutASheetDoesNothing)
 {
     ScriptedSheet sheet;
     sheet.EndDialog(5);
@@ -270,7 +270,7 @@ TEST_F(CPropertySheetTest, EndDialogWithoutASheetDoesNothing)
     EXPECT_EQ(sheet.DoModal(), IDOK);
 }
 
-TEST_F(CPropertySheetTest, IsNotShownTwiceAtATime)
+TEST_F(CPropertySheetTest, isNotShownTwiceAtATime)
 {
     ScriptedSheet sheet;
     sheet.addStep(
@@ -285,7 +285,7 @@ TEST_F(CPropertySheetTest, IsNotShownTwiceAtATime)
     EXPECT_EQ(sheet.DoModal(), 5);
 }
 
-TEST_F(CPropertySheetTest, WhatCannotBeCreatedGivesMinusOneAndTheOwnerBack)
+TEST_F(CPropertySheetTest, failedCreationReturnsMinusOne)
 {
     TestWnd owner;
     ASSERT_TRUE(owner.create(nullptr, WS_OVERLAPPEDWINDOW | WS_VISIBLE));
@@ -310,7 +310,7 @@ TEST_F(CPropertySheetTest, WhatCannotBeCreatedGivesMinusOneAndTheOwnerBack)
     owner.DestroyWindow();
 }
 
-TEST_F(CPropertySheetTest, APageThatTheSystemGaveUpTakesNoOtherWindow)
+TEST_F(CPropertySheetTest, abandonedPageTakesNoOtherWindow)
 {
     ScriptedSheet sheet;
     sheet.addStep(
@@ -327,7 +327,7 @@ TEST_F(CPropertySheetTest, APageThatTheSystemGaveUpTakesNoOtherWindow)
     EXPECT_EQ(sheet.DoModal(), 1);
 }
 
-TEST_F(CPropertySheetTest, DestructionGivesMinusOneAndTheOwnerBack)
+TEST_F(CPropertySheetTest, destructionGivesMinusOneAndTheOwnerBack)
 {
     TestWnd owner;
     ASSERT_TRUE(owner.create(nullptr, WS_OVERLAPPEDWINDOW | WS_VISIBLE));
@@ -341,7 +341,7 @@ TEST_F(CPropertySheetTest, DestructionGivesMinusOneAndTheOwnerBack)
     owner.DestroyWindow();
 }
 
-TEST_F(CPropertySheetTest, AnOverrideThatKeepsTheWindowDoesNotKeepIt)
+TEST_F(CPropertySheetTest, overrideThatKeepsWindowDoesNotKeepIt)
 {
     ScriptedSheet sheet;
     sheet.m_destroyWindow = [] { return FALSE; };
@@ -350,7 +350,7 @@ TEST_F(CPropertySheetTest, AnOverrideThatKeepsTheWindowDoesNotKeepIt)
     EXPECT_EQ(sheet.m_hWnd, nullptr);
 }
 
-TEST_F(CPropertySheetTest, TheOwnerIsEnabledBeforeTheWindowGoes)
+TEST_F(CPropertySheetTest, theOwnerIsEnabledBeforeTheWindowGoes)
 {
     TestWnd owner;
     ASSERT_TRUE(owner.create(nullptr, WS_OVERLAPPEDWINDOW | WS_VISIBLE));
@@ -375,7 +375,7 @@ TEST_F(CPropertySheetTest, TheOwnerIsEnabledBeforeTheWindowGoes)
     owner.DestroyWindow();
 }
 
-TEST_F(CPropertySheetTest, TheOwnerIsActiveAfterwardsWhateverWasActiveBefore)
+TEST_F(CPropertySheetTest, ownerIsActiveAfterwardsWhateverWasActiveBefore)
 {
     TestWnd owner;
     TestWnd other;
@@ -394,7 +394,7 @@ TEST_F(CPropertySheetTest, TheOwnerIsActiveAfterwardsWhateverWasActiveBefore)
     owner.DestroyWindow();
 }
 
-TEST_F(CPropertySheetTest, WithoutAParentItIsOwnedByTheThreadsTopmostWindow)
+TEST_F(CPropertySheetTest, parentlessSheetBelongsToTheTopmostWindow)
 {
     TestWnd host;
     ASSERT_TRUE(host.create(nullptr, WS_OVERLAPPEDWINDOW | WS_VISIBLE));
@@ -416,7 +416,7 @@ TEST_F(CPropertySheetTest, WithoutAParentItIsOwnedByTheThreadsTopmostWindow)
     host.DestroyWindow();
 }
 
-TEST_F(CPropertySheetTest, AChildWindowAsParentStandsForItsTopLevelWindow)
+TEST_F(CPropertySheetTest, childAsParentMeansItsTopLevelWindow)
 {
     TestWnd host;
     ASSERT_TRUE(host.create(nullptr, WS_OVERLAPPEDWINDOW | WS_VISIBLE));
@@ -454,7 +454,7 @@ constexpr Ending endings[] = {
 };
 
 // A blinking caret would wake the loop by chance, so a button has the focus.
-TEST_F(CPropertySheetTest, WhatAnotherThreadSendsEndsTheLoop)
+TEST_F(CPropertySheetTest, whatAnotherThreadSendsEndsTheLoop)
 {
     for (const Ending& each : endings)
     {
@@ -471,7 +471,7 @@ TEST_F(CPropertySheetTest, WhatAnotherThreadSendsEndsTheLoop)
     }
 }
 
-TEST_F(CPropertySheetTest, WhatIsPostedEndsTheLoop)
+TEST_F(CPropertySheetTest, whatIsPostedEndsTheLoop)
 {
     for (const Ending& each : endings)
     {
@@ -486,7 +486,7 @@ TEST_F(CPropertySheetTest, WhatIsPostedEndsTheLoop)
     }
 }
 
-TEST_F(CPropertySheetTest, EveryWayToEndLeavesAMessageThatWakesTheLoop)
+TEST_F(CPropertySheetTest, everyEndingWakesTheLoop)
 {
     const auto threadMessages = reinterpret_cast<HWND>(std::intptr_t{-1});
     const auto isWoken = [&](UINT remove)
@@ -521,7 +521,7 @@ TEST_F(CPropertySheetTest, EveryWayToEndLeavesAMessageThatWakesTheLoop)
     EXPECT_EQ(sheet.DoModal(), 3);
 }
 
-TEST_F(CPropertySheetTest, QuitEndsTheLoopAndIsPassedOn)
+TEST_F(CPropertySheetTest, quitEndsTheLoopAndIsPassedOn)
 {
     ScriptedSheet sheet;
     sheet.addStep([](auto&) { ::PostQuitMessage(77); });
@@ -531,7 +531,7 @@ TEST_F(CPropertySheetTest, QuitEndsTheLoopAndIsPassedOn)
     EXPECT_EQ(message.wParam, 77U);
 }
 
-TEST_F(CPropertySheetTest, TwentyOpeningsLeaveNothingBehind)
+TEST_F(CPropertySheetTest, twentyOpeningsLeaveNothingBehind)
 {
     const auto open = []
     {

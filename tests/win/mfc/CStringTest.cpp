@@ -8,7 +8,7 @@
 
 namespace
 {
-TEST(CString, IsAValueFromManyKindsOfText)
+TEST(CString, isAValueFromManyKindsOfText)
 {
     EXPECT_TRUE(CString().IsEmpty());
     EXPECT_EQ(CString(static_cast<LPCWSTR>(nullptr)), L"");
@@ -24,7 +24,7 @@ TEST(CString, IsAValueFromManyKindsOfText)
     EXPECT_EQ(copy, L"one");
 }
 
-TEST(CString, PartsAreCutToTheText)
+TEST(CString, partsAreCutToTheText)
 {
     const CString text = L"plotter";
     EXPECT_EQ(text.Left(4), L"plot");
@@ -40,7 +40,7 @@ TEST(CString, PartsAreCutToTheText)
     EXPECT_EQ(text.Mid(2, -1), L"");
 }
 
-TEST(CString, SingleUnitsAreCheckedAgainstTheText)
+TEST(CString, singleUnitsAreCheckedAgainstTheText)
 {
     CString text = L"ab";
     EXPECT_EQ(text[1], L'b');
@@ -52,7 +52,7 @@ TEST(CString, SingleUnitsAreCheckedAgainstTheText)
     EXPECT_THROW(text.SetAt(2, L'x'), CInvalidArgException*) << "the terminator is not the caller's";
 }
 
-TEST(CString, Finds)
+TEST(CString, finds)
 {
     const CString text = L"a.b.c";
     EXPECT_EQ(text.Find(L'.'), 1);
@@ -66,7 +66,7 @@ TEST(CString, Finds)
     EXPECT_EQ(text.ReverseFind(L'x'), -1);
 }
 
-TEST(CString, ComparesExactlyAndWithoutCaseOfLatinLetters)
+TEST(CString, comparesExactlyAndWithoutCaseOfLatinLetters)
 {
     const CString text = L".PC3";
     EXPECT_EQ(text.CompareNoCase(L".pc3"), 0);
@@ -78,7 +78,7 @@ TEST(CString, ComparesExactlyAndWithoutCaseOfLatinLetters)
     EXPECT_TRUE(CString(L"a") < CString(L"b"));
 }
 
-TEST(CString, TrimsWhiteSpaceOnBothSides)
+TEST(CString, trimsWhiteSpaceOnBothSides)
 {
     CString text = L" \t\x3000 name with blank \r\n";
     EXPECT_EQ(text.Trim(), L"name with blank");
@@ -90,7 +90,7 @@ TEST(CString, TrimsWhiteSpaceOnBothSides)
     EXPECT_EQ(text.TrimRight(), L" x");
 }
 
-TEST(CString, JoinsAndReplaces)
+TEST(CString, joinsAndReplaces)
 {
     CString text = L"a";
     text += L"b";
@@ -103,7 +103,7 @@ TEST(CString, JoinsAndReplaces)
     EXPECT_EQ(text, L"a\\b\\c");
 }
 
-TEST(CString, FormatTakesWideTextForS)
+TEST(CString, formatTakesWideTextForS)
 {
     CString text;
     text.Format(L"%s <%s> %d %c", L"Größe", CString(L"世界"), 42, L'ß');
@@ -121,7 +121,7 @@ TEST(CString, FormatTakesWideTextForS)
     EXPECT_EQ(text, L"a1");
 }
 
-TEST(CString, FormatMayUseItsOwnTextAndAnyLength)
+TEST(CString, formatTakesItsOwnTextAndAnyLength)
 {
     CString text(L'x', 100000);
     text.Format(L"%s%s", text, text);
@@ -129,7 +129,7 @@ TEST(CString, FormatMayUseItsOwnTextAndAnyLength)
     EXPECT_EQ(text, CString(L'x', 200000));
 }
 
-TEST(CString, FormatWithoutAFormatChangesNothing)
+TEST(CString, formatWithoutAFormatChangesNothing)
 {
     CString text = L"kept";
     EXPECT_THROW(text.Format(static_cast<LPCWSTR>(nullptr)), CInvalidArgException*);
@@ -138,7 +138,7 @@ TEST(CString, FormatWithoutAFormatChangesNothing)
 
 using CStringResourceTest = DialogTest;
 
-TEST_F(CStringResourceTest, LoadsStringsOfTheCurrentLibrary)
+TEST_F(CStringResourceTest, loadsStringsOfTheCurrentLibrary)
 {
     CString text;
     EXPECT_TRUE(text.LoadString(IDS_GREETING));
@@ -148,7 +148,7 @@ TEST_F(CStringResourceTest, LoadsStringsOfTheCurrentLibrary)
     EXPECT_FALSE(text.LoadString(::GetModuleHandleW(nullptr), IDS_GREETING));
 }
 
-TEST_F(CStringResourceTest, FormatsWithAString)
+TEST_F(CStringResourceTest, formatsWithAString)
 {
     CString text;
     text.Format(IDS_FORMAT, L"File", 3);
@@ -157,7 +157,7 @@ TEST_F(CStringResourceTest, FormatsWithAString)
     EXPECT_EQ(text, L"File has 3 pages");
 }
 
-TEST(CString, BufferIsTheTextUntilReleased)
+TEST(CString, bufferIsTheTextUntilReleased)
 {
     CString text = L"ab";
     LPWSTR buffer = text.GetBuffer(10);
@@ -172,7 +172,7 @@ TEST(CString, BufferIsTheTextUntilReleased)
     EXPECT_EQ(text.GetLength(), 4) << "not beyond the buffer";
 }
 
-TEST(CString, PrintsAsUtf8)
+TEST(CString, printsAsUtf8)
 {
     std::ostringstream out;
     out << CString(L"ß");

@@ -34,7 +34,7 @@ protected:
     const HINSTANCE m_instance = ::GetModuleHandleW(nullptr);
 };
 
-TEST_F(CWinAppTest, TheLatestObjectIsTheApplicationAndLeavesWhenItDies)
+TEST_F(CWinAppTest, latestObjectIsTheApplicationWhileItLives)
 {
     {
         CWinApp app;
@@ -43,7 +43,7 @@ TEST_F(CWinAppTest, TheLatestObjectIsTheApplicationAndLeavesWhenItDies)
     EXPECT_EQ(AfxGetApp(), nullptr);
 }
 
-TEST_F(CWinAppTest, WithoutLanguageLibraryInitInstanceSucceedsAndResourcesStay)
+TEST_F(CWinAppTest, initInstanceSucceedsWithoutALanguageLibrary)
 {
     CWinApp app;
     EXPECT_EQ(app.InitInstance(), TRUE);
@@ -53,7 +53,7 @@ TEST_F(CWinAppTest, WithoutLanguageLibraryInitInstanceSucceedsAndResourcesStay)
     EXPECT_EQ(app.ExitInstance(), 0);
 }
 
-TEST_F(CWinAppTest, InitInstanceMakesTheLanguageLibraryCurrent)
+TEST_F(CWinAppTest, initInstanceMakesTheLanguageLibraryCurrent)
 {
     LanguageApp app;
     EXPECT_EQ(app.InitInstance(), TRUE);
@@ -64,7 +64,7 @@ TEST_F(CWinAppTest, InitInstanceMakesTheLanguageLibraryCurrent)
     EXPECT_EQ(_AtlBaseModule.GetResourceInstance(), app.m_hLangResourceDLL);
 }
 
-TEST_F(CWinAppTest, TheLanguageLibraryIsFreedWithTheApplicationObjectNotBefore)
+TEST_F(CWinAppTest, languageLibraryIsFreedWithTheApplication)
 {
     {
         LanguageApp app;
@@ -77,7 +77,7 @@ TEST_F(CWinAppTest, TheLanguageLibraryIsFreedWithTheApplicationObjectNotBefore)
     EXPECT_EQ(_AtlBaseModule.GetResourceInstance(), m_instance);
 }
 
-TEST_F(CWinAppTest, TeardownLeavesAnotherCurrentResourceHandleAlone)
+TEST_F(CWinAppTest, teardownLeavesAnotherCurrentResourceHandleAlone)
 {
     const auto other = reinterpret_cast<HINSTANCE>(std::uintptr_t{0x7000});
     {

@@ -25,7 +25,7 @@ protected:
     void PostNcDestroy() override { ++m_ends; }
 };
 
-TEST_F(CWndTest, AWindowHasOneObjectAndAnObjectOneWindow)
+TEST_F(CWndTest, windowHasOneObjectAndObjectOneWindow)
 {
     TestWnd first;
     TestWnd second;
@@ -45,7 +45,7 @@ TEST_F(CWndTest, AWindowHasOneObjectAndAnObjectOneWindow)
     second.DestroyWindow();
 }
 
-TEST_F(CWndTest, ADetachedWindowWorksOnWithItsClass)
+TEST_F(CWndTest, aDetachedWindowWorksOnWithItsClass)
 {
     TestWnd window;
     ASSERT_TRUE(window.create());
@@ -62,7 +62,7 @@ TEST_F(CWndTest, ADetachedWindowWorksOnWithItsClass)
     again.DestroyWindow();
 }
 
-TEST_F(CWndTest, AnAttachedWindowKeepsItsProcedure)
+TEST_F(CWndTest, anAttachedWindowKeepsItsProcedure)
 {
     const HWND handle = createPlainWindow();
     Recorder window;
@@ -78,7 +78,7 @@ LONG_PTR procedureOf(HWND hWnd)
     return ::GetWindowLongPtrW(hWnd, GWLP_WNDPROC);
 }
 
-TEST_F(CWndTest, SubclassingIsTakenBack)
+TEST_F(CWndTest, subclassingIsTakenBack)
 {
     const HWND handle = createPlainWindow();
     const LONG_PTR procedure = procedureOf(handle);
@@ -105,7 +105,7 @@ LRESULT CALLBACK strangersProcedure(HWND hWnd, UINT message, WPARAM wParam, LPAR
     return ::CallWindowProcW(strangerCallsNext, hWnd, message, wParam, lParam);
 }
 
-TEST_F(CWndTest, SomebodyWhoSubclassedAfterUsIsNotCutOff)
+TEST_F(CWndTest, laterSubclassIsNotCutOff)
 {
     const HWND handle = createPlainWindow();
     CWnd window;
@@ -119,7 +119,7 @@ TEST_F(CWndTest, SomebodyWhoSubclassedAfterUsIsNotCutOff)
     ::DestroyWindow(handle);
 }
 
-TEST_F(CWndTest, AnObjectThatDiesTakesItsWindowAlong)
+TEST_F(CWndTest, anObjectThatDiesTakesItsWindowAlong)
 {
     HWND handle = nullptr;
     {
@@ -130,7 +130,7 @@ TEST_F(CWndTest, AnObjectThatDiesTakesItsWindowAlong)
     EXPECT_FALSE(::IsWindow(handle));
 }
 
-TEST_F(CWndTest, AnObjectMayDeleteItselfWithItsWindow)
+TEST_F(CWndTest, anObjectMayDeleteItselfWithItsWindow)
 {
     class SelfDeleting : public TestWnd
     {
@@ -151,7 +151,7 @@ TEST_F(CWndTest, AnObjectMayDeleteItselfWithItsWindow)
     EXPECT_TRUE(gone);
 }
 
-TEST_F(CWndTest, AnOverrideThatForgetsItsBaseLeavesNoDeadWindowInTheMap)
+TEST_F(CWndTest, overrideWithoutBaseLeavesNoDeadWindow)
 {
     class Forgetful : public TestWnd
     {
@@ -170,7 +170,7 @@ TEST_F(CWndTest, AnOverrideThatForgetsItsBaseLeavesNoDeadWindowInTheMap)
 
 // --- Temporary objects ---
 
-TEST_F(CWndTest, AWindowWithoutObjectGetsATemporaryOne)
+TEST_F(CWndTest, aWindowWithoutObjectGetsATemporaryOne)
 {
     const AfxThreadLevel level(AfxGetThreadState());
     const HWND handle = createPlainWindow();
@@ -190,7 +190,7 @@ TEST_F(CWndTest, AWindowWithoutObjectGetsATemporaryOne)
     permanent.DestroyWindow();
 }
 
-TEST_F(CWndTest, TemporaryObjectsGoWithTheOutermostLevelAndLeaveTheWindow)
+TEST_F(CWndTest, temporaryObjectsEndWithTheOutermostLevel)
 {
     AFX_THREAD_STATE& state = AfxGetThreadState();
     const HWND handle = createPlainWindow();
@@ -208,7 +208,7 @@ TEST_F(CWndTest, TemporaryObjectsGoWithTheOutermostLevelAndLeaveTheWindow)
     ::DestroyWindow(handle);
 }
 
-TEST_F(CWndTest, ATemporaryObjectFromBeforeOutlivesTheLevel)
+TEST_F(CWndTest, aTemporaryObjectFromBeforeOutlivesTheLevel)
 {
     AFX_THREAD_STATE& state = AfxGetThreadState();
     const HWND handle = createPlainWindow();
@@ -238,7 +238,7 @@ protected:
     }
 };
 
-TEST_F(CWndTest, AHandlerThatThrowsAnswersNullAndIsKept)
+TEST_F(CWndTest, handlerThatThrowsAnswersNullAndIsKept)
 {
     AfxExceptionScope outer;
     ThrowingWnd window;
@@ -253,7 +253,7 @@ TEST_F(CWndTest, AHandlerThatThrowsAnswersNullAndIsKept)
     window.DestroyWindow();
 }
 
-TEST_F(CWndTest, PaintingThatThrowsIsNotAskedForAgain)
+TEST_F(CWndTest, paintingThatThrowsIsNotAskedForAgain)
 {
     AfxExceptionScope scope;
     ThrowingWnd window;
@@ -267,7 +267,7 @@ TEST_F(CWndTest, PaintingThatThrowsIsNotAskedForAgain)
     window.DestroyWindow();
 }
 
-TEST_F(CWndTest, AThrowAtTheLastMessageLeavesNoDeadWindowInTheMap)
+TEST_F(CWndTest, throwAtLastMessageLeavesNoDeadWindow)
 {
     AfxExceptionScope scope;
     ThrowingWnd window;
@@ -280,7 +280,7 @@ TEST_F(CWndTest, AThrowAtTheLastMessageLeavesNoDeadWindowInTheMap)
 
 // --- Members that call the system ---
 
-TEST_F(CWndTest, TextsComeAndGoWhole)
+TEST_F(CWndTest, textsComeAndGoWhole)
 {
     TestWnd window;
     ASSERT_TRUE(window.create());
@@ -297,7 +297,7 @@ TEST_F(CWndTest, TextsComeAndGoWhole)
     window.DestroyWindow();
 }
 
-TEST_F(CWndTest, StylesChangeOnlyWhereToldTo)
+TEST_F(CWndTest, stylesChangeOnlyWhereToldTo)
 {
     TestWnd window;
     ASSERT_TRUE(window.create());
@@ -310,7 +310,7 @@ TEST_F(CWndTest, StylesChangeOnlyWhereToldTo)
     window.DestroyWindow();
 }
 
-TEST_F(CWndTest, RelativesAreFound)
+TEST_F(CWndTest, relativesAreFound)
 {
     TestWnd parent;
     ASSERT_TRUE(parent.create());
@@ -335,7 +335,7 @@ TEST_F(CWndTest, RelativesAreFound)
     parent.DestroyWindow();
 }
 
-TEST_F(CWndTest, TheParentOfAWindowInsideAStrangersWindowIsNone)
+TEST_F(CWndTest, parentOfWindowInsideStrangersWindowIsNone)
 {
     const HWND stranger = createPlainWindow();
     TestWnd window;
@@ -352,7 +352,7 @@ POINT middleOf(const CWnd& window)
     return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
 }
 
-TEST_F(CWndTest, CentersInItsOwnerAndStaysOnTheScreen)
+TEST_F(CWndTest, centersInItsOwnerAndStaysOnScreen)
 {
     TestWnd owner;
     ASSERT_TRUE(owner.create(nullptr, WS_POPUP | WS_VISIBLE));
@@ -380,7 +380,7 @@ TEST_F(CWndTest, CentersInItsOwnerAndStaysOnTheScreen)
     owner.DestroyWindow();
 }
 
-TEST_F(CWndTest, RectanglesTravelBetweenScreenAndWindow)
+TEST_F(CWndTest, rectanglesTravelBetweenScreenAndWindow)
 {
     TestWnd window;
     ASSERT_TRUE(window.create(nullptr, WS_POPUP));

@@ -46,7 +46,7 @@ protected:
     CStatic m_picture;
 };
 
-TEST_F(ControlsTest, ComboBoxKeepsOrderTextsAndData)
+TEST_F(ControlsTest, comboBoxKeepsOrderTextsAndData)
 {
     EXPECT_EQ(m_list.AddString(L"zebra"), 0);
     EXPECT_EQ(m_list.AddString(L"ant"), 1);
@@ -64,7 +64,7 @@ TEST_F(ControlsTest, ComboBoxKeepsOrderTextsAndData)
     EXPECT_EQ(m_list.GetCount(), 0);
 }
 
-TEST_F(ControlsTest, ComboBoxSelectsAndFinds)
+TEST_F(ControlsTest, comboBoxSelectsAndFinds)
 {
     for (const wchar_t* text : {L"A4", L"A4 small", L"Letter"})
         m_list.AddString(text);
@@ -81,7 +81,7 @@ TEST_F(ControlsTest, ComboBoxSelectsAndFinds)
     EXPECT_EQ(m_list.GetCurSel(), 2);
 }
 
-TEST_F(ControlsTest, ComboBoxGivesLongTextsWholeAndNothingForNoEntry)
+TEST_F(ControlsTest, comboBoxReturnsLongTextsWhole)
 {
     const CString longText(L'p', 5000);
     m_list.AddString(longText);
@@ -96,7 +96,7 @@ TEST_F(ControlsTest, ComboBoxGivesLongTextsWholeAndNothingForNoEntry)
     EXPECT_TRUE(text.IsEmpty());
 }
 
-TEST_F(ControlsTest, SliderCutsPositionsToItsRange)
+TEST_F(ControlsTest, sliderCutsPositionsToItsRange)
 {
     m_slider.SetRange(0, 6, TRUE);
     int minimum = -1;
@@ -115,7 +115,7 @@ TEST_F(ControlsTest, SliderCutsPositionsToItsRange)
     EXPECT_EQ(m_slider.GetPos(), 70000) << "more than 16 bits";
 }
 
-TEST_F(ControlsTest, TreeBuildsAndWalks)
+TEST_F(ControlsTest, treeBuildsAndWalks)
 {
     const HTREEITEM root = m_tree.InsertItem(L"root", 1, 2);
     const HTREEITEM first = m_tree.InsertItem(L"first", root);
@@ -143,7 +143,7 @@ TEST_F(ControlsTest, TreeBuildsAndWalks)
     EXPECT_EQ(m_tree.GetRootItem(), nullptr);
 }
 
-TEST_F(ControlsTest, TreeKeepsDataAndState)
+TEST_F(ControlsTest, treeKeepsDataAndState)
 {
     const HTREEITEM item = m_tree.InsertItem(L"item");
     EXPECT_EQ(m_tree.GetItemData(item), 0U);
@@ -154,7 +154,7 @@ TEST_F(ControlsTest, TreeKeepsDataAndState)
     EXPECT_EQ(m_tree.GetItemState(item, TVIS_EXPANDED), 0U);
 }
 
-TEST_F(ControlsTest, TreeGivesTextsOfEveryLengthWhole)
+TEST_F(ControlsTest, treeGivesTextsOfEveryLengthWhole)
 {
     const HTREEITEM item = m_tree.InsertItem(L"");
     EXPECT_EQ(m_tree.GetItemText(item), L"");
@@ -168,7 +168,7 @@ TEST_F(ControlsTest, TreeGivesTextsOfEveryLengthWhole)
     EXPECT_EQ(m_tree.GetItemText(nullptr), L"");
 }
 
-TEST_F(ControlsTest, ImageListOwnsItsPicturesAndIsShownByATree)
+TEST_F(ControlsTest, imageListOwnsItsPictures)
 {
     CImageList images;
     EXPECT_EQ(images.m_hImageList, nullptr);
@@ -194,7 +194,7 @@ TEST_F(ControlsTest, ImageListOwnsItsPicturesAndIsShownByATree)
     EXPECT_FALSE(images.Attach(nullptr));
 }
 
-TEST_F(ControlsTest, EditKnowsSelectionAndChange)
+TEST_F(ControlsTest, editKnowsSelectionAndChange)
 {
     m_edit.SetWindowText(L"text");
     EXPECT_FALSE(m_edit.GetModify());
@@ -215,7 +215,7 @@ TEST_F(ControlsTest, EditKnowsSelectionAndChange)
     EXPECT_TRUE(m_edit.GetStyle() & ES_READONLY);
 }
 
-TEST_F(ControlsTest, ButtonsAndPicturesShowWhatTheyAreGiven)
+TEST_F(ControlsTest, buttonsAndPicturesShowWhatTheyAreGiven)
 {
     EXPECT_EQ(m_check.GetCheck(), BST_UNCHECKED);
     m_check.SetCheck(BST_CHECKED);
@@ -258,7 +258,7 @@ BEGIN_MESSAGE_MAP(ScrollDlg, ScriptedDlg)
 ON_WM_HSCROLL()
 END_MESSAGE_MAP()
 
-TEST_F(ControlsTest, AKeyOnASliderScrolls)
+TEST_F(ControlsTest, aKeyOnASliderScrolls)
 {
     ScrollDlg dialog;
     ASSERT_TRUE(dialog.Create(IDD_CONTROLS));
@@ -313,7 +313,7 @@ ON_WM_PAINT()
 ON_WM_QUERYDRAGICON()
 END_MESSAGE_MAP()
 
-TEST_F(ControlsTest, PaintingIsDoneOnceEitherWay)
+TEST_F(ControlsTest, paintingIsDoneOnceEitherWay)
 {
     PaintedDlg dialog;
     ASSERT_TRUE(dialog.Create(IDD_PLAIN));

@@ -36,7 +36,7 @@ protected:
     ScriptedDlg m_dialog;
 };
 
-TEST_F(DdxTest, WithoutAWindowUpdateDataDoesNothingAndAnswersTrue)
+TEST_F(DdxTest, updateDataWithoutAWindowReturnsTrue)
 {
     ScriptedDlg dialog;
     int exchanges = 0;
@@ -46,7 +46,7 @@ TEST_F(DdxTest, WithoutAWindowUpdateDataDoesNothingAndAnswersTrue)
     EXPECT_EQ(exchanges, 0);
 }
 
-TEST_F(DdxTest, TheDirectionIsTheArgumentAndTrueByDefault)
+TEST_F(DdxTest, directionIsArgumentAndTrueByDefault)
 {
     std::vector<BOOL> directions;
     m_dialog.m_exchange = [&](CDataExchange* pDX)
@@ -59,7 +59,7 @@ TEST_F(DdxTest, TheDirectionIsTheArgumentAndTrueByDefault)
     EXPECT_EQ(directions, (std::vector<BOOL>{TRUE, FALSE}));
 }
 
-TEST_F(DdxTest, TextGoesBothWaysWhole)
+TEST_F(DdxTest, textGoesBothWaysWhole)
 {
     CString value(L'x', 40000);
     m_dialog.SendDlgItemMessage(IDC_TEXT, EM_LIMITTEXT, 100000);
@@ -74,7 +74,7 @@ TEST_F(DdxTest, TextGoesBothWaysWhole)
     EXPECT_EQ(value, L"");
 }
 
-TEST_F(DdxTest, LoadingTheTextThatIsThereKeepsTheModifiedFlag)
+TEST_F(DdxTest, loadingTextThatIsThereKeepsModifiedFlag)
 {
     CString value = L"same";
     m_dialog.SetDlgItemText(IDC_TEXT, L"same");
@@ -87,7 +87,7 @@ TEST_F(DdxTest, LoadingTheTextThatIsThereKeepsTheModifiedFlag)
     EXPECT_EQ(m_dialog.SendDlgItemMessage(IDC_TEXT, EM_GETMODIFY), FALSE);
 }
 
-TEST_F(DdxTest, NumbersAreShownWithUpToFifteenDigits)
+TEST_F(DdxTest, numbersAreShownWithUpToFifteenDigits)
 {
     struct Case
     {
@@ -106,7 +106,7 @@ TEST_F(DdxTest, NumbersAreShownWithUpToFifteenDigits)
     }
 }
 
-TEST_F(DdxTest, NumbersAreTakenWithBlanksSignAndExponent)
+TEST_F(DdxTest, numbersAreTakenWithBlanksSignAndExponent)
 {
     struct Case
     {
@@ -142,7 +142,7 @@ private:
     WCHAR m_before[8] = {};
 };
 
-TEST_F(DdxTest, ThePointAndTheUsersOwnDecimalSignAreBothTaken)
+TEST_F(DdxTest, pointAndLocalDecimalSignAreAccepted)
 {
     double value = 0;
     m_dialog.m_exchange = [&](CDataExchange* pDX) { DDX_Text(pDX, IDC_NUMBER, value); };
@@ -158,7 +158,7 @@ TEST_F(DdxTest, ThePointAndTheUsersOwnDecimalSignAreBothTaken)
     EXPECT_EQ(textOf(IDC_NUMBER), L"8.27") << "what is shown must be taken back by everyone";
 }
 
-TEST_F(DdxTest, WhatIsNoNumberShowsTheStandardMessageAndFails)
+TEST_F(DdxTest, invalidNumberShowsTheStandardMessage)
 {
     const DecimalSign sign(L".");
     double value = 33;
@@ -185,7 +185,7 @@ TEST_F(DdxTest, WhatIsNoNumberShowsTheStandardMessageAndFails)
     }
 }
 
-TEST_F(DdxTest, WithoutAStringInTheLibraryTheMessageIsEnglish)
+TEST_F(DdxTest, withoutStringInLibraryMessageIsEnglish)
 {
     double value = 0;
     m_dialog.m_exchange = [&](CDataExchange* pDX) { DDX_Text(pDX, IDC_NUMBER, value); };
@@ -197,7 +197,7 @@ TEST_F(DdxTest, WithoutAStringInTheLibraryTheMessageIsEnglish)
     EXPECT_EQ(answerer.boxes()[0].text, L"Please enter a number.");
 }
 
-TEST_F(DdxTest, AFailedExchangeStopsWhereItFails)
+TEST_F(DdxTest, aFailedExchangeStopsWhereItFails)
 {
     double number = 0;
     CString before = L"?";
@@ -216,7 +216,7 @@ TEST_F(DdxTest, AFailedExchangeStopsWhereItFails)
     EXPECT_EQ(after, L"kept");
 }
 
-TEST_F(DdxTest, OkWithAValueThatCannotBeTakenLeavesTheDialogOpen)
+TEST_F(DdxTest, okWithAnInvalidValueStaysOpen)
 {
     ScriptedDlg dialog(IDD_EXCHANGE);
     double number = 1;
@@ -242,14 +242,14 @@ TEST_F(DdxTest, OkWithAValueThatCannotBeTakenLeavesTheDialogOpen)
     EXPECT_EQ(number, 2.5);
 }
 
-TEST_F(DdxTest, AValueThatCannotBeLoadedEndsTheDialogAsFailed)
+TEST_F(DdxTest, unloadableValueEndsTheDialog)
 {
     ScriptedDlg dialog(IDD_EXCHANGE);
     dialog.m_exchange = [](CDataExchange* pDX) { pDX->Fail(); };
     EXPECT_EQ(dialog.DoModal(), -1);
 }
 
-TEST_F(DdxTest, OtherExceptionsLeaveUpdateData)
+TEST_F(DdxTest, otherExceptionsLeaveUpdateData)
 {
     m_dialog.m_exchange = [](CDataExchange*) { AfxThrowInvalidArgException(); };
     EXPECT_THROW(m_dialog.UpdateData(TRUE), CInvalidArgException*);
@@ -257,7 +257,7 @@ TEST_F(DdxTest, OtherExceptionsLeaveUpdateData)
     EXPECT_EQ(m_dialog.UpdateData(TRUE), FALSE);
 }
 
-TEST_F(DdxTest, AControlThatIsNotThereIsAnInvalidArgument)
+TEST_F(DdxTest, controlThatIsNotThereIsInvalidArgument)
 {
     CString text;
     double number = 0;
@@ -278,7 +278,7 @@ TEST_F(DdxTest, AControlThatIsNotThereIsAnInvalidArgument)
     }
 }
 
-TEST_F(DdxTest, TheSelectedEntryGoesBothWays)
+TEST_F(DdxTest, theSelectedEntryGoesBothWays)
 {
     int index = 2;
     m_dialog.m_exchange = [&](CDataExchange* pDX) { DDX_CBIndex(pDX, IDC_LIST, index); };
@@ -292,7 +292,7 @@ TEST_F(DdxTest, TheSelectedEntryGoesBothWays)
     EXPECT_EQ(index, -1);
 }
 
-TEST_F(DdxTest, TheCheckedButtonGoesBothWaysAndLabelsDoNotCount)
+TEST_F(DdxTest, checkedButtonIsExchangedBothWays)
 {
     int choice = 1;
     m_dialog.CheckDlgButton(IDC_OTHER_GROUP, BST_CHECKED);
@@ -313,7 +313,7 @@ TEST_F(DdxTest, TheCheckedButtonGoesBothWaysAndLabelsDoNotCount)
     EXPECT_EQ(choice, -1);
 }
 
-TEST_F(DdxTest, ControlsBecomeTheObjectsAtTheFirstExchangeOnly)
+TEST_F(DdxTest, controlsBecomeObjectsAtFirstExchangeOnly)
 {
     CEdit edit;
     m_dialog.m_exchange = [&](CDataExchange* pDX) { DDX_Control(pDX, IDC_TEXT, edit); };
@@ -328,7 +328,7 @@ TEST_F(DdxTest, ControlsBecomeTheObjectsAtTheFirstExchangeOnly)
     EXPECT_EQ(edit.m_hWnd, nullptr) << "the object outlived its control";
 }
 
-TEST_F(DdxTest, AControlHasOneObject)
+TEST_F(DdxTest, aControlHasOneObject)
 {
     CEdit first;
     CEdit second;
@@ -355,7 +355,7 @@ BEGIN_MESSAGE_MAP(ChangeCounter, ScriptedDlg)
 ON_EN_CHANGE(IDC_TEXT, &ChangeCounter::onChange)
 END_MESSAGE_MAP()
 
-TEST_F(DdxTest, NotificationsOfTheExchangeItselfAreIgnored)
+TEST_F(DdxTest, notificationsOfTheExchangeItselfAreIgnored)
 {
     ChangeCounter dialog;
     ASSERT_TRUE(dialog.Create(IDD_EXCHANGE));

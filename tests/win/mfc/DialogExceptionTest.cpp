@@ -48,7 +48,7 @@ protected:
     TestWnd m_owner;
 };
 
-TEST_F(DialogExceptionTest, InOnInitDialog)
+TEST_F(DialogExceptionTest, inOnInitDialog)
 {
     ScriptedDlg dialog(IDD_PLAIN, &m_owner);
     bool stepRan = false;
@@ -59,7 +59,7 @@ TEST_F(DialogExceptionTest, InOnInitDialog)
     EXPECT_EQ(dialog.m_destroyed, 1) << "the window was not destroyed by its virtual function";
 }
 
-TEST_F(DialogExceptionTest, InTheHandlerOfAPostedMessage)
+TEST_F(DialogExceptionTest, inTheHandlerOfAPostedMessage)
 {
     ScriptedDlg dialog(IDD_PLAIN, &m_owner);
     bool nextRan = false;
@@ -70,7 +70,7 @@ TEST_F(DialogExceptionTest, InTheHandlerOfAPostedMessage)
     EXPECT_EQ(dialog.m_destroyed, 1);
 }
 
-TEST_F(DialogExceptionTest, InTheHandlerOfASentMessageTheSenderGoesOn)
+TEST_F(DialogExceptionTest, inHandlerOfSentMessageSenderGoesOn)
 {
     ScriptedDlg dialog(IDD_PLAIN, &m_owner);
     bool senderWentOn = false;
@@ -85,7 +85,7 @@ TEST_F(DialogExceptionTest, InTheHandlerOfASentMessageTheSenderGoesOn)
     EXPECT_TRUE(senderWentOn) << "the exception unwound through the system";
 }
 
-TEST_F(DialogExceptionTest, InTheHandlerOfAMessageSentByAnotherThread)
+TEST_F(DialogExceptionTest, inHandlerOfMessageSentByAnotherThread)
 {
     ScriptedDlg dialog(IDD_PLAIN, &m_owner);
     std::thread other;
@@ -105,7 +105,7 @@ TEST_F(DialogExceptionTest, InTheHandlerOfAMessageSentByAnotherThread)
     other.join();
 }
 
-TEST_F(DialogExceptionTest, InTheHandlerOfAnotherWindow)
+TEST_F(DialogExceptionTest, inTheHandlerOfAnotherWindow)
 {
     ScriptedDlg dialog(IDD_PLAIN, &m_owner);
     ScriptedDlg neighbour;
@@ -116,7 +116,7 @@ TEST_F(DialogExceptionTest, InTheHandlerOfAnotherWindow)
     neighbour.DestroyWindow();
 }
 
-TEST_F(DialogExceptionTest, InAnInnerDialogIsThrownThroughBothCallers)
+TEST_F(DialogExceptionTest, inInnerDialogIsThrownThroughBothCallers)
 {
     ScriptedDlg outer(IDD_PLAIN, &m_owner);
     bool wentOn = false;
@@ -142,7 +142,7 @@ TEST_F(DialogExceptionTest, InAnInnerDialogIsThrownThroughBothCallers)
     EXPECT_TRUE(outerEnabledAgain);
 }
 
-TEST_F(DialogExceptionTest, CaughtAroundAnInnerDialogTheOuterGoesOn)
+TEST_F(DialogExceptionTest, caughtAroundInnerDialogOuterGoesOn)
 {
     ScriptedDlg outer(IDD_PLAIN, &m_owner);
     outer.addStep(
@@ -156,7 +156,7 @@ TEST_F(DialogExceptionTest, CaughtAroundAnInnerDialogTheOuterGoesOn)
     EXPECT_EQ(outer.DoModal(), 3);
 }
 
-TEST_F(DialogExceptionTest, InTheOuterDialogWhileTheInnerRunsEndsTheInnerFirst)
+TEST_F(DialogExceptionTest, throwInOuterDialogEndsInnerFirst)
 {
     ScriptedDlg outer(IDD_PLAIN, &m_owner);
     outer.m_onRun = &fail;
@@ -173,7 +173,7 @@ TEST_F(DialogExceptionTest, InTheOuterDialogWhileTheInnerRunsEndsTheInnerFirst)
     EXPECT_EQ(innerError, "handler failed");
 }
 
-TEST_F(DialogExceptionTest, InAModelessPageIsThrownByItsCreation)
+TEST_F(DialogExceptionTest, inModelessPageIsThrownByItsCreation)
 {
     ScriptedDlg dialog(IDD_PLAIN, &m_owner);
     dialog.addStep(
@@ -189,7 +189,7 @@ TEST_F(DialogExceptionTest, InAModelessPageIsThrownByItsCreation)
     EXPECT_EQ(dialog.DoModal(), 6);
 }
 
-TEST_F(DialogExceptionTest, InAMessageBoxsLoopEndsOursAfterTheBox)
+TEST_F(DialogExceptionTest, inMessageBoxsLoopEndsOursAfterBox)
 {
     ScriptedDlg dialog(IDD_PLAIN, &m_owner);
     std::size_t boxes = 0;
@@ -206,7 +206,7 @@ TEST_F(DialogExceptionTest, InAMessageBoxsLoopEndsOursAfterTheBox)
     EXPECT_EQ(boxes, 1U);
 }
 
-TEST_F(DialogExceptionTest, InPreTranslation)
+TEST_F(DialogExceptionTest, inPreTranslation)
 {
     class Translator : public ScriptedDlg
     {
@@ -224,7 +224,7 @@ TEST_F(DialogExceptionTest, InPreTranslation)
     EXPECT_EQ(errorOf(dialog), "pre-translation failed");
 }
 
-TEST_F(DialogExceptionTest, InDestroyWindowTheWindowGoesAllTheSame)
+TEST_F(DialogExceptionTest, inDestroyWindowWindowGoesAllSame)
 {
     ScriptedDlg dialog(IDD_PLAIN, &m_owner);
     dialog.m_destroyWindow = []() -> BOOL { throw std::runtime_error("destruction failed"); };
@@ -232,7 +232,7 @@ TEST_F(DialogExceptionTest, InDestroyWindowTheWindowGoesAllTheSame)
     EXPECT_EQ(errorOf(dialog), "destruction failed");
 }
 
-TEST_F(DialogExceptionTest, ADestroyWindowThatForgetsItsBaseLeavesNoWindow)
+TEST_F(DialogExceptionTest, destroyWindowWithoutBaseLeavesNoWindow)
 {
     ScriptedDlg dialog(IDD_PLAIN, &m_owner);
     dialog.m_destroyWindow = []() -> BOOL { return TRUE; };
@@ -241,7 +241,7 @@ TEST_F(DialogExceptionTest, ADestroyWindowThatForgetsItsBaseLeavesNoWindow)
     EXPECT_EQ(dialog.m_hWnd, nullptr);
 }
 
-TEST_F(DialogExceptionTest, TheFirstOfSeveralIsThrown)
+TEST_F(DialogExceptionTest, theFirstOfSeveralIsThrown)
 {
     ScriptedDlg dialog(IDD_PLAIN, &m_owner);
     dialog.addStep(&fail);
@@ -249,7 +249,7 @@ TEST_F(DialogExceptionTest, TheFirstOfSeveralIsThrown)
     EXPECT_EQ(errorOf(dialog), "handler failed");
 }
 
-TEST_F(DialogExceptionTest, EveryTypeComesThroughAsItIs)
+TEST_F(DialogExceptionTest, everyTypeComesThroughAsItIs)
 {
     ScriptedDlg user(IDD_PLAIN, &m_owner);
     user.addStep([](auto&) { AfxThrowUserException(); });
@@ -264,7 +264,7 @@ TEST_F(DialogExceptionTest, EveryTypeComesThroughAsItIs)
     EXPECT_THROW(number.DoModal(), int);
 }
 
-TEST_F(DialogExceptionTest, TheDialogRunsAgainAfterwards)
+TEST_F(DialogExceptionTest, theDialogRunsAgainAfterwards)
 {
     ScriptedDlg dialog(IDD_PLAIN, &m_owner);
     dialog.addStep(&fail);
@@ -273,7 +273,7 @@ TEST_F(DialogExceptionTest, TheDialogRunsAgainAfterwards)
     EXPECT_EQ(dialog.DoModal(), 9);
 }
 
-TEST_F(DialogExceptionTest, WithoutAnyScopeItIsReportedAndStaysInside)
+TEST_F(DialogExceptionTest, withoutAScopeItIsReported)
 {
     const RecordedAsserts asserts;
     ScriptedDlg dialog;
@@ -284,7 +284,7 @@ TEST_F(DialogExceptionTest, WithoutAnyScopeItIsReportedAndStaysInside)
     dialog.DestroyWindow();
 }
 
-TEST_F(DialogExceptionTest, NothingIsKeptBeyondTheScope)
+TEST_F(DialogExceptionTest, nothingIsKeptBeyondTheScope)
 {
     {
         AfxExceptionScope scope;

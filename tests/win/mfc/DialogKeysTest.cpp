@@ -40,7 +40,7 @@ private:
 
 using DialogKeysTest = DialogTest;
 
-TEST_F(DialogKeysTest, TabGoesRound)
+TEST_F(DialogKeysTest, tabGoesRound)
 {
     KeyedDlg dialog;
     dialog.m_keys = {VK_TAB, VK_TAB, VK_TAB, VK_ESCAPE};
@@ -52,7 +52,7 @@ TEST_F(DialogKeysTest, TabGoesRound)
     EXPECT_EQ(dialog.m_focus[2], IDC_RUN);
 }
 
-TEST_F(DialogKeysTest, TabGoesThroughTheControlsOfADialogInside)
+TEST_F(DialogKeysTest, tabGoesThroughControlsOfDialogInside)
 {
     KeyedDlg dialog;
     ScriptedDlg page;
@@ -71,7 +71,7 @@ TEST_F(DialogKeysTest, TabGoesThroughTheControlsOfADialogInside)
     EXPECT_EQ(page.m_hWnd, nullptr) << "the page went with its parent";
 }
 
-TEST_F(DialogKeysTest, EscapeAndReturnInsideAPageAreForTheDialogAround)
+TEST_F(DialogKeysTest, escapeAndReturnReachTheDialogAround)
 {
     for (const WPARAM key : {static_cast<WPARAM>(VK_ESCAPE), static_cast<WPARAM>(VK_RETURN)})
     {
@@ -89,7 +89,7 @@ TEST_F(DialogKeysTest, EscapeAndReturnInsideAPageAreForTheDialogAround)
     }
 }
 
-TEST_F(DialogKeysTest, OnlyTheTopLevelDialogTranslatesKeys)
+TEST_F(DialogKeysTest, onlyTheTopLevelDialogTranslatesKeys)
 {
     ScriptedDlg dialog;
     ScriptedDlg page;

@@ -43,7 +43,7 @@ protected:
     TestWnd m_owner;
 };
 
-TEST_F(DialogPlaceTest, InTheMiddleOfItsOwnerWithBothKindsOfTemplate)
+TEST_F(DialogPlaceTest, centredInItsOwnerWithBothTemplates)
 {
     for (const UINT id : {IDD_PLAIN, IDD_OLD_STYLE, IDD_HIDDEN})
     {
@@ -52,7 +52,7 @@ TEST_F(DialogPlaceTest, InTheMiddleOfItsOwnerWithBothKindsOfTemplate)
     }
 }
 
-TEST_F(DialogPlaceTest, WhereItsTemplateSays)
+TEST_F(DialogPlaceTest, whereItsTemplateSays)
 {
     // Where the system itself puts it.
     const HWND plain =
@@ -66,7 +66,7 @@ TEST_F(DialogPlaceTest, WhereItsTemplateSays)
     EXPECT_TRUE(::EqualRect(&place, &expected)) << place.left << ", " << place.top;
 }
 
-TEST_F(DialogPlaceTest, WhereOnInitDialogPutIt)
+TEST_F(DialogPlaceTest, whereOnInitDialogPutIt)
 {
     ScriptedDlg dialog(IDD_PLAIN, &m_owner);
     dialog.m_onInit = [](auto& dlg) { dlg.SetWindowPos(nullptr, 7, 8, 0, 0, SWP_NOSIZE | SWP_NOZORDER); };
@@ -75,7 +75,7 @@ TEST_F(DialogPlaceTest, WhereOnInitDialogPutIt)
     EXPECT_EQ(place.top, 8);
 }
 
-TEST_F(DialogPlaceTest, APageStaysWhereItsParentPutsIt)
+TEST_F(DialogPlaceTest, aPageStaysWhereItsParentPutsIt)
 {
     ScriptedDlg page;
     ASSERT_TRUE(page.Create(IDD_PAGE, &m_owner));

@@ -90,7 +90,7 @@ LRESULT notify(const CWnd& window, int id, int code)
     return window.SendMessage(WM_COMMAND, MAKEWPARAM(id, code), reinterpret_cast<LPARAM>(window.m_hWnd));
 }
 
-TEST_F(MessageMapTest, TheDerivedMapComesFirstAndTheBaseMapAfterIt)
+TEST_F(MessageMapTest, derivedMapPrecedesTheBaseMap)
 {
     DerivedWnd window;
     ASSERT_TRUE(window.create());
@@ -102,7 +102,7 @@ TEST_F(MessageMapTest, TheDerivedMapComesFirstAndTheBaseMapAfterIt)
     EXPECT_EQ(window.m_log, "base derived-both derived-virtual destroy ");
 }
 
-TEST_F(MessageMapTest, CodeAndControlMustBothMatch)
+TEST_F(MessageMapTest, codeAndControlMustBothMatch)
 {
     DerivedWnd window;
     ASSERT_TRUE(window.create());
@@ -117,7 +117,7 @@ TEST_F(MessageMapTest, CodeAndControlMustBothMatch)
     window.DestroyWindow();
 }
 
-TEST_F(MessageMapTest, AShortcutKeyIsACommandWhateverItsCode)
+TEST_F(MessageMapTest, shortcutKeyIsCommandWhateverItsCode)
 {
     DerivedWnd window;
     ASSERT_TRUE(window.create());
@@ -128,7 +128,7 @@ TEST_F(MessageMapTest, AShortcutKeyIsACommandWhateverItsCode)
     window.DestroyWindow();
 }
 
-TEST_F(MessageMapTest, NotificationsAreFoundByTheirSendersNumber)
+TEST_F(MessageMapTest, notificationsAreFoundByTheirSendersNumber)
 {
     BaseWnd window;
     ASSERT_TRUE(window.create());
@@ -143,7 +143,7 @@ TEST_F(MessageMapTest, NotificationsAreFoundByTheirSendersNumber)
     window.DestroyWindow();
 }
 
-TEST_F(MessageMapTest, ANotificationWithoutHeaderOrSenderGoesOn)
+TEST_F(MessageMapTest, aNotificationWithoutHeaderOrSenderGoesOn)
 {
     BaseWnd window;
     ASSERT_TRUE(window.create());
@@ -154,7 +154,7 @@ TEST_F(MessageMapTest, ANotificationWithoutHeaderOrSenderGoesOn)
     window.DestroyWindow();
 }
 
-TEST_F(MessageMapTest, WhatIsNotHandledReachesTheFormerProcedure)
+TEST_F(MessageMapTest, whatIsNotHandledReachesTheFormerProcedure)
 {
     BaseWnd window;
     ASSERT_TRUE(window.create());
@@ -165,7 +165,7 @@ TEST_F(MessageMapTest, WhatIsNotHandledReachesTheFormerProcedure)
     window.DestroyWindow();
 }
 
-TEST_F(MessageMapTest, DefaultAfterANestedMessageSendsTheRightOne)
+TEST_F(MessageMapTest, defaultAfterNestedMessageSendsRightOne)
 {
     BaseWnd window;
     ASSERT_TRUE(window.create());
@@ -182,7 +182,7 @@ TEST_F(MessageMapTest, DefaultAfterANestedMessageSendsTheRightOne)
     window.DestroyWindow();
 }
 
-TEST_F(MessageMapTest, DefaultAfterANestedMessageThatThrewSendsTheRightOne)
+TEST_F(MessageMapTest, defaultAfterNestedThrowSendsRightMessage)
 {
     AfxExceptionScope scope;
     BaseWnd window;
@@ -197,7 +197,7 @@ TEST_F(MessageMapTest, DefaultAfterANestedMessageThatThrewSendsTheRightOne)
     window.DestroyWindow();
 }
 
-TEST_F(MessageMapTest, TheCurrentMessageIsPerWindowToo)
+TEST_F(MessageMapTest, theCurrentMessageIsPerWindowToo)
 {
     BaseWnd first;
     BaseWnd second;
@@ -253,7 +253,7 @@ protected:
     }
 };
 
-TEST_F(MessageMapTest, VirtualFunctionsComeBeforeTheMap)
+TEST_F(MessageMapTest, virtualFunctionsComeBeforeTheMap)
 {
     StagesWnd window;
     ASSERT_TRUE(window.create());

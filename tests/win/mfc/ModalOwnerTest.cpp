@@ -29,7 +29,7 @@ protected:
     static constexpr DWORD visible = WS_OVERLAPPEDWINDOW | WS_VISIBLE;
 };
 
-TEST_F(ModalOwnerTest, IsTheParent)
+TEST_F(ModalOwnerTest, isTheParent)
 {
     TestWnd parent;
     TestWnd active;
@@ -42,7 +42,7 @@ TEST_F(ModalOwnerTest, IsTheParent)
     active.DestroyWindow();
 }
 
-TEST_F(ModalOwnerTest, IsTheTopLevelWindowOfAChildParent)
+TEST_F(ModalOwnerTest, isTopLevelWindowOfChildParent)
 {
     TestWnd top;
     TestWnd child;
@@ -55,7 +55,7 @@ TEST_F(ModalOwnerTest, IsTheTopLevelWindowOfAChildParent)
     top.DestroyWindow();
 }
 
-TEST_F(ModalOwnerTest, WithoutParentIsTheActiveWindow)
+TEST_F(ModalOwnerTest, withoutParentIsTheActiveWindow)
 {
     TestWnd first;
     TestWnd active;
@@ -71,7 +71,7 @@ TEST_F(ModalOwnerTest, WithoutParentIsTheActiveWindow)
     last.DestroyWindow();
 }
 
-TEST_F(ModalOwnerTest, WithoutParentAndActivationIsTheTopmostUsableWindow)
+TEST_F(ModalOwnerTest, withoutParentAndActivationIsTopmostUsableWindow)
 {
     TestWnd below;
     TestWnd usable;
@@ -96,13 +96,13 @@ TEST_F(ModalOwnerTest, WithoutParentAndActivationIsTheTopmostUsableWindow)
         window->DestroyWindow();
 }
 
-TEST_F(ModalOwnerTest, IsNoneWhereTheThreadShowsNoWindow)
+TEST_F(ModalOwnerTest, isNoneWhereTheThreadShowsNoWindow)
 {
     EXPECT_EQ(AfxGetSafeOwner(nullptr), nullptr);
     EXPECT_EQ(ownerOf(nullptr), nullptr);
 }
 
-TEST_F(ModalOwnerTest, ADisabledOwnerStaysDisabled)
+TEST_F(ModalOwnerTest, aDisabledOwnerStaysDisabled)
 {
     TestWnd parent;
     ASSERT_TRUE(parent.create(nullptr, visible | WS_DISABLED));
@@ -113,7 +113,7 @@ TEST_F(ModalOwnerTest, ADisabledOwnerStaysDisabled)
     parent.DestroyWindow();
 }
 
-TEST_F(ModalOwnerTest, IsEnabledBeforeTheDialogIsDestroyed)
+TEST_F(ModalOwnerTest, isEnabledBeforeTheDialogIsDestroyed)
 {
     TestWnd parent;
     ASSERT_TRUE(parent.create(nullptr, visible));
@@ -130,7 +130,7 @@ TEST_F(ModalOwnerTest, IsEnabledBeforeTheDialogIsDestroyed)
     parent.DestroyWindow();
 }
 
-TEST_F(ModalOwnerTest, IsActiveAfterwardsAlsoWhenTheSystemChoseAnotherWindow)
+TEST_F(ModalOwnerTest, isActiveAfterwardsWhateverTheSystemChose)
 {
     TestWnd parent;
     TestWnd other;
@@ -150,14 +150,14 @@ TEST_F(ModalOwnerTest, IsActiveAfterwardsAlsoWhenTheSystemChoseAnotherWindow)
     other.DestroyWindow();
 }
 
-TEST_F(ModalOwnerTest, TheDesktopIsNeverDisabled)
+TEST_F(ModalOwnerTest, theDesktopIsNeverDisabled)
 {
     const AfxDisabledOwner owner(::GetDesktopWindow());
     EXPECT_EQ(owner.get(), nullptr);
     EXPECT_TRUE(::IsWindowEnabled(::GetDesktopWindow()));
 }
 
-TEST_F(ModalOwnerTest, AnOwnerThatDiesMeanwhileIsLeftAlone)
+TEST_F(ModalOwnerTest, anOwnerThatDiesMeanwhileIsLeftAlone)
 {
     TestWnd parent;
     ASSERT_TRUE(parent.create(nullptr, visible));
@@ -166,7 +166,7 @@ TEST_F(ModalOwnerTest, AnOwnerThatDiesMeanwhileIsLeftAlone)
     EXPECT_EQ(dialog.DoModal(), -1) << "the system destroys a window with its owner";
 }
 
-TEST_F(ModalOwnerTest, GetParentGivesTheObjectOfTheOwner)
+TEST_F(ModalOwnerTest, getParentGivesTheObjectOfTheOwner)
 {
     TestWnd host;
     ASSERT_TRUE(host.create(nullptr, visible));

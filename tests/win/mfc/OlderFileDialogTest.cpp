@@ -67,7 +67,7 @@ protected:
     static constexpr DWORD flags = OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT;
 };
 
-TEST_F(OlderFileDialogTest, GetsEverythingThatWasAskedFor)
+TEST_F(OlderFileDialogTest, getsEverythingThatWasAskedFor)
 {
     CFileDialog dialog(FALSE, L"pc3", L"C:\\f\\n.pc3", flags, L"A (*.a)|*.a|B|*.b;*.c||", nullptr, 0, FALSE);
     dialog.m_ofn.lpstrInitialDir = L"C:\\i";
@@ -97,7 +97,7 @@ TEST_F(OlderFileDialogTest, GetsEverythingThatWasAskedFor)
     EXPECT_EQ(fake.calls, 1);
 }
 
-TEST_F(OlderFileDialogTest, GetsNullForWhatWasNotAskedFor)
+TEST_F(OlderFileDialogTest, getsNullForWhatWasNotAskedFor)
 {
     CFileDialog dialog(TRUE, nullptr, nullptr, flags, nullptr, nullptr, 0, FALSE);
     fake.open = [](OPENFILENAMEW& parameters)
@@ -112,7 +112,7 @@ TEST_F(OlderFileDialogTest, GetsNullForWhatWasNotAskedFor)
     EXPECT_EQ(fake.calls, 1);
 }
 
-TEST_F(OlderFileDialogTest, RefusingTheNameGivenIsAskedWithoutIt)
+TEST_F(OlderFileDialogTest, refusingTheNameGivenIsAskedWithoutIt)
 {
     CFileDialog dialog(FALSE, L"pc3", L"a<b", flags, nullptr, nullptr, 0, FALSE);
     fake.error = FNERR_INVALIDFILENAME;
@@ -126,7 +126,7 @@ TEST_F(OlderFileDialogTest, RefusingTheNameGivenIsAskedWithoutIt)
     EXPECT_EQ(dialog.GetPathName(), L"a<b");
 }
 
-TEST_F(OlderFileDialogTest, AnyOtherErrorIsACancel)
+TEST_F(OlderFileDialogTest, anyOtherErrorIsACancel)
 {
     for (const DWORD error : {0UL, static_cast<DWORD>(CDERR_MEMALLOCFAILURE), static_cast<DWORD>(FNERR_BUFFERTOOSMALL)})
     {
@@ -144,7 +144,7 @@ TEST_F(OlderFileDialogTest, AnyOtherErrorIsACancel)
     }
 }
 
-TEST_F(OlderFileDialogTest, AnEndlessNameIsCutToTheBuffer)
+TEST_F(OlderFileDialogTest, anEndlessNameIsCutToTheBuffer)
 {
     const std::wstring endless(0x10000, L'n');
     CFileDialog dialog(FALSE, nullptr, endless.c_str(), flags, nullptr, nullptr, 0, FALSE);

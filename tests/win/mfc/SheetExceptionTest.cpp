@@ -41,7 +41,7 @@ protected:
     ScriptedSheet m_sheet{&m_owner};
 };
 
-TEST_F(SheetExceptionTest, InAPagesHandlerItEndsTheSheetAndComesOutOfDoModal)
+TEST_F(SheetExceptionTest, throwInAPageLeavesDoModal)
 {
     bool ranOn = false;
     m_sheet.m_first.m_onRun = [](auto&) { fail("handler"); };
@@ -51,7 +51,7 @@ TEST_F(SheetExceptionTest, InAPagesHandlerItEndsTheSheetAndComesOutOfDoModal)
     EXPECT_FALSE(ranOn) << "the loop went on";
 }
 
-TEST_F(SheetExceptionTest, TheSheetCanBeShownAgainAfterwards)
+TEST_F(SheetExceptionTest, theSheetCanBeShownAgainAfterwards)
 {
     m_sheet.addStep([](auto&) { fail("step"); });
     expectThrown("step");
@@ -59,7 +59,7 @@ TEST_F(SheetExceptionTest, TheSheetCanBeShownAgainAfterwards)
     EXPECT_EQ(m_sheet.DoModal(), 8);
 }
 
-TEST_F(SheetExceptionTest, InTheFirstPagesInitialisation)
+TEST_F(SheetExceptionTest, inTheFirstPagesInitialisation)
 {
     m_sheet.m_first.m_onInit = [](auto&) { fail("first page"); };
     expectThrown("first page");
@@ -68,20 +68,20 @@ TEST_F(SheetExceptionTest, InTheFirstPagesInitialisation)
         EXPECT_NE(event, "sheet init") << "went on with a page that is not initialised";
 }
 
-TEST_F(SheetExceptionTest, InTheSecondPagesInitialisation)
+TEST_F(SheetExceptionTest, inTheSecondPagesInitialisation)
 {
     m_sheet.m_second.m_onInit = [](auto&) { fail("second page"); };
     m_sheet.addStep([](auto& s) { s.clickTab(1); });
     expectThrown("second page");
 }
 
-TEST_F(SheetExceptionTest, InTheSheetsInitialisation)
+TEST_F(SheetExceptionTest, inTheSheetsInitialisation)
 {
     m_sheet.m_onInit = [](auto&) { fail("sheet"); };
     expectThrown("sheet");
 }
 
-TEST_F(SheetExceptionTest, InANotificationOfTheTab)
+TEST_F(SheetExceptionTest, inANotificationOfTheTab)
 {
     m_sheet.m_refuses = []() -> bool { throw std::runtime_error("changing"); };
     m_sheet.addStep([](auto& s) { s.clickTab(1); });
@@ -90,7 +90,7 @@ TEST_F(SheetExceptionTest, InANotificationOfTheTab)
         << "the page was switched all the same";
 }
 
-TEST_F(SheetExceptionTest, WhileAPageSavesItsValues)
+TEST_F(SheetExceptionTest, whileAPageSavesItsValues)
 {
     m_sheet.m_first.m_exchange = [](CDataExchange* exchange)
     {
@@ -102,7 +102,7 @@ TEST_F(SheetExceptionTest, WhileAPageSavesItsValues)
     EXPECT_EQ(m_sheet.m_events.back(), "first kill") << "the page was told that all is well";
 }
 
-TEST_F(SheetExceptionTest, WhileAPageIsAppliedTheOthersAreNot)
+TEST_F(SheetExceptionTest, whilePageIsAppliedOthersAreNot)
 {
     m_sheet.m_first.m_onApply = [] { fail("apply"); };
     m_sheet.addStep([](auto& s) { s.clickTab(1); });
@@ -111,7 +111,7 @@ TEST_F(SheetExceptionTest, WhileAPageIsAppliedTheOthersAreNot)
     EXPECT_EQ(m_sheet.m_events.back(), "first apply");
 }
 
-TEST_F(SheetExceptionTest, InPreTranslation)
+TEST_F(SheetExceptionTest, inPreTranslation)
 {
     m_sheet.m_first.m_preTranslate = [](MSG* message) -> BOOL
     {
@@ -123,7 +123,7 @@ TEST_F(SheetExceptionTest, InPreTranslation)
     expectThrown("pre-translation");
 }
 
-TEST_F(SheetExceptionTest, InAModalDialogOfAPageItEndsBoth)
+TEST_F(SheetExceptionTest, inModalDialogOfPageItEndsBoth)
 {
     bool outerSawIt = false;
     m_sheet.m_first.m_onRun = [&](auto& page)
@@ -146,7 +146,7 @@ TEST_F(SheetExceptionTest, InAModalDialogOfAPageItEndsBoth)
     EXPECT_TRUE(outerSawIt);
 }
 
-TEST_F(SheetExceptionTest, WhileTheWindowIsDestroyed)
+TEST_F(SheetExceptionTest, whileTheWindowIsDestroyed)
 {
     m_sheet.m_destroyWindow = []() -> BOOL { throw std::runtime_error("destroy"); };
     m_sheet.addStep([](auto& s) { s.EndDialog(1); });

@@ -20,7 +20,7 @@ protected:
     ScriptedSheet m_sheet;
 };
 
-TEST_F(SheetKeyboardTest, ReturnIsOkAndEscapeIsCancel)
+TEST_F(SheetKeyboardTest, returnIsOkAndEscapeIsCancel)
 {
     for (const auto& [key, result] : {std::pair{VK_RETURN, IDOK}, std::pair{VK_ESCAPE, IDCANCEL}})
     {
@@ -30,7 +30,7 @@ TEST_F(SheetKeyboardTest, ReturnIsOkAndEscapeIsCancel)
     EXPECT_EQ(m_sheet.m_events.back(), "first cancel");
 }
 
-TEST_F(SheetKeyboardTest, ReturnPressesTheButtonWithTheFocus)
+TEST_F(SheetKeyboardTest, returnPressesTheButtonWithTheFocus)
 {
     m_sheet.addStep(
         [](auto& s)
@@ -43,7 +43,7 @@ TEST_F(SheetKeyboardTest, ReturnPressesTheButtonWithTheFocus)
 }
 
 // An edit of many lines that wants Return takes Escape too, so a page that wants it everywhere looks at it first.
-TEST_F(SheetKeyboardTest, APageSeesEscapeBeforeTheKeyboardHandlingTakesIt)
+TEST_F(SheetKeyboardTest, pageSeesEscapeBeforeKeyboardHandlingTakesIt)
 {
     for (const int control : {IDC_TEXT, IDC_NUMBER, IDC_RUN})
     {
@@ -67,7 +67,7 @@ TEST_F(SheetKeyboardTest, APageSeesEscapeBeforeTheKeyboardHandlingTakesIt)
     }
 }
 
-TEST_F(SheetKeyboardTest, APageSeesNoKeysOfTheSheetsButtons)
+TEST_F(SheetKeyboardTest, pageSeesNoKeysOfSheetsButtons)
 {
     bool seen = false;
     m_sheet.m_first.m_preTranslate = [&](MSG* message) -> BOOL
@@ -85,7 +85,7 @@ TEST_F(SheetKeyboardTest, APageSeesNoKeysOfTheSheetsButtons)
     EXPECT_FALSE(seen);
 }
 
-TEST_F(SheetKeyboardTest, TabGoesThroughADialogInsideThePage)
+TEST_F(SheetKeyboardTest, tabGoesThroughADialogInsideThePage)
 {
     CDialog inner;
     std::vector<HWND> visited;
@@ -124,7 +124,7 @@ TEST_F(SheetKeyboardTest, TabGoesThroughADialogInsideThePage)
     EXPECT_EQ(m_sheet.DoModal(), 1);
 }
 
-TEST_F(SheetKeyboardTest, AccessKeysOfThePageWork)
+TEST_F(SheetKeyboardTest, accessKeysOfThePageWork)
 {
     int runs = 0;
     m_sheet.m_first.m_onRun = [&](auto&) { ++runs; };

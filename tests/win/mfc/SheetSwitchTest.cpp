@@ -57,7 +57,7 @@ protected:
     ScriptedSheet m_sheet;
 };
 
-TEST_F(SheetSwitchTest, EveryWayTellsSheetAndPagesInOrder)
+TEST_F(SheetSwitchTest, everyWayTellsSheetAndPagesInOrder)
 {
     for (const Way& way : ways)
     {
@@ -76,7 +76,7 @@ TEST_F(SheetSwitchTest, EveryWayTellsSheetAndPagesInOrder)
     }
 }
 
-TEST_F(SheetSwitchTest, ASwitchThatTheSheetRefusesChangesNothingOnTheScreen)
+TEST_F(SheetSwitchTest, switchThatSheetRefusesChangesNothingOnScreen)
 {
     for (const Way& way : ways)
     {
@@ -98,7 +98,7 @@ TEST_F(SheetSwitchTest, ASwitchThatTheSheetRefusesChangesNothingOnTheScreen)
     }
 }
 
-TEST_F(SheetSwitchTest, ASwitchThatThePageRefusesChangesNothingOnTheScreen)
+TEST_F(SheetSwitchTest, switchThatPageRefusesChangesNothingOnScreen)
 {
     for (const Way& way : ways)
     {
@@ -120,7 +120,7 @@ TEST_F(SheetSwitchTest, ASwitchThatThePageRefusesChangesNothingOnTheScreen)
     }
 }
 
-TEST_F(SheetSwitchTest, TheFocusIsWhereItCanBeSeen)
+TEST_F(SheetSwitchTest, theFocusIsWhereItCanBeSeen)
 {
     for (const Way& way : ways)
     {
@@ -137,7 +137,7 @@ TEST_F(SheetSwitchTest, TheFocusIsWhereItCanBeSeen)
     }
 }
 
-TEST_F(SheetSwitchTest, AButtonOfTheSheetKeepsTheFocus)
+TEST_F(SheetSwitchTest, aButtonOfTheSheetKeepsTheFocus)
 {
     run(
         [](auto& s)
@@ -149,7 +149,7 @@ TEST_F(SheetSwitchTest, AButtonOfTheSheetKeepsTheFocus)
         });
 }
 
-TEST_F(SheetSwitchTest, ControlAndTabGoRoundAlsoFromAnEditOfManyLines)
+TEST_F(SheetSwitchTest, controlTabLeavesAMultiLineEdit)
 {
     run(
         [](auto& s)
@@ -168,7 +168,7 @@ TEST_F(SheetSwitchTest, ControlAndTabGoRoundAlsoFromAnEditOfManyLines)
 }
 
 // With two pages each way leads to the other one.
-TEST_F(SheetSwitchTest, AmongThreePagesEachKeyGoesItsWay)
+TEST_F(SheetSwitchTest, amongThreePagesEachKeyGoesItsWay)
 {
     ScriptedPage third("third", m_sheet.m_events, IDD_FIRST_PAGE);
     m_sheet.AddPage(&third);
@@ -193,7 +193,7 @@ TEST_F(SheetSwitchTest, AmongThreePagesEachKeyGoesItsWay)
         });
 }
 
-TEST_F(SheetSwitchTest, OnAnOnlyPageControlAndTabDoNothing)
+TEST_F(SheetSwitchTest, onOnlyPageControlAndTabDoNothing)
 {
     Events events;
     CPropertySheet sheet(L"One page");
@@ -220,7 +220,7 @@ TEST_F(SheetSwitchTest, OnAnOnlyPageControlAndTabDoNothing)
     EXPECT_EQ(sheet.DoModal(), 1);
 }
 
-TEST_F(SheetSwitchTest, KeysOfOtherWindowsAreNotTheSheets)
+TEST_F(SheetSwitchTest, keysOfOtherWindowsAreNotTheSheets)
 {
     TestWnd owned;
     run(
@@ -241,7 +241,7 @@ TEST_F(SheetSwitchTest, KeysOfOtherWindowsAreNotTheSheets)
         });
 }
 
-TEST_F(SheetSwitchTest, SetActivePageAsksThePagesButSendsNoTabNotification)
+TEST_F(SheetSwitchTest, setActivePageSendsNoTabNotification)
 {
     run(
         [](auto& s)
@@ -266,7 +266,7 @@ TEST_F(SheetSwitchTest, SetActivePageAsksThePagesButSendsNoTabNotification)
 }
 
 // A tab that only looks selected is no page: what leaves it behind is put right by the next input.
-TEST_F(SheetSwitchTest, SelectingTheTabAloneShowsNoOtherPage)
+TEST_F(SheetSwitchTest, selectingTheTabAloneShowsNoOtherPage)
 {
     run(
         [](auto& s)
@@ -278,7 +278,7 @@ TEST_F(SheetSwitchTest, SelectingTheTabAloneShowsNoOtherPage)
         });
 }
 
-TEST_F(SheetSwitchTest, ValuesAreSavedWhenLeftAndLoadedWhenShownAgain)
+TEST_F(SheetSwitchTest, valuesAreSavedAndLoadedOnSwitching)
 {
     std::vector<BOOL> exchanges;
     m_sheet.m_first.m_exchange = [&](CDataExchange* exchange) { exchanges.push_back(exchange->m_bSaveAndValidate); };
@@ -295,7 +295,7 @@ TEST_F(SheetSwitchTest, ValuesAreSavedWhenLeftAndLoadedWhenShownAgain)
     run([&](auto&) { EXPECT_EQ(exchanges, (std::vector<BOOL>{FALSE})) << "a second start is like the first"; });
 }
 
-TEST_F(SheetSwitchTest, AnotherThreadCanSwitch)
+TEST_F(SheetSwitchTest, anotherThreadCanSwitch)
 {
     std::thread other;
     const auto ask = [](HWND tab)

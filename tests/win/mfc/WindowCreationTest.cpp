@@ -40,7 +40,7 @@ protected:
     }
 };
 
-TEST_F(WindowCreationTest, TheObjectSeesItsWindowFromTheFirstMessageToTheLast)
+TEST_F(WindowCreationTest, objectSeesEveryMessageOfItsWindow)
 {
     Recorder window;
     ASSERT_TRUE(window.create());
@@ -56,7 +56,7 @@ TEST_F(WindowCreationTest, TheObjectSeesItsWindowFromTheFirstMessageToTheLast)
         EXPECT_EQ(each, handle);
 }
 
-TEST_F(WindowCreationTest, PostNcDestroyComesOnceAfterTheObjectIsDetached)
+TEST_F(WindowCreationTest, postNcDestroyRunsOnceAfterDetaching)
 {
     Recorder window;
     ASSERT_TRUE(window.create());
@@ -86,7 +86,7 @@ BEGIN_MESSAGE_MAP(CreatingWnd, TestWnd)
 ON_MESSAGE(WM_CREATE, &CreatingWnd::onCreate)
 END_MESSAGE_MAP()
 
-TEST_F(WindowCreationTest, WindowsThatAreCreatedInsideACreationGetTheirOwnObjects)
+TEST_F(WindowCreationTest, nestedCreationsGetTheirOwnObjects)
 {
     CreatingWnd outer;
     TestWnd inner;
@@ -106,7 +106,7 @@ TEST_F(WindowCreationTest, WindowsThatAreCreatedInsideACreationGetTheirOwnObject
     ::DestroyWindow(plain);
 }
 
-TEST_F(WindowCreationTest, AWindowThatCannotBeCreatedLeavesNothingWaiting)
+TEST_F(WindowCreationTest, windowThatCannotBeCreatedLeavesNothingWaiting)
 {
     CWnd window;
     EXPECT_FALSE(window.CreateEx(0, L"NoSuchWindowClass", L"", 0, 0, 0, 1, 1, nullptr, nullptr));
@@ -116,7 +116,7 @@ TEST_F(WindowCreationTest, AWindowThatCannotBeCreatedLeavesNothingWaiting)
     ::DestroyWindow(plain);
 }
 
-TEST_F(WindowCreationTest, WhatIsThrownInACreationComesOutOfIt)
+TEST_F(WindowCreationTest, throwInACreationLeavesIt)
 {
     CreatingWnd window;
     window.m_onCreate = [](auto&) { throw std::runtime_error("no"); };
@@ -127,7 +127,7 @@ TEST_F(WindowCreationTest, WhatIsThrownInACreationComesOutOfIt)
     window.DestroyWindow();
 }
 
-TEST_F(WindowCreationTest, TheHookGivesTheNextWindowToTheObjectAndGoes)
+TEST_F(WindowCreationTest, hookGivesNextWindowToObjectAndGoes)
 {
     TestWnd window;
     AfxHookWindowCreate(&window);
@@ -142,7 +142,7 @@ TEST_F(WindowCreationTest, TheHookGivesTheNextWindowToTheObjectAndGoes)
     window.DestroyWindow();
 }
 
-TEST_F(WindowCreationTest, AHookThatIsNotUsedIsTakenBack)
+TEST_F(WindowCreationTest, hookThatIsNotUsedIsTakenBack)
 {
     CWnd window;
     AfxHookWindowCreate(&window);
@@ -154,7 +154,7 @@ TEST_F(WindowCreationTest, AHookThatIsNotUsedIsTakenBack)
     ::DestroyWindow(plain);
 }
 
-TEST_F(WindowCreationTest, AnObjectThatWaitsAroundAnotherCreationWaitsOn)
+TEST_F(WindowCreationTest, objectThatWaitsAroundAnotherCreationWaitsOn)
 {
     CWnd waiting;
     AfxHookWindowCreate(&waiting);
@@ -165,7 +165,7 @@ TEST_F(WindowCreationTest, AnObjectThatWaitsAroundAnotherCreationWaitsOn)
     waiting.DestroyWindow();
 }
 
-TEST_F(WindowCreationTest, AnObjectThatDiesWhileItWaitsGetsNoWindow)
+TEST_F(WindowCreationTest, objectDestroyedWhileWaitingGetsNoWindow)
 {
     {
         CWnd window;
@@ -180,7 +180,7 @@ TEST_F(WindowCreationTest, AnObjectThatDiesWhileItWaitsGetsNoWindow)
 
 // --- Threads ---
 
-TEST_F(WindowCreationTest, AnotherThreadDoesNotFindTheObject)
+TEST_F(WindowCreationTest, anotherThreadDoesNotFindTheObject)
 {
     TestWnd window;
     ASSERT_TRUE(window.create());
@@ -198,7 +198,7 @@ TEST_F(WindowCreationTest, AnotherThreadDoesNotFindTheObject)
     window.DestroyWindow();
 }
 
-TEST_F(WindowCreationTest, EveryThreadHasWindowsOfItsOwn)
+TEST_F(WindowCreationTest, everyThreadHasWindowsOfItsOwn)
 {
     TestWnd window;
     ASSERT_TRUE(window.create());

@@ -68,7 +68,7 @@ protected:
     const std::string m_whole = contentOf(programFolder() / L"en" / L"GarmPC3EditorRes.dll");
 };
 
-TEST_F(DamagedLibrary, AFileThatIsNoLibraryCountsAsNone)
+TEST_F(DamagedLibrary, fileThatIsNoLibraryCountsAsNone)
 {
     for (const std::string& content : {std::string(), std::string("M"), std::string("MZ"), std::string("no library"),
                                        std::string(100'000, '\0'), "MZ" + std::string(100'000, '\xff')})
@@ -79,13 +79,13 @@ TEST_F(DamagedLibrary, AFileThatIsNoLibraryCountsAsNone)
     }
 }
 
-TEST_F(DamagedLibrary, AFolderInItsPlaceCountsAsNone)
+TEST_F(DamagedLibrary, aFolderInItsPlaceCountsAsNone)
 {
     std::filesystem::create_directory(library());
     expectRefused();
 }
 
-TEST_F(DamagedLibrary, ALibraryThatEndsTooEarlyCountsAsNone)
+TEST_F(DamagedLibrary, libraryThatEndsTooEarlyCountsAsNone)
 {
     ASSERT_GT(m_whole.size(), 10'000U);
     // Headers, tables and data each end somewhere in here.
@@ -97,7 +97,7 @@ TEST_F(DamagedLibrary, ALibraryThatEndsTooEarlyCountsAsNone)
     }
 }
 
-TEST_F(DamagedLibrary, ALibraryOfAnotherModuleGivesTheFallbackNames)
+TEST_F(DamagedLibrary, libraryOfAnotherModuleGivesFallbackNames)
 {
     // One with other resources, one with none at all, and the module itself.
     for (const std::filesystem::path& other : {programFolder() / L"module_no_strings.dll",
@@ -109,7 +109,7 @@ TEST_F(DamagedLibrary, ALibraryOfAnotherModuleGivesTheFallbackNames)
     }
 }
 
-TEST_F(DamagedLibrary, ASwitchToADamagedLibraryIsRefusedAndKeepsTheOldOne)
+TEST_F(DamagedLibrary, switchToDamagedLibraryKeepsOldOne)
 {
     write(library(), m_whole);
     std::filesystem::create_directory(m_copy.folder() / L"de");

@@ -10,12 +10,12 @@
 // run tests is the first of them.
 namespace
 {
-TEST(DelayedImport, AProgramStartsWithoutTheModule)
+TEST(DelayedImport, aProgramStartsWithoutTheModule)
 {
     EXPECT_FALSE(LoadedModule::isInProcess());
 }
 
-TEST(DelayedImport, ExportedClassesWorkOnceTheModuleIsLoaded)
+TEST(DelayedImport, exportedClassesWorkOnceTheModuleIsLoaded)
 {
     const LoadedModule module;
     ASSERT_TRUE(LoadedModule::isInProcess());

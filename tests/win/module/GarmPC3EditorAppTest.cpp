@@ -56,13 +56,13 @@ protected:
     PrinterRoom m_room;
 };
 
-TEST_F(GarmPC3EditorAppTest, IsTheApplicationOfTheModule)
+TEST_F(GarmPC3EditorAppTest, isTheApplicationOfTheModule)
 {
     EXPECT_EQ(AfxGetApp(), &theApp);
     EXPECT_EQ(theApp.m_hInstance, m_instance);
 }
 
-TEST_F(GarmPC3EditorAppTest, ResourceInstanceIsNullUntilLoaded)
+TEST_F(GarmPC3EditorAppTest, resourceInstanceIsNullUntilLoaded)
 {
     EXPECT_EQ(GarmPC3EditorApp::resourceInstance(), nullptr);
     EXPECT_EQ(garmPC3EditorResourceInstance(), nullptr);
@@ -71,7 +71,7 @@ TEST_F(GarmPC3EditorAppTest, ResourceInstanceIsNullUntilLoaded)
     EXPECT_EQ(garmPC3EditorResourceInstance(), ::GetModuleHandleW(firstLibrary));
 }
 
-TEST_F(GarmPC3EditorAppTest, StartAsksTheHostWithItsInstanceAndACallback)
+TEST_F(GarmPC3EditorAppTest, startAsksHostWithItsInstanceAndCallback)
 {
     start();
     ASSERT_EQ(languageRequests().size(), 1U);
@@ -82,7 +82,7 @@ TEST_F(GarmPC3EditorAppTest, StartAsksTheHostWithItsInstanceAndACallback)
     EXPECT_EQ(request.reserved2, nullptr);
 }
 
-TEST_F(GarmPC3EditorAppTest, StartMakesTheLibraryCurrentAndShowsNothing)
+TEST_F(GarmPC3EditorAppTest, startMakesTheLibraryCurrentAndShowsNothing)
 {
     start();
     EXPECT_EQ(AfxGetResourceHandle(), theApp.m_hLangResourceDLL);
@@ -90,7 +90,7 @@ TEST_F(GarmPC3EditorAppTest, StartMakesTheLibraryCurrentAndShowsNothing)
     EXPECT_TRUE(m_room.shownMessages().empty());
 }
 
-TEST_F(GarmPC3EditorAppTest, WithoutLibraryTheStartSaysSoOnceAndIsRefused)
+TEST_F(GarmPC3EditorAppTest, startWithoutLibraryIsRefusedWithOneMessage)
 {
     setLanguageAnswers({nullptr});
     EXPECT_EQ(theApp.InitInstance(), FALSE);
@@ -105,7 +105,7 @@ TEST_F(GarmPC3EditorAppTest, WithoutLibraryTheStartSaysSoOnceAndIsRefused)
     EXPECT_EQ(_AtlBaseModule.GetResourceInstance(), m_instance);
 }
 
-TEST_F(GarmPC3EditorAppTest, TheEditCommandIsRegisteredWithTheLibrary)
+TEST_F(GarmPC3EditorAppTest, theEditCommandIsRegisteredWithTheLibrary)
 {
     start();
     EXPECT_EQ(registerCommands(), 5100);
@@ -117,7 +117,7 @@ TEST_F(GarmPC3EditorAppTest, TheEditCommandIsRegisteredWithTheLibrary)
     EXPECT_EQ(unregisterCommands(), 5100);
 }
 
-TEST_F(GarmPC3EditorAppTest, ReloadAsksWithoutCallback)
+TEST_F(GarmPC3EditorAppTest, reloadAsksWithoutCallback)
 {
     start();
     setLanguageAnswers({::LoadLibraryW(secondLibrary)});
@@ -134,7 +134,7 @@ HINSTANCE storedAtDetach = nullptr;
 HINSTANCE currentAtDetach = nullptr;
 HINSTANCE atlAtDetach = nullptr;
 
-TEST_F(GarmPC3EditorAppTest, ReloadFreesTheOldLibraryAfterTheNewOneIsInUseEverywhere)
+TEST_F(GarmPC3EditorAppTest, reloadFreesTheOldLibraryLast)
 {
     start();
     setDetachHook(theApp.m_hLangResourceDLL,
@@ -157,7 +157,7 @@ TEST_F(GarmPC3EditorAppTest, ReloadFreesTheOldLibraryAfterTheNewOneIsInUseEveryw
     EXPECT_EQ(_AtlBaseModule.GetResourceInstance(), second);
 }
 
-TEST_F(GarmPC3EditorAppTest, ReloadWithoutLibraryChangesNothingAndShowsNothing)
+TEST_F(GarmPC3EditorAppTest, reloadWithoutLibraryChangesNothingAndShowsNothing)
 {
     start();
     const HINSTANCE first = theApp.m_hLangResourceDLL;
@@ -170,7 +170,7 @@ TEST_F(GarmPC3EditorAppTest, ReloadWithoutLibraryChangesNothingAndShowsNothing)
     EXPECT_TRUE(m_room.shownMessages().empty());
 }
 
-TEST_F(GarmPC3EditorAppTest, ReloadWorksOnTheModulesOwnStateWhateverStateIsCurrent)
+TEST_F(GarmPC3EditorAppTest, reloadUsesTheModulesOwnState)
 {
     start();
     const HINSTANCE second = ::LoadLibraryW(secondLibrary);
@@ -186,7 +186,7 @@ TEST_F(GarmPC3EditorAppTest, ReloadWorksOnTheModulesOwnStateWhateverStateIsCurre
     EXPECT_EQ(AfxGetResourceHandle(), second);
 }
 
-TEST_F(GarmPC3EditorAppTest, TheCallbackReloadsAndAnswersTrue)
+TEST_F(GarmPC3EditorAppTest, theCallbackReloadsAndAnswersTrue)
 {
     start();
     const auto callback = languageRequests()[0].callback;
@@ -196,7 +196,7 @@ TEST_F(GarmPC3EditorAppTest, TheCallbackReloadsAndAnswersTrue)
     EXPECT_EQ(GarmPC3EditorApp::resourceInstance(), second);
 }
 
-TEST_F(GarmPC3EditorAppTest, TheCallbackAnswersTrueAlsoWithoutLibrary)
+TEST_F(GarmPC3EditorAppTest, theCallbackAnswersTrueAlsoWithoutLibrary)
 {
     start();
     const auto callback = languageRequests()[0].callback;

@@ -95,7 +95,7 @@ protected:
     MessageWindow m_window;
 };
 
-TEST_F(ModuleBackground, TheCheckReportsToTheWindow)
+TEST_F(ModuleBackground, theCheckReportsToTheWindow)
 {
     LoadedModule module;
     startCheck(module, L"no such printer");
@@ -107,7 +107,7 @@ TEST_F(ModuleBackground, TheCheckReportsToTheWindow)
     waitForEndOfChecks();
 }
 
-TEST_F(ModuleBackground, TheModuleMayBeUnloadedWhileACheckRuns)
+TEST_F(ModuleBackground, moduleMayBeUnloadedWhileCheckRuns)
 {
     {
         LoadedModule module;
@@ -123,7 +123,7 @@ TEST_F(ModuleBackground, TheModuleMayBeUnloadedWhileACheckRuns)
     EXPECT_FALSE(LoadedModule::isInProcess()) << "the check's reference was not given back";
 }
 
-TEST_F(ModuleBackground, UnloadingRightAfterTheMessageIsSafe)
+TEST_F(ModuleBackground, unloadingRightAfterTheMessageIsSafe)
 {
     ::SetEvent(goOn.get());
     for (int i = 0; i < 50; ++i)
@@ -138,7 +138,7 @@ TEST_F(ModuleBackground, UnloadingRightAfterTheMessageIsSafe)
     }
 }
 
-TEST_F(ModuleBackground, ACheckLeavesNoHandleBehind)
+TEST_F(ModuleBackground, aCheckLeavesNoHandleBehind)
 {
     ::SetEvent(goOn.get());
     LoadedModule module;
@@ -157,7 +157,7 @@ TEST_F(ModuleBackground, ACheckLeavesNoHandleBehind)
 
 // -- Many at once ----------------------------------------------------------------------------------------------------
 
-TEST_F(ModuleBackground, ManyChecksHoldTheUnloadedModuleUntilTheLastHasEnded)
+TEST_F(ModuleBackground, checksHoldTheModuleUntilTheLastEnds)
 {
     constexpr int count = 20;
     const auto manyChecks = [this]
@@ -189,7 +189,7 @@ TEST_F(ModuleBackground, ManyChecksHoldTheUnloadedModuleUntilTheLastHasEnded)
     EXPECT_EQ(openSystemHandles(), handles);
 }
 
-TEST_F(ModuleBackground, TheHostMayLoadItAgainWhileAnEarlierCheckStillRuns)
+TEST_F(ModuleBackground, reloadIsPossibleWhileACheckRuns)
 {
     {
         LoadedModule module;
@@ -210,7 +210,7 @@ TEST_F(ModuleBackground, TheHostMayLoadItAgainWhileAnEarlierCheckStillRuns)
     EXPECT_FALSE(LoadedModule::isInProcess());
 }
 
-TEST_F(ModuleBackground, TheLanguageMayChangeWhileACheckOfAnUnloadedModuleRuns)
+TEST_F(ModuleBackground, languageMayChangeDuringALateCheck)
 {
     {
         LoadedModule module;
@@ -229,7 +229,7 @@ TEST_F(ModuleBackground, TheLanguageMayChangeWhileACheckOfAnUnloadedModuleRuns)
     EXPECT_EQ(languageCallbackCount(), 0U);
 }
 
-TEST_F(ModuleBackground, AWindowThatIsGoneWhenTheCheckEndsIsNoTrouble)
+TEST_F(ModuleBackground, checkSurvivesALostWindow)
 {
     LoadedModule module;
     std::optional<MessageWindow> window(std::in_place);

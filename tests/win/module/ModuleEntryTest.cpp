@@ -19,7 +19,7 @@ OdEdCommandPtr command(const OdChar* globalName)
     return odedRegCmds()->lookupGlobal(globalName);
 }
 
-TEST(ModuleEntry, LoadingRegistersBothCommands)
+TEST(ModuleEntry, loadingRegistersBothCommands)
 {
     const LoadedModule module;
     ASSERT_TRUE(command(L"_PC3EDIT"));
@@ -28,7 +28,7 @@ TEST(ModuleEntry, LoadingRegistersBothCommands)
     EXPECT_EQ(command(L"_PC3GETDEVMODE"), odedRegCmds()->lookupLocal(L"PC3GETDEVMODE"));
 }
 
-TEST(ModuleEntry, UnloadingRemovesBothCommandsAtOnceAndTheLibrary)
+TEST(ModuleEntry, unloadingRemovesBothCommandsAtOnceAndLibrary)
 {
     {
         const LoadedModule module;
@@ -40,7 +40,7 @@ TEST(ModuleEntry, UnloadingRemovesBothCommandsAtOnceAndTheLibrary)
     EXPECT_FALSE(LoadedModule::isInProcess());
 }
 
-TEST(ModuleEntry, UndefineThrowsCode3AcrossTheBorderOfTheModule)
+TEST(ModuleEntry, undefineThrowsCode3AcrossBorderOfModule)
 {
     const LoadedModule module;
     for (const OdChar* name : {L"_PC3EDIT", L"_PC3GETDEVMODE"})
@@ -61,7 +61,7 @@ TEST(ModuleEntry, UndefineThrowsCode3AcrossTheBorderOfTheModule)
         }
 }
 
-TEST(ModuleEntry, AnswersTheVersionItWasBuiltAgainst)
+TEST(ModuleEntry, answersTheVersionItWasBuiltAgainst)
 {
     const LoadedModule module;
     int version[4] = {-1, -1, -1, -1};
@@ -74,7 +74,7 @@ TEST(ModuleEntry, AnswersTheVersionItWasBuiltAgainst)
     EXPECT_EQ(version[3], 0);
 }
 
-TEST(ModuleEntry, GivesTheSameModuleObjectEachTime)
+TEST(ModuleEntry, givesTheSameModuleObjectEachTime)
 {
     const LoadedModule module;
     const auto create = module.find<OdRxCreateModuleObject>("odrxCreateModuleObject");
@@ -83,7 +83,7 @@ TEST(ModuleEntry, GivesTheSameModuleObjectEachTime)
     EXPECT_EQ(create(), module.object());
 }
 
-TEST(ModuleEntry, ModuleNameIsTheFullPathOfItsFile)
+TEST(ModuleEntry, moduleNameIsFullPathOfItsFile)
 {
     const LoadedModule module;
     EXPECT_EQ(module.object()->moduleName(), textOf(builtModule()));
@@ -96,7 +96,7 @@ std::vector<std::string>& assertedTexts()
     return texts;
 }
 
-TEST(ModuleEntry, LocksAreCountedAndOneUnlockTooManyIsAsserted)
+TEST(ModuleEntry, locksAreCountedAndExtraUnlocksAsserted)
 {
     const LoadedModule module;
     EXPECT_EQ(module.object()->lockCount(), 0);
@@ -148,13 +148,13 @@ void allowAllocations(int count)
     odrxSetAllocSource([](std::size_t size) -> void* { return allocationsLeft-- > 0 ? std::malloc(size) : nullptr; });
 }
 
-TEST_F(ModuleLibrary, LoadingItRegistersNothingYet)
+TEST_F(ModuleLibrary, loadingItRegistersNothingYet)
 {
     ASSERT_NE(m_library, nullptr);
     EXPECT_TRUE(odedRegCmds()->commands().empty());
 }
 
-TEST_F(ModuleLibrary, WithoutMemoryForTheModuleObjectBadAllocationIsThrown)
+TEST_F(ModuleLibrary, noMemoryForTheModuleObjectThrows)
 {
     allowAllocations(0);
     try
@@ -172,7 +172,7 @@ TEST_F(ModuleLibrary, WithoutMemoryForTheModuleObjectBadAllocationIsThrown)
     module->deleteModule();
 }
 
-TEST_F(ModuleLibrary, AfterTheDeleteTheNextObjectIsANewOne)
+TEST_F(ModuleLibrary, afterDeleteNextObjectIsNewOne)
 {
     OdRxModule* first = create();
     first->initApp();
@@ -186,7 +186,7 @@ TEST_F(ModuleLibrary, AfterTheDeleteTheNextObjectIsANewOne)
     second->deleteModule();
 }
 
-TEST_F(ModuleLibrary, InitAppSwallowsWhatIsThrownAndKeepsWhatWasRegisteredBefore)
+TEST_F(ModuleLibrary, initAppSwallowsExceptionsAndKeepsRegisteredCommands)
 {
     OdRxModule* module = create();
     allowAllocations(1);
@@ -199,7 +199,7 @@ TEST_F(ModuleLibrary, InitAppSwallowsWhatIsThrownAndKeepsWhatWasRegisteredBefore
     module->deleteModule();
 }
 
-TEST_F(ModuleLibrary, UninitAppWithoutCommandsIsFine)
+TEST_F(ModuleLibrary, uninitAppWithoutCommandsIsFine)
 {
     OdRxModule* module = create();
     EXPECT_NO_THROW(module->uninitApp());
@@ -208,7 +208,7 @@ TEST_F(ModuleLibrary, UninitAppWithoutCommandsIsFine)
 
 // -- No trace --------------------------------------------------------------------------------------------------------
 
-TEST(ModuleEntry, LoadingAndUnloadingTenTimesLeavesNothingBehind)
+TEST(ModuleEntry, loadingAndUnloadingTenTimesLeavesNothingBehind)
 {
     // The spooler's library leaves a handle behind each time it goes, under Wine; so it stays.
     const LibraryHandle spooler(::LoadLibraryW(L"winspool.drv"));
@@ -228,7 +228,7 @@ TEST(ModuleEntry, LoadingAndUnloadingTenTimesLeavesNothingBehind)
     EXPECT_EQ(mappedViews(), views);
 }
 
-TEST(ProcessCounts, SeeWhatALeakWouldBe)
+TEST(ProcessCounts, seeWhatALeakWouldBe)
 {
     const std::size_t handles = openSystemHandles();
     KernelHandle event(::CreateEventW(nullptr, TRUE, FALSE, nullptr));

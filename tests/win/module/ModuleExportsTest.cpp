@@ -111,13 +111,13 @@ const std::set<std::string> expected = {
     "GmPrnHelper::getNewPlotCfg3Ptr()",
 };
 
-TEST(ModuleExports, AreTheInterfaceAndNothingElse)
+TEST(ModuleExports, areTheInterfaceAndNothingElse)
 {
     const LoadedModule module;
     EXPECT_THAT(exportsOf(module.library()), ::testing::ContainerEq(expected));
 }
 
-TEST(ModuleExports, TheEntryPointsAreFoundByTheirPlainNames)
+TEST(ModuleExports, entryPointsAreFoundByTheirPlainNames)
 {
     const LoadedModule module;
     EXPECT_NE(::GetProcAddress(module.library(), "odrxCreateModuleObject"), nullptr);

@@ -44,7 +44,7 @@ protected:
     }
 };
 
-TEST_F(ModuleLanguage, WithoutLanguageLibraryABoxSaysSoOnceAndTheLoadIsRefused)
+TEST_F(ModuleLanguage, loadWithoutALanguageLibraryIsRefused)
 {
     const ModuleCopy copy;
     const MessageBoxAnswerer answerer;
@@ -63,7 +63,7 @@ TEST_F(ModuleLanguage, WithoutLanguageLibraryABoxSaysSoOnceAndTheLoadIsRefused)
     forgetCallbacksOfGoneModules();
 }
 
-TEST_F(ModuleLanguage, AfterARefusedLoadTheModuleLoadsOnceItsLibraryIsThere)
+TEST_F(ModuleLanguage, moduleLoadsOnceItsLibraryIsThere)
 {
     const ModuleCopy copy;
     {
@@ -75,14 +75,14 @@ TEST_F(ModuleLanguage, AfterARefusedLoadTheModuleLoadsOnceItsLibraryIsThere)
     EXPECT_TRUE(odedRegCmds()->lookup(L"_PC3EDIT"));
 }
 
-TEST_F(ModuleLanguage, StartsInTheLanguageOfTheHost)
+TEST_F(ModuleLanguage, startsInTheLanguageOfTheHost)
 {
     ASSERT_TRUE(setUiLanguage(L"de"));
     const LoadedModule module;
     EXPECT_TRUE(isGerman(module));
 }
 
-TEST_F(ModuleLanguage, ASwitchExchangesTheLibraryAndBack)
+TEST_F(ModuleLanguage, aSwitchExchangesTheLibraryAndBack)
 {
     const LoadedModule module;
     EXPECT_TRUE(isEnglish(module));
@@ -92,7 +92,7 @@ TEST_F(ModuleLanguage, ASwitchExchangesTheLibraryAndBack)
     EXPECT_TRUE(isEnglish(module));
 }
 
-TEST_F(ModuleLanguage, ASwitchToALanguageWithoutLibraryLeavesTheOldOneInUse)
+TEST_F(ModuleLanguage, switchWithoutALibraryKeepsTheOldLanguage)
 {
     const LoadedModule module;
     ASSERT_TRUE(setUiLanguage(L"de"));
@@ -102,7 +102,7 @@ TEST_F(ModuleLanguage, ASwitchToALanguageWithoutLibraryLeavesTheOldOneInUse)
     EXPECT_TRUE(isGerman(module));
 }
 
-TEST_F(ModuleLanguage, ASwitchFreesTheOldLibrary)
+TEST_F(ModuleLanguage, aSwitchFreesTheOldLibrary)
 {
     const ModuleCopy copy;
     copy.putLanguage(L"en", L"en/GarmPC3EditorRes.dll");
@@ -118,7 +118,7 @@ TEST_F(ModuleLanguage, ASwitchFreesTheOldLibrary)
     EXPECT_EQ(region.State, static_cast<DWORD>(MEM_FREE));
 }
 
-TEST_F(ModuleLanguage, CommandsKeepTheLocalNamesOfTheirRegistration)
+TEST_F(ModuleLanguage, commandsKeepTheLocalNamesOfTheirRegistration)
 {
     const ModuleCopy copy;
     copy.putLanguage(L"en", L"module_named_strings.dll");
@@ -130,7 +130,7 @@ TEST_F(ModuleLanguage, CommandsKeepTheLocalNamesOfTheirRegistration)
     EXPECT_TRUE(odedRegCmds()->lookupLocal(L"EDITLOCAL"));
 }
 
-TEST_F(ModuleLanguage, AStringTableWithoutTheCommandNamesGivesTheFallbacks)
+TEST_F(ModuleLanguage, stringTableWithoutCommandNamesGivesFallbacks)
 {
     const ModuleCopy copy;
     copy.putLanguage(L"en", L"module_no_strings.dll");
@@ -139,7 +139,7 @@ TEST_F(ModuleLanguage, AStringTableWithoutTheCommandNamesGivesTheFallbacks)
     EXPECT_EQ(odedRegCmds()->lookupGlobal(L"_PC3GETDEVMODE")->localName(), L"PC3GETDEVMODE");
 }
 
-TEST_F(ModuleLanguage, AnEmptyCommandNameCountsAsMissing)
+TEST_F(ModuleLanguage, anEmptyCommandNameCountsAsMissing)
 {
     const ModuleCopy copy;
     copy.putLanguage(L"en", L"module_empty_strings.dll");

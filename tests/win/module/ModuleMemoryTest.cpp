@@ -52,7 +52,7 @@ protected:
 };
 } // namespace
 
-TEST_F(ModuleOutOfMemory, itIsLoadedWithTheCommandsThereIsMemoryForOrNotAtAll)
+TEST_F(ModuleOutOfMemory, loadRegistersWhatMemoryAllows)
 {
     int loaded = 0;
     int incomplete = 0;

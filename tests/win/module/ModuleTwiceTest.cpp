@@ -56,7 +56,7 @@ protected:
     }
 };
 
-TEST_F(ModuleTwice, TheSameFileIsRefusedUnderWhateverPath)
+TEST_F(ModuleTwice, theSameFileIsRefusedUnderWhateverPath)
 {
     const LoadedModule module;
     const std::wstring file = builtModule().native();
@@ -78,7 +78,7 @@ TEST_F(ModuleTwice, TheSameFileIsRefusedUnderWhateverPath)
     EXPECT_EQ(languageCallbackCount(), 1U);
 }
 
-TEST_F(ModuleTwice, AnotherReferenceOfTheSystemOutlivesTheHostsOwn)
+TEST_F(ModuleTwice, anotherReferenceOfSystemOutlivesHostsOwn)
 {
     LibraryHandle reference(::LoadLibraryW(builtModule().c_str()));
     for (int i = 0; i < 3; ++i)
@@ -97,7 +97,7 @@ TEST_F(ModuleTwice, AnotherReferenceOfTheSystemOutlivesTheHostsOwn)
     forgetCallbacksOfGoneModules();
 }
 
-TEST_F(ModuleTwice, ACopyIsAModuleOfItsOwnWhoseCommandsStayAside)
+TEST_F(ModuleTwice, copyIsItsOwnModuleWithoutCommands)
 {
     const WholeCopy copy;
     LoadedModule first;
@@ -115,7 +115,7 @@ TEST_F(ModuleTwice, ACopyIsAModuleOfItsOwnWhoseCommandsStayAside)
     EXPECT_TRUE(setUiLanguage(L"en"));
 }
 
-TEST_F(ModuleTwice, UnloadingEitherTakesTheCommandsOfTheGroupAndTheOtherCanStillGo)
+TEST_F(ModuleTwice, unloadingEitherRemovesTheGroupsCommands)
 {
     const WholeCopy copy;
     for (const bool firstGoesFirst : {true, false})
@@ -131,7 +131,7 @@ TEST_F(ModuleTwice, UnloadingEitherTakesTheCommandsOfTheGroupAndTheOtherCanStill
     }
 }
 
-TEST_F(ModuleTwice, UnderAnotherNameItNeedsItsLibraryUnderThatName)
+TEST_F(ModuleTwice, renamedModuleNeedsARenamedLibrary)
 {
     const WholeCopy copy;
     const std::filesystem::path other = copy.folder() / L"Other.grx";
@@ -150,7 +150,7 @@ TEST_F(ModuleTwice, UnderAnotherNameItNeedsItsLibraryUnderThatName)
     EXPECT_EQ(valuesOfQuery(), allValues);
 }
 
-TEST_F(ModuleTwice, FiftyTimesLeaveNothingBehind)
+TEST_F(ModuleTwice, fiftyTimesLeaveNothingBehind)
 {
     // The spooler's library leaves a handle behind each time it goes, under Wine; so it stays.
     const LibraryHandle spooler(::LoadLibraryW(L"winspool.drv"));

@@ -37,7 +37,7 @@ protected:
     }
 };
 
-TEST_F(PC3ResourceSentryTest, TheLanguageLibraryIsCurrentForTheScope)
+TEST_F(PC3ResourceSentryTest, theLanguageLibraryIsCurrentForTheScope)
 {
     {
         const PC3ResourceSentry sentry;
@@ -46,7 +46,7 @@ TEST_F(PC3ResourceSentryTest, TheLanguageLibraryIsCurrentForTheScope)
     EXPECT_EQ(AfxGetResourceHandle(), hosts);
 }
 
-TEST_F(PC3ResourceSentryTest, EqualHandlesAreLeftAlone)
+TEST_F(PC3ResourceSentryTest, equalHandlesAreLeftAlone)
 {
     AfxSetResourceHandle(language);
     {
@@ -56,7 +56,7 @@ TEST_F(PC3ResourceSentryTest, EqualHandlesAreLeftAlone)
     EXPECT_EQ(AfxGetResourceHandle(), language);
 }
 
-TEST_F(PC3ResourceSentryTest, RestoresWhateverHasHappenedSince)
+TEST_F(PC3ResourceSentryTest, restoresWhateverHasHappenedSince)
 {
     {
         const PC3ResourceSentry sentry;
@@ -73,7 +73,7 @@ TEST_F(PC3ResourceSentryTest, RestoresWhateverHasHappenedSince)
     EXPECT_EQ(AfxGetResourceHandle(), language);
 }
 
-TEST_F(PC3ResourceSentryTest, RestoresTheHandleOfBeforeALanguageSwitchToo)
+TEST_F(PC3ResourceSentryTest, restoresHandleOfBeforeLanguageSwitchToo)
 {
     // The host's handle comes back even though the module's library is another one by now.
     {
@@ -84,7 +84,7 @@ TEST_F(PC3ResourceSentryTest, RestoresTheHandleOfBeforeALanguageSwitchToo)
     EXPECT_EQ(AfxGetResourceHandle(), hosts);
 }
 
-TEST_F(PC3ResourceSentryTest, ACopyKnowsTheSameHandleAndChangesNothingWhenMade)
+TEST_F(PC3ResourceSentryTest, copyKnowsTheSameHandle)
 {
     auto copy = std::unique_ptr<PC3ResourceSentry>();
     {
@@ -98,7 +98,7 @@ TEST_F(PC3ResourceSentryTest, ACopyKnowsTheSameHandleAndChangesNothingWhenMade)
     EXPECT_EQ(AfxGetResourceHandle(), hosts);
 }
 
-TEST_F(PC3ResourceSentryTest, AssignmentTakesTheOthersHandle)
+TEST_F(PC3ResourceSentryTest, assignmentTakesTheOthersHandle)
 {
     {
         PC3ResourceSentry target;
@@ -114,7 +114,7 @@ TEST_F(PC3ResourceSentryTest, AssignmentTakesTheOthersHandle)
     EXPECT_EQ(AfxGetResourceHandle(), others);
 }
 
-TEST_F(PC3ResourceSentryTest, SentriesNest)
+TEST_F(PC3ResourceSentryTest, sentriesNest)
 {
     {
         const PC3ResourceSentry outer;

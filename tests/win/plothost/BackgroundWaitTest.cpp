@@ -12,7 +12,7 @@ constexpr UINT awaited = WM_USER + 101;
 constexpr DWORD patience = 60'000; // never used up: the message comes
 } // namespace
 
-TEST(BackgroundWait, aMessageThatCameBeforeTheWaitIsTaken)
+TEST(BackgroundWait, messageThatCameBeforeWaitIsTaken)
 {
     BackgroundWait wait;
     ASSERT_NE(wait.window(), nullptr);
@@ -20,7 +20,7 @@ TEST(BackgroundWait, aMessageThatCameBeforeTheWaitIsTaken)
     EXPECT_EQ(wait.waitFor(awaited, patience), std::optional<WPARAM>(1));
 }
 
-TEST(BackgroundWait, itsFirstParameterIsTheAnswerAlsoWhenItIsZero)
+TEST(BackgroundWait, firstParameterIsTheResultEvenIfZero)
 {
     BackgroundWait wait;
     ASSERT_TRUE(::PostMessageW(wait.window(), awaited, 0, 7));
@@ -50,7 +50,7 @@ TEST(BackgroundWait, withoutTimeThereIsNoAnswer)
     EXPECT_EQ(wait.waitFor(awaited, 0), std::nullopt);
 }
 
-TEST(BackgroundWait, itIsGoneAtTheEndAndCanBeMadeAgain)
+TEST(BackgroundWait, itEndsAndCanBeCreatedAgain)
 {
     HWND first = nullptr;
     {

@@ -30,7 +30,7 @@ protected:
 };
 } // namespace
 
-TEST_F(CheckWindowsTest, eachAnswerBelongsToItsQuestionInWhateverOrder)
+TEST_F(CheckWindowsTest, eachAnswerBelongsToItsQuestion)
 {
     const HWND first = m_windows.open(1);
     const HWND second = m_windows.open(2);
@@ -41,7 +41,7 @@ TEST_F(CheckWindowsTest, eachAnswerBelongsToItsQuestionInWhateverOrder)
     EXPECT_EQ(m_answers, (Answers{{2, false}, {1, true}}));
 }
 
-TEST_F(CheckWindowsTest, aWindowStaysUntilItsAnswerSoThatNoLaterQuestionGetsItsNumber)
+TEST_F(CheckWindowsTest, windowStaysUntilItsAnswer)
 {
     std::set<HWND> seen;
     for (unsigned question = 1; question <= 50; ++question)
@@ -68,7 +68,7 @@ TEST_F(CheckWindowsTest, otherMessagesAreNoAnswer)
     EXPECT_TRUE(::IsWindow(window));
 }
 
-TEST_F(CheckWindowsTest, aQuestionThatWasNotAskedIsTakenBack)
+TEST_F(CheckWindowsTest, questionThatWasNotAskedIsTakenBack)
 {
     const HWND window = m_windows.open(1);
     m_windows.close(window);
@@ -77,7 +77,7 @@ TEST_F(CheckWindowsTest, aQuestionThatWasNotAskedIsTakenBack)
     m_windows.close(nullptr);
 }
 
-TEST(CheckWindows, anAnswerThatComesTooLateFindsNoWindow)
+TEST(CheckWindows, answerThatComesTooLateFindsNoWindow)
 {
     HWND window = nullptr;
     {

@@ -183,7 +183,7 @@ protected:
 };
 } // namespace
 
-TEST_F(PlotDialogTest, opensWithTheDevicesAndHasTheControlsThatTheModuleLooksFor)
+TEST_F(PlotDialogTest, opensWithDevicesAndTheModulesControls)
 {
     run({[this]
          {
@@ -251,7 +251,7 @@ TEST_F(PlotDialogTest, theAnswerOfAnEarlierChoiceIsIgnored)
          }});
 }
 
-TEST_F(PlotDialogTest, propertiesRunsTheEditorOwnedByThisDialogForDeviceAndPaper)
+TEST_F(PlotDialogTest, propertiesRunsTheEditorForThisDialog)
 {
     OdString name;
     OdString paper;
@@ -278,7 +278,7 @@ TEST_F(PlotDialogTest, propertiesRunsTheEditorOwnedByThisDialogForDeviceAndPaper
          }});
 }
 
-TEST_F(PlotDialogTest, whatTheModulesDialogSetsInTheControlsStays)
+TEST_F(PlotDialogTest, whatModulesDialogSetsInControlsStays)
 {
     m_editor = [this](GmServicesManagerInterface& values)
     {
@@ -298,7 +298,7 @@ TEST_F(PlotDialogTest, whatTheModulesDialogSetsInTheControlsStays)
          }});
 }
 
-TEST_F(PlotDialogTest, whileTheEditorIsOpenTheDialogNeitherClosesNorChanges)
+TEST_F(PlotDialogTest, openEditorBlocksTheDialog)
 {
     m_editor = [this](GmServicesManagerInterface& values)
     {
@@ -319,7 +319,7 @@ TEST_F(PlotDialogTest, whileTheEditorIsOpenTheDialogNeitherClosesNorChanges)
          }});
 }
 
-TEST_F(PlotDialogTest, anEditorThatDoesNotOpenIsExplainedInABox)
+TEST_F(PlotDialogTest, failedEditorIsExplainedInABox)
 {
     std::wstring caption;
     std::vector<std::wstring> texts;
@@ -373,7 +373,7 @@ TEST_F(PlotDialogTest, escapeClosesItAndReturnOpensTheEditor)
     EXPECT_EQ(edited, 1);
 }
 
-TEST_F(PlotDialogTest, theFocusBeginsAtTheDevicesAndIsBackAfterTheEditor)
+TEST_F(PlotDialogTest, focusReturnsAfterTheEditor)
 {
     m_editor = [](GmServicesManagerInterface& values) { leave(values, OD_T("A3")); };
     run({[this] { EXPECT_EQ(::GetFocus(), item(IDC_PLOT_DEVICE)); },
@@ -385,7 +385,7 @@ TEST_F(PlotDialogTest, theFocusBeginsAtTheDevicesAndIsBackAfterTheEditor)
          }});
 }
 
-TEST_F(PlotDialogTest, accessKeysAreUniqueAndStandRightBeforeTheirControls)
+TEST_F(PlotDialogTest, accessKeysAreUniqueAndBeforeTheirControls)
 {
     run({[this]
          {
@@ -431,7 +431,7 @@ TEST_F(PlotDialogTest, noTextIsClipped)
          }});
 }
 
-TEST_F(PlotDialogTest, whatAHandlerThrowsEndsItAndIsThrownOn)
+TEST_F(PlotDialogTest, throwInAHandlerEndsTheDialog)
 {
     PlotSurroundings around = surroundings();
     around.papers = [](const OdString&) -> std::vector<DriverPaper> { throw std::runtime_error("no memory"); };
@@ -448,7 +448,7 @@ TEST_F(PlotDialogTest, whatAHandlerThrowsEndsItAndIsThrownOn)
     EXPECT_THROW(static_cast<void>(atOnce.run(::GetModuleHandleW(nullptr), error)), std::runtime_error);
 }
 
-TEST_F(PlotDialogTest, aDialogThatTheSystemRefusesIsToldWithItsError)
+TEST_F(PlotDialogTest, refusedDialogIsReportedWithItsError)
 {
     PlotDialog dialog(surroundings());
     DWORD error = 0;
@@ -457,7 +457,7 @@ TEST_F(PlotDialogTest, aDialogThatTheSystemRefusesIsToldWithItsError)
     EXPECT_NE(error, static_cast<DWORD>(ERROR_SUCCESS));
 }
 
-TEST_F(PlotDialogTest, nothingStaysBehindAlsoWithAnswersStillToCome)
+TEST_F(PlotDialogTest, pendingAnswersLeaveNothingBehind)
 {
     run({});
     const int before = windowsOfThread();

@@ -55,7 +55,7 @@ protected:
 INSTANTIATE_TEST_SUITE_P(All, ControlStyles, ::testing::ValuesIn(languageTags));
 
 // The index of an entry is what the code keeps, so no list may order its entries itself.
-TEST_P(ControlStyles, ListsAreUnsorted)
+TEST_P(ControlStyles, listsAreUnsorted)
 {
     expectStyle(IDD_GENERAL, IDC_PRINTERS, L"ComboBox", CBS_SORT | CBS_DROPDOWNLIST, CBS_DROPDOWNLIST);
     expectStyle(IDD_COLLATING, IDC_COLLATING, L"ComboBox", CBS_SORT | CBS_DROPDOWNLIST, CBS_DROPDOWNLIST);
@@ -63,13 +63,13 @@ TEST_P(ControlStyles, ListsAreUnsorted)
     expectStyle(IDD_VIRTUAL_PRINTER, IDC_QUALITY, L"ComboBox", CBS_SORT | CBS_DROPDOWNLIST, CBS_DROPDOWNLIST);
 }
 
-TEST_P(ControlStyles, DescriptionHasLinesAndScrollsInsteadOfWrapping)
+TEST_P(ControlStyles, descriptionHasLinesAndScrollsInsteadOfWrapping)
 {
     expectStyles(IDD_GENERAL, {IDC_DESCRIPTION}, L"Edit",
                  ES_MULTILINE | ES_WANTRETURN | ES_AUTOVSCROLL | ES_AUTOHSCROLL | WS_TABSTOP);
 }
 
-TEST_P(ControlStyles, NamesAreShownAsTheyAre)
+TEST_P(ControlStyles, namesAreShownAsTheyAre)
 {
     expectStyles(IDD_GENERAL, {IDC_FILE_NAME, IDC_DRIVER, IDC_DRIVER_FILE, IDC_VERSION, IDC_PORT}, L"Static",
                  SS_NOPREFIX | SS_PATHELLIPSIS | SS_NOTIFY);
@@ -77,19 +77,19 @@ TEST_P(ControlStyles, NamesAreShownAsTheyAre)
     expectStyle(IDD_CHANGE_CFG, IDC_EXTENSION_NOTE, L"Static", SS_NOPREFIX, SS_NOPREFIX);
 }
 
-TEST_P(ControlStyles, TreeShowsItsSelectionAlways)
+TEST_P(ControlStyles, treeShowsItsSelectionAlways)
 {
     expectStyles(IDD_DEVICE, {IDC_TREE}, WC_TREEVIEWW,
                  TVS_SHOWSELALWAYS | TVS_HASBUTTONS | TVS_LINESATROOT | WS_TABSTOP);
 }
 
 // Only its place matters: behind a page it must not be seen.
-TEST_P(ControlStyles, FrameOfThePagesIsInvisible)
+TEST_P(ControlStyles, frameOfThePagesIsInvisible)
 {
     expectStyle(IDD_DEVICE, IDC_PAGE_FRAME, L"Static", WS_VISIBLE, 0);
 }
 
-TEST_P(ControlStyles, TabKeyGoesFromTheTreeOverThePageToTheButtons)
+TEST_P(ControlStyles, tabKeyVisitsTreePageAndButtons)
 {
     const OpenedDialog dialog(m_library.get(), IDD_DEVICE);
     const std::vector<HWND> controls = dialog.controls();
@@ -99,13 +99,13 @@ TEST_P(ControlStyles, TabKeyGoesFromTheTreeOverThePageToTheButtons)
     EXPECT_LT(at(IDC_SAVE_AS), at(IDC_DEFAULTS));
 }
 
-TEST_P(ControlStyles, SlidersHaveTicks)
+TEST_P(ControlStyles, slidersHaveTicks)
 {
     expectStyles(IDD_RASTER_GRAPHICS, {IDC_ISM_MAX, IDC_OLE_MAX, IDC_PREFERENCE}, TRACKBAR_CLASSW,
                  TBS_AUTOTICKS | WS_TABSTOP);
 }
 
-TEST_P(ControlStyles, RadioButtonsComeInPairs)
+TEST_P(ControlStyles, radioButtonsComeInPairs)
 {
     expectGroup(IDD_VECTOR_GRAPHICS, IDC_MONOCHROME, IDC_COLOR);
     expectGroup(IDD_TRUETYPE, IDC_TRUETYPE_AS_TEXT, IDC_TRUETYPE_AS_GRAPHICS);
@@ -114,7 +114,7 @@ TEST_P(ControlStyles, RadioButtonsComeInPairs)
     expectGroup(IDD_VIRTUAL_PRINTER, IDC_MILLIMETRES, IDC_INCHES);
 }
 
-TEST_P(ControlStyles, ValuesOfTheVectorPageTakeAText)
+TEST_P(ControlStyles, valuesOfTheVectorPageTakeAText)
 {
     expectStyles(IDD_VECTOR_GRAPHICS, {IDC_COLOR_DEPTH, IDC_RESOLUTION, IDC_DITHERING}, L"Edit", ES_READONLY);
     for (const int label : {IDC_VECTOR_LABEL_1, IDC_VECTOR_LABEL_3, IDC_VECTOR_LABEL_4})
@@ -122,7 +122,7 @@ TEST_P(ControlStyles, ValuesOfTheVectorPageTakeAText)
 }
 
 // What a person can reach says what it is: a list, an edit, a tree or a slider has its label right before it.
-TEST_P(ControlStyles, EveryInputHasItsLabelBeforeIt)
+TEST_P(ControlStyles, everyInputHasItsLabelBeforeIt)
 {
     for (const UINT id : {IDD_GENERAL, IDD_DEVICE, IDD_VECTOR_GRAPHICS, IDD_RASTER_GRAPHICS, IDD_COLLATING,
                           IDD_CHANGE_CFG, IDD_VIRTUAL_PRINTER})
@@ -142,7 +142,7 @@ TEST_P(ControlStyles, EveryInputHasItsLabelBeforeIt)
 }
 
 // A picture with alpha would make the control keep a copy of its own, which nobody frees.
-TEST_P(ControlStyles, OrientationPicturesHaveNoAlphaAndFit)
+TEST_P(ControlStyles, orientationPicturesHaveNoAlphaAndFit)
 {
     const OpenedDialog dialog(m_library.get(), IDD_VIRTUAL_PRINTER);
     for (const auto& [bitmapId, controlId] :
@@ -161,7 +161,7 @@ TEST_P(ControlStyles, OrientationPicturesHaveNoAlphaAndFit)
     }
 }
 
-TEST_P(ControlStyles, IconsLoadAtEverySizeAskedFor)
+TEST_P(ControlStyles, iconsLoadAtEverySizeAskedFor)
 {
     for (const int id : {IDI_SYSTEM_PRINTER, IDI_MEDIA, IDI_CUSTOM_PROP, IDI_GRAPHICS, IDI_FILE_PRINTER,
                          IDI_SOURCE_SIZE, IDI_MEDIA_DEST, IDI_CHECKED, IDI_VECTOR_GRAPHICS, IDI_RASTER_GRAPHICS,

@@ -136,7 +136,7 @@ INSTANTIATE_TEST_SUITE_P(All, DialogLayout,
                          { return parameterName(std::get<0>(param.param), std::get<1>(param.param)); });
 
 // Else a scale that the desktop does not have would count as measured.
-TEST(DesktopScale, IsTheOneAskedFor)
+TEST(DesktopScale, isTheOneAskedFor)
 {
     const char* const asked = std::getenv("GARM_TEST_DPI");
     const HDC screen = ::GetDC(nullptr);
@@ -144,7 +144,7 @@ TEST(DesktopScale, IsTheOneAskedFor)
     ::ReleaseDC(nullptr, screen);
 }
 
-TEST_P(DialogLayout, NoTextIsClipped)
+TEST_P(DialogLayout, noTextIsClipped)
 {
     for (const HWND control : m_dialog.controls())
         if (kindOf(control) != Kind::picture && kindOf(control) != Kind::other && !textOf(control).empty())
@@ -152,7 +152,7 @@ TEST_P(DialogLayout, NoTextIsClipped)
 }
 
 // A list that is dropped down counts with its closed height.
-TEST_P(DialogLayout, ControlsLieInsideTheDialogAndApart)
+TEST_P(DialogLayout, controlsLieInsideTheDialogAndApart)
 {
     const SIZE size = clientSize(m_dialog.window());
     const RECT whole = {0, 0, size.cx, size.cy};
@@ -172,7 +172,7 @@ TEST_P(DialogLayout, ControlsLieInsideTheDialogAndApart)
     }
 }
 
-TEST_P(DialogLayout, MarginsAreSevenUnits)
+TEST_P(DialogLayout, marginsAreSevenUnits)
 {
     if (isAmong(pages))
     {
@@ -199,7 +199,7 @@ TEST_P(DialogLayout, MarginsAreSevenUnits)
     EXPECT_NEAR(size.cy - used.bottom, margin.cy, 1);
 }
 
-TEST_P(DialogLayout, HasTheFontOfTheSystemsDialogs)
+TEST_P(DialogLayout, hasTheFontOfTheSystemsDialogs)
 {
     for (const HWND control : m_dialog.controls())
     {
@@ -213,7 +213,7 @@ TEST_P(DialogLayout, HasTheFontOfTheSystemsDialogs)
     EXPECT_TRUE((styleOf(m_dialog.window()) & DS_SHELLFONT) == DS_SHELLFONT);
 }
 
-TEST_P(DialogLayout, FitsWhereItBelongs)
+TEST_P(DialogLayout, fitsWhereItBelongs)
 {
     const LONG style = styleOf(m_dialog.window());
     const LONG exStyle = ::GetWindowLongW(m_dialog.window(), GWL_EXSTYLE);

@@ -18,7 +18,7 @@ class LanguageLibrary : public ::testing::TestWithParam<const wchar_t*>
 
 INSTANTIATE_TEST_SUITE_P(Languages, LanguageLibrary, ::testing::ValuesIn(languageTags));
 
-TEST_P(LanguageLibrary, HoldsEveryString)
+TEST_P(LanguageLibrary, holdsEveryString)
 {
     const LibraryHandle library = loadLanguage(GetParam());
     ASSERT_TRUE(library) << "error " << ::GetLastError();
@@ -28,7 +28,7 @@ TEST_P(LanguageLibrary, HoldsEveryString)
 }
 
 // Otherwise the window library says it in English.
-TEST_P(LanguageLibrary, HoldsTheWindowLibrarysMessage)
+TEST_P(LanguageLibrary, holdsTheWindowLibrarysMessage)
 {
     static_assert(IDS_NO_NUMBER == AFX_IDP_PARSE_REAL);
     const LibraryHandle library = loadLanguage(GetParam());
@@ -39,7 +39,7 @@ TEST_P(LanguageLibrary, HoldsTheWindowLibrarysMessage)
     EXPECT_EQ(stringOf(library.get(), AFX_IDP_PARSE_REAL), messages.at(GetParam()));
 }
 
-TEST_P(LanguageLibrary, IsGoneWhenFreed)
+TEST_P(LanguageLibrary, isGoneWhenFreed)
 {
     const std::wstring path = libraryPath(GetParam());
     {
@@ -49,7 +49,7 @@ TEST_P(LanguageLibrary, IsGoneWhenFreed)
     EXPECT_EQ(::GetModuleHandleW(path.c_str()), nullptr);
 }
 
-TEST_P(LanguageLibrary, SaysWhatItIs)
+TEST_P(LanguageLibrary, saysWhatItIs)
 {
     const std::wstring path = libraryPath(GetParam());
     DWORD ignored = 0;
@@ -72,7 +72,7 @@ TEST_P(LanguageLibrary, SaysWhatItIs)
     EXPECT_STREQ(static_cast<const wchar_t*>(value), L"GarmPC3EditorRes.dll");
 }
 
-TEST(LanguageLibraryTexts, LettersBeyondAsciiArriveWhole)
+TEST(LanguageLibraryTexts, lettersBeyondAsciiArriveWhole)
 {
     const LibraryHandle german = loadLanguage(L"de");
     ASSERT_TRUE(german);

@@ -57,7 +57,7 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(All, LaterTexts, ::testing::ValuesIn(languageTags));
 
-TEST_P(LaterTexts, LinesOfTheGeneralTabFit)
+TEST_P(LaterTexts, linesOfTheGeneralTabFit)
 {
     expectFits(IDD_GENERAL, IDC_DRIVER, string(IDS_SYSTEM_DRIVER));
     expectFits(IDD_GENERAL, IDC_VERSION, string(IDS_VERSION) + L"10.20.30.40000");
@@ -66,13 +66,13 @@ TEST_P(LaterTexts, LinesOfTheGeneralTabFit)
     expectFits(IDD_GENERAL, IDC_PORT, string(IDS_PORT) + std::wstring(40, L'W'));
 }
 
-TEST_P(LaterTexts, LeadingTextsEndInABlank)
+TEST_P(LaterTexts, leadingTextsEndInABlank)
 {
     EXPECT_EQ(string(IDS_VERSION).back(), L' ');
     EXPECT_EQ(string(IDS_PORT).back(), L' ');
 }
 
-TEST_P(LaterTexts, ListEntriesFit)
+TEST_P(LaterTexts, listEntriesFit)
 {
     expectFitsList(IDD_COLLATING, IDC_COLLATING, IDS_COLLATING_OFF);
     expectFitsList(IDD_COLLATING, IDC_COLLATING, IDS_COLLATING_ON);
@@ -80,7 +80,7 @@ TEST_P(LaterTexts, ListEntriesFit)
         expectFitsList(IDD_VIRTUAL_PRINTER, IDC_QUALITY, id);
 }
 
-TEST_P(LaterTexts, ValuesOfTheVectorPageFit)
+TEST_P(LaterTexts, valuesOfTheVectorPageFit)
 {
     constexpr int inside = 8; // border and margins of an edit
     expectFits(IDD_VECTOR_GRAPHICS, IDC_COLOR_DEPTH, formatted(IDS_COLORS_AND_DEPTH, 16777216, 24), inside);
@@ -88,7 +88,7 @@ TEST_P(LaterTexts, ValuesOfTheVectorPageFit)
     expectFits(IDD_VECTOR_GRAPHICS, IDC_DITHERING, L"Grayscale error diffusion", inside);
 }
 
-TEST_P(LaterTexts, NumbersAndNotesFit)
+TEST_P(LaterTexts, numbersAndNotesFit)
 {
     expectFits(IDD_CHANGE_CFG, IDC_EXTENSION_NOTE, string(IDS_EXTENSION_ADDED));
     expectFits(IDD_GENERAL, IDC_DESCRIPTION_NOTE, string(IDS_DESCRIPTION_CUT));
@@ -101,7 +101,7 @@ TEST_P(LaterTexts, NumbersAndNotesFit)
 }
 
 // The tabs' own titles stand in one row above the page.
-TEST_P(LaterTexts, TabTitlesFitInOneRow)
+TEST_P(LaterTexts, tabTitlesFitInOneRow)
 {
     const OpenedDialog dialog(m_library.get(), IDD_GENERAL);
     const HWND font = dialog.control(IDC_DRIVER);
@@ -113,7 +113,7 @@ TEST_P(LaterTexts, TabTitlesFitInOneRow)
 }
 
 // A title bar has a symbol, a close button and the window's width.
-TEST_P(LaterTexts, TitlesOfTheDialogsFit)
+TEST_P(LaterTexts, titlesOfTheDialogsFit)
 {
     const OpenedDialog dialog(m_library.get(), IDD_CHANGE_CFG);
     NONCLIENTMETRICSW metrics = {};
@@ -160,7 +160,7 @@ std::vector<BYTE> pictureOf(HWND control, const std::wstring& text)
 }
 
 // Letters that the font does not have would all be drawn, and measured, as the same empty box.
-TEST(JapaneseTexts, AreMeasuredWithLettersThatThereAre)
+TEST(JapaneseTexts, areMeasuredWithLettersThatThereAre)
 {
     const LibraryHandle library = loadLanguage(L"ja");
     ASSERT_TRUE(library);
