@@ -15,24 +15,9 @@ constexpr int boxTextControl = 0xFFFF;
 constexpr LPARAM previousState = LPARAM{1} << 30;
 constexpr LPARAM released = (LPARAM{1} << 31) | previousState;
 
-std::wstring classNameOf(HWND window)
-{
-    wchar_t name[64] = {};
-    ::GetClassNameW(window, name, 64);
-    return name;
-}
-
-std::wstring windowText(HWND window)
-{
-    std::wstring text(static_cast<std::size_t>(::SendMessageW(window, WM_GETTEXTLENGTH, 0, 0)) + 1, L'\0');
-    text.resize(static_cast<std::size_t>(
-        ::SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
-    return text;
-}
-
 bool isUsableDialog(HWND window)
 {
-    return ::IsWindowVisible(window) && ::IsWindowEnabled(window) && classNameOf(window) == L"#32770";
+    return ::IsWindowVisible(window) && ::IsWindowEnabled(window) && classOf(window) == L"#32770";
 }
 
 HWND usableDialogOf(DWORD thread, HWND other)
@@ -222,7 +207,7 @@ std::wstring Hands::boxText() const
 
 int Hands::valueOf(HWND window)
 {
-    const std::wstring kind = classNameOf(window);
+    const std::wstring kind = classOf(window);
     if (::lstrcmpiW(kind.c_str(), L"ComboBox") == 0)
         return comboPosition(window);
     if (kind == TRACKBAR_CLASSW)

@@ -8,7 +8,7 @@ namespace editordriver
 {
 namespace
 {
-const wchar_t* const hostClass = L"EditorDriverHost";
+const wchar_t* const className = L"EditorDriverHost";
 // The last one is the name by which the editor knows a size that the user types; it is the same in every language.
 const wchar_t* const papers[] = {L"ISO A4", L"ISO A3", L"Custom"};
 
@@ -25,10 +25,10 @@ HostWindow::HostWindow()
     windowClass.lpfnWndProc = &::DefWindowProcW;
     windowClass.hInstance = ::GetModuleHandleW(nullptr);
     windowClass.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(COLOR_BTNFACE + 1));
-    windowClass.lpszClassName = hostClass;
+    windowClass.lpszClassName = className;
     ::RegisterClassW(&windowClass);
-    m_window = ::CreateWindowExW(0, hostClass, L"Plot", WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_VISIBLE, 20, 20, 240,
-                                 180, nullptr, nullptr, windowClass.hInstance, nullptr);
+    m_window = WindowHandle(::CreateWindowExW(0, className, L"Plot", WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_VISIBLE,
+                                              20, 20, 240, 180, nullptr, nullptr, windowClass.hInstance, nullptr));
     if (!m_window)
         throw std::runtime_error("the system gives no window");
     const HWND list = addControl(handle(), L"COMBOBOX", L"", CBS_DROPDOWNLIST, IDC_HOST_PAPER, 10);

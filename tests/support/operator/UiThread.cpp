@@ -16,7 +16,6 @@ constexpr UINT doNowMessage = WM_APP;
 constexpr UINT startMessage = WM_APP + 1;
 constexpr UINT markMessage = WM_APP + 2;
 constexpr auto longestWait = std::chrono::seconds(30);
-const wchar_t* const threadClass = L"EditorDriverThread";
 
 struct Work
 {
@@ -27,14 +26,7 @@ struct Work
 
 UiThread::UiThread() : m_id(::GetCurrentThreadId())
 {
-    WNDCLASSW windowClass = {};
-    windowClass.lpfnWndProc = &UiThread::procedure;
-    windowClass.hInstance = ::GetModuleHandleW(nullptr);
-    windowClass.lpszClassName = threadClass;
-    ::RegisterClassW(&windowClass);
-    m_window =
-        ::CreateWindowExW(0, threadClass, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, windowClass.hInstance, nullptr);
-    if (!m_window)
+    if (!m_window.handle())
         throw std::runtime_error("the system gives no window");
 }
 
