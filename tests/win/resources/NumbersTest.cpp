@@ -211,7 +211,7 @@ protected:
     Numbers() : m_library(loadLanguage(GetParam())) {}
     void SetUp() override { ASSERT_TRUE(m_library); }
 
-    Library m_library;
+    LibraryHandle m_library;
 };
 
 INSTANTIATE_TEST_SUITE_P(Languages, Numbers, ::testing::ValuesIn(languageTags));
@@ -270,7 +270,7 @@ TEST_P(Numbers, ofTheBitmaps)
 
 TEST(EnglishStrings, standUnderTheirNumbers)
 {
-    const Library english = loadLanguage(L"en");
+    const LibraryHandle english = loadLanguage(L"en");
     ASSERT_TRUE(english);
     for (const auto& [id, text] : englishStrings)
         EXPECT_EQ(stringOf(english.get(), id), text) << id;
