@@ -5,7 +5,7 @@
 #include "GarmPC3Editor/ThisModule.h"
 #include "kernel/OdRxWin32Module.h"
 
-// How the two routines end is nobody's business here: a host without our commands goes on without them.
+// The results of the two routines do not matter here: a host that did not get our commands goes on without them.
 void GarmPC3EditorModule::initApp()
 {
     registerCommands();

@@ -6,7 +6,7 @@
 // What a background check posts: wParam 1 when a printer was determined and 0 otherwise, lParam 0.
 inline constexpr UINT printerCheckedMessage = WM_USER + 101;
 
-// Determines the printer behind a device name (not empty) on a thread of its own and posts printerCheckedMessage to the
+// Determines the printer of a device name (not empty) on a thread of its own and posts printerCheckedMessage to the
 // window: exactly once for each call, whatever goes wrong, also when the thread cannot be started or memory runs out.
 // Returns at once. The check has its own copy of the name; nothing cancels it, and checks may end in any order.
 void startBackgroundCheck(const OdString& deviceName, HWND window) noexcept;

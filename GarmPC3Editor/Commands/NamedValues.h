@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-// What a command answers, in the order in which it is written, each kind under its restype. A name may come twice.
+// What a command returns, in the order in which it is written, each kind under its restype. A name may come twice.
 class NamedResults
 {
 public:

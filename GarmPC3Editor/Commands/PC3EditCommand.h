@@ -9,7 +9,7 @@
 //        "paperName"          string: the paper to select in a file's configuration
 //   out  "fileName"           string: the saved file's name with extension; without a save see editAndSave
 //        "paperName"          string
-//        "result"             16-bit integer: the driver type, over the bool that tells whether a file was written
+//        "result"             16-bit integer: the driver type, over the bool that says whether a file was written
 //        "canonicalModelName" string
 //
 // The results are written whenever the editor was shown, in this order, and also when the user cancelled. What keeps

@@ -19,7 +19,7 @@ public:
 
     OdInt32 flags() const override { return 0; }
 
-    // Commands of the module stand under this group and are removed with it.
+    // The module's commands are in this group and are removed with it.
     static const OdChar* const cGroupName;
 
 protected:

@@ -2,7 +2,7 @@
 
 #include "GarmPC3Editor/Commands/PC3EditorCommand.h"
 
-// "_PC3GETDEVMODE": tells the host which Windows printer stands behind a plot device, and what its configuration
+// "_PC3GETDEVMODE": returns to the host which Windows printer a plot device uses, and what its configuration
 // implies. Arguments and results are named values:
 //
 //   in   "deviceName"         string, required: a configuration's file name (ends in ".pc3") or a Windows printer

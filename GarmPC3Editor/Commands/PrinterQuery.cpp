@@ -66,7 +66,7 @@ PrinterAnswer determine(const OdString& deviceName)
 
 bool queryPrinter(const OdString& deviceName, PrinterAnswer& answer) noexcept
 {
-    // A driver or port monitor may throw, and memory may run out: there is no printer to be had then.
+    // A driver or port monitor may throw, and memory may run out: no printer is available then.
     answer = answerOnThrow(PrinterAnswer(), [&deviceName] { return determine(deviceName); });
     return !answer.printerName.isEmpty();
 }

@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-// What stands behind a plot device.
+// The printer of a plot device.
 struct PrinterAnswer
 {
     OdString printerName;           // empty when no printer could be determined
@@ -15,11 +15,10 @@ struct PrinterAnswer
     OdString canonicalModelName;
 };
 
-// Determines the printer behind a device name: that of a configuration for a name that ends in ".pc3", otherwise the
-// Windows printer of that name, if it opens. True when answer holds a printer name. Whatever the answer held before is
-// gone; when the configuration was read and names no printer, the rest of the answer is still that of the
-// configuration.
+// Determines the printer of a device name: that of a configuration for a name that ends in ".pc3", otherwise the
+// Windows printer of that name, if it opens. True when answer holds a printer name. The previous contents of answer are
+// dropped; when the configuration was read and names no printer, its other values are still in answer.
 //
-// Uses no object of the host but its search path, so any thread may ask. What goes wrong on the way, an exception of a
-// driver included, is the answer false.
+// Uses no object of the host but its search path, so any thread may call it. False for any failure on the way, an
+// exception of a driver included.
 bool queryPrinter(const OdString& deviceName, PrinterAnswer& answer) noexcept;

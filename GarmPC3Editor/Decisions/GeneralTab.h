@@ -16,15 +16,15 @@ OdString driverFile(const GmMetaNode& meta);
 
 OdString versionLine(const GmMetaNode& meta, const GmTexts& texts);
 
-// Where plots go: the autospool folder, else a file, else the port of the Windows printer if it tells one. Asks the
+// Where plots go: the autospool folder, else a file, else the port of the Windows printer if it reports one. Asks the
 // spooler for the port; what a driver throws goes through.
 OdString portLine(const GmPlotCfg3& cfg, const GmTexts& texts);
 
-// The list entry that stands for a printer which is not installed.
+// The list entry for a printer that is not installed.
 OdString notInstalledEntry(const OdString& printerName, const GmTexts& texts);
 
 // The installed printers in the spooler's order, in two passes: local printers, then connected, shared and network
-// ones. A pass that the spooler refuses, or that throws, adds nothing. Wine tells names at information level 5 only;
+// ones. A pass that the spooler refuses, or that throws, adds nothing. Wine reports names at information level 5 only;
 // elsewhere level 1 is the one that names printers the way users know them. underWine is asked in each pass.
 std::vector<OdString> printerNames(const std::function<bool()>& underWine);
 

@@ -3,7 +3,7 @@
 #include "GarmPC3Editor/GmPlotCfg3.h"
 
 // What the property pages read from a configuration and write back. A page reads once, when it is made, and holds the
-// values; each store function answers whether a stored value really changed.
+// values; each store function returns whether a stored value really changed.
 
 // 1 collates, 0 does not; 0 too when the configuration has no destination.
 int collatingChoice(const GmPlotCfg3& cfg) noexcept;

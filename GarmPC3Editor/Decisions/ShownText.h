@@ -6,7 +6,7 @@
 //
 // A control ends a text at its first NUL, and one that is given millions of characters takes minutes and a gigabyte. So
 // no text of a configuration is handed to a control as it is: what cannot be shown becomes a visible sign, and what
-// nobody could read is cut off and replaced by "...", as one character. What is stored stays whole.
+// is too long to read is cut off and replaced by "...", as one character. What is stored stays whole.
 
 // All in UTF-16 units, the sign of the cut included.
 inline constexpr int longestShownLine = 1000;

@@ -74,7 +74,7 @@ OdString fullPrinterName(const OdString& name)
                             [&matches](const InstalledPrinter& printer)
                             { return printer.name && matches(OdStringView(*printer.name)); });
     };
-    // All printers are tried for the exact name first: one that merely contains it may stand before it.
+    // All printers are tried for the exact name first: one that merely contains it may come before it.
     auto found = find([&name](OdStringView candidate) { return candidate == name.view(); });
     if (found == printers.end())
         found = find([&name](OdStringView candidate) { return candidate.find(name.view()) != candidate.npos; });

@@ -11,7 +11,7 @@
 // and writes into it.
 
 // The names under which the product family's own printers are installed: what the reseller data store says, else the
-// defaults. 0 when the store had the name, 1 when the default stands.
+// defaults. 0 when the store had the name, 1 when it is the default.
 int pdfPrinterName(OdString& name);
 int jpgPrinterName(OdString& name);
 
@@ -53,13 +53,14 @@ struct GmVirtualPrinterChoice
 {
     int qualityIndex = 0;
     std::optional<bool> landscape = {}; // none when the host's dialog has no such choice: then it is not written
-    // Tells the code of the chosen paper; asked while the device mode holds what stands above. None for a custom size.
+    // Returns the code of the chosen paper; called when quality and orientation are in the device mode. None for a
+    // custom size.
     std::function<short(const DEVMODEW& dm)> paperCode = {};
     double width = 0.0; // custom size in the unit
     double length = 0.0;
     bool inches = false;
 };
 
-// Writes the choice into a device mode; dmFields then holds only what was written here. A field that does not lie whole
-// within dmSize is not written: behind a short public part come the driver's own bytes.
+// Writes the choice into a device mode; dmFields then holds only what was written here. A field that is not wholly
+// within dmSize is not written: after a short public part come the driver's own bytes.
 void applyVirtualPrinterChoice(const GmVirtualPrinterChoice& choice, DEVMODEW& dm);

@@ -40,7 +40,7 @@ CString entryText(HWND list, int index)
     return text.Left(longest);
 }
 
-// As a picture of 24 bits: of one with an alpha channel the control would keep a copy that nobody deletes.
+// As a picture of 24 bits: of one with an alpha channel the control would keep a copy that is never deleted.
 BitmapHandle loadBitmap(UINT id)
 {
     return BitmapHandle(static_cast<HBITMAP>(
@@ -97,7 +97,7 @@ BOOL CPDFPrintDlg::OnInitDialog()
     m_unit = millimetres;
     UpdateData(FALSE);
     showLimits();
-    // Last: the base only moves the values into the controls, and they stand by now.
+    // Last: the base moves the values into the controls, and by now all of them are set.
     return CDialog::OnInitDialog();
 }
 

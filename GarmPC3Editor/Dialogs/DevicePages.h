@@ -103,7 +103,7 @@ private:
     int m_choice; // 0 overwrite, 1 merge
 };
 
-// Opens the settings of the printer's driver, or for the product family's own printers the dialog that stands in for
+// Opens the settings of the printer's driver, or for the product family's own printers the dialog that replaces
 // them. What was set goes into the configuration right away and not through the tab's commit.
 class CCustomProp : public GmDeviceSubDlg
 {

@@ -4,7 +4,7 @@
 #include "win32/windows/SystemHandles.h"
 
 // The field of the description. A dialog selects the whole text of an edit control that gets the focus, and then one
-// key replaces it: right for a name, wrong for a text of several lines that nobody asked to type anew.
+// key replaces it: right for a name, wrong for a text of several lines, which the user rarely wants to retype.
 class DescriptionEdit : public CEdit
 {
 protected:

@@ -23,7 +23,7 @@ bool GmDeviceSubDlg::createInFrame()
         return true;
     if (!Create(m_lpszTemplateName, &m_dlg))
         return false;
-    // On a tab whose ground is not that of dialogs the page would stand out as a box.
+    // On a tab whose background is not that of dialogs the page would stand out as a box.
     ::EnableThemeDialogTexture(*this, ETDT_ENABLETAB);
     activate();
     placeInFrame();
@@ -40,7 +40,7 @@ void GmDeviceSubDlg::placeInFrame() const
     RECT own = {};
     GetClientRect(&own);
     MoveWindow(frame.left - tab.left, frame.top - tab.top, own.right, own.bottom);
-    // A new child is the last for the Tab key, behind the tab's buttons; it belongs right behind the tree.
+    // A new child is the last for the Tab key, after the tab's buttons; it belongs right after the tree.
     SetWindowPos(m_dlg.frame(), 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 

@@ -8,8 +8,8 @@ class GmTabDevice;
 // The base of the pages that the device tab shows beside its tree, each for one kind of entry.
 //
 // A page reads its values when it is made and writes them into the configuration in its data exchange, which the tab
-// runs at every change. It keeps what it read: when the configuration changes behind it (reset to defaults), the page
-// shows the old value, and writes it back when it is left.
+// runs at every change. It keeps what it read: when the configuration is changed otherwise (reset to defaults), the
+// page shows the old value, and writes it back when it is left.
 class GmDeviceSubDlg : public CDialog
 {
 public:

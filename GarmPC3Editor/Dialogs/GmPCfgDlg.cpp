@@ -7,7 +7,7 @@
 #include "kernel/OdError.h"
 #include "resources/Resource.h"
 
-// The caption is replaced before anybody sees it.
+// The caption is replaced before the sheet shows.
 GmPCfgDlg::GmPCfgDlg() : CPropertySheet(L"Caption", nullptr, 0)
 {
     AddPage(&m_generalTab);
@@ -22,7 +22,7 @@ void GmPCfgDlg::setConfig(const OdSharedPtr<GmPlotCfg3>& cfg, const CString& pat
     m_cfg = cfg;
     m_path = path;
     m_initialDir = initialDir;
-    // The other flags stay: they tell about the whole life of the sheet.
+    // The other flags stay: they describe the whole life of the sheet.
     m_modified = false;
     for (GmBaseTab* tab : m_tabs)
         tab->attach(*this);

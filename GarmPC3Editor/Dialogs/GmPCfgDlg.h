@@ -30,7 +30,7 @@ public:
     // name to the present configuration, which keeps the user's edits; otherwise the new one takes its place.
     void changeCfg(GmPlotCfg3* newCfg);
 
-    // Asks where to and writes the configuration. What fails is told to the user and changes nothing.
+    // Asks where to and writes the configuration. A failure is reported to the user and changes nothing.
     void saveAs();
 
     // File name and extension; without a file the Windows printer's name.

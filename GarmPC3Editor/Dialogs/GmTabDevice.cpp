@@ -145,12 +145,12 @@ GmDeviceSubDlg* GmTabDevice::findOrCreatePage(std::int32_t type)
 
 void GmTabDevice::commit(GmDeviceSubDlg& page, HTREEITEM item)
 {
-    // A flag that is still set is a change that was not seen to. It is now.
+    // A flag that is still set is a change that was overlooked. It is handled now.
     verify(!page.bModified, "bModified == false", __LINE__);
     page.UpdateData(TRUE);
     if (!page.bModified)
         return;
-    // That page tells the sheet itself.
+    // That page informs the sheet itself.
     verify(page.eType() != eCustomProp, "dlg->eType() != eCustomProp", __LINE__);
     refreshItem(item, true, false);
     page.bModified = false;

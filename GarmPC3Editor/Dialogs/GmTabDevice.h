@@ -25,7 +25,7 @@ public:
 
     // What the pages need.
 
-    // Where pages are put: with its top left corner, and in the order of the Tab key right behind it.
+    // Where pages are put: with its top left corner, and in the order of the Tab key right after it.
     const CStatic& frame() const noexcept { return m_frame; }
 
     // Takes the selected entry's page over into the configuration. Every change of a page's control comes here.

@@ -46,7 +46,7 @@ private:
     CString m_port;
     CComboBox m_printers;
     std::int32_t m_selection = -1; // of the configuration's printer; 0 while the placeholder is shown
-    bool m_placeholder = false;    // entry 0 stands for a printer that is not installed
+    bool m_placeholder = false;    // entry 0 is a printer that is not installed
     GmPCfgDlg* m_sheet = nullptr;
 
     IconHandle m_driverIcon; // what m_icon shows
