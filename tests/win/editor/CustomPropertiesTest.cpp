@@ -127,12 +127,7 @@ TEST_F(CustomProperties, dialogThatWasCancelledWithOkChangesNothing)
     // As the drivers under Wine do: OK is the answer, and the block is as it was.
     driverChanges([](DEVMODEW&) {});
     int texts = 0;
-    const SentMessages watch(
-        [&texts](HWND, UINT message, WPARAM, LPARAM)
-        {
-            if (message == TVM_SETITEMW)
-                ++texts;
-        });
+    const SentMessages watch = countingTreeTexts(texts);
     run(
         [&texts](DeviceTabUser& tab)
         {

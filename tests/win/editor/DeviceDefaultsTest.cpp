@@ -71,12 +71,7 @@ TEST_F(DeviceDefaults, markChangedLabelsAndSaveNothing)
 TEST_F(DeviceDefaults, thatChangeNothingRefreshNothing)
 {
     int texts = 0;
-    const SentMessages watch(
-        [&texts](HWND, UINT message, WPARAM, LPARAM)
-        {
-            if (message == TVM_SETITEMW)
-                ++texts;
-        });
+    const SentMessages watch = countingTreeTexts(texts);
     run(
         [&texts](DeviceTabUser& tab)
         {

@@ -26,6 +26,16 @@ void DeviceTabTest::onSheetsThread(const DeviceTabUser& tab, const std::function
     EditorSheet::onItsThread(tab.user, tab.sheet, work);
 }
 
+SentMessages DeviceTabTest::countingTreeTexts(int& count)
+{
+    return SentMessages(
+        [&count](HWND, UINT message, WPARAM, LPARAM)
+        {
+            if (message == TVM_SETITEMW)
+                ++count;
+        });
+}
+
 GmDeviceSubDlg& DeviceTabTest::pageObject(HWND page)
 {
     return dynamic_cast<GmDeviceSubDlg&>(*CWnd::FromHandlePermanent(page));

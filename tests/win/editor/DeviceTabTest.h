@@ -2,6 +2,7 @@
 
 #include "tests/support/RecordedAsserts.h"
 #include "tests/support/operator/DeviceTabUser.h"
+#include "tests/support/operator/SentMessages.h"
 #include "tests/win/editor/EditorSheet.h"
 #include "tests/win/editor/EditorTest.h"
 
@@ -24,6 +25,8 @@ protected:
 
     // Does something on the sheet's thread.
     void onSheetsThread(const DeviceTabUser& tab, const std::function<void()>& work);
+    // Counts the labels that the tree is given, as long as the watch lives.
+    static SentMessages countingTreeTexts(int& count);
     // The object of a page's window; on the sheet's thread only.
     static GmDeviceSubDlg& pageObject(HWND page);
 

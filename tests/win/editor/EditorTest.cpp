@@ -64,6 +64,17 @@ std::wstring EditorTest::libraryText(UINT id, std::initializer_list<OdString> ar
     return formatText(GmString::loadString(id, L"", library()), arguments).c_str();
 }
 
+void EditorTest::addPlotterSettingCopies(short copies)
+{
+    room::Printer plotter = printer(L"Plotter A", L"Acme HP-GL");
+    plotter.merge = [copies](std::vector<BYTE>& block, const std::vector<BYTE>& input)
+    {
+        block = input;
+        reinterpret_cast<DEVMODEW&>(*block.data()).dmCopies = copies;
+    };
+    m_room.add(plotter);
+}
+
 OdSharedPtr<GmPlotCfg3> EditorTest::newConfiguration()
 {
     OdSharedPtr<GmPlotCfg3> cfg = GmPlotCfg3::create(L"Plotter A");

@@ -24,6 +24,8 @@ protected:
 
     // A configuration of "Plotter A", as made for it.
     static OdSharedPtr<GmPlotCfg3> newConfiguration();
+    // Adds a "Plotter A" whose driver sets that number of copies in every device mode that it merges.
+    void addPlotterSettingCopies(short copies);
     // The configuration in a file of the test's folder, null when it cannot be read.
     OdSharedPtr<GmPlotCfg3> read(const char* fileName) const;
 

@@ -40,19 +40,7 @@ protected:
         putBackFile();
     }
 
-    void addPlotter()
-    {
-        m_room.add({.name = L"Plotter A",
-                    .driver = L"Acme HP-GL",
-                    .port = L"LPT1:",
-                    .papers = {{9, L"A4"}, {8, L"A3"}},
-                    .driverExtra = 8,
-                    .merge = [](std::vector<BYTE>& block, const std::vector<BYTE>& input)
-                    {
-                        block = input;
-                        reinterpret_cast<DEVMODEW&>(*block.data()).dmCopies = 7;
-                    }});
-    }
+    void addPlotter() { addPlotterSettingCopies(7); }
 
     std::string content() const
     {

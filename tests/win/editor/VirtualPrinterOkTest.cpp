@@ -112,81 +112,61 @@ TEST_F(VirtualPrinterOk, anUnknownQualityIsWrittenAsTheFirst)
 
 TEST_F(VirtualPrinterOk, withoutASelectedQualityItIs600)
 {
-    run(
-        [](ScriptedPrintDlg& dialog)
-        {
-            dialog.select(IDC_QUALITY, -1);
-            dialog.click(IDOK);
-        });
-    ASSERT_EQ(handedToDriver().size(), 1U);
-    EXPECT_EQ(handedToDriver()[0].dmPrintQuality, 600);
+    const DEVMODEW handed = confirm([](ScriptedPrintDlg& dialog) { dialog.select(IDC_QUALITY, -1); });
+    EXPECT_EQ(handed.dmPrintQuality, 600);
 }
 
 TEST_F(VirtualPrinterOk, paperPrinterDoesNotHaveIs65535)
 {
     openHost().addPaper(L"Papyrus");
-    run(
-        [](ScriptedPrintDlg& dialog)
-        {
-            dialog.select(IDC_PAPER, 3);
-            dialog.click(IDOK);
-        });
-    ASSERT_EQ(handedToDriver().size(), 1U);
-    EXPECT_EQ(static_cast<WORD>(handedToDriver()[0].dmPaperSize), 65535);
+    const DEVMODEW handed = confirm([](ScriptedPrintDlg& dialog) { dialog.select(IDC_PAPER, 3); });
+    EXPECT_EQ(static_cast<WORD>(handed.dmPaperSize), 65535);
 }
 
 TEST_F(VirtualPrinterOk, hostWithoutControlsGetsQualityAndUnknownPaper)
 {
     openHost(HostDialog::none);
     devMode().dmOrientation = 77;
-    EXPECT_EQ(run([](ScriptedPrintDlg& dialog) { dialog.click(IDOK); }), IDOK);
-    ASSERT_EQ(handedToDriver().size(), 1U);
-    EXPECT_EQ(handedToDriver()[0].dmFields, always);
-    EXPECT_EQ(handedToDriver()[0].dmOrientation, 77);
-    EXPECT_EQ(static_cast<WORD>(handedToDriver()[0].dmPaperSize), 65535);
+    const DEVMODEW handed = confirm([](ScriptedPrintDlg&) {});
+    EXPECT_EQ(handed.dmFields, always);
+    EXPECT_EQ(handed.dmOrientation, 77);
+    EXPECT_EQ(static_cast<WORD>(handed.dmPaperSize), 65535);
 }
 
 TEST_F(VirtualPrinterOk, customNeedsTheHostsPaperList)
 {
     openHost(HostDialog::noPapers);
-    run(
+    const DEVMODEW handed = confirm(
         [](ScriptedPrintDlg& dialog)
         {
             dialog.SendDlgItemMessage(IDC_PAPER, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(L"Custom"));
             dialog.select(IDC_PAPER, 0);
-            dialog.click(IDOK);
         });
-    ASSERT_EQ(handedToDriver().size(), 1U);
-    EXPECT_EQ(handedToDriver()[0].dmFields, always | DM_ORIENTATION);
+    EXPECT_EQ(handed.dmFields, always | DM_ORIENTATION);
 }
 
 TEST_F(VirtualPrinterOk, withoutHostsPaperListNoPaperIsNamed)
 {
     openHost(HostDialog::noPapers);
-    run(
+    const DEVMODEW handed = confirm(
         [](ScriptedPrintDlg& dialog)
         {
             // One that the printer has, under the code 9.
             dialog.SendDlgItemMessage(IDC_PAPER, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(L"A4"));
             dialog.select(IDC_PAPER, 0);
-            dialog.click(IDOK);
         });
-    ASSERT_EQ(handedToDriver().size(), 1U);
-    EXPECT_EQ(static_cast<WORD>(handedToDriver()[0].dmPaperSize), 65535);
+    EXPECT_EQ(static_cast<WORD>(handed.dmPaperSize), 65535);
 }
 
 TEST_F(VirtualPrinterOk, aCustomSizeIsWrittenInTenths)
 {
     openHost().selectPaper(2);
-    run(
+    const DEVMODEW handed = confirm(
         [](ScriptedPrintDlg& dialog)
         {
             dialog.type(IDC_PAPER_WIDTH, L"210");
             dialog.type(IDC_PAPER_LENGTH, L"297.06");
-            dialog.click(IDOK);
         });
-    ASSERT_EQ(handedToDriver().size(), 1U);
-    const DEVMODEW handed = handedToDriver()[0];
     EXPECT_EQ(handed.dmFields, always | DM_ORIENTATION | DM_PAPERWIDTH | DM_PAPERLENGTH);
     EXPECT_EQ(handed.dmPaperWidth, 2100);
     EXPECT_EQ(handed.dmPaperLength, 2971);
@@ -196,17 +176,15 @@ TEST_F(VirtualPrinterOk, aCustomSizeIsWrittenInTenths)
 TEST_F(VirtualPrinterOk, aCustomSizeInInchesIsConverted)
 {
     openHost().selectPaper(2);
-    run(
+    const DEVMODEW handed = confirm(
         [](ScriptedPrintDlg& dialog)
         {
             dialog.click(IDC_INCHES);
             dialog.type(IDC_PAPER_WIDTH, L"8.27");
             dialog.type(IDC_PAPER_LENGTH, L"11");
-            dialog.click(IDOK);
         });
-    ASSERT_EQ(handedToDriver().size(), 1U);
-    EXPECT_EQ(handedToDriver()[0].dmPaperWidth, 2101);
-    EXPECT_EQ(handedToDriver()[0].dmPaperLength, 2794);
+    EXPECT_EQ(handed.dmPaperWidth, 2101);
+    EXPECT_EQ(handed.dmPaperLength, 2794);
 }
 
 TEST_F(VirtualPrinterOk, invalidLengthKeepsTheDialogOpenAndFocused)

@@ -108,16 +108,7 @@ TEST_F(VirtualPrinterPage, theAnswerOfTheDialogIsNotUsed)
     // Something the silent call changes is taken over although the dialog is cancelled.
     m_cfg->m_media.m_number_of_copies = 1;
     m_room.remove(L"Plotter A");
-    m_room.add({.name = L"Plotter A",
-                .driver = L"Acme HP-GL",
-                .port = L"LPT1:",
-                .papers = {{9, L"A4"}, {8, L"A3"}},
-                .driverExtra = 8,
-                .merge = [](std::vector<BYTE>& block, const std::vector<BYTE>& input)
-                {
-                    block = input;
-                    reinterpret_cast<DEVMODEW&>(*block.data()).dmCopies = 5;
-                }});
+    addPlotterSettingCopies(5);
     run([](DeviceTabUser& tab) { close(tab, open(tab), IDCANCEL); });
     EXPECT_EQ(m_cfg->m_media.m_number_of_copies, 5);
     EXPECT_TRUE(m_sheet.m_modified);

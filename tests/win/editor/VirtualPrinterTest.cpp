@@ -44,6 +44,19 @@ INT_PTR VirtualPrinterTest::run(const Script& script, const std::function<void(S
     return dialog.DoModal();
 }
 
+DEVMODEW VirtualPrinterTest::confirm(const Script& script)
+{
+    const auto scriptAndOk = [&script](ScriptedPrintDlg& dialog)
+    {
+        script(dialog);
+        dialog.click(IDOK);
+    };
+    EXPECT_EQ(run(scriptAndOk), IDOK);
+    const std::vector<DEVMODEW> handed = handedToDriver();
+    EXPECT_EQ(handed.size(), 1U);
+    return handed.empty() ? DEVMODEW() : handed.front();
+}
+
 std::vector<DEVMODEW> VirtualPrinterTest::handedToDriver() const
 {
     std::vector<DEVMODEW> blocks;

@@ -394,35 +394,10 @@ TEST_F(CPropertySheetTest, ownerIsActiveAfterwardsWhateverWasActiveBefore)
     owner.DestroyWindow();
 }
 
-TEST_F(CPropertySheetTest, parentlessSheetBelongsToTheTopmostWindow)
+// Shows a sheet, whose owner has to be the host.
+void expectOwnedBy(TestWnd& host, CWnd* parent)
 {
-    TestWnd host;
-    ASSERT_TRUE(host.create(nullptr, WS_OVERLAPPEDWINDOW | WS_VISIBLE));
-    for (const bool isActive : {true, false})
-    {
-        if (!isActive)
-            ::SetActiveWindow(::GetDesktopWindow());
-        ScriptedSheet sheet;
-        sheet.addStep(
-            [&](auto& s)
-            {
-                EXPECT_FALSE(host.IsWindowEnabled());
-                EXPECT_EQ(s.GetParent(), &host);
-                s.EndDialog(1);
-            });
-        EXPECT_EQ(sheet.DoModal(), 1);
-        EXPECT_TRUE(host.IsWindowEnabled());
-    }
-    host.DestroyWindow();
-}
-
-TEST_F(CPropertySheetTest, childAsParentMeansItsTopLevelWindow)
-{
-    TestWnd host;
-    ASSERT_TRUE(host.create(nullptr, WS_OVERLAPPEDWINDOW | WS_VISIBLE));
-    TestWnd child;
-    ASSERT_TRUE(child.create(&host, WS_CHILD | WS_VISIBLE));
-    ScriptedSheet sheet(&child);
+    ScriptedSheet sheet(parent);
     sheet.addStep(
         [&](auto& s)
         {
@@ -432,6 +407,26 @@ TEST_F(CPropertySheetTest, childAsParentMeansItsTopLevelWindow)
         });
     EXPECT_EQ(sheet.DoModal(), 1);
     EXPECT_TRUE(host.IsWindowEnabled());
+}
+
+TEST_F(CPropertySheetTest, parentlessSheetBelongsToTheTopmostWindow)
+{
+    TestWnd host;
+    ASSERT_TRUE(host.create(nullptr, WS_OVERLAPPEDWINDOW | WS_VISIBLE));
+    expectOwnedBy(host, nullptr);
+    // Also when the thread has no active window.
+    ::SetActiveWindow(::GetDesktopWindow());
+    expectOwnedBy(host, nullptr);
+    host.DestroyWindow();
+}
+
+TEST_F(CPropertySheetTest, childAsParentMeansItsTopLevelWindow)
+{
+    TestWnd host;
+    ASSERT_TRUE(host.create(nullptr, WS_OVERLAPPEDWINDOW | WS_VISIBLE));
+    TestWnd child;
+    ASSERT_TRUE(child.create(&host, WS_CHILD | WS_VISIBLE));
+    expectOwnedBy(host, &child);
     host.DestroyWindow();
 }
 

@@ -4,11 +4,6 @@
 
 #include <commctrl.h>
 
-namespace
-{
-constexpr UINT stepMessage = WM_APP + 300;
-}
-
 DialogTest::DialogTest() : m_library(::LoadLibraryW(L"mfc_test_dialogs.dll")), m_libraryBefore(AfxGetResourceHandle())
 {
     EXPECT_TRUE(m_library);
@@ -21,19 +16,11 @@ DialogTest::~DialogTest()
     AfxSetResourceHandle(m_libraryBefore);
 }
 
-void ScriptedDlg::addStep(Action step)
-{
-    m_steps.push_back(std::move(step));
-    if (m_hWnd && m_steps.size() == 1)
-        PostMessage(stepMessage);
-}
-
 BOOL ScriptedDlg::OnInitDialog()
 {
     ++m_inits;
     const BOOL result = CDialog::OnInitDialog();
-    if (!m_steps.empty())
-        PostMessage(stepMessage);
+    m_steps.begin(*this);
     if (m_onInit)
         m_onInit(*this);
     return result;
@@ -72,16 +59,10 @@ void ScriptedDlg::onRun()
 
 LRESULT ScriptedDlg::onStep(WPARAM, LPARAM)
 {
-    const Action step = std::move(m_steps.front());
-    m_steps.pop_front();
-    // The next one waits in the queue already: a step may run a loop of its own.
-    if (!m_steps.empty())
-        PostMessage(stepMessage);
-    step(*this);
-    return 0;
+    return m_steps.runNext(*this);
 }
 
 BEGIN_MESSAGE_MAP(ScriptedDlg, CDialog)
 ON_BN_CLICKED(IDC_RUN, &ScriptedDlg::onRun)
-ON_MESSAGE(stepMessage, &ScriptedDlg::onStep)
+ON_MESSAGE(Steps<ScriptedDlg>::message, &ScriptedDlg::onStep)
 END_MESSAGE_MAP()

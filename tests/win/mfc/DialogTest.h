@@ -1,12 +1,12 @@
 #pragma once
 
 #include "tests/win/mfc/MfcTestIds.h"
+#include "tests/win/mfc/Steps.h"
 #include "tests/win/mfc/WindowTest.h"
 #include "win32/windows/SystemHandles.h"
 
 #include "mfc/CDialog.h"
 
-#include <deque>
 #include <functional>
 
 // A test with dialogs of the tests' resource library, which is the current one meanwhile.
@@ -38,9 +38,7 @@ public:
     int m_cancels = 0;
     int m_destroyed = 0;
 
-    // All that are there when the dialog begins are in the queue one after the other, so a loop that a step runs gets
-    // the next one. A step that must come later is added when its time has come.
-    void addStep(Action step);
+    void addStep(Action step) { m_steps.add(std::move(step), *this); }
 
     BOOL DestroyWindow() override;
     using CDialog::Default;
@@ -56,5 +54,5 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
-    std::deque<Action> m_steps;
+    Steps<ScriptedDlg> m_steps;
 };

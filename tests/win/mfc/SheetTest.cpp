@@ -6,8 +6,6 @@
 
 namespace
 {
-constexpr UINT stepMessage = WM_APP + 301;
-
 void setKeyDown(int key, bool isDown)
 {
     BYTE keys[256] = {};
@@ -101,11 +99,6 @@ ScriptedSheet::ScriptedSheet(CWnd* pParent, UINT selectPage) : CPropertySheet(L"
     m_psh.dwFlags |= PSH_NOAPPLYNOW;
 }
 
-void ScriptedSheet::addStep(Action step)
-{
-    m_steps.push_back(std::move(step));
-}
-
 void ScriptedSheet::clickTab(int index)
 {
     const CWnd* tab = GetTabControl();
@@ -158,8 +151,7 @@ BOOL ScriptedSheet::OnInitDialog()
 {
     m_events.emplace_back("sheet init");
     const BOOL result = CPropertySheet::OnInitDialog();
-    if (!m_steps.empty())
-        PostMessage(stepMessage);
+    m_steps.begin(*this);
     if (m_onInit)
         m_onInit(*this);
     return result && m_initResult;
@@ -186,17 +178,11 @@ void ScriptedSheet::onTabChanged(NMHDR*, LRESULT* result)
 
 LRESULT ScriptedSheet::onStep(WPARAM, LPARAM)
 {
-    const Action step = std::move(m_steps.front());
-    m_steps.pop_front();
-    // The next one waits in the queue already: a step may run a loop of its own.
-    if (!m_steps.empty())
-        PostMessage(stepMessage);
-    step(*this);
-    return 0;
+    return m_steps.runNext(*this);
 }
 
 BEGIN_MESSAGE_MAP(ScriptedSheet, CPropertySheet)
 ON_NOTIFY(TCN_SELCHANGING, AFX_IDC_TAB_CONTROL, &ScriptedSheet::onTabChanging)
 ON_NOTIFY(TCN_SELCHANGE, AFX_IDC_TAB_CONTROL, &ScriptedSheet::onTabChanged)
-ON_MESSAGE(stepMessage, &ScriptedSheet::onStep)
+ON_MESSAGE(Steps<ScriptedSheet>::message, &ScriptedSheet::onStep)
 END_MESSAGE_MAP()

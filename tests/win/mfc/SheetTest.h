@@ -77,7 +77,7 @@ public:
     ScriptedPage m_second{"second", m_events, IDD_SECOND_PAGE};
     int m_tabAfterChange = -1; // as TCN_SELCHANGE found it
 
-    void addStep(Action step);
+    void addStep(Action step) { m_steps.add(std::move(step), *this); }
 
     // --- What a person does ---
     void clickTab(int index);
@@ -100,5 +100,5 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
-    std::deque<Action> m_steps;
+    Steps<ScriptedSheet> m_steps;
 };
