@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
-// The few functions of the system's core that portable code uses and that need no room.
+// The few system functions that portable code uses and that have nothing to do with printers.
 
 namespace
 {
@@ -25,8 +25,8 @@ extern "C" void WINAPI SetLastError(DWORD error)
     lastError = error;
 }
 
-// By code unit, with ASCII letters folded on demand: enough to compare endings of file names. The system's own order
-// of words is not imitated.
+// Compares code units and can ignore the case of ASCII letters, which is enough for file name extensions. Does not
+// reproduce the linguistic order of the system.
 extern "C" int WINAPI CompareStringW(LCID, DWORD flags, LPCWSTR a, int lengthA, LPCWSTR b, int lengthB)
 {
     if (!a || !b)

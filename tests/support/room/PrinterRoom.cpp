@@ -37,34 +37,12 @@ private:
     bool m_released = false;
 };
 
-// Everything but the lock, the condition and the counter of handles, which stays so that a handle of an earlier room
-// is never valid in a later one.
 void clear(State& s)
 {
-    s.present.clear();
-    s.gone.clear();
-    s.printers.clear();
-    s.contexts.clear();
-    s.strayCloses = 0;
-    s.networkPass = false;
-    s.handleOnFailedOpen = false;
-    s.lies.clear();
-    s.refusedFor.clear();
-    s.refused.clear();
-    s.failIn = 0;
-    s.throwIn = 0;
-    s.failed = false;
-    s.documentFailure = -1;
-    s.hooks.clear();
-    s.held.clear();
-    s.calls.clear();
-    s.posted.clear();
-    s.shown.clear();
-    s.messageBoxAnswer = IDOK;
-    s.strings.clear();
+    static_cast<Contents&>(s) = {};
 }
 
-// Runs work on the state under its lock and gives its result.
+// Runs work with the locked state and returns its result.
 template <class Work>
 decltype(auto) locked(Work work)
 {

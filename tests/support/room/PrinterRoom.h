@@ -9,14 +9,13 @@
 #include <string>
 #include <vector>
 
-// A scripted room of printers behind the spooler's, GDI's and user's functions of Win32Names.h. Natively it is the
-// operating system; a Windows test program links it in front of the import libraries. Without a PrinterRoom object it
-// is a machine on which no printer is installed.
+// A scripted room of printers behind the spooler, GDI and user functions of Win32Names.h. In native programs it is the
+// operating system; Windows test programs link it before the import libraries. Without a PrinterRoom object no printer
+// is installed.
 //
-// It is scripted like a room, not like a mock: put printers in, say which of them misbehave and how, and look
-// afterwards at what was called and what was left open. What it does by default is what a driver over CUPS does under
-// Wine. One background thread may call while the main thread does; a test that changes a printer does so while nobody
-// calls, or from a hook.
+// Script it like a room, not like a mock: add printers, say which of them misbehave and how, and afterwards check which
+// calls were made and what was left open. By default a printer behaves like a CUPS queue under Wine. A background
+// thread may call at the same time as the main thread; change a printer only while no call is running, or from a hook.
 
 namespace room
 {
@@ -41,11 +40,11 @@ enum class Call
 
 struct Paper
 {
-    int code = 0;   // cut to 16 bits when delivered
-    Text name = {}; // cut to 64 units when delivered; 64 have no terminator
+    int code = 0;   // truncated to 16 bits when delivered
+    Text name = {}; // truncated to 64 units when delivered; without a terminator if it has 64
 };
 
-// What GetDeviceCaps answers; lengths in dots.
+// The results of GetDeviceCaps; lengths in dots.
 struct DeviceCaps
 {
     int dpiX = 600;
@@ -57,55 +56,55 @@ struct DeviceCaps
     int bitsPerPixel = 32;
 };
 
-// The printer driver's answers where they are not what the printer's own data say.
+// Results of the driver that differ from the data of the printer.
 struct DriverLies
 {
-    // DocumentPropertiesW: the size query; the fill; a merge (a call with DM_IN_BUFFER). Without an answer of their own
-    // the calls succeed. An answer does not keep the call from writing.
+    // DocumentPropertiesW: the results of the size query, the fill, and a merge (a call with DM_IN_BUFFER). By default
+    // the calls succeed. They write their output whatever they return.
     std::optional<LONG> sizeAnswer = {};
     std::optional<LONG> fillAnswer = {};
     std::optional<LONG> mergeAnswer = {};
     bool fillWritesNothing = false;
-    std::size_t overrun = 0; // bytes written behind the block
+    std::size_t overrun = 0; // bytes written past the block
 
-    // DeviceCapabilitiesW: the counts, and what the fills return (they deliver everything they have all the same).
+    // DeviceCapabilitiesW: the counts, and the results of the fills (which deliver everything nevertheless).
     std::optional<int> codeCount = {};
     std::optional<int> nameCount = {};
     std::optional<int> codeFillAnswer = {};
     std::optional<int> nameFillAnswer = {};
-    std::optional<std::size_t> codesFilled = {}; // how many the fills really write
+    std::optional<std::size_t> codesFilled = {}; // how many the fills actually write
     std::optional<std::size_t> namesFilled = {};
 };
 
 struct Printer
 {
     Text name = {};
-    // Absent: a null pointer in every record.
+    // If absent, records contain a null pointer.
     std::optional<Text> driver = Text();
     std::optional<Text> port = Text();
     std::vector<Paper> papers = {};
-    std::optional<std::vector<Text>> paperNames = {}; // when the names do not go with the codes
+    std::optional<std::vector<Text>> paperNames = {}; // if the names do not match the codes
     WORD driverExtra = 8;
 
-    bool listed = true;      // EnumPrintersW knows it
-    bool connection = false; // a network connection: only in the second pass
+    bool listed = true;      // by EnumPrintersW
+    bool connection = false; // a network connection, listed only in the second pass
     bool namedInRecords = true;
-    std::optional<std::intptr_t> opensAs = {};   // OpenPrinterW succeeds with this value instead of a handle
-    std::optional<std::intptr_t> contextIs = {}; // the same for CreateDCW
+    std::optional<std::intptr_t> opensAs = {};   // OpenPrinterW returns this value as the handle
+    std::optional<std::intptr_t> contextIs = {}; // CreateDCW returns this value
 
-    // The driver's default block: a usual public part, changed by tune, and private bytes 1, 2, 3...; or rawBlock as it
-    // stands. GetPrinterW delivers it too unless hasDevMode is false.
+    // The default block of the driver: a normal public part, changed by tune, and private bytes 1, 2, 3...; or exactly
+    // rawBlock. GetPrinterW delivers it too unless hasDevMode is false.
     std::function<void(DEVMODEW&)> tune = {};
     std::optional<std::vector<BYTE>> rawBlock = {};
     bool hasDevMode = true;
 
-    // Called for a merge instead of the usual one: block is the driver's default block, input the caller's.
+    // Replaces the normal merge: block is the default block of the driver, input the caller's.
     std::function<void(std::vector<BYTE>& block, const std::vector<BYTE>& input)> merge = {};
-    // CreateDCW writes into the texts it is given, as if they were its own.
+    // CreateDCW modifies the texts it is given.
     bool scribbles = false;
 
-    // A merge becomes the driver's default block, as under Wine; what GetPrinterW delivers stays. The block that
-    // sticks.
+    // A merged block becomes the default of the driver, as under Wine; it is stored in stuckBlock. GetPrinterW still
+    // delivers the original.
     bool mergeSticks = false;
     std::optional<std::vector<BYTE>> stuckBlock = {};
 
@@ -113,35 +112,35 @@ struct Printer
     DriverLies lies = {};
 };
 
-// How the record calls (GetPrinterW, GetPrinterDriverW, EnumPrintersW) lie.
+// Wrong results of the record calls (GetPrinterW, GetPrinterDriverW, EnumPrintersW).
 struct RecordLies
 {
     bool sizeQuerySucceeds = false;
-    bool neededUnwritten = false;     // by the size query
-    std::optional<DWORD> needed = {}; // what the size query says
-    bool fillsWhatFits = false;       // a buffer that is too small is filled, and the call succeeds
-    bool unterminatedTexts = false;   // the last text runs to the end of the buffer
-    bool oddBlocks = false;           // pDevMode at an odd address; otherwise it is only 2-byte aligned, as under Wine
-    bool pointersOutside = false;     // texts and blocks point behind the buffer
-    std::size_t overrun = 0;          // bytes written behind the buffer
-    std::optional<DWORD> returned = {}; // the number of records that an enumeration says it has
+    bool neededUnwritten = false;       // the size query sets no size
+    std::optional<DWORD> needed = {};   // the size that the size query returns
+    bool fillsWhatFits = false;         // a buffer that is too small is filled as far as it goes, and the call succeeds
+    bool unterminatedTexts = false;     // the last text runs to the end of the buffer
+    bool oddBlocks = false;             // pDevMode is at an odd address, not just 2-byte aligned as under Wine
+    bool pointersOutside = false;       // pointers to texts and blocks point past the buffer
+    std::size_t overrun = 0;            // bytes written past the buffer
+    std::optional<DWORD> returned = {}; // the number of records that an enumeration reports
 };
 
-// One call as it came in.
+// One recorded call.
 struct CallRecord
 {
     Call call = {};
-    Text printer = {};     // "" when it concerns none or one that is gone; the name as given for an open
+    Text printer = {};     // "" if the call has none or it was removed; for an open the name as given
     DWORD detail = 0;      // level, mode, capability, index, flags of an enumeration, message, string ID
-    DWORD level = 0;       // of an enumeration
-    bool fill = false;     // a buffer was given
+    DWORD level = 0;       // of the enumeration
+    bool fill = false;     // with an output buffer
     bool null = false;     // OpenPrinterW without a name, DeviceCapabilitiesW without a port
     bool defaults = false; // OpenPrinterW with defaults
-    // The server of EnumPrintersW, the environment of GetPrinterDriverW, the output of CreateDCW; none for null.
+    // Server of EnumPrintersW, environment of GetPrinterDriverW, output of CreateDCW; nothing for null.
     std::optional<Text> where = {};
-    std::optional<Text> device = {}; // the name given to DocumentPropertiesW
+    std::optional<Text> device = {}; // the device name passed to DocumentPropertiesW
     Text text = {};                  // port of DeviceCapabilitiesW, driver of CreateDCW, text of a message box
-    std::vector<BYTE> devMode = {};  // the block given as input, as long as it claims to be; empty for none
+    std::vector<BYTE> devMode = {};  // the input block with the length it claims; empty for none
     HWND owner = nullptr;            // of DocumentPropertiesW
 };
 
@@ -164,54 +163,55 @@ struct ShownMessage
 
 using Hook = std::function<void(const CallRecord&)>;
 
-// A call that waits inside until it is released, for tests in which a driver hangs.
+// A call that blocks until it is released, for tests in which a driver hangs.
 class Held
 {
 public:
     virtual ~Held() = default;
-    virtual void awaitEntered() = 0; // until a call has arrived
-    virtual void release() = 0;      // lets that one and all later ones go on
+    virtual void awaitEntered() = 0; // waits until a call has arrived
+    virtual void release() = 0;      // lets this call and all later ones continue
 };
 } // namespace room
 
 class PrinterRoom
 {
 public:
-    PrinterRoom();  // an empty room
-    ~PrinterRoom(); // and empty again; held calls are released
+    PrinterRoom();  // empties the room
+    ~PrinterRoom(); // empties it again and releases held calls
     PrinterRoom(const PrinterRoom&) = delete;
     PrinterRoom& operator=(const PrinterRoom&) = delete;
 
-    // Enumeration is in the order of adding. The reference stays valid as long as the room, also after remove().
+    // Printers are enumerated in the order they were added. The reference is valid as long as the room, even after
+    // remove().
     room::Printer& add(room::Printer printer);
-    // The printer is gone: not listed, cannot be opened, and open handles of it answer with errors.
+    // The printer is no longer listed, cannot be opened, and calls with its open handles fail.
     void remove(const room::Text& name);
 
-    // The network pass (flags 0x64) works. By default it is refused with error 1004 and a needed size of 0.
+    // Allows the network pass (flags 0x64). By default it fails with error 1004 and a needed size of 0.
     void allowNetworkPass();
-    // Opens that fail write a stranger's handle nevertheless.
+    // Failing opens return a foreign handle nevertheless.
     void writeHandleOnFailedOpen();
     room::RecordLies& lies(room::Call call);
 
-    // The call always fails: for one printer, or for all.
+    // Makes the call always fail, for one printer or for all.
     void refuse(room::Call call, const room::Text& printer);
     void refuse(room::Call call);
 
-    // The n-th call of all that come from now on fails (1 is the next); 0 is none. Closing calls fail but close.
+    // Makes the n-th call from now fail (1 is the next); 0: none. Closing calls fail but still close.
     void failNth(int n);
-    // The same, but the call throws std::runtime_error, as drivers do that crash. Closing calls are not counted.
+    // Makes the call throw std::runtime_error instead, like a driver that crashes. Closing calls do not count.
     void throwNth(int n);
     bool failureReached() const;
-    // What a failing DocumentPropertiesW answers, -1 at first; nothing is written.
+    // The result of a failing DocumentPropertiesW, -1 by default; it writes nothing.
     void setDocumentFailure(LONG answer);
 
-    // Runs in the calling thread before the room answers, on every such call to that printer ("" for all). It may
-    // change the room, wait, and throw.
+    // Called in the calling thread at the start of every such call to that printer ("" for all). It may change the
+    // room, wait, and throw.
     void onCall(room::Call call, const room::Text& printer, room::Hook hook);
     void forgetHooks();
     std::shared_ptr<room::Held> hold(room::Call call, const room::Text& printer);
 
-    // What was left, and what was closed that was not open.
+    // What is still open, and how often something was closed that was not open.
     int openHandles() const;
     int openContexts() const;
     int strayCloses() const;
@@ -223,12 +223,12 @@ public:
     std::vector<room::PostedMessage> posted() const;
     void awaitPosted(std::size_t count) const;
     std::vector<room::ShownMessage> shownMessages() const;
-    void setMessageBoxAnswer(int answer); // IDOK at first
+    void setMessageBoxAnswer(int answer); // IDOK by default
 
-    // String resources; LoadStringW finds what is put in here.
+    // Adds a string resource for LoadStringW.
     void putString(HINSTANCE library, UINT id, const room::Text& text);
 
-    // Handles for tests that need one; each is a new one.
+    // New unique handles.
     HWND newWindow();
     HINSTANCE newLibrary();
 };

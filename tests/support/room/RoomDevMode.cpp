@@ -7,7 +7,7 @@ namespace room
 {
 namespace
 {
-// A name cut to its field. What follows the NUL is left as it is: drivers leave garbage there.
+// Copies a name, truncated to its field. The rest after the NUL is left unchanged, because drivers leave garbage there.
 void setField(WCHAR* field, std::size_t capacity, const Text& text)
 {
     const std::size_t length = std::min(text.size(), capacity);
@@ -55,8 +55,8 @@ DEVMODEW usualFields(const Printer& printer)
     return dm;
 }
 
-// Fields that drivers take over when they are flagged, as seen under Wine; unknown papers, media type, colour
-// management, dither and private bytes are ignored.
+// Applies the flagged fields that drivers under Wine apply; they ignore unknown papers, media type, colour management,
+// dither and private bytes.
 void takeUsual(const Printer& printer, DEVMODEW& dm, const DEVMODEW& in)
 {
     const auto take = [&](DWORD flag, short DEVMODEW::*field)

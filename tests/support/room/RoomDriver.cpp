@@ -3,14 +3,13 @@
 #include <algorithm>
 #include <cstring>
 
-// A printer's driver: its device mode and its papers.
+// The driver of a printer: its device mode and its papers.
 
 using namespace room;
 
 namespace
 {
 constexpr std::size_t nameSlot = 64;
-constexpr BYTE overrunMark = 0xEE;
 
 int deliverCodes(const Printer& printer, WCHAR* output)
 {
@@ -89,11 +88,11 @@ extern "C" int WINAPI DeviceCapabilitiesW(LPCWSTR device, LPCWSTR port, WORD cap
                                           const DEVMODEW* devMode)
 {
     const Visit visit({.call = Call::deviceCapabilities,
-                       .printer = device ? Text(device) : Text(),
+                       .printer = textOrEmpty(device),
                        .detail = capability,
                        .fill = output != nullptr,
                        .null = !port,
-                       .text = port ? Text(port) : Text(),
+                       .text = textOrEmpty(port),
                        .devMode = bytesOf(devMode)});
     const Printer* const found = device ? state().find(device) : nullptr;
     if (visit.mustFail() || !found)

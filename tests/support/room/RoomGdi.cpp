@@ -46,10 +46,10 @@ int capability(const DeviceCaps& caps, int index)
 extern "C" HDC WINAPI CreateDCW(LPCWSTR driver, LPCWSTR device, LPCWSTR output, const DEVMODEW* devMode)
 {
     const Visit visit({.call = Call::createDC,
-                       .printer = device ? Text(device) : Text(),
+                       .printer = textOrEmpty(device),
                        .null = !driver,
                        .where = textOf(output),
-                       .text = driver ? Text(driver) : Text(),
+                       .text = textOrEmpty(driver),
                        .devMode = bytesOf(devMode)});
     State& s = state();
     const Printer* const found = device ? s.find(device) : nullptr;
@@ -80,7 +80,7 @@ extern "C" int WINAPI GetDeviceCaps(HDC dc, int index)
 
 extern "C" BOOL WINAPI DeleteDC(HDC dc)
 {
-    // As for ClosePrinter: deleted whatever comes of the call.
+    // As in ClosePrinter, deleted whatever the result of the call.
     OpenedContext closed;
     bool wasOpen = false;
     {

@@ -1,14 +1,11 @@
 #include "tests/support/room/RoomRecords.h"
 
+#include "tests/support/room/RoomState.h"
+
 #include <algorithm>
 
 namespace room
 {
-namespace
-{
-constexpr BYTE overrunMark = 0xEE;
-}
-
 RecordImage::RecordImage(std::size_t count, std::size_t recordSize, const RecordLies& lies)
     : m_bytes(count * recordSize), m_recordSize(recordSize), m_lies(lies)
 {
@@ -45,7 +42,7 @@ BOOL RecordImage::deliver(BYTE* buffer, DWORD size, DWORD* needed) const
     if (query && m_lies.sizeQuerySucceeds)
         return TRUE;
     if (whole == 0)
-        return TRUE; // nothing to deliver: the system calls that a success, too
+        return TRUE; // nothing to deliver, which the system treats as success too
     if (query || (size < whole && !m_lies.fillsWhatFits))
     {
         ::SetLastError(ERROR_INSUFFICIENT_BUFFER);

@@ -4,7 +4,7 @@
 
 #include <cstring>
 
-// Builds what the spooler delivers: records in front, the texts and blocks they point to behind them.
+// Builds the output of the spooler: records, followed by the texts and blocks they point to.
 namespace room
 {
 class RecordImage
@@ -17,18 +17,18 @@ public:
     {
         std::memcpy(m_bytes.data() + record * m_recordSize + offset, &value, sizeof value);
     }
-    // Absent: a null pointer.
+    // An absent text becomes a null pointer.
     void putText(std::size_t record, std::size_t offset, const std::optional<Text>& text);
     void putBlock(std::size_t record, std::size_t offset, const std::vector<BYTE>& block);
 
-    // Answers a record call from this image, by the system's protocol or as the lies say.
+    // Completes a record call from this image, by the protocol of the system or as the lies say.
     BOOL deliver(BYTE* buffer, DWORD size, DWORD* needed) const;
 
 private:
     struct Pointer
     {
-        std::size_t at;     // where it stands
-        std::size_t target; // what it points to; both from the start
+        std::size_t at;     // offset of the pointer
+        std::size_t target; // offset of what it points to
     };
 
     std::vector<BYTE> m_bytes;

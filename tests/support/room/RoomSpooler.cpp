@@ -3,13 +3,13 @@
 
 #include <cstddef>
 
-// The spooler: opening, records, enumeration.
+// The spooler: opening printers, records, enumeration.
 
 using namespace room;
 
 namespace
 {
-// What a failed open leaves in its out parameter when the room is told to: a handle that belongs to somebody else.
+// The handle that a failed open returns if the room is scripted to do so: it belongs to another program.
 const HANDLE strangersHandle = reinterpret_cast<HANDLE>(std::uintptr_t{0xBADF00});
 
 BOOL fail(DWORD error)
@@ -58,7 +58,7 @@ void putInfo(RecordImage& image, std::size_t i, DWORD level, const Printer& prin
     }
 }
 
-// 0 for a level the room does not know.
+// 0 for an unknown level.
 std::size_t recordSize(DWORD level)
 {
     switch (level)
@@ -79,10 +79,10 @@ std::size_t recordSize(DWORD level)
 
 extern "C" BOOL WINAPI OpenPrinterW(LPWSTR name, LPHANDLE printer, LPPRINTER_DEFAULTSW defaults)
 {
-    const Text given = name ? Text(name) : Text();
+    const Text given = textOrEmpty(name);
     const Visit visit({.call = Call::openPrinter, .printer = given, .null = !name, .defaults = defaults != nullptr});
     State& s = state();
-    // Without a name the system opens the print server, which is a handle like any other.
+    // Without a name the system opens the print server.
     Printer* const found = name ? s.find(given) : nullptr;
     if (visit.mustFail() || (name && !found))
     {
@@ -103,7 +103,7 @@ extern "C" BOOL WINAPI OpenPrinterW(LPWSTR name, LPHANDLE printer, LPPRINTER_DEF
 
 extern "C" BOOL WINAPI ClosePrinter(HANDLE printer)
 {
-    // Whatever comes of the call, the handle is closed: an error or an exception is no reason to try again.
+    // Closed whatever the result of the call: an error or an exception is no reason to close it again.
     OpenedPrinter closed;
     bool wasOpen = false;
     {
@@ -124,7 +124,7 @@ extern "C" BOOL WINAPI GetPrinterW(HANDLE printer, DWORD level, LPBYTE buffer, D
     const Visit visit(
         {.call = Call::getPrinter, .printer = nameOf(printer), .detail = level, .fill = buffer != nullptr});
     const Printer* const found = state().ofHandle(printer);
-    // The size stays unwritten here, as it does under Wine.
+    // Here the size is not set, as under Wine.
     if (visit.mustFail() || !found)
         return fail(ERROR_INVALID_HANDLE);
     if (recordSize(level) == 0)

@@ -8,8 +8,8 @@
 #include <mutex>
 #include <set>
 
-// What the room's functions share. One for the process and never destroyed, so that a call which comes late, from a
-// thread that outlives its test, finds an empty room and not a dead one.
+// State shared by the functions of the room. One instance per process that is never destroyed, so that a late call from
+// a thread that outlives its test finds an empty room.
 namespace room
 {
 struct Hooked
@@ -22,7 +22,7 @@ struct Hooked
 struct OpenedPrinter
 {
     Text name;
-    Printer* printer = nullptr; // may be gone: see isPresent
+    Printer* printer = nullptr; // may be removed: see isPresent
 };
 
 struct OpenedContext
@@ -31,16 +31,13 @@ struct OpenedContext
     DeviceCaps caps;
 };
 
-struct State
+// What a new room resets.
+struct Contents
 {
-    std::mutex mutex;
-    std::condition_variable postedOne;
-
     std::list<Printer> present;
-    std::list<Printer> gone; // kept so that references to them stay valid
+    std::list<Printer> gone; // kept so that references stay valid
     std::map<HANDLE, OpenedPrinter> printers;
     std::map<HDC, OpenedContext> contexts;
-    std::uintptr_t lastHandle = 0x10000;
     int strayCloses = 0;
 
     bool networkPass = false;
@@ -60,27 +57,41 @@ struct State
     std::vector<ShownMessage> shown;
     int messageBoxAnswer = IDOK;
     std::map<std::pair<HINSTANCE, UINT>, Text> strings;
+};
+
+struct State : Contents
+{
+    std::mutex mutex;
+    std::condition_variable postedOne;
+    std::uintptr_t lastHandle = 0x10000; // not reset, so that a handle of an earlier room is never valid in a later one
 
     std::uintptr_t newHandle() { return lastHandle += 16; }
 
-    // The printer of that name without regard to case, as the system finds it; null when there is none.
+    // Finds a printer by name without regard to case, like the system; null if there is none.
     Printer* find(const Text& name);
     bool isPresent(const Printer* printer) const;
-    // The printer of an open handle; null for any other handle and for a printer that is gone.
+    // The printer of an open handle; null for any other handle and for a removed printer.
     Printer* ofHandle(HANDLE handle);
     Text nameOfHandle(HANDLE handle) const;
 };
 
 State& state();
 
-// None for null.
+constexpr BYTE overrunMark = 0xEE; // written where a driver overruns its buffer
+
+// Nothing for null.
 inline std::optional<Text> textOf(const WCHAR* text)
 {
     return text ? std::optional(Text(text)) : std::nullopt;
 }
 
-// Takes the entry of a handle out of its map; false when there is none. Does not throw, so that a closing call has
-// always closed.
+inline Text textOrEmpty(const WCHAR* text)
+{
+    return text ? Text(text) : Text();
+}
+
+// Removes the entry of a handle from its map; false if there is none. Does not throw, so that a closing call always
+// closes.
 template <class Handle, class Open>
 bool takeOut(std::map<Handle, Open>& open, Handle handle, Open& out) noexcept
 {
@@ -92,8 +103,8 @@ bool takeOut(std::map<Handle, Open>& open, Handle handle, Open& out) noexcept
     return true;
 }
 
-// A call's way into the room. Notes the call, runs the hooks (outside the lock; they may throw), takes the lock for the
-// rest of the call, and knows whether the call is to fail.
+// Enters the room for one call: records it, runs the hooks (outside the lock; they may throw), holds the lock for the
+// rest of the call, and decides whether the call fails.
 class Visit
 {
 public:
@@ -108,16 +119,17 @@ private:
 // The name that an open printer was opened with.
 Text nameOf(HANDLE printer);
 
-// An ASCII letter as a small one: names are compared without regard to case.
+// The lower-case form of an ASCII letter: names are compared without regard to case.
 WCHAR folded(WCHAR c);
 
-// The bytes of an input block, as many as it claims: a driver reads them all, so a caller that has fewer is found out.
+// The bytes of an input block, as many as it claims: a driver reads them all, so the sanitizer catches a caller that
+// has fewer.
 std::vector<BYTE> bytesOf(const DEVMODEW* devMode);
 
-// The default block of a printer: as the spooler keeps it, and as the driver has it after merges that stick.
+// The default block of a printer, as stored by the spooler and as kept by the driver after merges.
 std::vector<BYTE> defaultBlock(const Printer& printer);
 std::vector<BYTE> driverBlock(const Printer& printer);
 
-// What the driver makes of a block under DM_IN_BUFFER.
+// The result of a call with DM_IN_BUFFER.
 std::vector<BYTE> mergedBlock(const Printer& printer, const std::vector<BYTE>& input);
 } // namespace room

@@ -4,13 +4,13 @@
 #include <cstring>
 #include <new>
 
-// Messages to windows, message boxes, string resources.
+// Window messages, message boxes, string resources.
 
 using namespace room;
 
 namespace
 {
-// The system has memory of its own: when a test lets an allocation fail, it does not mean those of the room.
+// The system has its own memory: an allocation that a test makes fail must not be one of the room.
 template <class Work>
 auto withMemory(Work work)
 {
@@ -40,11 +40,11 @@ BOOL post(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 
 int showBox(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type)
 {
-    const Text shown = text ? Text(text) : Text();
+    const Text shown = textOrEmpty(text);
     const Visit visit({.call = Call::messageBox, .detail = type, .text = shown});
     if (visit.mustFail())
         return 0;
-    state().shown.push_back({owner, shown, caption ? std::optional<Text>(caption) : std::nullopt, type});
+    state().shown.push_back({owner, shown, textOf(caption), type});
     return state().messageBoxAnswer;
 }
 
@@ -63,7 +63,7 @@ int loadString(HINSTANCE instance, UINT id, LPWSTR buffer, int capacity)
         return 0;
     }
     const Text& text = found->second;
-    // With a capacity of 0 the buffer receives the address of the text itself, which is not terminated by contract.
+    // With a capacity of 0 the buffer receives the address of the text itself, which need not be terminated.
     if (capacity == 0)
     {
         const WCHAR* const address = text.data();

@@ -17,7 +17,7 @@ static_assert(!std::is_copy_constructible_v<PrinterHandle> && !std::is_copy_assi
 static_assert(std::is_nothrow_move_constructible_v<DeviceContext>);
 } // namespace
 
-TEST_F(Handles, aPrinterIsClosedExactlyOnceHoweverItsOwnerMoves)
+TEST_F(Handles, aPrinterIsClosedExactlyOnce)
 {
     room.add({.name = OD_T("P")});
     {
@@ -26,7 +26,7 @@ TEST_F(Handles, aPrinterIsClosedExactlyOnceHoweverItsOwnerMoves)
         EXPECT_TRUE(second);
         first = std::move(second);
         EXPECT_TRUE(first);
-        first = openPrinter(OD_T("P")); // the one before is closed
+        first = openPrinter(OD_T("P")); // closes the previous one
         EXPECT_EQ(room.openHandles(), 1);
         PrinterHandle& same = first;
         first = std::move(same);
@@ -57,30 +57,27 @@ TEST_F(Handles, theLastErrorSurvivesTheClose)
     EXPECT_EQ(::GetLastError(), static_cast<DWORD>(ERROR_ACCESS_DENIED));
 }
 
-TEST_F(Handles, aHandleWrittenByAFailingOpenIsNotKept)
+TEST_F(Handles, aFailedOpenKeepsNoHandle)
 {
     room.writeHandleOnFailedOpen();
-    EXPECT_FALSE(openPrinter(OD_T("nobody")));
+    EXPECT_FALSE(openPrinter(OD_T("unknown")));
     EXPECT_EQ(room.count(Call::closePrinter), 0);
 }
 
-TEST_F(Handles, successWithMinusOneIsNoHandle)
+TEST_F(Handles, minusOneAndNullAreNotHandles)
 {
-    room.add({.name = OD_T("P"), .opensAs = -1, .contextIs = -1});
-    EXPECT_FALSE(openPrinter(OD_T("P")));
-    EXPECT_FALSE(createDeviceContext(OD_T("D"), OD_T("P"), nullptr));
+    for (const int value : {-1, 0})
+    {
+        room.add({.name = OD_T("P"), .opensAs = value, .contextIs = value});
+        EXPECT_FALSE(openPrinter(OD_T("P"))) << value;
+        EXPECT_FALSE(createDeviceContext(OD_T("D"), OD_T("P"), nullptr)) << value;
+        room.remove(OD_T("P"));
+    }
     EXPECT_EQ(room.count(Call::closePrinter), 0);
     EXPECT_EQ(room.count(Call::deleteDC), 0);
 }
 
-TEST_F(Handles, successWithNullIsNoHandle)
-{
-    room.add({.name = OD_T("P"), .opensAs = 0});
-    EXPECT_FALSE(openPrinter(OD_T("P")));
-    EXPECT_EQ(room.count(Call::closePrinter), 0);
-}
-
-TEST_F(Handles, anEmptyOrNullNameIsNeverPassedOnAsNull)
+TEST_F(Handles, aNullNameIsPassedOnAsEmpty)
 {
     EXPECT_FALSE(openPrinter(OD_T("")));
     EXPECT_FALSE(openPrinter(nullptr));
@@ -92,7 +89,7 @@ TEST_F(Handles, anEmptyOrNullNameIsNeverPassedOnAsNull)
     }
 }
 
-TEST_F(Handles, namesFromFilesAreOpenedAsTheyStand)
+TEST_F(Handles, namesAreOpenedUnchanged)
 {
     for (const OdChar* name : {OD_T(",XcvMonitor Local Port"), OD_T("\\\\server\\share"), OD_T("a, b"), OD_T(" p ")})
     {
@@ -101,7 +98,7 @@ TEST_F(Handles, namesFromFilesAreOpenedAsTheyStand)
     }
 }
 
-TEST_F(Handles, aCloseThatThrowsOrFailsIsTheEndOfTheHandle)
+TEST_F(Handles, aCloseThatThrowsStillReleasesTheHandle)
 {
     room.add({.name = OD_T("P")});
     PrinterHandle handle = openPrinter(OD_T("P"));

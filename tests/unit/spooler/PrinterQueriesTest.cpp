@@ -35,7 +35,7 @@ protected:
     }
 };
 
-// A block of a usual public part that says it has that many private bytes, and has them.
+// A block with a full public part and this many private bytes.
 std::vector<BYTE> blockWith(std::size_t extra, short copies)
 {
     DEVMODEW dm = {};
@@ -49,7 +49,7 @@ std::vector<BYTE> blockWith(std::size_t extra, short copies)
 }
 } // namespace
 
-TEST_F(PrinterQueries, portsAndDriverComeFromTheirLevels)
+TEST_F(PrinterQueries, portsAndDriverAreReadAtTheirLevels)
 {
     EXPECT_EQ(portsOfPrinter(handle.get()), WideText(OD_T("FILE:")));
     EXPECT_EQ(driverOfPrinter(handle.get()), WideText(OD_T("Acme HP-GL")));
@@ -61,7 +61,7 @@ TEST_F(PrinterQueries, portsAndDriverComeFromTheirLevels)
     }
 }
 
-TEST_F(PrinterQueries, nullTextsAndGonePrintersGiveNothing)
+TEST_F(PrinterQueries, nullTextsAndRemovedPrintersReturnNothing)
 {
     printer.port = std::nullopt;
     printer.driver = std::nullopt;
@@ -72,7 +72,7 @@ TEST_F(PrinterQueries, nullTextsAndGonePrintersGiveNothing)
     EXPECT_FALSE(driverOfPrinter(handle.get()));
 }
 
-TEST_F(PrinterQueries, theDefaultBlockIsWhatTheDriverFills)
+TEST_F(PrinterQueries, theDefaultBlockIsFilledByTheDriver)
 {
     const DevModeBlock block = askDefault();
     const DevModeView view = block.view();
@@ -86,33 +86,26 @@ TEST_F(PrinterQueries, theDefaultBlockIsWhatTheDriverFills)
     EXPECT_EQ(calls[2].detail, 2U); // output only
 }
 
-TEST_F(PrinterQueries, aSizeOfZeroOrLessGivesNoBlockAndNoFill)
+TEST_F(PrinterQueries, anImpossibleSizeIsNotFilled)
 {
-    for (const LONG answer : {0, -1, -2147483647 - 1})
+    int queries = 0;
+    for (const LONG size : {0, -1, -2147483647 - 1, 0x7FFFFFFF, 1024 * 1024 + 1})
     {
-        printer.lies.sizeAnswer = answer;
-        EXPECT_TRUE(askDefault().isNull()) << answer;
+        printer.lies.sizeAnswer = size;
+        EXPECT_TRUE(askDefault().isNull()) << size;
+        EXPECT_EQ(room.count(Call::documentProperties), ++queries) << size;
     }
-    EXPECT_EQ(room.count(Call::documentProperties), 3);
-}
-
-TEST_F(PrinterQueries, aSizeThatNoDeviceModeHasGivesNoBlock)
-{
-    printer.lies.sizeAnswer = 0x7FFFFFFF;
-    EXPECT_TRUE(askDefault().isNull());
-    printer.lies.sizeAnswer = 1024 * 1024 + 1;
-    EXPECT_TRUE(askDefault().isNull());
-    printer.lies.sizeAnswer = 1024 * 1024; // the end of what is believed
+    printer.lies.sizeAnswer = 1024 * 1024; // the largest that is accepted
     EXPECT_TRUE(askDefault().view());
 }
 
-TEST_F(PrinterQueries, aFillThatAnswersZeroGivesNoBlock)
+TEST_F(PrinterQueries, aFillThatReturnsZeroGivesNoBlock)
 {
     printer.lies.fillAnswer = 0;
     EXPECT_TRUE(askDefault().isNull());
 }
 
-TEST_F(PrinterQueries, aNegativeAnswerOfTheFillCountsAsSuccess)
+TEST_F(PrinterQueries, aFillThatReturnsANegativeNumberSucceeds)
 {
     printer.lies.fillAnswer = -1;
     const DevModeBlock block = askDefault();
@@ -120,7 +113,7 @@ TEST_F(PrinterQueries, aNegativeAnswerOfTheFillCountsAsSuccess)
     EXPECT_EQ(block.view().fields().dmPaperSize, 9);
 }
 
-TEST_F(PrinterQueries, aFillThatWroteNothingLeavesAnEmptyBlockThatViewsRefuse)
+TEST_F(PrinterQueries, aFillThatWritesNothingHasNoView)
 {
     printer.lies = {.fillAnswer = -1, .fillWritesNothing = true};
     const DevModeBlock block = askDefault();
@@ -128,94 +121,76 @@ TEST_F(PrinterQueries, aFillThatWroteNothingLeavesAnEmptyBlockThatViewsRefuse)
     EXPECT_FALSE(block.view());
 }
 
-TEST_F(PrinterQueries, aDriverThatWritesMoreThanItAskedForStaysInOurMemory)
+TEST_F(PrinterQueries, aDriverMayWritePastItsSize)
 {
     printer.lies.overrun = 4096;
     EXPECT_TRUE(askDefault().view());
     printer.lies = {.sizeAnswer = 1};
     EXPECT_TRUE(askDefault().view());
-    // As far as the longest block there can be, both of whose sizes are 16-bit.
+    // Up to the longest possible block, both of whose sizes are 16-bit.
     printer.lies.overrun = 2 * 65535 - 228;
     EXPECT_TRUE(askDefault().view());
     EXPECT_TRUE(merge(blockWith(8, 2)).block.view());
 }
 
-TEST_F(PrinterQueries, aBlockThatClaimsMoreThanTheBufferIsRefusedByItsView)
+TEST_F(PrinterQueries, aBlockWithImpossibleSizesHasNoView)
 {
     printer.tune = [](DEVMODEW& dm) { dm.dmDriverExtra = 65535; };
-    const DevModeBlock block = askDefault();
-    ASSERT_FALSE(block.isNull());
-    EXPECT_FALSE(block.view());
-}
-
-TEST_F(PrinterQueries, aBlockBelowTheSmallestIsRefusedByItsView)
-{
+    const DevModeBlock longer = askDefault();
+    EXPECT_FALSE(longer.isNull());
+    EXPECT_FALSE(longer.view());
     printer.tune = [](DEVMODEW& dm) { dm.dmSize = 75; };
     EXPECT_FALSE(askDefault().view());
 }
 
-TEST_F(PrinterQueries, aMergePassesTheBlockInAndOutUnderTheMode)
+TEST_F(PrinterQueries, aMergePassesTheBlockAndTheMode)
 {
     const HWND owner = room.newWindow();
     const std::vector<BYTE> bytes = blockWith(8, 3);
     const DevModeMerge merged = mergeDevMode(owner, handle.get(), OD_T("Plotter A"), bytes, 14);
     EXPECT_EQ(merged.result, IDOK);
     EXPECT_EQ(merged.block.view().fields().dmCopies, 3);
-    EXPECT_EQ(merged.block.view().fields().dmPaperSize, 9); // the driver's own
+    EXPECT_EQ(merged.block.view().fields().dmPaperSize, 9); // set by the driver
     const room::CallRecord call = room.calls().back();
     EXPECT_EQ(call.detail, 14U);
     EXPECT_EQ(call.owner, owner);
     EXPECT_EQ(call.devMode, bytes);
 }
 
-TEST_F(PrinterQueries, aMergePassesTheDriversAnswerOn)
+TEST_F(PrinterQueries, aMergeReturnsTheResultOfTheDriver)
 {
-    for (const LONG answer : {IDCANCEL, 0, -1})
+    for (const LONG result : {IDCANCEL, 0, -1})
     {
-        printer.lies.mergeAnswer = answer;
-        EXPECT_EQ(merge(blockWith(8, 3)).result, answer);
+        printer.lies.mergeAnswer = result;
+        EXPECT_EQ(merge(blockWith(8, 3)).result, result);
     }
 }
 
-TEST_F(PrinterQueries, aMergeHasRoomWhenTheDriverGrewSinceTheBlockWasStored)
+TEST_F(PrinterQueries, aMergeHasRoomForLargerBlocks)
 {
     printer.driverExtra = 60000;
-    const DevModeMerge merged = merge(blockWith(0, 2));
-    EXPECT_EQ(merged.result, IDOK);
-    EXPECT_EQ(merged.block.view().driverExtra(), 60000U);
-}
-
-TEST_F(PrinterQueries, aMergeHasRoomForAsMuchAsTheDriverAsks)
-{
+    EXPECT_EQ(merge(blockWith(0, 2)).block.view().driverExtra(), 60000U);
+    printer.driverExtra = 8;
     printer.lies = {.sizeAnswer = 1024 * 1024, .overrun = 1024 * 1024 - 228};
     const DevModeMerge merged = merge(blockWith(8, 2));
     EXPECT_EQ(merged.result, IDOK);
     EXPECT_TRUE(merged.block.view());
 }
 
-TEST_F(PrinterQueries, aMergeKeepsTheStoredSizeWhenTheDriverDoesNotSayOne)
+// A size that no block has is ignored, and nothing of that size is allocated.
+TEST_F(PrinterQueries, aMergeNeedsNoSizeFromTheDriver)
 {
-    printer.lies.sizeAnswer = -1;
-    for (const std::size_t extra : {5000U, 60000U})
-    {
-        const std::vector<BYTE> bytes = blockWith(extra, 2);
-        const DevModeMerge merged = merge(bytes);
-        EXPECT_EQ(merged.result, IDOK);
-        EXPECT_EQ(room.calls().back().devMode, bytes);
-    }
+    for (const LONG size : {LONG{-1}, std::numeric_limits<LONG>::max()})
+        for (const std::size_t extra : {5000U, 60000U})
+        {
+            printer.lies.sizeAnswer = size;
+            const std::vector<BYTE> bytes = blockWith(extra, 2);
+            EXPECT_EQ(merge(bytes).result, IDOK) << size;
+            EXPECT_EQ(room.calls().back().devMode, bytes) << size;
+        }
 }
 
-// More than any block has: the driver is not believed, and nothing of that size is allocated.
-TEST_F(PrinterQueries, aMergeKeepsTheStoredSizeWhenTheDriverSaysAnImpossibleOne)
-{
-    printer.lies.sizeAnswer = std::numeric_limits<LONG>::max();
-    const std::vector<BYTE> bytes = blockWith(5000, 2);
-    const DevModeMerge merged = merge(bytes);
-    EXPECT_EQ(merged.result, IDOK);
-    EXPECT_EQ(room.calls().back().devMode, bytes);
-}
-
-TEST_F(PrinterQueries, aBlockThatIsNoneIsNotShownToTheDriver)
+TEST_F(PrinterQueries, anInvalidBlockIsNotPassedOn)
 {
     std::vector<BYTE> lying = blockWith(8, 3);
     lying.pop_back();
@@ -224,7 +199,7 @@ TEST_F(PrinterQueries, aBlockThatIsNoneIsNotShownToTheDriver)
     EXPECT_EQ(room.count(Call::documentProperties), 0);
 }
 
-TEST_F(PrinterQueries, aPassListsPrintersInTheSystemsOrder)
+TEST_F(PrinterQueries, printersAreListedInSystemOrder)
 {
     room.add({.name = OD_T("B"), .driver = std::nullopt, .port = OD_T("LPT1:")});
     const std::vector<InstalledPrinter> found = installedPrinters(PRINTER_ENUM_LOCAL, 2);
@@ -236,20 +211,7 @@ TEST_F(PrinterQueries, aPassListsPrintersInTheSystemsOrder)
     EXPECT_EQ(found[1].port, WideText(OD_T("LPT1:")));
 }
 
-TEST_F(PrinterQueries, everyLevelGivesWhatItKnows)
-{
-    for (const DWORD level : {1U, 2U, 4U, 5U})
-    {
-        const std::vector<InstalledPrinter> found = installedPrinters(PRINTER_ENUM_LOCAL, level);
-        ASSERT_EQ(found.size(), 1U) << level;
-        EXPECT_EQ(found[0].name, WideText(OD_T("Plotter A"))) << level;
-        EXPECT_EQ(found[0].driver.has_value(), level == 2) << level;
-        EXPECT_EQ(found[0].port.has_value(), level == 2 || level == 5) << level;
-    }
-    EXPECT_TRUE(installedPrinters(PRINTER_ENUM_LOCAL, 3).empty());
-}
-
-TEST_F(PrinterQueries, everyLevelTellsAllPrinters)
+TEST_F(PrinterQueries, everyLevelListsAllPrinters)
 {
     room.add({.name = OD_T("B"), .port = OD_T("LPT1:")});
     room.add({.name = OD_T("C"), .port = OD_T("LPT2:")});
@@ -257,22 +219,26 @@ TEST_F(PrinterQueries, everyLevelTellsAllPrinters)
     {
         const std::vector<InstalledPrinter> found = installedPrinters(PRINTER_ENUM_LOCAL, level);
         ASSERT_EQ(found.size(), 3U) << level;
+        EXPECT_EQ(found[0].name, WideText(OD_T("Plotter A"))) << level;
+        EXPECT_EQ(found[0].driver.has_value(), level == 2) << level;
+        EXPECT_EQ(found[0].port.has_value(), level == 2 || level == 5) << level;
         EXPECT_EQ(found[1].name, WideText(OD_T("B"))) << level;
         EXPECT_EQ(found[2].name, WideText(OD_T("C"))) << level;
     }
+    EXPECT_TRUE(installedPrinters(PRINTER_ENUM_LOCAL, 3).empty());
 }
 
-TEST_F(PrinterQueries, aPassThatIsRefusedOrFindsNoneIsEmpty)
+TEST_F(PrinterQueries, aRefusedOrEmptyPassFindsNoPrinter)
 {
     EXPECT_TRUE(installedPrinters(0x64, 2).empty());
-    EXPECT_EQ(room.count(Call::enumPrinters), 1); // needed 0: no fill
+    EXPECT_EQ(room.count(Call::enumPrinters), 1); // a needed size of 0 is not filled
     room.allowNetworkPass();
     EXPECT_TRUE(installedPrinters(0x64, 2).empty());
     room.lies(Call::enumPrinters).sizeQuerySucceeds = true;
     EXPECT_TRUE(installedPrinters(PRINTER_ENUM_LOCAL, 2).empty());
 }
 
-TEST_F(PrinterQueries, aCountAboveWhatTheBufferHoldsReadsNothingBehindIt)
+TEST_F(PrinterQueries, aWrongCountReadsNothingPastTheBuffer)
 {
     room.lies(Call::enumPrinters).returned = 0xFFFFFFFF;
     const std::vector<InstalledPrinter> found = installedPrinters(PRINTER_ENUM_LOCAL, 2);

@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <thread>
 
-// The room's spooler does what real ones do, also what they should not.
+// The spooler of the room behaves like real ones, including their faults.
 
 using room::Call;
 
@@ -23,6 +23,28 @@ protected:
         HANDLE handle = poison;
         return ::OpenPrinterW(const_cast<OdChar*>(name), &handle, nullptr) ? handle : nullptr;
     }
+
+    // Opens the printer P for the rest of the test.
+    HANDLE openP() { return m_opened = open(OD_T("P")); }
+
+    // The record of a printer, by the size-then-fill protocol.
+    std::vector<BYTE> infoOf(HANDLE handle, DWORD level)
+    {
+        DWORD needed = 0;
+        EXPECT_FALSE(::GetPrinterW(handle, level, nullptr, 0, &needed));
+        std::vector<BYTE> buffer(needed);
+        EXPECT_TRUE(::GetPrinterW(handle, level, buffer.data(), needed, &needed));
+        return buffer;
+    }
+
+    void TearDown() override
+    {
+        if (m_opened)
+            ::ClosePrinter(m_opened);
+        PrinterRoomTest::TearDown();
+    }
+
+    HANDLE m_opened = nullptr;
 };
 
 template <class Record>
@@ -34,7 +56,7 @@ Record recordIn(const std::vector<BYTE>& buffer, std::size_t index = 0)
 }
 } // namespace
 
-TEST_F(RoomSpooler, opensAnInstalledPrinterInAnyLetterCaseAndCountsTheHandle)
+TEST_F(RoomSpooler, opensAPrinterInAnyLetterCase)
 {
     room.add({.name = OD_T("Plotter A")});
     const HANDLE handle = open(OD_T("plotter a"));
@@ -44,7 +66,7 @@ TEST_F(RoomSpooler, opensAnInstalledPrinterInAnyLetterCaseAndCountsTheHandle)
     EXPECT_EQ(room.openHandles(), 0);
 }
 
-TEST_F(RoomSpooler, openingNullSucceedsButTheEmptyNameFails)
+TEST_F(RoomSpooler, opensNullButNotTheEmptyName)
 {
     HANDLE handle = nullptr;
     EXPECT_TRUE(::OpenPrinterW(nullptr, &handle, nullptr));
@@ -54,10 +76,10 @@ TEST_F(RoomSpooler, openingNullSucceedsButTheEmptyNameFails)
     EXPECT_EQ(::GetLastError(), ERROR_INVALID_PRINTER_NAME);
 }
 
-TEST_F(RoomSpooler, aFailingOpenLeavesTheHandleAloneOrWritesAStrangers)
+TEST_F(RoomSpooler, aFailingOpenMayWriteAForeignHandle)
 {
     HANDLE handle = poison;
-    OdChar name[] = OD_T("nobody");
+    OdChar name[] = OD_T("unknown");
     EXPECT_FALSE(::OpenPrinterW(name, &handle, nullptr));
     EXPECT_EQ(handle, poison);
 
@@ -73,7 +95,7 @@ TEST_F(RoomSpooler, anOpenCanSucceedWithMinusOne)
     EXPECT_EQ(room.openHandles(), 0);
 }
 
-TEST(RoomSpoolerCount, closingWhatIsNotOpenIsNoticed)
+TEST(RoomSpoolerCount, strayClosesAreCounted)
 {
     PrinterRoom room;
     EXPECT_FALSE(::ClosePrinter(poison));
@@ -83,8 +105,8 @@ TEST(RoomSpoolerCount, closingWhatIsNotOpenIsNoticed)
 
 TEST_F(RoomSpooler, recordsFollowTheSizeThenFillProtocol)
 {
-    room.add({.name = OD_T("Plotter A"), .driver = OD_T("Acme"), .port = OD_T("FILE:")});
-    const HANDLE handle = open(OD_T("Plotter A"));
+    room.add({.name = OD_T("P"), .driver = OD_T("Acme"), .port = OD_T("FILE:")});
+    const HANDLE handle = openP();
     DWORD needed = 0;
     EXPECT_FALSE(::GetPrinterW(handle, 5, nullptr, 0, &needed));
     EXPECT_EQ(::GetLastError(), ERROR_INSUFFICIENT_BUFFER);
@@ -94,20 +116,16 @@ TEST_F(RoomSpooler, recordsFollowTheSizeThenFillProtocol)
     EXPECT_FALSE(::GetPrinterW(handle, 5, buffer.data(), needed - 1, &needed));
     ASSERT_TRUE(::GetPrinterW(handle, 5, buffer.data(), needed, &needed));
     EXPECT_EQ(room::Text(recordIn<PRINTER_INFO_5W>(buffer).pPortName), OD_T("FILE:"));
-    ::ClosePrinter(handle);
 }
 
-TEST_F(RoomSpooler, absentTextsAreNullPointersAndTheBlockIsHalfAligned)
+TEST_F(RoomSpooler, absentTextsAreNullAndBlocksAreMisaligned)
 {
     room.add({.name = OD_T("P"), .driver = std::nullopt, .port = std::nullopt, .namedInRecords = false});
-    const HANDLE handle = open(OD_T("P"));
+    const HANDLE handle = openP();
     for (const bool odd : {false, true})
     {
         room.lies(Call::getPrinter).oddBlocks = odd;
-        DWORD needed = 0;
-        ::GetPrinterW(handle, 2, nullptr, 0, &needed);
-        std::vector<BYTE> buffer(needed);
-        ASSERT_TRUE(::GetPrinterW(handle, 2, buffer.data(), needed, &needed));
+        const auto buffer = infoOf(handle, 2);
         const auto info = recordIn<PRINTER_INFO_2W>(buffer);
         EXPECT_EQ(info.pPrinterName, nullptr);
         EXPECT_EQ(info.pDriverName, nullptr);
@@ -115,13 +133,12 @@ TEST_F(RoomSpooler, absentTextsAreNullPointersAndTheBlockIsHalfAligned)
         ASSERT_NE(info.pDevMode, nullptr);
         EXPECT_EQ(reinterpret_cast<std::uintptr_t>(info.pDevMode) % 4, odd ? 1U : 2U);
     }
-    ::ClosePrinter(handle);
 }
 
-TEST_F(RoomSpooler, recordCallsLieAsTheyAreTold)
+TEST_F(RoomSpooler, recordCallsLieAsScripted)
 {
     room.add({.name = OD_T("P"), .driver = OD_T("D"), .port = OD_T("LPT1:")});
-    const HANDLE handle = open(OD_T("P"));
+    const HANDLE handle = openP();
     room::RecordLies& lies = room.lies(Call::getPrinter);
     DWORD needed = untouched;
 
@@ -146,24 +163,18 @@ TEST_F(RoomSpooler, recordCallsLieAsTheyAreTold)
     EXPECT_NE(bytes[7], 0x77);
     EXPECT_NE(bytes[8], 0x77);
     EXPECT_EQ(bytes[9], 0x77);
-    ::ClosePrinter(handle);
 }
 
-TEST_F(RoomSpooler, theLastTextCanRunToTheEndOfTheBuffer)
+TEST_F(RoomSpooler, theLastTextMayLackATerminator)
 {
     room.add({.name = OD_T("P"), .port = OD_T("FILE:")});
     room.lies(Call::getPrinter).unterminatedTexts = true;
-    const HANDLE handle = open(OD_T("P"));
-    DWORD needed = 0;
-    ::GetPrinterW(handle, 5, nullptr, 0, &needed);
-    std::vector<BYTE> buffer(needed);
-    ASSERT_TRUE(::GetPrinterW(handle, 5, buffer.data(), needed, &needed));
+    const auto buffer = infoOf(openP(), 5);
     const auto port = reinterpret_cast<const BYTE*>(recordIn<PRINTER_INFO_5W>(buffer).pPortName);
     EXPECT_EQ(port + 5 * sizeof(OdChar), buffer.data() + buffer.size());
-    ::ClosePrinter(handle);
 }
 
-TEST_F(RoomSpooler, theNetworkPassIsRefusedUntilItIsAllowed)
+TEST_F(RoomSpooler, theNetworkPassIsRefusedByDefault)
 {
     room.add({.name = OD_T("Net"), .connection = true});
     DWORD needed = untouched;
@@ -172,7 +183,7 @@ TEST_F(RoomSpooler, theNetworkPassIsRefusedUntilItIsAllowed)
     EXPECT_EQ(::GetLastError(), ERROR_INVALID_FLAGS);
     EXPECT_EQ(needed, 0U);
 
-    // Without a local printer the local pass has nothing to deliver, and that is a success.
+    // Without a local printer the local pass has nothing to deliver, so it succeeds.
     EXPECT_TRUE(::EnumPrintersW(2, nullptr, 2, nullptr, 0, &needed, &returned));
     EXPECT_EQ(needed, 0U);
 
@@ -181,7 +192,7 @@ TEST_F(RoomSpooler, theNetworkPassIsRefusedUntilItIsAllowed)
     EXPECT_EQ(::GetLastError(), ERROR_INSUFFICIENT_BUFFER);
 }
 
-TEST_F(RoomSpooler, enumeratesInTheOrderOfAddingAndCanLieAboutTheCount)
+TEST_F(RoomSpooler, enumeratesInOrderWithAScriptedCount)
 {
     for (const OdChar* name : {OD_T("B"), OD_T("A")})
         room.add({.name = name});
@@ -200,10 +211,10 @@ TEST_F(RoomSpooler, enumeratesInTheOrderOfAddingAndCanLieAboutTheCount)
     EXPECT_EQ(returned, 99U);
 }
 
-TEST_F(RoomSpooler, aPrinterThatIsGoneAnswersNothingMore)
+TEST_F(RoomSpooler, everyCallToARemovedPrinterFails)
 {
     room.add({.name = OD_T("P"), .driver = OD_T("D")});
-    const HANDLE handle = open(OD_T("P"));
+    const HANDLE handle = openP();
     room.remove(OD_T("P"));
     DWORD needed = untouched;
     EXPECT_FALSE(::GetPrinterW(handle, 2, nullptr, 0, &needed));
@@ -213,10 +224,9 @@ TEST_F(RoomSpooler, aPrinterThatIsGoneAnswersNothingMore)
     OdChar name[] = OD_T("P");
     EXPECT_EQ(::DocumentPropertiesW(nullptr, handle, name, nullptr, nullptr, 0), -1);
     EXPECT_EQ(open(name), nullptr);
-    ::ClosePrinter(handle);
 }
 
-TEST_F(RoomSpooler, theNthCallFailsAndOnlyThat)
+TEST_F(RoomSpooler, onlyTheNthCallFails)
 {
     room.add({.name = OD_T("P")});
     room.failNth(2);
@@ -228,12 +238,12 @@ TEST_F(RoomSpooler, theNthCallFailsAndOnlyThat)
     EXPECT_NE(third, nullptr);
 
     room.failNth(1);
-    EXPECT_FALSE(::ClosePrinter(first)); // says no, but the handle is gone
+    EXPECT_FALSE(::ClosePrinter(first)); // fails, but closes the handle
     EXPECT_EQ(room.openHandles(), 1);
     ::ClosePrinter(third);
 }
 
-TEST_F(RoomSpooler, refusesOneCallForOnePrinterOrForAll)
+TEST_F(RoomSpooler, refusesCallsForOnePrinterOrForAll)
 {
     room.add({.name = OD_T("A")});
     room.add({.name = OD_T("B")});
@@ -248,7 +258,7 @@ TEST_F(RoomSpooler, refusesOneCallForOnePrinterOrForAll)
     ::ClosePrinter(b);
 }
 
-TEST_F(RoomSpooler, aHookCanThrowAndCanMakeThePrinterVanish)
+TEST_F(RoomSpooler, aHookMayThrowOrRemoveThePrinter)
 {
     room.add({.name = OD_T("P")});
     room.add({.name = OD_T("Q")});
@@ -258,7 +268,7 @@ TEST_F(RoomSpooler, aHookCanThrowAndCanMakeThePrinterVanish)
     EXPECT_EQ(open(OD_T("Q")), nullptr);
 }
 
-TEST_F(RoomSpooler, aHeldCallWaitsUntilItIsReleasedAndOthersDoNot)
+TEST_F(RoomSpooler, aHeldCallBlocksNoOther)
 {
     room.add({.name = OD_T("Slow")});
     room.add({.name = OD_T("Fast")});

@@ -4,7 +4,7 @@
 #include <cstring>
 #include <thread>
 
-// The room's messages, boxes and string resources.
+// The messages, message boxes and string resources of the room.
 
 namespace
 {
@@ -13,7 +13,7 @@ class RoomUser : public PrinterRoomTest
 };
 } // namespace
 
-TEST_F(RoomUser, postedMessagesAreKeptInOrder)
+TEST_F(RoomUser, postedMessagesAreRecordedInOrder)
 {
     const HWND window = room.newWindow();
     EXPECT_TRUE(::PostMessageW(window, WM_USER + 101, 1, 0));
@@ -32,7 +32,7 @@ TEST_F(RoomUser, aMessageOfAnotherThreadCanBeAwaited)
     background.join();
 }
 
-TEST_F(RoomUser, messageBoxesAreKeptAndAnswered)
+TEST_F(RoomUser, messageBoxesAreRecordedAndAnswered)
 {
     room.setMessageBoxAnswer(IDCANCEL);
     EXPECT_EQ(::MessageBoxW(nullptr, OD_T("text"), OD_T("caption"), MB_ICONERROR), IDCANCEL);
@@ -45,7 +45,7 @@ TEST_F(RoomUser, messageBoxesAreKeptAndAnswered)
     EXPECT_FALSE(shown[1].caption.has_value());
 }
 
-TEST_F(RoomUser, stringsAreCopiedCutOrLentAndMissingOnesAreEmpty)
+TEST_F(RoomUser, stringsAreCopiedTruncatedOrReferenced)
 {
     const HINSTANCE library = room.newLibrary();
     room.putString(library, 7, OD_T("seven"));
@@ -55,10 +55,10 @@ TEST_F(RoomUser, stringsAreCopiedCutOrLentAndMissingOnesAreEmpty)
     EXPECT_EQ(::LoadStringW(library, 7, buffer, 4), 3);
     EXPECT_EQ(OdStringView(buffer), OD_T("sev"));
 
-    const OdChar* lent = nullptr;
-    EXPECT_EQ(::LoadStringW(library, 7, reinterpret_cast<OdChar*>(&lent), 0), 5);
-    ASSERT_NE(lent, nullptr);
-    EXPECT_EQ(OdStringView(lent, 5), OD_T("seven"));
+    const OdChar* direct = nullptr;
+    EXPECT_EQ(::LoadStringW(library, 7, reinterpret_cast<OdChar*>(&direct), 0), 5);
+    ASSERT_NE(direct, nullptr);
+    EXPECT_EQ(OdStringView(direct, 5), OD_T("seven"));
 
     EXPECT_EQ(::LoadStringW(library, 8, buffer, 8), 0);
     EXPECT_EQ(buffer[0], 0);

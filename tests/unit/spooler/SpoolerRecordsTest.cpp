@@ -44,37 +44,28 @@ TEST_F(SpoolerRecordsOf, asksForTheSizeThenFills)
     EXPECT_TRUE(room.calls()[2].fill);
 }
 
-TEST_F(SpoolerRecordsOf, aSizeQueryThatSucceedsIsAFailure)
+TEST_F(SpoolerRecordsOf, everyImplausibleSizeIsAFailure)
 {
-    room.lies(Call::getPrinter).sizeQuerySucceeds = true;
-    EXPECT_TRUE(ask().isNull());
-    EXPECT_EQ(room.count(Call::getPrinter), 1);
+    struct Case
+    {
+        const char* name;
+        room::RecordLies lies;
+        int calls;
+    };
+    for (const Case& one :
+         {Case{"the size query succeeds", {.sizeQuerySucceeds = true}, 1}, Case{"a size of zero", {.needed = 0}, 1},
+          Case{"no size", {.neededUnwritten = true}, 1}, Case{"too large to allocate", {.needed = 0xFFFFFFFF}, 1},
+          Case{"less than the fill needs", {.needed = 33}, 2}})
+    {
+        SCOPED_TRACE(one.name);
+        room.forgetCalls();
+        room.lies(Call::getPrinter) = one.lies;
+        EXPECT_TRUE(ask().isNull());
+        EXPECT_EQ(room.count(Call::getPrinter), one.calls);
+    }
 }
 
-TEST_F(SpoolerRecordsOf, aSizeOfZeroIsAFailureAlsoWhenItWasNotWritten)
-{
-    room.lies(Call::getPrinter).needed = 0;
-    EXPECT_TRUE(ask().isNull());
-    room.lies(Call::getPrinter) = {.neededUnwritten = true};
-    EXPECT_TRUE(ask().isNull());
-    EXPECT_EQ(room.count(Call::getPrinter), 2);
-}
-
-TEST_F(SpoolerRecordsOf, aSizeThatCannotBeIsAFailureAndAllocatesNothing)
-{
-    room.lies(Call::getPrinter).needed = 0xFFFFFFFF;
-    EXPECT_TRUE(ask().isNull());
-    EXPECT_EQ(room.count(Call::getPrinter), 1);
-}
-
-TEST_F(SpoolerRecordsOf, aFillThatFailsIsAFailure)
-{
-    room.lies(Call::getPrinter).needed = 33; // less than the fill wants
-    EXPECT_TRUE(ask().isNull());
-    EXPECT_EQ(room.count(Call::getPrinter), 2);
-}
-
-TEST_F(SpoolerRecordsOf, aRecordThatIsCutShortReadsAsZeroAndPointsNowhere)
+TEST_F(SpoolerRecordsOf, theMissingPartOfARecordIsZero)
 {
     room.lies(Call::getPrinter) = {.needed = 8, .fillsWhatFits = true};
     const SpoolerRecords records = ask();
@@ -85,7 +76,7 @@ TEST_F(SpoolerRecordsOf, aRecordThatIsCutShortReadsAsZeroAndPointsNowhere)
     EXPECT_FALSE(records.at<PRINTER_INFO_5W>(1));
 }
 
-TEST_F(SpoolerRecordsOf, aDriverThatWritesTooFarStaysInOurMemory)
+TEST_F(SpoolerRecordsOf, aDriverMayWriteTooFar)
 {
     room.lies(Call::getPrinter).overrun = 512;
     const SpoolerRecords records = ask();
@@ -94,14 +85,14 @@ TEST_F(SpoolerRecordsOf, aDriverThatWritesTooFarStaysInOurMemory)
     EXPECT_EQ(records.text(info->pPortName), WideText(OD_T("LPT1:")));
 }
 
-TEST_F(SpoolerRecordsOf, aTextWithoutTerminatorEndsWithTheBuffer)
+TEST_F(SpoolerRecordsOf, anUnterminatedTextEndsWithTheBuffer)
 {
     room.lies(Call::getPrinter).unterminatedTexts = true;
     const SpoolerRecords records = ask();
     EXPECT_EQ(records.text(records.at<PRINTER_INFO_5W>(0)->pPortName), WideText(OD_T("LPT1:")));
 }
 
-TEST_F(SpoolerRecordsOf, aPointerThatLeadsOutOfTheBufferIsNoText)
+TEST_F(SpoolerRecordsOf, aPointerOutsideTheBufferHasNoText)
 {
     room.lies(Call::getPrinter).pointersOutside = true;
     const SpoolerRecords records = ask();
@@ -112,7 +103,7 @@ TEST_F(SpoolerRecordsOf, aPointerThatLeadsOutOfTheBufferIsNoText)
     EXPECT_TRUE(records.bytesAt(info->pPortName).empty());
 }
 
-TEST(SpoolerRecords, textsAtOddAddressesAndAtTheVeryEndAreRead)
+TEST(SpoolerRecords, aMisalignedTextAtTheEndIsRead)
 {
     SpoolerRecords records = SpoolerRecords::toFill(7);
     const OdChar text[] = {'a', 'b'};
@@ -121,7 +112,7 @@ TEST(SpoolerRecords, textsAtOddAddressesAndAtTheVeryEndAreRead)
               WideText(OD_T("ab")));
 }
 
-TEST(SpoolerRecords, aTextThatFillsTheBufferHasItsLastUnit)
+TEST(SpoolerRecords, aTextThatFillsTheBufferIsComplete)
 {
     SpoolerRecords records = SpoolerRecords::toFill(8);
     const std::size_t room = records.bytesAt(records.data()).size();
@@ -130,12 +121,12 @@ TEST(SpoolerRecords, aTextThatFillsTheBufferHasItsLastUnit)
     const std::optional<WideText> whole = records.text(reinterpret_cast<const WCHAR*>(records.data()));
     ASSERT_TRUE(whole);
     EXPECT_EQ(whole->size(), room / sizeof(WCHAR));
-    // One byte is no unit.
+    // A single byte is not a code unit.
     const auto last = reinterpret_cast<std::uintptr_t>(records.data()) + room - 1;
     EXPECT_EQ(records.text(reinterpret_cast<const WCHAR*>(last)), WideText());
 }
 
-TEST(SpoolerRecords, aPointerBeforeTheBufferLeadsOutOfIt)
+TEST(SpoolerRecords, aPointerBeforeTheBufferIsOutside)
 {
     SpoolerRecords records = SpoolerRecords::toFill(8);
     const auto first = reinterpret_cast<std::uintptr_t>(records.data());
@@ -145,7 +136,7 @@ TEST(SpoolerRecords, aPointerBeforeTheBufferLeadsOutOfIt)
     EXPECT_FALSE(records.bytesAt(records.data()).empty());
 }
 
-TEST(SpoolerRecords, noneHasNoRecordsAndNoTexts)
+TEST(SpoolerRecords, aNullSetIsEmpty)
 {
     const SpoolerRecords none;
     EXPECT_TRUE(none.isNull());
