@@ -129,7 +129,7 @@ TEST_F(FileAccess, aReadOnlyFileIsRefused)
     EXPECT_TRUE(write(m_name, 2));
 }
 
-TEST_F(FileAccess, aTreeThatIsRefusedLeavesTheDiskUntouched)
+TEST_F(FileAccess, aRefusedTreeLeavesTheDiskUntouched)
 {
     CPIAOutput output;
     EXPECT_FALSE(output.write(CPBlock(OD_T("named")), m_name.c_str()));

@@ -212,7 +212,7 @@ TEST_F(KilledWriter, withoutLocksNoFileIsRemoved)
     EXPECT_EQ(names(), (Names{"A4.pc3", name}));
 }
 
-TEST_F(KilledWriter, leavesACopyOfAFileItRewroteInPlace)
+TEST_F(KilledWriter, leavesACopyWhileRewritingInPlace)
 {
     const OdString other = m_folder.at("other-name");
     const OdString spare = m_name + OD_T(".new");

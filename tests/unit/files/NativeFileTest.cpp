@@ -39,7 +39,7 @@ protected:
 // may fail; if the mode cannot be set, the file is rewritten in place.
 constexpr int essentialCalls = 1 + 5 + 1 + 1 + 1;
 
-TEST_F(NativeFile, whateverFailsTheOldFileIsIntact)
+TEST_F(NativeFile, anyFailureLeavesTheOldFileIntact)
 {
     const int refused = failEachCall(
         m_name, EIO, [&] { putContent(m_name, "old"); },
@@ -51,7 +51,7 @@ TEST_F(NativeFile, whateverFailsTheOldFileIsIntact)
     EXPECT_EQ(refused, essentialCalls);
 }
 
-TEST_F(NativeFile, whateverFailsANewFileIsCompleteOrAbsent)
+TEST_F(NativeFile, anyFailureLeavesACompleteFileOrNone)
 {
     const int refused = failEachCall(
         m_name, EIO, [&] { std::filesystem::remove(pathOf(m_name)); },

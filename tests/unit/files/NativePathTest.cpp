@@ -65,7 +65,7 @@ TEST(NativePath, aDeviceIsNotARegularFile)
     EXPECT_FALSE(isFolder(u"/dev/null"));
 }
 
-TEST(NativePath, aNameThatIsNotUtf8IsSkipped)
+TEST(NativePath, namesThatAreNotUtf8AreSkipped)
 {
     const TemporaryFolder folder;
     std::ofstream(fs::path(folder.path().view()) / "\xFF.pc3") << "content";

@@ -123,7 +123,7 @@ TEST_F(Properties, theAccessListIsPreserved)
 }
 
 // A folder may have a default list for new files; an existing file without one must not get it.
-TEST_F(Properties, theDefaultListOfTheFolderIsNotInherited)
+TEST_F(Properties, theDefaultAccessListIsNotInherited)
 {
     putContent(m_name, "old");
     ASSERT_EQ(::chmod(nativeName().c_str(), 0600), 0);

@@ -37,7 +37,7 @@ TEST_F(Rewrite, aHardLinkIsPreserved)
     EXPECT_EQ(status.st_mode & 07777, 0640U);
 }
 
-TEST_F(Rewrite, whateverFailsTheContentIsOldOrNew)
+TEST_F(Rewrite, anyFailureLeavesTheOldOrNewContent)
 {
     const int refused = failEachCall(
         m_name, EIO, [&] { makeFile(); }, [&](const char* reason, int n) { expectOldOrNew(!reason, n); });
@@ -54,14 +54,14 @@ TEST_F(Rewrite, aFullDiskLeavesTheOldContent)
     EXPECT_EQ(names(), (Names{"A4.pc3", "other-name"}));
 }
 
-TEST_F(Rewrite, aCopyStaysIfTheContentCannotBeRestored)
+TEST_F(Rewrite, aCopyStaysIfRestoringFails)
 {
     FileCalls::now().fail(FileCall::fsync, EIO, 3);
     EXPECT_EQ(write("brand new"), "the file is damaged; its new content is in the file of the same name and \".new\"");
     EXPECT_EQ(contentOf(m_spare), "brand new");
 }
 
-TEST_F(Rewrite, aCopyLeftByAnotherSaveIsNotOverwritten)
+TEST_F(Rewrite, aCopyOfAnotherSaveIsNotOverwritten)
 {
     putContent(m_spare, "the only copy");
     EXPECT_EQ(write(), "a file with the same name and \".new\" is in the way");

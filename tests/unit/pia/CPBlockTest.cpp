@@ -149,7 +149,7 @@ TEST_P(AnyBlock, similarNamesAreDistinct)
 }
 
 // Each unit of a name counts with all its bits: the low byte of U+0141 is "A".
-TEST_P(AnyBlock, aNameDiffersFromOneWithTheSameBytes)
+TEST_P(AnyBlock, namesWithEqualLowBytesDiffer)
 {
     const CPBlock& block = read("AAAAA=1\n");
     const OdString name(OD_T("AAAAA"));

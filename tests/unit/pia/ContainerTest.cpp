@@ -39,7 +39,7 @@ TEST(Container, staleNumbersAreIgnored)
                 << "number " << number << " is " << value;
 }
 
-TEST(Container, aLargeTextWithAStaleLengthIsReadCompletely)
+TEST(Container, aStaleLengthDoesNotTruncateTheText)
 {
     const std::string large = "a=\"" + std::string(200000, 'x') + "\nb=1\n";
     std::string file = compressedFile(large);
@@ -75,7 +75,7 @@ TEST(Container, onlyThePlainFormAcceptsABareLf)
     EXPECT_EQ(describeFile(withFirstLine("PIAFILEVERSION_2.0,PC3VER1,compress\n")), noConfiguration);
 }
 
-TEST(Container, onlyThePlainFormAcceptsAByteOrderMark)
+TEST(Container, onlyThePlainFormAcceptsABom)
 {
     EXPECT_EQ(describeFile("\xEF\xBB\xBF" + plainFile(text)), content);
     EXPECT_EQ(describeFile("\xEF\xBB\xBF" + compressedFile(text)), noConfiguration);

@@ -52,7 +52,7 @@ TEST(NumberText, everyPrecisionIsAllowed)
     EXPECT_EQ(pia::numberText(0.1, std::numeric_limits<int>::min()), OD_T("0.1"));
 }
 
-TEST(NumberText, theDefaultFormHasAPointOrAnExponent)
+TEST(NumberText, theDefaultFormHasPointOrExponent)
 {
     EXPECT_EQ(pia::numberText(600.0, -1), OD_T("600.0"));
     EXPECT_EQ(pia::numberText(-0.0, -1), OD_T("-0.0"));
@@ -72,7 +72,7 @@ TEST(NumberText, nanAndInfinityAreWords)
     }
 }
 
-TEST(NumberText, theDefaultFormReadsBackAsTheSameDouble)
+TEST(NumberText, theDefaultFormReadsBackUnchanged)
 {
     std::mt19937_64 random(20240601);
     for (int i = 0; i < 20000; ++i)

@@ -73,7 +73,7 @@ TEST(Writing, unitsOutsidePrintableAsciiAreEscaped)
               "s=\"\\U+0000\\U+0009\\U+000A\\U+000D\\U+001F ~\\U+007F\\U+00E4\\U+D800\\U+FFFFx\n");
 }
 
-TEST(Writing, onlyABackslashThatStartsAnEscapeIsEscaped)
+TEST(Writing, onlyABackslashBeforeAnEscapeIsEscaped)
 {
     EXPECT_EQ((line<CPStr>(OD_T("s"), OD_T("\\\\server\\Up\\U+004"))), "s=\"\\\\server\\Up\\U+004\n");
     EXPECT_EQ((line<CPStr>(OD_T("s"), OD_T("\\U+00e4"))), "s=\"\\U+005CU+00e4\n");
@@ -103,7 +103,7 @@ TEST(Writing, valuesEscapeTheirLastBlankOnly)
     EXPECT_EQ((line<CPStr>(OD_T("s"), OD_T("\u00E4 "))), "s=\"\\U+00E4\\U+0020\n");
 }
 
-TEST(Writing, aNumberThatLooksLikeAnotherKindIsEscaped)
+TEST(Writing, numbersThatLookLikeOtherKindsAreEscaped)
 {
     EXPECT_EQ((line<CPNum>(OD_T("n"), OD_T("TRUE"))), "n=\\U+0054RUE\n");
     EXPECT_EQ((line<CPNum>(OD_T("n"), OD_T("FALSE"))), "n=\\U+0046ALSE\n");
