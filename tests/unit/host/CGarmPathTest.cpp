@@ -14,7 +14,7 @@ struct Split
     OdString name;
     OdString extension;
 
-    // Names the test. Otherwise it would be named by the bytes of the object, also by those that lie between its texts.
+    // Names the test case; the default name would be the raw bytes of the object, including its padding.
     friend std::ostream& operator<<(std::ostream& out, const Split& split) { return out << split.path; }
 };
 
@@ -23,7 +23,7 @@ class PathSplit : public testing::TestWithParam<Split>
 };
 } // namespace
 
-TEST_P(PathSplit, givesFourPartsThatMakeThePathAgain)
+TEST_P(PathSplit, fourPartsMakeUpThePath)
 {
     const Split& expected = GetParam();
     const CGarmPath path(expected.path);
@@ -54,7 +54,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Split{OD_T("\\\\srv\\share\\A0.pc3"), OD_T(""), OD_T("\\\\srv\\share\\"), OD_T("A0"), OD_T(".pc3")},
                     Split{OD_T("plots\\"), OD_T(""), OD_T("plots\\"), OD_T(""), OD_T("")}));
 
-TEST(CGarmPath, longPartsStayWhole)
+TEST(CGarmPath, longPartsAreNotTruncated)
 {
     const OdString longName(std::basic_string<OdChar>(5000, 'n'));
     const OdString longExtension = OD_T(".") + OdString(std::basic_string<OdChar>(4000, 'e'));

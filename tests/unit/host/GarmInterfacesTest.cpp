@@ -9,12 +9,12 @@
 
 namespace
 {
-class StrangeContext : public OdEdCommandContext
+class ForeignContext : public OdEdCommandContext
 {
 };
 } // namespace
 
-TEST(GarmInterfaces, contextOfThisHostIsItsInterfaceObject)
+TEST(GarmInterfaces, aContextOfTheHostIsItsInterface)
 {
     const GarmInterfacesPtr interfaces = newGarmInterfaces();
     OdEdCommandContext* context = interfaces.get();
@@ -22,10 +22,10 @@ TEST(GarmInterfaces, contextOfThisHostIsItsInterfaceObject)
     EXPECT_EQ(interfaces->refCount(), 1);
 }
 
-TEST(GarmInterfaces, aStrangeContextAndNullAreNone)
+TEST(GarmInterfaces, aForeignOrNullContextHasNone)
 {
-    OdStaticRxObject<StrangeContext> strange;
-    EXPECT_EQ(getGarmInterfaces(&strange), nullptr);
+    OdStaticRxObject<ForeignContext> foreign;
+    EXPECT_EQ(getGarmInterfaces(&foreign), nullptr);
     EXPECT_EQ(getGarmInterfaces(nullptr), nullptr);
 }
 
@@ -42,7 +42,7 @@ TEST(GarmInterfaces, givesAccessToDocumentVariablesAndValues)
     EXPECT_EQ(getServicesManagerInterface(nullptr), nullptr);
 }
 
-TEST(GarmInterfaces, contextsDoNotSeeEachOthersValues)
+TEST(GarmInterfaces, contextsDoNotShareValues)
 {
     const GarmInterfacesPtr first = newGarmInterfaces();
     const GarmInterfacesPtr second = newGarmInterfaces();
@@ -50,7 +50,7 @@ TEST(GarmInterfaces, contextsDoNotSeeEachOthersValues)
     EXPECT_EQ(getServicesManagerInterface(second.get())->get(OD_T("a")), nullptr);
 }
 
-TEST(GarmInterfaces, theProcessHasOne)
+TEST(GarmInterfaces, theProcessHasOnlyOne)
 {
     EXPECT_EQ(getGarmInterfaces(), getGarmInterfaces());
     EXPECT_EQ(getMainInternalInterface(), getMainInternalInterface());
@@ -70,7 +70,7 @@ TEST(SystemVariables, areFoundWithoutRegardToCase)
     EXPECT_EQ(variables.getVar(OD_T("FileDia")), nullptr);
 }
 
-TEST(MainInterface, keepsTheSearchPathAndGivesCopies)
+TEST(MainInterface, returnsCopiesOfTheSearchPath)
 {
     GmMainInternalInterface mainInterface;
     EXPECT_EQ(mainInterface.plotCfgSearchPath(), OdString());
@@ -81,26 +81,26 @@ TEST(MainInterface, keepsTheSearchPathAndGivesCopies)
     EXPECT_EQ(mainInterface.plotCfgSearchPath(), OD_T("c"));
 }
 
-TEST(MainInterface, readerOnAnotherThreadSeesOneWholePath)
+TEST(MainInterface, anotherThreadReadsAConsistentPath)
 {
-    // Long enough that a torn copy would show.
+    // Long enough to reveal a torn copy.
     const std::array<OdString, 2> paths = {OdString(std::basic_string<OdChar>(4000, 'a')),
                                            OdString(std::basic_string<OdChar>(70, 'b'))};
     GmMainInternalInterface mainInterface;
     mainInterface.setPlotCfgSearchPath(paths[0]);
 
-    bool whole = true;
+    bool consistent = true;
     std::thread reader(
         [&]
         {
             for (int i = 0; i < 2000; ++i)
             {
                 const OdString seen = mainInterface.plotCfgSearchPath();
-                whole = whole && (seen == paths[0] || seen == paths[1]);
+                consistent = consistent && (seen == paths[0] || seen == paths[1]);
             }
         });
     for (std::size_t i = 0; i < 2000; ++i)
         mainInterface.setPlotCfgSearchPath(paths[i % paths.size()]);
     reader.join();
-    EXPECT_TRUE(whole);
+    EXPECT_TRUE(consistent);
 }

@@ -12,6 +12,17 @@ GmLanguageTag tag(const OdChar* text)
 {
     return GmLanguageTag::from(text).value();
 }
+
+class LanguageLibrary : public testing::Test
+{
+protected:
+    OdString found(const char* module, const OdChar* text) const
+    {
+        return findLanguageLibrary(folder.at(module), tag(text));
+    }
+
+    const TemporaryFolder folder;
+};
 } // namespace
 
 TEST(LanguageTag, acceptsTags)
@@ -21,7 +32,7 @@ TEST(LanguageTag, acceptsTags)
         EXPECT_EQ(tag(text).text(), text);
 }
 
-TEST(LanguageTag, refusesPathsAndOtherTexts)
+TEST(LanguageTag, refusesPathsAndInvalidTags)
 {
     for (const OdChar* text :
          {OD_T(""), OD_T("."), OD_T(".."), OD_T("../en"), OD_T("en/de"), OD_T("en\\de"), OD_T("C:en"), OD_T("e"),
@@ -39,35 +50,31 @@ TEST(LanguageTag, fallsBackToMoreGeneralTags)
     EXPECT_EQ(tag(OD_T("de-x-home")).fallbacks(), (TagList{OD_T("de-x-home"), OD_T("de")}));
 }
 
-TEST(LanguageLibrary, isInTheFolderOfItsTag)
+TEST_F(LanguageLibrary, isInTheFolderOfItsTag)
 {
-    const TemporaryFolder folder;
     const OdString library = folder.addFile("de/EditorRes.dll");
-    EXPECT_EQ(findLanguageLibrary(folder.at("Editor.grx"), tag(OD_T("de"))), library);
-    EXPECT_EQ(findLanguageLibrary(folder.at("Other.grx"), tag(OD_T("de"))), OdString());
-    EXPECT_EQ(findLanguageLibrary(folder.at("Editor.grx"), tag(OD_T("fr"))), OdString());
+    EXPECT_EQ(found("Editor.grx", OD_T("de")), library);
+    EXPECT_EQ(found("Other.grx", OD_T("de")), OdString());
+    EXPECT_EQ(found("Editor.grx", OD_T("fr")), OdString());
 }
 
-TEST(LanguageLibrary, aRegionIsPreferredToItsLanguage)
+TEST_F(LanguageLibrary, aRegionIsPreferredToItsLanguage)
 {
-    const TemporaryFolder folder;
     const OdString general = folder.addFile("de/EditorRes.dll");
-    EXPECT_EQ(findLanguageLibrary(folder.at("Editor.grx"), tag(OD_T("de-AT"))), general);
+    EXPECT_EQ(found("Editor.grx", OD_T("de-AT")), general);
     const OdString special = folder.addFile("de-AT/EditorRes.dll");
-    EXPECT_EQ(findLanguageLibrary(folder.at("Editor.grx"), tag(OD_T("de-AT"))), special);
-    EXPECT_EQ(findLanguageLibrary(folder.at("Editor.grx"), tag(OD_T("de"))), general);
+    EXPECT_EQ(found("Editor.grx", OD_T("de-AT")), special);
+    EXPECT_EQ(found("Editor.grx", OD_T("de")), general);
 }
 
-TEST(LanguageLibrary, dropsOnlyTheLastExtensionOfTheModule)
+TEST_F(LanguageLibrary, replacesOnlyTheLastExtension)
 {
-    const TemporaryFolder folder;
     const OdString library = folder.addFile("en/Editor.2Res.dll");
-    EXPECT_EQ(findLanguageLibrary(folder.at("Editor.2.grx"), tag(OD_T("en"))), library);
+    EXPECT_EQ(found("Editor.2.grx", OD_T("en")), library);
 }
 
-TEST(LanguageLibrary, isARegularFile)
+TEST_F(LanguageLibrary, mustBeARegularFile)
 {
-    const TemporaryFolder folder;
     folder.addFolder("en/EditorRes.dll");
-    EXPECT_EQ(findLanguageLibrary(folder.at("Editor.grx"), tag(OD_T("en"))), OdString());
+    EXPECT_EQ(found("Editor.grx", OD_T("en")), OdString());
 }

@@ -2,14 +2,14 @@
 
 #include <gtest/gtest.h>
 
-TEST(GmResBufExtention, readsTheAddressThatWasStored)
+TEST(GmResBufExtention, returnsTheStoredAddress)
 {
     int target = 0;
     EXPECT_EQ(GmResBufExtention::getVoid(GmResBufExtention::newVoid(&target)), &target);
     EXPECT_EQ(GmResBufExtention::getVoid(GmResBufExtention::newVoid(nullptr)), nullptr);
 }
 
-TEST(GmResBufExtention, noBufferIsNoAddress)
+TEST(GmResBufExtention, aNullBufferHasNoAddress)
 {
     EXPECT_EQ(GmResBufExtention::getVoid(OdResBufPtr()), nullptr);
 }

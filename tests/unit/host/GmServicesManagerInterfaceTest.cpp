@@ -9,11 +9,11 @@
 
 namespace
 {
-class Stranger : public OdRxObject
+class OtherObject : public OdRxObject
 {
 public:
-    explicit Stranger(std::function<void()> atEnd = {}) : m_atEnd(std::move(atEnd)) {}
-    ~Stranger() override
+    explicit OtherObject(std::function<void()> atEnd = {}) : m_atEnd(std::move(atEnd)) {}
+    ~OtherObject() override
     {
         if (m_atEnd)
             m_atEnd();
@@ -24,35 +24,37 @@ private:
 };
 
 using NameList = std::vector<OdString>;
+
+class NamedValues : public testing::Test
+{
+protected:
+    GmServicesManagerInterface values;
+};
 } // namespace
 
-TEST(NamedValues, givesTheObjectItselfOrNull)
+TEST_F(NamedValues, returnsTheObjectItselfOrNull)
 {
-    GmServicesManagerInterface values;
     const OdRxObjectPtr value = OdResBuf::newRb(kRtString, OD_T("A0"));
     values.set(OD_T("paperName"), value);
     EXPECT_EQ(values.get(OD_T("paperName")), value);
     EXPECT_EQ(values.get(OD_T("fileName")), nullptr);
 }
 
-TEST(NamedValues, namesAreExact)
+TEST_F(NamedValues, namesAreExact)
 {
-    GmServicesManagerInterface values;
     values.set(OD_T("result"), OdResBuf::newRb(kRtBool));
     EXPECT_EQ(values.get(OD_T("Result")), nullptr);
 }
 
-TEST(NamedValues, holdsObjectsThatAreNoResultBuffers)
+TEST_F(NamedValues, holdsObjectsOfAnyClass)
 {
-    GmServicesManagerInterface values;
-    values.set(OD_T("deviceName"), OdRxObjectPtr(OdRxObjectImpl<Stranger>::createObject()));
+    values.set(OD_T("deviceName"), OdRxObjectPtr(OdRxObjectImpl<OtherObject>::createObject()));
     EXPECT_NE(values.get(OD_T("deviceName")), nullptr);
     EXPECT_THROW(odrxCastOrThrow<OdResBuf>(values.get(OD_T("deviceName"))), OdError_NotThatKindOfClass);
 }
 
-TEST(NamedValues, keepsReferenceUntilValueIsReplacedOrRemoved)
+TEST_F(NamedValues, holdsAReferenceUntilReplacedOrRemoved)
 {
-    GmServicesManagerInterface values;
     const OdResBufPtr value = OdResBuf::newRb(kRtBool);
     values.set(OD_T("a"), value);
     EXPECT_EQ(value->refCount(), 2);
@@ -70,43 +72,39 @@ TEST(NamedValues, keepsReferenceUntilValueIsReplacedOrRemoved)
     EXPECT_TRUE(values.names().empty());
 }
 
-TEST(NamedValues, aNullValueTakesTheNameAway)
+TEST_F(NamedValues, aNullValueRemovesTheName)
 {
-    GmServicesManagerInterface values;
     values.set(OD_T("a"), OdResBuf::newRb(kRtBool));
     values.set(OD_T("a"), nullptr);
     values.set(OD_T("b"), nullptr);
     EXPECT_TRUE(values.names().empty());
 }
 
-TEST(NamedValues, namesAreInOrderOfLatestWriting)
+TEST_F(NamedValues, namesAreInTheOrderLastWritten)
 {
-    GmServicesManagerInterface values;
     for (const OdChar* name : {OD_T("printerName"), OD_T("paperName"), OD_T("result"), OD_T("printerName")})
         values.set(name, OdResBuf::newRb(kRtBool));
     EXPECT_EQ(values.names(), (NameList{OD_T("paperName"), OD_T("result"), OD_T("printerName")}));
 }
 
-TEST(NamedValues, valueCanReuseANameOfTheService)
+TEST_F(NamedValues, aValueCanBeStoredAgain)
 {
-    GmServicesManagerInterface values;
     values.set(OD_T("a"), OdResBuf::newRb(kRtString, OD_T("text")));
     values.set(OD_T("a"), values.get(OD_T("a")));
     EXPECT_EQ(odrxCastOrThrow<OdResBuf>(values.get(OD_T("a")))->getString(), OD_T("text"));
 }
 
-TEST(NamedValues, departingValueFindsTheServiceWhole)
+TEST_F(NamedValues, aDestructorSeesAConsistentService)
 {
-    GmServicesManagerInterface values;
     NameList seen;
     const auto look = [&] { seen = values.names(); };
     values.set(OD_T("keep"), OdResBuf::newRb(kRtBool));
 
-    values.set(OD_T("a"), OdRxObjectPtr(OdRxObjectImpl<Stranger>::createObject(look)));
+    values.set(OD_T("a"), OdRxObjectPtr(OdRxObjectImpl<OtherObject>::createObject(look)));
     values.remove(OD_T("a"));
     EXPECT_EQ(seen, (NameList{OD_T("keep")}));
 
-    values.set(OD_T("a"), OdRxObjectPtr(OdRxObjectImpl<Stranger>::createObject(look)));
+    values.set(OD_T("a"), OdRxObjectPtr(OdRxObjectImpl<OtherObject>::createObject(look)));
     values.clear();
     EXPECT_TRUE(seen.empty());
 }

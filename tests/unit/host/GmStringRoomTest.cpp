@@ -24,7 +24,7 @@ protected:
 };
 } // namespace
 
-TEST_F(LoadStringFromRoom, textsAroundTheBufferSizesAreWhole)
+TEST_F(LoadStringFromRoom, textsOfEveryLengthAreComplete)
 {
     for (const std::size_t length : {1U, 254U, 255U, 256U, 257U, 510U, 511U, 512U, 513U, 4096U, 65534U, 65535U})
     {
@@ -33,7 +33,7 @@ TEST_F(LoadStringFromRoom, textsAroundTheBufferSizesAreWhole)
     }
 }
 
-TEST_F(LoadStringFromRoom, missingNumberAndEmptyTextGiveFallback)
+TEST_F(LoadStringFromRoom, missingAndEmptyTextsGiveTheFallback)
 {
     EXPECT_EQ(load(7), OD_T("fallback"));
     room.putString(library, 7, {});
@@ -41,14 +41,14 @@ TEST_F(LoadStringFromRoom, missingNumberAndEmptyTextGiveFallback)
     EXPECT_EQ(GmString::loadString(7, nullptr, library), OdString());
 }
 
-TEST_F(LoadStringFromRoom, withoutALibraryNobodyIsAsked)
+TEST_F(LoadStringFromRoom, withoutALibraryNothingIsLoaded)
 {
     room.putString(nullptr, 7, OD_T("the program's own"));
     EXPECT_EQ(GmString::loadString(7, OD_T("fallback"), nullptr), OD_T("fallback"));
     EXPECT_EQ(room.count(room::Call::loadString), 0);
 }
 
-TEST_F(LoadStringFromRoom, aSystemThatRefusesGivesTheFallback)
+TEST_F(LoadStringFromRoom, aSystemErrorGivesTheFallback)
 {
     room.putString(library, 7, OD_T("seven"));
     room.refuse(room::Call::loadString);

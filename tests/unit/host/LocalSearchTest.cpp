@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 
 const OdString poison = OD_T("untouched");
 
-// What is found, or the poison that a search without result leaves alone.
+// The path that is found; a search without a result must leave the poison alone.
 OdString found(const OdString& name, const OdString& searchPath)
 {
     OdString path = poison;
@@ -22,117 +22,108 @@ OdString found(const OdString& name, const OdString& searchPath)
     EXPECT_EQ(result, path != poison);
     return path;
 }
+
+class LocalSearchTest : public testing::Test
+{
+protected:
+    OdString bothFolders() const { return folder.path() + OD_T(";") + second.path(); }
+
+    const TemporaryFolder folder;
+    const TemporaryFolder second;
+};
 } // namespace
 
-TEST(LocalSearch, looksThroughTheFoldersInTheirOrder)
+TEST_F(LocalSearchTest, searchesTheFoldersInOrder)
 {
-    const TemporaryFolder first;
-    const TemporaryFolder second;
-    const OdString searchPath = first.path() + OD_T(";") + second.path();
     const OdString later = second.addFile("A0.pc3");
-    EXPECT_EQ(found(OD_T("A0.pc3"), searchPath), later);
-    const OdString earlier = first.addFile("A0.pc3");
-    EXPECT_EQ(found(OD_T("A0.pc3"), searchPath), earlier);
+    EXPECT_EQ(found(OD_T("A0.pc3"), bothFolders()), later);
+    const OdString earlier = folder.addFile("A0.pc3");
+    EXPECT_EQ(found(OD_T("A0.pc3"), bothFolders()), earlier);
 }
 
-TEST(LocalSearch, triesEachFolderWithoutAndWithTheExtension)
+TEST_F(LocalSearchTest, triesNameThenExtensionInEachFolder)
 {
-    const TemporaryFolder first;
-    const TemporaryFolder second;
-    const OdString searchPath = first.path() + OD_T(";") + second.path();
     const OdString asGivenLater = second.addFile("A0");
-    EXPECT_EQ(found(OD_T("A0"), searchPath), asGivenLater);
-    const OdString withExtension = first.addFile("A0.pc3");
-    EXPECT_EQ(found(OD_T("A0"), searchPath), withExtension) << "the first folder comes before the better name";
-    const OdString asGiven = first.addFile("A0");
-    EXPECT_EQ(found(OD_T("A0"), searchPath), asGiven);
+    EXPECT_EQ(found(OD_T("A0"), bothFolders()), asGivenLater);
+    const OdString withExtension = folder.addFile("A0.pc3");
+    EXPECT_EQ(found(OD_T("A0"), bothFolders()), withExtension) << "an earlier folder wins over a better name";
+    const OdString asGiven = folder.addFile("A0");
+    EXPECT_EQ(found(OD_T("A0"), bothFolders()), asGiven);
 }
 
-TEST(LocalSearch, extensionIsRepeatedOnlyIfNothingIsFound)
+TEST_F(LocalSearchTest, aSecondExtensionIsTheLastResort)
 {
-    const TemporaryFolder folder;
     const OdString doubled = folder.addFile("A0.pc3.pc3");
     EXPECT_EQ(found(OD_T("A0.pc3"), folder.path()), doubled);
     const OdString plain = folder.addFile("A0.pc3");
     EXPECT_EQ(found(OD_T("A0.pc3"), folder.path()), plain);
 }
 
-TEST(LocalSearch, pathWithAFolderIsFirstTriedUnchanged)
+TEST_F(LocalSearchTest, aPathIsFirstTriedUnchanged)
 {
-    const TemporaryFolder elsewhere;
-    const TemporaryFolder onPath;
-    onPath.addFile("A0.pc3");
-    const OdString file = elsewhere.addFile("A0.pc3");
-    EXPECT_EQ(found(file, onPath.path()), file);
-    EXPECT_EQ(found(elsewhere.at("A0"), onPath.path()), file);
+    folder.addFile("A0.pc3");
+    const OdString file = second.addFile("A0.pc3");
+    EXPECT_EQ(found(file, folder.path()), file);
+    EXPECT_EQ(found(second.at("A0"), folder.path()), file);
 }
 
-TEST(LocalSearch, missingAbsolutePathIsSearchedByFileName)
+TEST_F(LocalSearchTest, aMissingPathIsFoundByItsName)
 {
-    const TemporaryFolder elsewhere;
-    const TemporaryFolder onPath;
-    const OdString file = onPath.addFile("A0.pc3");
-    EXPECT_EQ(found(elsewhere.at("A0.pc3"), onPath.path()), file);
+    const OdString file = folder.addFile("A0.pc3");
+    EXPECT_EQ(found(second.at("A0.pc3"), folder.path()), file);
 }
 
-TEST(LocalSearch, foreignPathIsSearchedByFileName)
+TEST_F(LocalSearchTest, foreignPathsAreFoundByName)
 {
-    const TemporaryFolder onPath;
-    const OdString file = onPath.addFile("A0.pc3");
-    // Where these could be put behind the folder they would be found there.
-    onPath.addFile("plots/A0.pc3", "another");
+    const OdString file = folder.addFile("A0.pc3");
+    // Found instead if the path were wrongly appended to the folder.
+    folder.addFile("plots/A0.pc3", "another");
     for (const OdChar* name :
          {OD_T("C:\\plots\\A0.pc3"), OD_T("C:A0.pc3"), OD_T("\\plots\\A0.pc3"), OD_T("/plots/A0.pc3"),
           OD_T("\\\\srv\\plots\\A0.pc3"), OD_T("//srv/plots/A0.pc3"), OD_T("\\\\?\\C:\\plots\\A0.pc3"),
           OD_T("\\\\?\\UNC\\srv\\plots\\A0.pc3"), OD_T("//srv/plots/A0"), OD_T("//?/C:/plots/A0")})
-        EXPECT_EQ(found(name, onPath.path()), file) << OdString(name);
+        EXPECT_EQ(found(name, folder.path()), file) << OdString(name);
 }
 
-TEST(LocalSearch, nameOfDeviceIsNotLookedFor)
+TEST_F(LocalSearchTest, aDeviceNameIsNotSearched)
 {
-    const TemporaryFolder folder;
     const OdString file = folder.addFile("null.pc3");
     EXPECT_EQ(found(OD_T("null"), folder.path()), file);
     for (const OdChar* name : {OD_T("NUL"), OD_T("nul.pc3"), OD_T("com1.pc3"), OD_T("plots\\NUL"), OD_T("\\\\.\\NUL")})
         EXPECT_EQ(found(name, folder.path()), poison) << OdString(name);
 }
 
-TEST(LocalSearch, relativePathIsTriedInEachFolder)
+TEST_F(LocalSearchTest, aRelativePathStartsAtTheCurrentFolder)
 {
-    const TemporaryFolder current;
-    const TemporaryFolder onPath;
-    const CurrentFolder inside(current.path());
-    onPath.addFile("A0.pc3");
-    EXPECT_EQ(found(OD_T("large/A0.pc3"), onPath.path()), poison) << "its folder is part of the name";
+    const CurrentFolder inside(second.path());
+    folder.addFile("A0.pc3");
+    EXPECT_EQ(found(OD_T("large/A0.pc3"), folder.path()), poison) << "its folder is not ignored";
 
-    const OdString behind = onPath.addFile("large/A0.pc3");
-    EXPECT_EQ(found(OD_T("large/A0.pc3"), onPath.path()), behind);
-    current.addFile("large/A0.pc3");
-    const OdString here = found(OD_T("large/A0.pc3"), onPath.path());
-    EXPECT_TRUE(fs::equivalent(fs::path(here.view()), fs::path(current.at("large/A0.pc3").view())));
+    const OdString below = folder.addFile("large/A0.pc3");
+    EXPECT_EQ(found(OD_T("large/A0.pc3"), folder.path()), below);
+    second.addFile("large/A0.pc3");
+    const OdString here = found(OD_T("large/A0.pc3"), folder.path());
+    EXPECT_TRUE(fs::equivalent(fs::path(here.view()), fs::path(second.at("large/A0.pc3").view())));
 }
 
-TEST(LocalSearch, bareNameIgnoresTheCurrentFolder)
+TEST_F(LocalSearchTest, aBareNameIgnoresTheCurrentFolder)
 {
-    const TemporaryFolder current;
-    const CurrentFolder inside(current.path());
-    current.addFile("A0.pc3");
+    const CurrentFolder inside(second.path());
+    second.addFile("A0.pc3");
     EXPECT_EQ(found(OD_T("A0.pc3"), OdString()), poison);
 }
 
-TEST(LocalSearch, theAnswerIsAFullPath)
+TEST_F(LocalSearchTest, theResultIsAFullPath)
 {
-    const TemporaryFolder current;
-    const CurrentFolder inside(current.path());
-    current.addFile("sub/A0.pc3");
+    const CurrentFolder inside(second.path());
+    second.addFile("sub/A0.pc3");
     const OdString path = found(OD_T("A0.pc3"), OD_T("./sub"));
     EXPECT_TRUE(fs::path(path.view()).is_absolute()) << path;
-    EXPECT_TRUE(fs::equivalent(fs::path(path.view()), fs::path(current.at("sub/A0.pc3").view())));
+    EXPECT_TRUE(fs::equivalent(fs::path(path.view()), fs::path(second.at("sub/A0.pc3").view())));
 }
 
-TEST(LocalSearch, onlyRegularFilesCount)
+TEST_F(LocalSearchTest, onlyRegularFilesAreFound)
 {
-    const TemporaryFolder folder;
     folder.addFolder("A0");
     const OdString file = folder.addFile("A0.pc3");
     EXPECT_EQ(found(OD_T("A0"), folder.path()), file);
@@ -142,9 +133,8 @@ TEST(LocalSearch, onlyRegularFilesCount)
     EXPECT_EQ(found(folder.at("A1.pc3"), OdString()), poison);
 }
 
-TEST(LocalSearch, whatCannotBeANameIsNotFound)
+TEST_F(LocalSearchTest, anInvalidNameIsNotFound)
 {
-    const TemporaryFolder folder;
     folder.addFile("A0.pc3");
     folder.addFile(".pc3");
     EXPECT_EQ(found(OdString(), folder.path()), poison) << "not even .pc3";
@@ -156,24 +146,21 @@ TEST(LocalSearch, whatCannotBeANameIsNotFound)
     EXPECT_EQ(found(OdString(std::basic_string<OdChar>(70000, 'x')), folder.path()), poison);
 }
 
-TEST(LocalSearch, emptyAndMissingFoldersAreSkipped)
+TEST_F(LocalSearchTest, emptyAndMissingFoldersAreSkipped)
 {
-    const TemporaryFolder folder;
     const OdString file = folder.addFile("A0.pc3");
     EXPECT_EQ(found(OD_T("A0"), OD_T(";") + folder.at("missing") + OD_T(";;") + folder.path() + OD_T(";")), file);
     EXPECT_EQ(found(OD_T("A0"), OdString()), poison);
 }
 
-TEST(LocalSearch, namesBeyondAsciiAreFound)
+TEST_F(LocalSearchTest, namesMayContainAnyCharacters)
 {
-    const TemporaryFolder folder;
     const OdString file = folder.addFile(fs::path(OdStringView(OD_T("Gro\u00DFformat \u5370\u5237.pc3"))));
     EXPECT_EQ(found(OD_T("Gro\u00DFformat \u5370\u5237"), folder.path()), file);
 }
 
-TEST(LocalSearch, withoutPathOfItsOwnItTakesHosts)
+TEST_F(LocalSearchTest, theHostSearchPathIsTheDefault)
 {
-    const TemporaryFolder folder;
     const OdString file = folder.addFile("A0.pc3");
     OdString path = poison;
     getMainInternalInterface()->setPlotCfgSearchPath(OdString());
@@ -185,14 +172,12 @@ TEST(LocalSearch, withoutPathOfItsOwnItTakesHosts)
     getMainInternalInterface()->setPlotCfgSearchPath(OdString());
 }
 
-TEST(LocalSearch, backgroundSearchSeesOneWholePath)
+TEST_F(LocalSearchTest, aBackgroundSearchUsesAConsistentPath)
 {
-    // Every path the host sets has the file, so a search that mixed two of them would be the only one to miss it.
-    const TemporaryFolder first;
-    const TemporaryFolder second;
-    first.addFile("A0.pc3");
+    // Every path that the host sets leads to the file, so only a search that mixed two paths would miss it.
+    folder.addFile("A0.pc3");
     second.addFile("A0.pc3");
-    getMainInternalInterface()->setPlotCfgSearchPath(first.path());
+    getMainInternalInterface()->setPlotCfgSearchPath(folder.path());
 
     int misses = 0;
     std::thread background(
@@ -203,7 +188,7 @@ TEST(LocalSearch, backgroundSearchSeesOneWholePath)
                 misses += LocalSearch::SearchPC3File(OD_T("A0"), path) ? 0 : 1;
         });
     for (int i = 0; i < 200; ++i)
-        getMainInternalInterface()->setPlotCfgSearchPath(i % 2 ? first.path() : second.path());
+        getMainInternalInterface()->setPlotCfgSearchPath(i % 2 ? folder.path() : second.path());
     background.join();
     EXPECT_EQ(misses, 0);
     getMainInternalInterface()->setPlotCfgSearchPath(OdString());
