@@ -18,6 +18,16 @@ protected:
         EXPECT_EQ(m_room.strayCloses(), 0) << n;
     }
 
+    // The printer of the configuration, for a room of its own.
+    static room::Printer usualPrinter()
+    {
+        room::Printer printer;
+        printer.name = plotter;
+        printer.driver = driver;
+        printer.papers = {{9, OD_T("A4")}, {8, OD_T("A3")}};
+        return printer;
+    }
+
     // A block that changes something everywhere.
     static Block otherBlock()
     {
@@ -136,11 +146,7 @@ TEST_F(DevModeFailures, aCallThatAlwaysFailsLeavesNothingOpen)
     for (const room::Call call : everyCall)
     {
         PrinterRoom fresh;
-        room::Printer printer;
-        printer.name = plotter;
-        printer.driver = driver;
-        printer.papers = {{9, OD_T("A4")}, {8, OD_T("A3")}};
-        fresh.add(printer);
+        fresh.add(usualPrinter());
         fresh.refuse(call);
         Configuration each = ownCopy(settled);
         const OdArray<unsigned char> bytes = each.toDevMode();
@@ -209,11 +215,7 @@ TEST_F(DevModeFailures, thePrinterMayBeGoneBeforeAnyCall)
     for (int vanishAt = 1;; ++vanishAt)
     {
         PrinterRoom fresh;
-        room::Printer printer;
-        printer.name = plotter;
-        printer.driver = driver;
-        printer.papers = {{9, OD_T("A4")}, {8, OD_T("A3")}};
-        fresh.add(printer);
+        fresh.add(usualPrinter());
         int next = 0;
         for (const room::Call call : everyCall)
             fresh.onCall(call, room::Text(),
