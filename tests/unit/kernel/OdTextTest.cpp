@@ -88,7 +88,7 @@ TEST(OdString, aNullPointerIsEmpty)
     EXPECT_TRUE(text == none);
 }
 
-TEST(OdText, whiteSpaceOfTheCLocaleAndOfUnicode)
+TEST(OdText, knowsWhiteSpaceOfCAndOfUnicode)
 {
     for (int i = 0; i < 0x10000; ++i)
     {

@@ -94,7 +94,7 @@ TEST(Fault, eachMissingKeyIsReportedWithItsBlock)
     }
 }
 
-TEST(Fault, aKeyOfAnotherKindIsReportedWithWhatItShouldBe)
+TEST(Fault, anotherKindIsReportedWithTheExpectedOne)
 {
     const auto root = fullTree();
     for (const ConfigurationKey& key : ConfigurationKeyList::make())
@@ -122,7 +122,7 @@ TEST(Fault, aNumberThatIsNoneIsReportedAsStored)
     EXPECT_EQ(number.report.fault.expected, ValueKind::number);
 }
 
-TEST(Fault, aDamagedOptionalBlockIsLeftOutAndReported)
+TEST(Fault, aDroppedBlockIsReportedAsLeftOut)
 {
     const auto root = fullTree();
     const Reading noName = read(*blocks::withAt(*root, OD_T("media/destination/name"), nullptr));

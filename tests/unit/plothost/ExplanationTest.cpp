@@ -75,7 +75,7 @@ TEST_F(Explanation, eachMissingRequiredKeyIsNamedWithItsBlock)
     EXPECT_EQ(ofTree(CPBlock(OD_T(""))), "block 'meta' is missing");
 }
 
-TEST_F(Explanation, aKeyOfAnotherKindAndANumberThatIsNone)
+TEST_F(Explanation, aKeyOfAnotherKindOrNoNumber)
 {
     const auto with = [this](OdStringView path, const blocks::Item& item)
     { return ofTree(blocks::withAt(*m_sound, path, item)); };
