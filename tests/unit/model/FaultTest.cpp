@@ -108,7 +108,7 @@ TEST(Fault, anotherKindIsReportedWithTheExpectedOne)
     }
 }
 
-TEST(Fault, aNumberThatIsNoneIsReportedAsStored)
+TEST(Fault, aBadNumberIsReportedAsStored)
 {
     const auto root = fullTree();
     const Reading whole = read(*blocks::withAt(*root, OD_T("io/type"), blocks::num(OD_T("type"), OD_T("1.5"))));

@@ -57,7 +57,7 @@ TEST_F(Explanation, aSoundFileHasNoReason)
     EXPECT_EQ(ofDevMode(sample::configuration()), "");
 }
 
-TEST_F(Explanation, eachMissingRequiredKeyIsNamedWithItsBlock)
+TEST_F(Explanation, eachMissingKeyIsNamedWithItsBlock)
 {
     for (const ConfigurationKey& key : ConfigurationKeyList::make())
     {

@@ -54,7 +54,7 @@ TEST_F(Refusals, theReasonNamesTheFile)
     EXPECT_EQ(notEdited({OD_T("x.pc3"), false, {}}), why);
 }
 
-TEST_F(Refusals, aFileWithoutADeviceModeIsStillRead)
+TEST_F(Refusals, aFileWithoutDeviceModeIsStillRead)
 {
     GmPlotCfg3 configuration = sample::configuration();
     configuration.m_custom = nullptr;
