@@ -48,10 +48,7 @@ TEST_F(EditCommandTest, newConfigurationIsEditedSavedAndReadAgain)
     edit(L"Plotter A", true,
          [](SheetDriver& user)
          {
-             const HWND sheet = user.awaitWindow();
-             user.enter(sheet, IDC_DESCRIPTION, L"by hand");
-             user.press(sheet, IDOK);
-             const HWND dialog = user.awaitWindow();
+             const HWND dialog = changeAndConfirm(user);
              EXPECT_EQ(user.textOf(dialog, IDC_CFG_NAME), L"Plotter A");
              user.enter(dialog, IDC_CFG_NAME, L" Office ");
              user.press(dialog, IDOK);
@@ -126,14 +123,7 @@ TEST_F(EditCommandTest, aCancelledSheetWritesNothing)
 
 TEST_F(EditCommandTest, aRefusedNameWritesNothing)
 {
-    edit(L"Plotter A", true,
-         [](SheetDriver& user)
-         {
-             const HWND sheet = user.awaitWindow();
-             user.enter(sheet, IDC_DESCRIPTION, L"by hand");
-             user.press(sheet, IDOK);
-             user.press(user.awaitWindow(), IDCANCEL);
-         });
+    edit(L"Plotter A", true, [](SheetDriver& user) { user.press(changeAndConfirm(user), IDCANCEL); });
     EXPECT_EQ(textOf(L"fileName"), L"");
     EXPECT_TRUE(m_folder.names().empty());
 }
@@ -144,10 +134,7 @@ TEST_F(EditCommandTest, aTargetThatCannotBeWrittenIsTold)
     edit(L"Plotter A", true,
          [this](SheetDriver& user)
          {
-             const HWND sheet = user.awaitWindow();
-             user.enter(sheet, IDC_DESCRIPTION, L"by hand");
-             user.press(sheet, IDOK);
-             const HWND dialog = user.awaitWindow();
+             const HWND dialog = changeAndConfirm(user);
              user.enter(dialog, IDC_CFG_NAME, L"Taken");
              user.press(dialog, IDOK);
              const BoxTexts told = user.answerNext(IDOK);

@@ -6,6 +6,7 @@
 #include "host/GmString.h"
 #include "mfc/AfxModuleState.h"
 #include "mfc/AfxThreadState.h"
+#include "resources/Resource.h"
 
 #include <commctrl.h>
 
@@ -73,6 +74,14 @@ void EditorTest::addPlotterSettingCopies(short copies)
         reinterpret_cast<DEVMODEW&>(*block.data()).dmCopies = copies;
     };
     m_room.add(plotter);
+}
+
+HWND EditorTest::changeAndConfirm(SheetDriver& user)
+{
+    const HWND sheet = user.awaitWindow();
+    user.enter(sheet, IDC_DESCRIPTION, L"by hand");
+    user.press(sheet, IDOK);
+    return user.awaitWindow();
 }
 
 OdSharedPtr<GmPlotCfg3> EditorTest::newConfiguration()

@@ -26,6 +26,8 @@ protected:
     static OdSharedPtr<GmPlotCfg3> newConfiguration();
     // Adds a "Plotter A" whose driver sets that number of copies in every device mode that it merges.
     void addPlotterSettingCopies(short copies);
+    // Changes the description to "by hand" in the sheet that comes up and confirms. The dialog that asks for the name.
+    static HWND changeAndConfirm(SheetDriver& user);
     // The configuration in a file of the test's folder, null when it cannot be read.
     OdSharedPtr<GmPlotCfg3> read(const char* fileName) const;
 

@@ -264,10 +264,7 @@ TEST_F(LackingResources, failedSaveShowsABoxWithoutAText)
     command(
         [](SheetDriver& user)
         {
-            const HWND sheet = user.awaitWindow();
-            user.enter(sheet, IDC_DESCRIPTION, L"by hand");
-            user.press(sheet, IDOK);
-            const HWND dialog = user.awaitWindow();
+            const HWND dialog = changeAndConfirm(user);
             user.enter(dialog, IDC_CFG_NAME, L"Taken");
             user.press(dialog, IDOK);
             const BoxTexts told = user.answerNext(IDOK);
@@ -279,20 +276,18 @@ TEST_F(LackingResources, failedSaveShowsABoxWithoutAText)
 
 // --- Icons and bitmaps ---
 
-// The kinds of entries by the icons' numbers, in the order of the entries' types.
-constexpr std::array entryIcons = {IDI_CHECKED,         IDI_SYSTEM_PRINTER, IDI_MEDIA,      IDI_MEDIA_DEST,
-                                   IDI_SOURCE_SIZE,     IDI_COLLATING,      IDI_GRAPHICS,   IDI_VECTOR_GRAPHICS,
-                                   IDI_RASTER_GRAPHICS, IDI_TRUETYPE,       IDI_MERGE_CTRL, IDI_CUSTOM_PROP};
+// In the order of the types.
 constexpr std::array entryNames = {"eChecked",        "eRoot",      "eMedia",     "eMediaDest",
                                    "eSourceSize",     "eCollating", "eGraphics",  "eVectorGraphics",
                                    "eRasterGraphics", "eTrueType",  "eMergeCtrl", "eCustomProp"};
+static_assert(entryNames.size() == deviceRowCount);
 
 TEST_F(LackingResources, missingEntryIconShiftsLaterOnes)
 {
-    for (std::size_t lacking = 0; lacking < entryIcons.size(); ++lacking)
+    for (std::size_t lacking = 0; lacking < entryNames.size(); ++lacking)
     {
         SCOPED_TRACE(entryNames[lacking]);
-        lack(RT_GROUP_ICON, static_cast<UINT>(entryIcons[lacking]));
+        lack(RT_GROUP_ICON, deviceRow(static_cast<std::int32_t>(lacking))->icon);
         RecordedAsserts::reports().clear();
         editAndSave();
         Texts expected = {"hIcon | GarmPC3Editor/Dialogs/GmTabDevice"};
