@@ -57,36 +57,26 @@ TEST_F(VirtualPrinterLimit, standsThereForOtherPapersToo)
 
 TEST_F(VirtualPrinterLimit, theLongestLengthIsWritten)
 {
-    EXPECT_EQ(run(
-                  [](ScriptedPrintDlg& dialog)
-                  {
-                      type(dialog, L"3276.7", L"3276.74");
-                      dialog.click(IDOK);
-                  }),
-              IDOK);
-    ASSERT_EQ(handedToDriver().size(), 1U);
-    EXPECT_EQ(handedToDriver()[0].dmPaperWidth, 32767);
-    EXPECT_EQ(handedToDriver()[0].dmPaperLength, 32767);
+    const DEVMODEW handed = confirm([](ScriptedPrintDlg& dialog) { type(dialog, L"3276.7", L"3276.74"); });
+    EXPECT_EQ(handed.dmPaperWidth, 32767);
+    EXPECT_EQ(handed.dmPaperLength, 32767);
 }
 
 TEST_F(VirtualPrinterLimit, longerWidthIsErrorBesideItsField)
 {
-    EXPECT_EQ(run(
-                  [this](ScriptedPrintDlg& dialog)
-                  {
-                      type(dialog, L"3276.8", L"297");
-                      dialog.click(IDOK);
-                      expectNotes(dialog, tooLong, limitInMillimetres);
-                      EXPECT_EQ(::GetFocus(), dialog.control(IDC_PAPER_WIDTH));
-                      EXPECT_TRUE(handedToDriver().empty());
-                      // As soon as something else is typed it is no longer true.
-                      dialog.type(IDC_PAPER_WIDTH, L"210");
-                      expectNotes(dialog, limitInMillimetres, limitInMillimetres);
-                      dialog.click(IDOK);
-                  }),
-              IDOK);
-    ASSERT_EQ(handedToDriver().size(), 1U);
-    EXPECT_EQ(handedToDriver()[0].dmPaperWidth, 2100);
+    const DEVMODEW handed = confirm(
+        [this](ScriptedPrintDlg& dialog)
+        {
+            type(dialog, L"3276.8", L"297");
+            dialog.click(IDOK);
+            expectNotes(dialog, tooLong, limitInMillimetres);
+            EXPECT_EQ(::GetFocus(), dialog.control(IDC_PAPER_WIDTH));
+            EXPECT_TRUE(handedToDriver().empty());
+            // As soon as something else is typed it is no longer true.
+            dialog.type(IDC_PAPER_WIDTH, L"210");
+            expectNotes(dialog, limitInMillimetres, limitInMillimetres);
+        });
+    EXPECT_EQ(handed.dmPaperWidth, 2100);
 }
 
 TEST_F(VirtualPrinterLimit, longerLengthIsErrorBesideItsField)
@@ -108,36 +98,30 @@ TEST_F(VirtualPrinterLimit, longerLengthIsErrorBesideItsField)
 
 TEST_F(VirtualPrinterLimit, holdsInInchesAndForBothFields)
 {
-    EXPECT_EQ(run(
-                  [](ScriptedPrintDlg& dialog)
-                  {
-                      dialog.click(IDC_INCHES);
-                      type(dialog, L"129.01", L"-129.1");
-                      dialog.click(IDOK);
-                      expectNotes(dialog, tooLongInInches, tooLongInInches);
-                      EXPECT_EQ(::GetFocus(), dialog.control(IDC_PAPER_WIDTH));
-                      type(dialog, L"129", L"11");
-                      dialog.click(IDOK);
-                  }),
-              IDOK);
-    ASSERT_EQ(handedToDriver().size(), 1U);
-    EXPECT_EQ(handedToDriver()[0].dmPaperWidth, 32766);
-    EXPECT_EQ(handedToDriver()[0].dmPaperLength, 2794);
+    const DEVMODEW handed = confirm(
+        [](ScriptedPrintDlg& dialog)
+        {
+            dialog.click(IDC_INCHES);
+            type(dialog, L"129.01", L"-129.1");
+            dialog.click(IDOK);
+            expectNotes(dialog, tooLongInInches, tooLongInInches);
+            EXPECT_EQ(::GetFocus(), dialog.control(IDC_PAPER_WIDTH));
+            type(dialog, L"129", L"11");
+        });
+    EXPECT_EQ(handed.dmPaperWidth, 32766);
+    EXPECT_EQ(handed.dmPaperLength, 2794);
 }
 
 TEST_F(VirtualPrinterLimit, doesNotMatterForAnotherPaper)
 {
-    EXPECT_EQ(run(
-                  [](ScriptedPrintDlg& dialog)
-                  {
-                      type(dialog, L"100000", L"100000");
-                      dialog.click(IDOK);
-                      expectNotes(dialog, tooLong, tooLong);
-                      dialog.select(IDC_PAPER, 0);
-                      expectNotes(dialog, limitInMillimetres, limitInMillimetres);
-                      dialog.click(IDOK);
-                  }),
-              IDOK);
-    ASSERT_EQ(handedToDriver().size(), 1U);
-    EXPECT_EQ(handedToDriver()[0].dmPaperSize, 9);
+    const DEVMODEW handed = confirm(
+        [](ScriptedPrintDlg& dialog)
+        {
+            type(dialog, L"100000", L"100000");
+            dialog.click(IDOK);
+            expectNotes(dialog, tooLong, tooLong);
+            dialog.select(IDC_PAPER, 0);
+            expectNotes(dialog, limitInMillimetres, limitInMillimetres);
+        });
+    EXPECT_EQ(handed.dmPaperSize, 9);
 }

@@ -18,22 +18,18 @@ constexpr DWORD always = DM_PRINTQUALITY | DM_PAPERSIZE;
 
 TEST_F(VirtualPrinterOk, writesPapersCodeQualityAndOrientation)
 {
-    EXPECT_EQ(run(
-                  [](ScriptedPrintDlg& dialog)
-                  {
-                      dialog.select(IDC_PAPER, 1);
-                      dialog.select(IDC_QUALITY, 4);
-                      dialog.click(IDC_LANDSCAPE);
-                      dialog.click(IDOK);
-                  }),
-              IDOK);
-    const auto handed = handedToDriver();
-    ASSERT_EQ(handed.size(), 1U);
+    const DEVMODEW handed = confirm(
+        [](ScriptedPrintDlg& dialog)
+        {
+            dialog.select(IDC_PAPER, 1);
+            dialog.select(IDC_QUALITY, 4);
+            dialog.click(IDC_LANDSCAPE);
+        });
     // What was set before is dropped.
-    EXPECT_EQ(handed[0].dmFields, always | DM_ORIENTATION);
-    EXPECT_EQ(handed[0].dmPaperSize, 8);
-    EXPECT_EQ(handed[0].dmPrintQuality, 1200);
-    EXPECT_EQ(handed[0].dmOrientation, DMORIENT_LANDSCAPE);
+    EXPECT_EQ(handed.dmFields, always | DM_ORIENTATION);
+    EXPECT_EQ(handed.dmPaperSize, 8);
+    EXPECT_EQ(handed.dmPrintQuality, 1200);
+    EXPECT_EQ(handed.dmOrientation, DMORIENT_LANDSCAPE);
 }
 
 TEST_F(VirtualPrinterOk, hostGetsTheChosenPaperAndOrientation)
@@ -105,9 +101,8 @@ TEST_F(VirtualPrinterOk, driverBytesAfterAShortPublicPartStay)
 TEST_F(VirtualPrinterOk, anUnknownQualityIsWrittenAsTheFirst)
 {
     devMode().dmPrintQuality = 200;
-    run([](ScriptedPrintDlg& dialog) { dialog.click(IDOK); });
-    ASSERT_EQ(handedToDriver().size(), 1U);
-    EXPECT_EQ(handedToDriver()[0].dmPrintQuality, 72);
+    const DEVMODEW handed = confirm([](ScriptedPrintDlg&) {});
+    EXPECT_EQ(handed.dmPrintQuality, 72);
 }
 
 TEST_F(VirtualPrinterOk, withoutASelectedQualityItIs600)
