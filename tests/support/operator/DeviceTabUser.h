@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-// The user of the device tab: a SheetDriver on a sheet whose second tab is on show. Entries are told by their kind.
+// The user of the device tab: a SheetDriver on a sheet whose second tab is on show. Entries are named by their kind.
 class DeviceTabUser
 {
 public:

@@ -37,7 +37,7 @@ std::string shown(const OdResBuf& value)
     }
 }
 
-// Runs the command on the named values and tells those that it left, but for the arguments that go in only.
+// Runs the command on the named values and reports those that it left, except for arguments that only go in.
 std::string runAndTell(const OdChar* command, const std::vector<OdString>& arguments)
 {
     GmServicesManagerInterface& values = namedValues();

@@ -8,7 +8,7 @@
 
 namespace editordriver
 {
-// One line of a script: a verb, and what stands behind it up to the end of the line.
+// One line of a script: a verb, and what follows it up to the end of the line.
 struct ScriptLine
 {
     std::size_t number = 0; // from 1

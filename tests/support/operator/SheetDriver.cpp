@@ -235,7 +235,7 @@ HWND SheetDriver::awaitWindow()
     const HWND window = m_shown.front();
     m_shown.pop_front();
     lock.unlock();
-    // It comes up while it is being made; its thread answers when it waits for input.
+    // It comes up while it is still being created; its thread replies once it waits for input.
     send(window, WM_NULL);
     return window;
 }

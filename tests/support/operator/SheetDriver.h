@@ -90,7 +90,7 @@ public:
     BoxTexts read(HWND box) const;
     // Presses a button of it and waits until it is gone.
     void answer(HWND box, int button);
-    // The next window, which must be a message box: answers it and tells what it said.
+    // The next window, which must be a message box: answers it and returns what it said.
     BoxTexts answerNext(int button);
 
 private:

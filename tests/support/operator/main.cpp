@@ -58,7 +58,7 @@ std::optional<Options> optionsFrom(int count, wchar_t** values)
     return options.script.isEmpty() ? std::nullopt : std::optional(options);
 }
 
-// A step that failed leaves windows open, behind which nobody is left to work: the process ends at once.
+// A step that failed leaves windows open that no script will close: the process ends at once.
 [[noreturn]] void giveUp(const ScriptLine& line, const std::exception& error)
 {
     std::fprintf(stderr, "line %u, %s %s: %s\n", static_cast<unsigned>(line.number), line.verb.c_str(),

@@ -9,7 +9,7 @@
 
 namespace
 {
-// SystemExtendedHandleInformation; GetProcessHandleCount answers 0 under Wine.
+// SystemExtendedHandleInformation; GetProcessHandleCount returns 0 under Wine.
 constexpr ULONG handleInformation = 64;
 
 struct HandleEntry

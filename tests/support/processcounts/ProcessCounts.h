@@ -4,7 +4,7 @@
 #include <vector>
 
 // What this process holds of the system, to see whether something that should leave no trace does. The system's own
-// counters answer 0 under Wine, so these look into the tables behind them. Each throws std::runtime_error when its
+// counters return 0 under Wine, so these look into the tables themselves. Each throws std::runtime_error when its
 // table is not where it is expected or does not see what is there.
 
 // Handles of every kind.

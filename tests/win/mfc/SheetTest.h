@@ -15,7 +15,7 @@ class SheetTest : public DialogTest
 // What happened, in order.
 using Events = std::vector<std::string>;
 
-// A page that writes down what is asked of it and answers as told.
+// A page that records what is asked of it and replies as the test says.
 class ScriptedPage : public CPropertyPage
 {
 public:
