@@ -187,7 +187,7 @@ const char* unpack(files::ByteBuffer file, files::ByteBuffer& text)
     auto rest = file.view();
     Form form = Form::compressed;
     if (!takeFirstLine(rest, form))
-        return "the file is no plotter configuration";
+        return "the file is not a plotter configuration";
     if (form == Form::plain)
     {
         file.dropFront(file.size() - rest.size());

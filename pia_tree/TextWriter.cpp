@@ -214,7 +214,7 @@ private:
 const char* writeText(const CPBlock& root, files::ByteBuffer& text)
 {
     if (!root.name().isEmpty())
-        return "the root block has a name, which no file can hold";
+        return "the root block has a name, which a file cannot store";
     constexpr std::size_t usualText = 8192;
     text = files::ByteBuffer(usualText);
     return TextWriter(text).writeChildren(root);

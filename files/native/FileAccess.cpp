@@ -55,7 +55,7 @@ const char* readFile(const OdChar* path, ByteBuffer& bytes)
 {
     std::string name;
     if (!toNative(path, name))
-        return "no file has that name";
+        return "that is not a valid file name";
     // Without waiting: opening a pipe would block until another program writes to it.
     const File file(::open(name.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     if (!file)
@@ -72,7 +72,7 @@ const char* replaceFile(const OdChar* path, std::string_view bytes)
 {
     std::string name;
     if (!toNative(path, name))
-        return "no file has that name";
+        return "that is not a valid file name";
     if (const char* reason = followLinks(name))
         return reason;
     const std::string folderName(folderOf(name));

@@ -24,7 +24,7 @@ const char* reasonOf(int error, const char* otherwise) noexcept
     case ENAMETOOLONG:
         return "the name of the file is too long";
     case ELOOP:
-        return "the links to the file never end";
+        return "the links to the file form a loop";
     case ENOSPC:
     case EDQUOT:
     case EFBIG:

@@ -11,7 +11,7 @@ const char* readFile(const OdChar* path, ByteBuffer& bytes)
 {
     const std::wstring name = path && *path ? absolutePath(OdString(path)) : std::wstring();
     if (name.empty())
-        return "no file has that name";
+        return "that is not a valid file name";
     const File file(openShared(name, GENERIC_READ, FILE_FLAG_SEQUENTIAL_SCAN));
     return file ? readAll(file.get(), bytes) : reasonOf(::GetLastError(), "the file cannot be opened");
 }
@@ -19,7 +19,7 @@ const char* readFile(const OdChar* path, ByteBuffer& bytes)
 const char* replaceFile(const OdChar* path, std::string_view bytes)
 {
     if (!path || !*path)
-        return "no file has that name";
+        return "that is not a valid file name";
     Target target;
     if (const char* reason = findTarget(path, target))
         return reason;

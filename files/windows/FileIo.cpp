@@ -24,7 +24,7 @@ const char* reasonOf(DWORD error, const char* otherwise) noexcept
     case ERROR_USER_MAPPED_FILE:
         return "another program is using the file";
     case ERROR_INVALID_NAME:
-        return "no file has that name";
+        return "that is not a valid file name";
     case ERROR_FILENAME_EXCED_RANGE:
         return "the name of the file is too long";
     case ERROR_DISK_FULL:

@@ -12,7 +12,7 @@ namespace files
 namespace
 {
 constexpr auto notAFile = "that is a folder or a device, not a file";
-constexpr auto noName = "no file has that name";
+constexpr auto noName = "that is not a valid file name";
 
 // Runs a query that takes a buffer and its size and returns the length of the text, the size it needs including the
 // terminator, or 0. Empty if it fails.
@@ -100,7 +100,7 @@ const char* findTarget(const wchar_t* path, Target& target)
         return reasonOf(error, cannotWrite);
     // A link to a missing file exists although the file does not; it would be replaced by a file. Wine does not show
     // such a link.
-    constexpr auto leadsNowhere = "the link leads to no file";
+    constexpr auto leadsNowhere = "the link leads to a missing file";
     if (::GetFileAttributesW(target.path.c_str()) != INVALID_FILE_ATTRIBUTES)
         return leadsNowhere;
     if (const auto end = wine::endOfLink(target.path))

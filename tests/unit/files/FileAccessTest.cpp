@@ -86,8 +86,8 @@ TEST_F(FileAccess, thePlainFormIsWrittenOnRequest)
 
 TEST_F(FileAccess, anEmptyOrNullPathIsRefused)
 {
-    EXPECT_EQ(refusalToRead(OdString()), "no file has that name");
-    EXPECT_EQ(refusalToWrite(OdString()), "no file has that name");
+    EXPECT_EQ(refusalToRead(OdString()), "that is not a valid file name");
+    EXPECT_EQ(refusalToWrite(OdString()), "that is not a valid file name");
     CPIAParser parser;
     EXPECT_FALSE(parser.read(nullptr));
     EXPECT_FALSE(CPIAOutput().write(CPBlock(OD_T("")), nullptr));
@@ -169,7 +169,7 @@ TEST_F(FileAccess, anEmptyFileIsRefused)
 {
     const OdString name = m_folder.at("empty.pc3");
     putContent(name, "");
-    EXPECT_EQ(refusalToRead(name), "the file is no plotter configuration");
+    EXPECT_EQ(refusalToRead(name), "the file is not a plotter configuration");
 }
 
 TEST_F(FileAccess, onlyOldTemporaryFilesAreRemoved)

@@ -129,8 +129,8 @@ TEST_F(NativeFile, circularLinksAreRefused)
 {
     link("b.pc3", m_name);
     link("A4.pc3", m_folder.at("b.pc3"));
-    EXPECT_EQ(write(), "the links to the file never end");
-    EXPECT_EQ(read(), "the links to the file never end");
+    EXPECT_EQ(write(), "the links to the file form a loop");
+    EXPECT_EQ(read(), "the links to the file form a loop");
 }
 
 TEST_F(NativeFile, aNewFileHasTheUsualMode)
@@ -192,8 +192,8 @@ TEST_F(NativeFile, aNameMayHaveTheLongestLength)
 TEST_F(NativeFile, aNameThatIsNotUnicodeIsRefused)
 {
     const OdChar lone[] = {'x', 0xD800, 0};
-    EXPECT_EQ(write(lone, "new"), "no file has that name");
-    EXPECT_EQ(read(lone), "no file has that name");
+    EXPECT_EQ(write(lone, "new"), "that is not a valid file name");
+    EXPECT_EQ(read(lone), "that is not a valid file name");
 }
 
 TEST_F(NativeFile, theReasonDependsOnTheSystemError)

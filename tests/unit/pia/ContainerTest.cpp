@@ -12,7 +12,7 @@ namespace
 constexpr std::string_view text = "a=1\nb{\n c=\"x\n}\n";
 const std::string content = "'a' num '1'\n'b' block (\n'c' str 'x'\n)\n";
 
-constexpr auto noConfiguration = "refused: the file is no plotter configuration (line 0)";
+constexpr auto noConfiguration = "refused: the file is not a plotter configuration (line 0)";
 constexpr auto endsTooEarly = "refused: the file ends too early (line 0)";
 constexpr auto streamEndsTooEarly = "refused: the compressed data ends too early (line 0)";
 constexpr auto damaged = "refused: the compressed data is damaged (line 0)";

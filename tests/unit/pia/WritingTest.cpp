@@ -125,7 +125,7 @@ TEST(Writing, nanAndInfinityAreWords)
 
 TEST(Writing, treesThatNoFileCanHoldAreRefused)
 {
-    EXPECT_EQ(written(CPBlock(OD_T("name"))), "refused: the root block has a name, which no file can hold");
+    EXPECT_EQ(written(CPBlock(OD_T("name"))), "refused: the root block has a name, which a file cannot store");
 
     CPBlock strange(OD_T(""));
     addTo<StrangeItem>(strange);

@@ -147,10 +147,10 @@ TEST_F(WinFile, nameMayHaveTheSystemsFullLength)
 TEST_F(WinFile, refusedNameIsReportedAndCreatesNothing)
 {
     for (const wchar_t* name : {L"a?.pc3", L"a*.pc3", L"a<.pc3", L"a>.pc3", L"a|.pc3", L"a\".pc3", L"a\x01.pc3"})
-        EXPECT_EQ(refusal(m_folder.path() + OD_T("\\") + name), "no file has that name") << OdString(name);
+        EXPECT_EQ(refusal(m_folder.path() + OD_T("\\") + name), "that is not a valid file name") << OdString(name);
     // Behind the colon would be the name of a stream of the file in front of it.
     putContent(m_folder.at("a"), "old");
-    EXPECT_EQ(refusal(m_folder.at("a") + OD_T(":b.pc3")), "no file has that name");
+    EXPECT_EQ(refusal(m_folder.at("a") + OD_T(":b.pc3")), "that is not a valid file name");
     EXPECT_EQ(contentOf(m_folder.at("a")), "old");
     EXPECT_EQ(namesIn(m_folder.path()), Names{"a"});
 }
