@@ -59,13 +59,13 @@ OdString loadErrorText(DWORD error)
     switch (error)
     {
     case ERROR_BAD_EXE_FORMAT:
-        return OD_T("it is no library of this system");
+        return OD_T("it is not a library for this system");
     case ERROR_MOD_NOT_FOUND:
         return OD_T("a library that it needs is missing");
     case ERROR_PROC_NOT_FOUND:
-        return OD_T("a library that it needs is of another version");
+        return OD_T("a library that it needs has the wrong version");
     case ERROR_DLL_INIT_FAILED:
-        return OD_T("its start was refused, as happens when its language library is missing");
+        return OD_T("it refused to start; its language library may be missing");
     default:
         return OdString(odFromUtf8("the system says error " + std::to_string(error)));
     }
@@ -98,10 +98,10 @@ std::optional<OdString> start(const LibraryHandle& library, OdRxModule*& object)
     const auto create = exportOf<OdRxCreateModuleObject>(library, "odrxCreateModuleObject");
     const auto getVersion = exportOf<OdRxGetApiVersion>(library, "odrxGetAPIVersion");
     if (!create || !getVersion)
-        return OdString(OD_T("it is no module: it does not export odrxCreateModuleObject and odrxGetAPIVersion"));
+        return OdString(OD_T("it is not a module: it does not export odrxCreateModuleObject and odrxGetAPIVersion"));
 
     if (!guarded([&] { object = create(); }) || !object)
-        return OdString(OD_T("it could not make its module object"));
+        return OdString(OD_T("it could not create its module object"));
 
     OdRxApiVersion version{-1, -1, -1, -1};
     const bool answered =

@@ -101,13 +101,13 @@ TEST_F(ModuleLoader, absentFileIsReportedAsMissing)
 
 TEST_F(ModuleLoader, invalidLibraryIsReported)
 {
-    EXPECT_EQ(refusal(OD_T("Text.grx")), OD_T("it is no library of this system."));
+    EXPECT_EQ(refusal(OD_T("Text.grx")), OD_T("it is not a library for this system."));
 }
 
 TEST_F(ModuleLoader, libraryWithoutModuleExportsIsReported)
 {
     EXPECT_EQ(refusal(OD_T("First.dll")),
-              OD_T("it is no module: it does not export odrxCreateModuleObject and odrxGetAPIVersion."));
+              OD_T("it is not a module: it does not export odrxCreateModuleObject and odrxGetAPIVersion."));
 }
 
 TEST_F(ModuleLoader, missingDependencyIsReported)
@@ -123,14 +123,13 @@ TEST_F(ModuleLoader, anotherKernelVersionIsNamed)
 
 TEST_F(ModuleLoader, refusedStartRemovesModuleAndCallback)
 {
-    EXPECT_EQ(refusal(OD_T("AttachRefused.grx")),
-              OD_T("its start was refused, as happens when its language library is missing."));
+    EXPECT_EQ(refusal(OD_T("AttachRefused.grx")), OD_T("it refused to start; its language library may be missing."));
 }
 
 TEST_F(ModuleLoader, aModuleWithoutItsObjectIsRefused)
 {
-    EXPECT_EQ(refusal(OD_T("CreateThrows.grx")), OD_T("it could not make its module object."));
-    EXPECT_EQ(refusal(OD_T("CreateGivesNull.grx")), OD_T("it could not make its module object."));
+    EXPECT_EQ(refusal(OD_T("CreateThrows.grx")), OD_T("it could not create its module object."));
+    EXPECT_EQ(refusal(OD_T("CreateGivesNull.grx")), OD_T("it could not create its module object."));
 }
 
 TEST_F(ModuleLoader, moduleWhoseStartThrowsIsTakenOutAgain)

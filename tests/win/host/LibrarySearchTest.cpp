@@ -49,7 +49,7 @@ private:
 };
 
 constexpr auto missing = L"a library that it needs is missing.";
-constexpr auto noModule = L"it is no module: it does not export odrxCreateModuleObject and odrxGetAPIVersion.";
+constexpr auto noModule = L"it is not a module: it does not export odrxCreateModuleObject and odrxGetAPIVersion.";
 } // namespace
 
 TEST_F(LibrarySearch, modulesLibraryIsNotTakenFromCurrentFolder)
@@ -74,7 +74,7 @@ TEST_F(LibrarySearch, aModulesLibraryIsTakenFromBesideIt)
     const TemporaryFolder folder;
     copyTo(folder, fixture(L"").c_str(), L"Dependent.grx");
     copyTo(folder, fixture(L"hidden\\").c_str(), libraryName);
-    // Now that it has its library it can be seen that it is no module.
+    // It has its library now, so the refusal is for its missing exports.
     const OdString reason = whyNotLoaded(folder.at(L"Dependent.grx"));
     EXPECT_TRUE(reason.view().ends_with(noModule)) << reason;
     EXPECT_TRUE(wasRun());
