@@ -19,11 +19,11 @@ const char* nameOf(ValueKind kind)
     case ValueKind::flag:
         return "TRUE or FALSE";
     case ValueKind::wholeNumber:
-        return "whole number";
+        return "a whole number";
     case ValueKind::number:
         break;
     }
-    return "number";
+    return "a number";
 }
 
 std::string keyOf(const Fault& fault)
@@ -56,9 +56,9 @@ std::string textOf(const Fault& fault)
     case FaultCode::missingKey:
         return keyOf(fault) + " is missing" + blockOf(fault);
     case FaultCode::otherKind:
-        return keyOf(fault) + blockOf(fault) + " is of another kind; it should be a " + nameOf(fault.expected);
+        return keyOf(fault) + blockOf(fault) + " has the wrong kind of value; it should be " + nameOf(fault.expected);
     case FaultCode::notANumber:
-        return keyOf(fault) + blockOf(fault) + " is no " + nameOf(fault.expected) + ": " +
+        return keyOf(fault) + blockOf(fault) + " is not " + nameOf(fault.expected) + ": " +
                quoted(fault.text.view().substr(0, longestNumberShown));
     case FaultCode::badCustomItem:
         return "item " + quoted(fault.key) + blockOf(fault) + " is not a name and a value";
@@ -69,7 +69,7 @@ std::string textOf(const Fault& fault)
     case FaultCode::noPrinterName:
         return "the configuration names no Windows printer";
     case FaultCode::badSizes:
-        return "no DEVMODE can be built of " + textOf(fault.stored);
+        return "no DEVMODE can be built with " + textOf(fault.stored);
     case FaultCode::badPrivateLength:
         return keyOf(fault) + blockOf(fault) + " has " + std::to_string(fault.digits) + " digits; for dmDriverExtra " +
                std::to_string(fault.stored.driverExtra) + " it takes " +
@@ -85,10 +85,9 @@ std::string textOf(const Fault& fault)
     case FaultCode::unlistedPaper:
         return "the printer does not list its paper with code " + std::to_string(fault.paperCode);
     case FaultCode::noDefaultDevMode:
-        return "the driver of printer " + quoted(fault.text) + " gives no default DEVMODE";
+        return "the driver of printer " + quoted(fault.text) + " returns no default DEVMODE";
     case FaultCode::noPrivateBytes:
-        return "the DEVMODE of printer " + quoted(fault.text) +
-               " has no private bytes, without which there is no configuration";
+        return "the DEVMODE of printer " + quoted(fault.text) + " has no private bytes, which a configuration needs";
     }
     return {};
 }
@@ -97,7 +96,7 @@ std::string whyNotOpened(OdStringView printer, unsigned long systemError)
 {
     std::string text = "printer " + quoted(printer) + " cannot be opened";
     if (systemError == ERROR_INVALID_PRINTER_NAME)
-        text += ": there is none of that name";
+        text += ": there is no printer with that name";
     else if (systemError == ERROR_ACCESS_DENIED)
         text += ": access is denied";
     else if (systemError == RPC_S_SERVER_UNAVAILABLE)

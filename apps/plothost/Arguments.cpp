@@ -24,14 +24,14 @@ constexpr const char* footer =
     "Without a command the Plot dialog opens.\n"
     "\n"
     "Files are looked for relative to the current folder, then on the search path: the folders of --search-path,\n"
-    "else of the environment variable PLOTHOST_SEARCH_PATH, else the current folder. ';' stands between folders.\n"
-    "A name that begins with a dash goes behind '--'.\n"
+    "else of the environment variable PLOTHOST_SEARCH_PATH, else the current folder. Folders are separated by ';'.\n"
+    "A name that begins with a dash must follow '--'.\n"
     "\n"
-    "The reseller data store tells the module the names of the product's own printers, under the keys PDFPRINTERNAME\n"
-    "and JPGPRINTERNAME. It is filled from the settings file, UTF-8 with one KEY=VALUE in a line, and then from\n"
-    "--reseller, which may stand several times. What is missing there has the product's default name.\n"
+    "The reseller data store gives the module the names of the product's own printers, under the keys PDFPRINTERNAME\n"
+    "and JPGPRINTERNAME. It is filled from the settings file (UTF-8, one KEY=VALUE per line) and then from\n"
+    "--reseller, which may be repeated. A missing key has the product's default name.\n"
     "\n"
-    "Exit status: 0 done, or the answer is yes; 1 the answer is no, and standard error says why; 2 wrong usage;\n"
+    "Exit status: 0 success; 1 refused, and standard error says why; 2 wrong usage;\n"
     "3 the module could not be loaded.\n";
 
 struct CommandText
@@ -44,9 +44,9 @@ struct CommandText
 
 constexpr CommandText commandTexts[] = {
     {Verb::plot, "plot", "Choose a plot device and edit its configuration in a dialog",
-     "This is what happens without a command too.\n"},
+     "This also happens without a command.\n"},
     {Verb::list, "list", "List the printers and the configurations on the search path", ""},
-    {Verb::devmode, "devmode", "Ask the module which printer and DEVMODE stand behind a device name",
+    {Verb::devmode, "devmode", "Ask the module for the printer and DEVMODE of a device name",
      "NAME ends in .pc3 for a configuration; everything else is the name of a Windows printer, which has no DEVMODE\n"
      "of its own here.\n"},
     {Verb::edit, "edit", "Edit a configuration, or make one for a printer, in the module's editor",
@@ -99,17 +99,17 @@ public:
             command->footer(text.details);
             m_commands.emplace_back(text.verb, command);
         }
-        command(Verb::list)->add_flag("--json", m_json, "Answer in JSON");
-        command(Verb::devmode)->add_flag("--json", m_json, "Answer in JSON");
-        command(Verb::edit)->add_flag("--json", m_json, "Answer in JSON");
-        command(Verb::show)->add_flag("--json", m_json, "Answer in JSON");
+        command(Verb::list)->add_flag("--json", m_json, "Print JSON");
+        command(Verb::devmode)->add_flag("--json", m_json, "Print JSON");
+        command(Verb::edit)->add_flag("--json", m_json, "Print JSON");
+        command(Verb::show)->add_flag("--json", m_json, "Print JSON");
 
         addText(*command(Verb::devmode), "NAME", m_name, "Configuration or printer", "")->required();
         addText(*command(Verb::devmode), "--out", m_out, "Write the DEVMODE's bytes", "FILE");
         command(Verb::devmode)
             ->add_flag("--background", m_background, "Check in the background, wait for the message (60 s at most)");
         addText(*command(Verb::edit), "NAME", m_name, "Configuration, or printer with --printer", "")->required();
-        command(Verb::edit)->add_flag("--printer", m_isPrinter, "NAME is a printer, for which one is made");
+        command(Verb::edit)->add_flag("--printer", m_isPrinter, "NAME is a printer; make a configuration for it");
         addText(*command(Verb::edit), "--paper", m_paper, "Paper to select in the configuration", "NAME");
         addText(*command(Verb::create), "PRINTER", m_name, "Name of the printer", "")->required();
         addText(*command(Verb::create), "FILE", m_file, "File to write, ending in .pc3", "")->required();
@@ -218,7 +218,7 @@ private:
                 known.insert(known.end(), own.begin(), own.end());
             }
             message += hint(closestName(option, known));
-            return wrongUsage(message, "A name that begins with a dash goes behind '--'.");
+            return wrongUsage(message, "A name that begins with a dash must follow '--'.");
         }
         if (chosen)
             return wrongUsage("unexpected argument " + quoted(word),
@@ -265,7 +265,7 @@ private:
         if (verb == Verb::devmode && isEmptyValue(*command(verb), "--out"))
             return wrongUsage("--out needs a value");
         if (verb == Verb::devmode && m_background && command(verb)->count("--out") > 0)
-            return wrongUsage("--background gives no DEVMODE that --out could write");
+            return wrongUsage("--background cannot be combined with --out");
         if (verb == Verb::create && !odEndsWithNoCase(odFromUtf8(m_file), OD_T(".pc3")))
             return wrongUsage("FILE must end in .pc3: " + quoted(m_file));
 

@@ -39,6 +39,6 @@ OdResBufPtr namedAnswer(const OdChar* name)
 
 std::string incompleteAnswer(const OdChar* name)
 {
-    return "the command '" + odToUtf8(name) + "' gave no complete answer";
+    return "the command '" + odToUtf8(name) + "' returned an incomplete answer";
 }
 } // namespace plothost

@@ -11,8 +11,8 @@ namespace plothost
 // What the program returns to its caller.
 enum ExitStatus
 {
-    exitYes = 0,      // done, or the answer is yes
-    exitNo = 1,       // the answer is no; one line on standard error says why
+    exitYes = 0,      // success
+    exitNo = 1,       // refused; one line on standard error says why
     exitUsage = 2,    // the command line cannot be understood
     exitNoModule = 3, // the module could not be loaded
 };

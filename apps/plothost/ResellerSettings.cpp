@@ -43,7 +43,7 @@ ResellerSettings parseResellerSettings(std::string_view utf8)
         auto setting = resellerSetting(content);
         if (!setting)
         {
-            result.problem = "line " + std::to_string(line) + " is no KEY=VALUE";
+            result.problem = "line " + std::to_string(line) + " is not KEY=VALUE";
             return result;
         }
         result.settings.push_back(std::move(*setting));

@@ -24,7 +24,7 @@ std::optional<ResellerSetting> resellerSetting(OdStringView text);
 
 struct ResellerSettings
 {
-    std::string problem; // "line 3 is no KEY=VALUE"; "" when all of it was understood
+    std::string problem; // "line 3 is not KEY=VALUE"; "" when all of it was understood
     std::vector<ResellerSetting> settings;
 };
 

@@ -70,7 +70,7 @@ std::string textOf(const DecodedDevMode& devMode)
     if (devMode.unnamedFlags != 0)
         text += "  flags without a name: " + hex(devMode.unnamedFlags) + "\n";
     if (devMode.bytesBehind != 0)
-        text += "  bytes behind the block: " + std::to_string(devMode.bytesBehind) + "\n";
+        text += "  bytes after the block: " + std::to_string(devMode.bytesBehind) + "\n";
     Lines lines;
     for (const DevModeField& field : devMode.fields)
         lines.push_back({field.name, flagText(field), valueText(field), field.symbol});

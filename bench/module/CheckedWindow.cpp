@@ -20,7 +20,7 @@ bool nextMessage(MSG& message)
 CheckedWindow::CheckedWindow(UINT message) : m_message(message)
 {
     if (!m_window.handle())
-        throw std::runtime_error("the system gives no window");
+        throw std::runtime_error("cannot create a window");
 }
 
 void CheckedWindow::await(std::size_t answers)

@@ -103,7 +103,7 @@ WindowHandle createOwner()
     WindowHandle owner(::CreateWindowExW(0, windowClass.lpszClassName, L"Host", WS_POPUP | WS_CAPTION | WS_VISIBLE, 20,
                                          20, 300, 300, nullptr, nullptr, windowClass.hInstance, nullptr));
     if (!owner)
-        throw std::runtime_error("the system gives no window");
+        throw std::runtime_error("cannot create a window");
     paint(owner.get());
     return owner;
 }

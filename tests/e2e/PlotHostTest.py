@@ -55,7 +55,7 @@ class SettingsTest(HostCase):
 
     def test_a_line_that_is_no_setting_is_named(self):
         (self.folder / "host.ini").write_text("a=b\nPDFPRINTERNAME\n", encoding="utf-8")
-        assert "line 2 is no KEY=VALUE" in self.why_not("list", "--settings", "host.ini")
+        assert "line 2 is not KEY=VALUE" in self.why_not("list", "--settings", "host.ini")
 
     def test_an_argument_that_is_no_setting_is_wrong_usage(self):
         assert "KEY=VALUE" in self.host("list", "--reseller", "PDFPRINTERNAME", status=2).stderr

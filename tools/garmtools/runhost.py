@@ -58,7 +58,7 @@ def tour(prefix):
 
     step("Which printers are there, and which configurations?", "list")
     for sample in sorted((ROOT / "samples").glob("*.pc3")):
-        step(f"Which printer and DEVMODE stand behind {sample.name}?", "devmode", sample.name)
+        step(f"The printer and DEVMODE of {sample.name}", "devmode", sample.name)
     with tempfile.TemporaryDirectory(prefix="garm-tour-") as folder:
         made = os.path.join(folder, "new.pc3")
         step("A new configuration from a printer's own defaults ...", "create", "DesignJet-3500CP", made)

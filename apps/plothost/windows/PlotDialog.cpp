@@ -193,7 +193,7 @@ std::string PlotDialog::startCheck(const OdString& deviceName, unsigned question
 {
     const HWND window = m_checks->open(question);
     if (!window)
-        return "the system gives no window for the answer";
+        return "cannot create a message window";
     std::string problem = startBackgroundCheck(deviceName, window);
     if (!problem.empty())
         m_checks->close(window);

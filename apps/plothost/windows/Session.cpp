@@ -100,7 +100,7 @@ Session::Loaded Session::loadModule()
         const std::optional<GmLanguageTag> tag = GmLanguageTag::from(wanted.view());
         const bool hasTexts = tag && loadLanguageLibrary(file, *tag);
         if (!tag)
-            result.notes = quoted(wanted) + " is no language tag; the texts are in English";
+            result.notes = quoted(wanted) + " is not a language tag; the texts are in English";
         else if (hasTexts)
             setUiLanguage(*tag);
         else if (m_request.language)

@@ -46,7 +46,7 @@ ExitStatus runInBackground(const Request& request, const OdString& searchPath)
     const OdString deviceName = deviceNameFor(request.name);
     BackgroundWait wait;
     if (!wait.window())
-        return answerNo("the system gives no window for the message");
+        return answerNo("cannot create a message window");
     if (const std::string problem = startBackgroundCheck(deviceName, wait.window()); !problem.empty())
         return answerNo(problem);
     const std::optional<WPARAM> flag = wait.waitFor(backgroundMessage, longestWait);

@@ -35,7 +35,7 @@ ExitStatus runCreate(const Request& request)
     const bool replaced = isRegularFile(path);
     if (!configuration->write(path))
         return answerNo(whyNotWritten(path));
-    return answerYes(quoted(path) + " is " + (replaced ? "replaced" : "written") + " for printer " +
+    return answerYes(quoted(path) + " was " + (replaced ? "replaced" : "created") + " for printer " +
                      quoted(request.name) + "\n");
 }
 

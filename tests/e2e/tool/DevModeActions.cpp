@@ -71,7 +71,7 @@ int resetDrivers(const ActionArguments& arguments)
     DevModeBlock block = printer ? defaultDevMode(printer.get(), name.c_str()) : DevModeBlock();
     if (!block.view())
     {
-        std::fputs("the driver gives no default DEVMODE\n", stderr);
+        std::fputs("the driver returns no default DEVMODE\n", stderr);
         return 1;
     }
     printOrientation("before", name);

@@ -12,7 +12,7 @@ constexpr UINT printerChecked = WM_USER + 101;
 CheckWindow::CheckWindow()
 {
     if (!m_window.handle())
-        throw std::runtime_error("the system gives no window");
+        throw std::runtime_error("cannot create a window");
 }
 
 std::optional<bool> CheckWindow::next()

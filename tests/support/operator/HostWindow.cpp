@@ -30,7 +30,7 @@ HostWindow::HostWindow()
     m_window = WindowHandle(::CreateWindowExW(0, className, L"Plot", WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_VISIBLE,
                                               20, 20, 240, 180, nullptr, nullptr, windowClass.hInstance, nullptr));
     if (!m_window)
-        throw std::runtime_error("the system gives no window");
+        throw std::runtime_error("cannot create a window");
     const HWND list = addControl(handle(), L"COMBOBOX", L"", CBS_DROPDOWNLIST, IDC_HOST_PAPER, 10);
     for (const wchar_t* paper : papers)
         ::SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(paper));

@@ -27,7 +27,7 @@ struct Work
 UiThread::UiThread() : m_id(::GetCurrentThreadId())
 {
     if (!m_window.handle())
-        throw std::runtime_error("the system gives no window");
+        throw std::runtime_error("cannot create a window");
 }
 
 void UiThread::run()

@@ -117,7 +117,7 @@ TEST(PlothostArguments, aNameWithADashGoesBehindTwoDashes)
 {
     for (const OdChar* name : {OD_T("--json"), OD_T("-x.pc3"), OD_T("--"), OD_T("++"), OD_T("--help")})
         EXPECT_EQ(understood({OD_T("devmode"), OD_T("--json"), OD_T("--"), name}).name, OdString(name));
-    EXPECT_THAT(refused({OD_T("devmode"), OD_T("-x.pc3")}), HasSubstr("goes behind '--'"));
+    EXPECT_THAT(refused({OD_T("devmode"), OD_T("-x.pc3")}), HasSubstr("must follow '--'"));
     const Request both = understood({OD_T("create"), OD_T("--"), OD_T("-p"), OD_T("-f.pc3")});
     EXPECT_EQ(both.name, OD_T("-p"));
     EXPECT_EQ(both.file, OD_T("-f.pc3"));
@@ -198,7 +198,7 @@ TEST(PlothostArguments, withoutACommandThePlotDialogIsMeant)
     EXPECT_THAT(refused({OD_T("plot"), OD_T("x")}), HasSubstr("unexpected argument 'x'"));
 }
 
-TEST(PlothostArguments, resellerSettingsStandSeveralTimes)
+TEST(PlothostArguments, resellerSettingsMayBeRepeated)
 {
     const Request request = understood({OD_T("--reseller"), OD_T("PDFPRINTERNAME=Acme PDF"), OD_T("list"),
                                         OD_T("--reseller=a=b=c"), OD_T("--settings"), OD_T("host.ini")});

@@ -71,13 +71,13 @@ TEST_F(DevModeQuery, anAnswerThatIsMissingOrOfAnotherKindIsNoAnswer)
             answerAll(values);
             values.remove(name);
         };
-        EXPECT_THAT(askDevMode(OD_T("x")).problem, HasSubstr("no complete answer")) << odToUtf8(name);
+        EXPECT_THAT(askDevMode(OD_T("x")).problem, HasSubstr("an incomplete answer")) << odToUtf8(name);
         m_script = [name](GmServicesManagerInterface& values)
         {
             answerAll(values);
             values.set(name, OdResBuf::newRb(kRtDouble, 1.0));
         };
-        EXPECT_THAT(askDevMode(OD_T("x")).problem, HasSubstr("no complete answer")) << odToUtf8(name);
+        EXPECT_THAT(askDevMode(OD_T("x")).problem, HasSubstr("an incomplete answer")) << odToUtf8(name);
     }
 }
 
@@ -86,7 +86,7 @@ TEST_F(DevModeQuery, answersOfAnEarlierQuestionAreGone)
     m_script = answerAll;
     EXPECT_EQ(askDevMode(OD_T("x")).problem, "");
     m_script = [](GmServicesManagerInterface&) {};
-    EXPECT_THAT(askDevMode(OD_T("x")).problem, HasSubstr("no complete answer"));
+    EXPECT_THAT(askDevMode(OD_T("x")).problem, HasSubstr("an incomplete answer"));
 }
 
 TEST_F(DevModeQuery, whatTheCommandThrowsIsTold)

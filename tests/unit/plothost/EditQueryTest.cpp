@@ -115,7 +115,7 @@ TEST_F(EditQuery, anAnswerThatIsMissingOrOfAnotherKindIsNoCompleteAnswer)
                 values.set(name, otherKind ? OdResBuf::newRb(kRtDouble, 1.0) : OdResBufPtr());
             };
             const EditAnswer answer = edit({OD_T("plan"), false, {}});
-            EXPECT_EQ(answer.problem, "the command 'PC3EDIT' gave no complete answer") << odToUtf8(name);
+            EXPECT_EQ(answer.problem, "the command 'PC3EDIT' returned an incomplete answer") << odToUtf8(name);
             EXPECT_FALSE(answer.report.has_value()) << odToUtf8(name);
         }
 }
@@ -127,7 +127,7 @@ TEST_F(EditQuery, aSavedFlagThatIsNotReplacedByTheDriverTypeIsNoCompleteAnswer)
         answerAll(values);
         values.set(OD_T("result"), OdResBuf::newRb(kRtBool, true));
     };
-    EXPECT_THAT(edit({OD_T("plan"), false, {}}).problem, HasSubstr("no complete answer"));
+    EXPECT_THAT(edit({OD_T("plan"), false, {}}).problem, HasSubstr("an incomplete answer"));
 }
 
 TEST_F(EditQuery, whatTheCommandThrowsIsTold)

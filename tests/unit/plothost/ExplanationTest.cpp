@@ -75,21 +75,21 @@ TEST_F(Explanation, eachMissingKeyIsNamedWithItsBlock)
     EXPECT_EQ(ofTree(CPBlock(OD_T(""))), "block 'meta' is missing");
 }
 
-TEST_F(Explanation, aKeyOfAnotherKindOrNoNumber)
+TEST_F(Explanation, wrongKindOfValueAndBadNumberAreReported)
 {
     const auto with = [this](OdStringView path, const blocks::Item& item)
     { return ofTree(blocks::withAt(*m_sound, path, item)); };
     EXPECT_EQ(with(OD_T("meta/driver_type"), blocks::str(OD_T("driver_type"), OD_T("1"))),
-              "key 'driver_type' in block 'meta' is of another kind; it should be a whole number");
+              "key 'driver_type' in block 'meta' has the wrong kind of value; it should be a whole number");
     EXPECT_EQ(with(OD_T("io/pathname"), blocks::num(OD_T("pathname"), OD_T("1"))),
-              "key 'pathname' in block 'io' is of another kind; it should be a text");
+              "key 'pathname' in block 'io' has the wrong kind of value; it should be text");
     EXPECT_EQ(with(OD_T("io/plot_to_file"), blocks::num(OD_T("plot_to_file"), OD_T("1"))),
-              "key 'plot_to_file' in block 'io' is of another kind; it should be a TRUE or FALSE");
+              "key 'plot_to_file' in block 'io' has the wrong kind of value; it should be TRUE or FALSE");
     EXPECT_EQ(with(OD_T("meta/driver_type"), blocks::num(OD_T("driver_type"), OD_T("1.5"))),
-              "key 'driver_type' in block 'meta' is no whole number: '1.5'");
+              "key 'driver_type' in block 'meta' is not a whole number: '1.5'");
     EXPECT_EQ(with(OD_T("media/actual_printable_bounds_llx"),
                    blocks::num(OD_T("actual_printable_bounds_llx"), OD_T("?\x1B"))),
-              "key 'actual_printable_bounds_llx' in block 'media' is no number: '?\\u001B'");
+              "key 'actual_printable_bounds_llx' in block 'media' is not a number: '?\\u001B'");
 }
 
 TEST_F(Explanation, theFirstReasonInReadingOrderCounts)
@@ -125,7 +125,7 @@ TEST_F(Explanation, noDevMode)
     auto& numbers = configuration.m_custom->m_numbers;
     auto& binaries = configuration.m_custom->m_binaries;
     numbers[OdString(OD_T("dmSize"))] = OD_T("40");
-    EXPECT_EQ(ofDevMode(configuration), "no DEVMODE can be built of dmSize 40 and dmDriverExtra 2");
+    EXPECT_EQ(ofDevMode(configuration), "no DEVMODE can be built with dmSize 40 and dmDriverExtra 2");
     numbers[OdString(OD_T("dmSize"))] = OD_T("220");
     binaries[OdString(OD_T("RawPrivateDeviceData"))] = OD_T("AB0");
     EXPECT_EQ(ofDevMode(configuration), "key 'RawPrivateDeviceData' in block 'custom' has 3 digits; for "
@@ -162,18 +162,19 @@ TEST_F(Explanation, aStoredNumberMeansWhatTheModelReads)
         EXPECT_EQ(withExtra(eight), "key 'RawPrivateDeviceData' in block 'custom' has 4 digits; for "
                                     "dmDriverExtra 8 it takes 16")
             << OdString(eight);
-    EXPECT_EQ(withExtra(OD_T("many")), "key 'dmDriverExtra' in block 'custom' is no whole number: 'many'");
-    EXPECT_EQ(withExtra(OD_T("-1")), "no DEVMODE can be built of dmSize 220 and dmDriverExtra -1");
-    EXPECT_EQ(withExtra(OD_T("65536")), "no DEVMODE can be built of dmSize 220 and dmDriverExtra 65536");
+    EXPECT_EQ(withExtra(OD_T("many")), "key 'dmDriverExtra' in block 'custom' is not a whole number: 'many'");
+    EXPECT_EQ(withExtra(OD_T("-1")), "no DEVMODE can be built with dmSize 220 and dmDriverExtra -1");
+    EXPECT_EQ(withExtra(OD_T("65536")), "no DEVMODE can be built with dmSize 220 and dmDriverExtra 65536");
 }
 
 TEST_F(Explanation, noNewConfiguration)
 {
     EXPECT_EQ(whyNotCreated(OD_T("Plotter A")), std::nullopt);
-    EXPECT_EQ(whyNotCreated(OD_T("P")), "printer 'P' cannot be opened: there is none of that name (error 1801)");
+    EXPECT_EQ(whyNotCreated(OD_T("P")),
+              "printer 'P' cannot be opened: there is no printer with that name (error 1801)");
     room.add({.name = OD_T("Plain"), .driver = OD_T("D"), .papers = {{9, OD_T("A4")}}, .driverExtra = 0});
     EXPECT_EQ(whyNotCreated(OD_T("Plain")),
-              "the DEVMODE of printer 'Plain' has no private bytes, without which there is no configuration");
+              "the DEVMODE of printer 'Plain' has no private bytes, which a configuration needs");
 }
 
 TEST(FaultText, aPrinterThatDoesNotOpen)

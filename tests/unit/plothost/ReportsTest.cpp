@@ -120,7 +120,7 @@ TEST(PlothostReports, aShortBlockAndManyPrivateBytes)
     report.devMode[70] = 100; // dmDriverExtra
     const std::string text = textOf(report);
     EXPECT_THAT(text, testing::ContainsRegex("\n  dmScale +- +not in the block\n"));
-    EXPECT_THAT(text, HasSubstr("bytes behind the block: 46\n"));
+    EXPECT_THAT(text, HasSubstr("bytes after the block: 46\n"));
     EXPECT_THAT(text, HasSubstr("private bytes: 100\n"));
     EXPECT_THAT(text, HasSubstr("\n    ...\n"));
     const Json json = parsed(jsonOf(report));

@@ -45,10 +45,10 @@ TEST(ResellerSettings, aFileHasOneInALine)
     EXPECT_TRUE(parseResellerSettings("").settings.empty());
 }
 
-TEST(ResellerSettings, aLineThatIsNoneIsNamed)
+TEST(ResellerSettings, badLineIsReported)
 {
-    EXPECT_EQ(parseResellerSettings("a=b\nPDFPRINTERNAME\n").problem, "line 2 is no KEY=VALUE");
-    EXPECT_EQ(parseResellerSettings("a=").problem, "line 1 is no KEY=VALUE");
+    EXPECT_EQ(parseResellerSettings("a=b\nPDFPRINTERNAME\n").problem, "line 2 is not KEY=VALUE");
+    EXPECT_EQ(parseResellerSettings("a=").problem, "line 1 is not KEY=VALUE");
 }
 
 TEST_F(ResellerStore, holdsTheLastValueOfEachKey)
