@@ -182,7 +182,7 @@ class NameTest(EditorCase):
         answers = self.session(script)
         assert answers.one("title") == f"{WITH_MARGINS} - Plotter configuration"
         assert answers.one(f"text {ed.NAME}") == WITH_MARGINS
-        assert answers.one(f"text {ed.EXTENSION_NOTE}") == "The file gets the extension .pc3."
+        assert answers.one(f"text {ed.EXTENSION_NOTE}") == ".pc3 will be added to the name."
         assert answers.outputs()["fileName"] == f"{WITH_MARGINS}.pc3"
         assert self.answer("devmode", f"{WITH_MARGINS}.pc3")["printerName"] == WITH_MARGINS
 

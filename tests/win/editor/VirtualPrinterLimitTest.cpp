@@ -9,8 +9,8 @@ namespace
 {
 constexpr const wchar_t* limitInMillimetres = L"At most 3276.7 mm";
 constexpr const wchar_t* limitInInches = L"At most 129.00 inches";
-constexpr const wchar_t* tooLong = L"Not possible. At most 3276.7 mm";
-constexpr const wchar_t* tooLongInInches = L"Not possible. At most 129.00 inches";
+constexpr const wchar_t* tooLong = L"Too long. At most 3276.7 mm";
+constexpr const wchar_t* tooLongInInches = L"Too long. At most 129.00 inches";
 
 class VirtualPrinterLimit : public VirtualPrinterTest
 {

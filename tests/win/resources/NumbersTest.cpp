@@ -77,7 +77,7 @@ const std::map<UINT, std::wstring> englishStrings = {
           L"write-protected, and that there is room on the disk."},
     {202, L"Not collated"},
     {203, L"Collated"},
-    {204, L"The file gets the extension .pc3."},
+    {204, L".pc3 will be added to the name."},
     {206, L"Plotter configurations (*.pc3)|*.pc3|All files (*.*)|*.*||"},
     {208, L"General"},
     {209, L"System printer driver"},
@@ -120,7 +120,7 @@ const std::map<UINT, std::wstring> englishStrings = {
     {10129, L"1200 dpi"},
     {10133, L"At most %s mm"},
     {10134, L"At most %s inches"},
-    {10135, L"Not possible. %s"},
+    {10135, L"Too long. %s"},
     {61713, L"Please enter a number."},
 };
 
