@@ -13,7 +13,7 @@ struct Check
     HWND window;
 };
 
-// Posts when it goes, so no way out of a scope can forget the message or send it twice.
+// Posts when it is destroyed, so the message is sent exactly once however the scope is left.
 class Report
 {
 public:
@@ -31,7 +31,7 @@ private:
 
 void runCheck(void* context) noexcept
 {
-    // The report comes first: it posts last, when everything else of the check is gone.
+    // The report comes first: it posts last, after everything else of the check is destroyed.
     Report report(static_cast<Check*>(context)->window);
     const std::unique_ptr<Check> check(static_cast<Check*>(context));
     PrinterAnswer answer;
@@ -55,7 +55,7 @@ void startBackgroundCheck(const OdString& deviceName, HWND window) noexcept
 {
     std::unique_ptr<Check> check = makeCheck(deviceName, window);
     if (check && startModuleThread(&runCheck, check.get()))
-        check.release(); // NOLINT(bugprone-unused-return-value): the thread's from here on
+        check.release(); // NOLINT(bugprone-unused-return-value): the thread owns it from here on
     else
         const Report noPrinter(window);
 }

@@ -22,8 +22,8 @@ OdRoutineResult runRoutine(Routine routine) noexcept
     }
 }
 
-// Made before any command is registered, so that taking them off again needs no memory: what stayed on the stack would
-// be called after the module is gone.
+// Created before any command is registered, so that removing them needs no memory: a command left on the stack would be
+// called after the module is unloaded.
 const OdString& groupName()
 {
     static const OdString name(PC3EditorCommand::cGroupName);
@@ -41,7 +41,7 @@ OdRoutineResult registerCommands() noexcept
             const OdSmartPtr<PC3EditCommand> edit = OdRxObjectImpl<PC3EditCommand>::createObject();
             edit->setResourceInstance(garmPC3EditorResourceInstance());
             stack->addCommand(edit.get());
-            // Only now: when this one cannot be made, the first one stays in use.
+            // Only now: if this one cannot be created, the first one stays in use.
             const OdSmartPtr<PC3GetDevModeCommand> getDevMode = OdRxObjectImpl<PC3GetDevModeCommand>::createObject();
             stack->addCommand(getDevMode.get());
         });

@@ -2,9 +2,9 @@
 
 #include "kernel/OdResult.h"
 
-// Puts the module's commands on the process's command stack. Whatever is thrown on the way ends the routine with
-// eRoutineError; what was registered before stays.
+// Puts the module's commands on the process's command stack. Any exception ends the routine with eRoutineError; what
+// was registered before it stays.
 OdRoutineResult registerCommands() noexcept;
 
-// Takes them off again, all at once by their group. Without such commands nothing happens.
+// Removes them all at once by their group. Does nothing if there are none.
 OdRoutineResult unregisterCommands() noexcept;

@@ -26,7 +26,7 @@ EditedConfiguration open(const OdString& name, const OdString& paperName)
     EditedConfiguration edited;
     if (!LocalSearch::SearchPC3File(name, edited.path))
         return {};
-    // Another printer found while reading counts as no change: nothing is saved that the user did not ask for.
+    // Being bound to another printer while reading does not count as a change: nothing is saved unless the user asks.
     bool modified = false;
     edited.cfg = GmPlotCfg3::read(edited.path, modified);
     if (!edited.cfg)
@@ -36,7 +36,7 @@ EditedConfiguration open(const OdString& name, const OdString& paperName)
     return edited;
 }
 
-// False when the driver does not take the configuration's settings or gives back what does not fit them.
+// Returns false if the driver rejects the configuration's settings or returns a block that does not match them.
 bool passThroughDriver(GmPlotCfg3& cfg)
 {
     const OdArray<unsigned char> bytes = cfg.toDevMode();
@@ -62,7 +62,7 @@ EditedConfiguration create(const OdString& printerName)
     return {cfg, {}};
 }
 
-// Takes no memory, which may be what saving failed for.
+// Allocates nothing: saving may have failed because memory ran out.
 void reportFailedSave() noexcept
 {
     OdChar text[512] = {};
@@ -73,7 +73,8 @@ void reportFailedSave() noexcept
     ::MessageBoxW(nullptr, text, OD_T(""), MB_ICONWARNING);
 }
 
-// Lets the user name what came out of the editor, and writes it. The name of the file; none when it was not written.
+// Asks the user for a name and writes the edited configuration. Returns the file's name, or nothing if it was not
+// written.
 std::optional<OdString> save(const EditorOutcome& outcome)
 {
     const OdSharedPtr<GmPlotCfg3>& pCfg = outcome.cfg;
@@ -86,7 +87,7 @@ std::optional<OdString> save(const EditorOutcome& outcome)
         return std::nullopt;
 
     const OdString target = savePath(searchPath, *name);
-    // Before the file is there: afterwards nothing may fail.
+    // Before the file is written: nothing may fail after that.
     OdString fileName = CGarmPath(target).fileName();
     if (!pCfg->write(target))
     {
@@ -119,7 +120,7 @@ EditResult editAndSave(EditedConfiguration edited)
         return {cfg, std::move(outcome.fileTitle), false};
     try
     {
-        // Moved, because with the file written nothing may fail any more.
+        // Moved, because nothing may fail once the file is written.
         if (std::optional<OdString> fileName = save(outcome))
             return {cfg, std::move(*fileName), true};
     }

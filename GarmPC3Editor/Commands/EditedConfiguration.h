@@ -6,21 +6,21 @@
 struct EditedConfiguration
 {
     OdSharedPtr<GmPlotCfg3> cfg; // null when there is nothing to edit
-    OdString path;               // of its file; empty for one that has none yet
+    OdString path;               // of its file; empty if it has none yet
 };
 
-// The configuration of that name on the host's search path; the search decides whether an ending is added. paperName,
-// when not empty, becomes its paper.
+// The configuration of that name on the host's search path; the search decides whether to add an extension. If
+// paperName is not empty, it becomes the configuration's paper.
 EditedConfiguration openForEditing(const OdString& name, const OdString& paperName) noexcept;
 
-// A new configuration for an installed printer, with its settings passed once through the driver so that it starts
-// with what the driver makes of them.
+// A new configuration for an installed printer. Its settings have been through the driver once, so it starts with the
+// driver's own values.
 EditedConfiguration createForEditing(const OdString& printerName) noexcept;
 
-// What came of a run of the editor.
+// The result of running the editor.
 struct EditResult
 {
-    OdSharedPtr<GmPlotCfg3> cfg; // that the editor had in the end
+    OdSharedPtr<GmPlotCfg3> cfg; // the one in the editor at the end
     // The written file's name with extension; the editor's name for the configuration when there was nothing to write;
     // and the path as it was when the user refused a name or the file could not be written.
     OdString fileName;

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-// What a command returns, in the order in which it is written, each kind under its restype. A name may come twice.
+// The results of a command in the order in which they are written, each kind under its restype. A name may occur twice.
 class NamedResults
 {
 public:
@@ -21,7 +21,7 @@ private:
     std::vector<std::pair<OdString, OdResBufPtr>> m_results;
 };
 
-// The named values of a command's context. Keeps the context while it lives.
+// The named values of a command's context, which it keeps alive.
 class NamedValues
 {
 public:
@@ -29,16 +29,16 @@ public:
     // (eNullObjectPointer) for none.
     explicit NamedValues(OdEdCommandContext* context);
 
-    // The value, null when there is none. Throws OdError_NotThatKindOfClass for a value that is no OdResBuf, so values
-    // are checked in the order in which they are fetched, before anything is done about missing ones.
+    // The value, or null if there is none. Throws OdError_NotThatKindOfClass if it is not an OdResBuf, so values are
+    // checked in the order in which they are fetched, before missing ones are handled.
     OdResBufPtr get(const OdString& name) const;
 
-    // The address in a pointer value, null when there is no value. Throws like get, and OdError (eInvalidResBuf) for a
-    // value of another kind.
+    // The address in a pointer value, or null if there is no value. Throws like get, and OdError (eInvalidResBuf) for
+    // another kind of value.
     void* getPointer(const OdString& name) const;
 
-    // Writes all of them. When memory runs out, which is thrown, none of the names has a value: that is how a host sees
-    // that a command failed.
+    // Writes all of them. If memory runs out, it throws and none of the names has a value, which tells the host that
+    // the command failed.
     void write(const NamedResults& results) const;
 
 private:

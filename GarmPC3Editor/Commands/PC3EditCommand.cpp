@@ -22,7 +22,7 @@ void edit(const NamedValues& values)
     const bool isPrinter = isPrinterValue->getBool();
     const OdString paperName = paperValue ? paperValue->getString() : OdString();
 
-    // A printer's new configuration starts with the driver's paper; the paper asked for selects in files only.
+    // A printer's new configuration starts with the driver's paper; the requested paper only applies to files.
     EditedConfiguration edited = isPrinter ? createForEditing(name) : openForEditing(name, paperName);
     if (!edited.cfg)
         return;
@@ -33,8 +33,8 @@ void edit(const NamedValues& values)
     results.addString(OD_T("fileName"), result.fileName);
     results.addString(OD_T("paperName"), cfg.m_media.m_size.m_name);
     results.addBool(OD_T("result"), result.saved);
-    // Deliberately under the same name: hosts read the driver type there. The flag before it is what a host sees that
-    // listens to each value. The type loses what does not fit into the 16 bits of the value.
+    // Deliberately under the same name: hosts read the driver type there, and the flag before it is seen only by hosts
+    // that watch each write. The value has 16 bits; the upper bits of the type are lost.
     results.addInt16(OD_T("result"), static_cast<OdInt16>(cfg.m_meta.m_driver_type));
     results.addString(OD_T("canonicalModelName"), cfg.m_meta.m_canonical_model_name);
     values.write(results);
@@ -49,8 +49,8 @@ PC3EditCommand::PC3EditCommand()
 
 void PC3EditCommand::execute(OdEdCommandContext* context)
 {
-    // While windows are open the host's messages run, and one of them may ask for the end of the module, whose code and
-    // resources are in use here.
+    // While windows are open the host's messages are dispatched, and one of them may try to unload the module, whose
+    // code and resources are in use here.
     const OdRxModulePtr inUse(garmPC3EditorModule());
     try
     {
@@ -58,6 +58,6 @@ void PC3EditCommand::execute(OdEdCommandContext* context)
     }
     catch (const std::bad_alloc&)
     {
-        // Without results, like whatever else keeps a configuration from being edited.
+        // No results, as whenever a configuration cannot be edited.
     }
 }

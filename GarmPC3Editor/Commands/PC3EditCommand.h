@@ -9,23 +9,24 @@
 //        "paperName"          string: the paper to select in a file's configuration
 //   out  "fileName"           string: the saved file's name with extension; without a save see editAndSave
 //        "paperName"          string
-//        "result"             16-bit integer: the driver type, over the bool that says whether a file was written
+//        "result"             16-bit integer: the driver type, overwriting the bool for whether a file was written
 //        "canonicalModelName" string
 //
-// The results are written whenever the editor was shown, in this order, and also when the user cancelled. What keeps
-// the configuration from being edited ends the command without results, which is how the host knows. A value that is no
-// OdResBuf throws OdError_NotThatKindOfClass.
+// The results are written in this order whenever the editor was shown, even if the user cancelled. If the configuration
+// cannot be edited, the command ends without results, which is how the host knows. A value that is not an OdResBuf
+// throws OdError_NotThatKindOfClass.
 //
-// The module is locked from beginning to end, so that a host that wants to unload it meanwhile sees that it is in use.
-// A host may run the command again while the editor is open: each run has a configuration of its own and leaves its
-// results when it ends. When the host's message loop is told to quit, the editor ends like with its Cancel.
+// The module is locked throughout, so a host that tries to unload it sees that it is in use. A host may run the command
+// again while the editor is open: each run has its own configuration and writes its results when it ends. If the host's
+// message loop quits, the editor closes as if cancelled.
 class PC3EditCommand : public PC3EditorCommand
 {
 public:
-    // Throws OdError (eInvalidInput) when there is no local name.
+    // Throws OdError (eInvalidInput) if the local name is empty.
     PC3EditCommand();
 
-    // The language resource library at registration. What the command shows later takes the library of that moment.
+    // The language resource library at registration. What the command shows later comes from the library that is
+    // current then.
     void setResourceInstance(HINSTANCE library) noexcept { m_hResource = library; }
     HINSTANCE resourceInstance() const noexcept { return m_hResource; }
 

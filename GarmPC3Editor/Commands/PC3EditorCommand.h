@@ -19,7 +19,7 @@ public:
 
     OdInt32 flags() const override { return 0; }
 
-    // The module's commands are in this group and are removed with it.
+    // The module's commands are registered in this group and removed with it.
     static const OdChar* const cGroupName;
 
 protected:
@@ -31,10 +31,10 @@ protected:
     void setGlobalName(const OdString& name);
     void setLocalName(const OdString& name);
 
-    // The local name from the language resource library; the fallback when the library has no such string.
+    // The local name from the language resource library; the fallback if the library has no such string.
     void loadLocalName(UINT stringId, const OdChar* fallback);
 
-    // The order of the fields is fixed. The three without a use are kept cleared.
+    // The order of the fields is fixed. The three unused ones stay cleared.
     OdString m_localName;
     OdString m_globalName;
     OdString m_groupName;

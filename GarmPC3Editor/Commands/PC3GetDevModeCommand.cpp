@@ -9,8 +9,8 @@
 
 namespace
 {
-// Made with the command. So nothing between the host's call and the background check takes memory: a window that waits
-// for the check's message gets it whatever runs out.
+// Created with the command, so nothing is allocated between the host's call and the background check: a window waiting
+// for the check's message gets it even if memory runs out.
 struct ArgumentNames
 {
     OdString deviceName = OD_T("deviceName");
@@ -54,13 +54,13 @@ void PC3GetDevModeCommand::execute(OdEdCommandContext* context)
     const OdResBufPtr deviceNameValue = values.get(names.deviceName);
     const OdResBufPtr printerNameValue = values.get(names.printerName);
     const auto window = static_cast<HWND>(values.getPointer(names.window));
-    // Fetched so that a value of a wrong class is an error here too; the paper asked for has no influence.
+    // Fetched so that a value of the wrong class is an error here too; the requested paper has no effect.
     values.get(names.paperName);
     if (!deviceNameValue || !printerNameValue)
         return;
 
     const OdString& deviceName = deviceNameValue->getString();
-    // Its text is ignored, but a value that is no text is the caller's error.
+    // Its text is ignored, but a value that is not text is the caller's error.
     printerNameValue->getString();
 
     if (window)
@@ -75,6 +75,6 @@ void PC3GetDevModeCommand::execute(OdEdCommandContext* context)
     }
     catch (const std::bad_alloc&)
     {
-        // There is not even memory for the results: none of them is there then.
+        // There is not even memory for the results, so none is written.
     }
 }

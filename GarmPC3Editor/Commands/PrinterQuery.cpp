@@ -7,7 +7,7 @@
 
 namespace
 {
-// Driver types of configurations that belong to no Windows printer: they plot under their model's name.
+// Driver types of configurations without a Windows printer: they plot under their model's name.
 bool plotsWithoutWindowsPrinter(std::int32_t driverType)
 {
     return driverType == eImageFileDriver || driverType == eEPlotDriver;
@@ -16,8 +16,8 @@ bool plotsWithoutWindowsPrinter(std::int32_t driverType)
 bool namesConfiguration(const OdString& deviceName)
 {
     constexpr OdStringView ending = OD_T(".pc3");
-    // The invariant locale: how a file name ends is no matter of the user's language. Of a name shorter than the ending
-    // the last four characters are all there are, and no such text equals one of four.
+    // The invariant locale: the extension does not depend on the user's language. For a name of fewer than four
+    // characters the last four are all there are, and those never equal the extension.
     const OdString last = deviceName.right(static_cast<int>(ending.size()));
     return ::CompareStringW(LOCALE_INVARIANT, NORM_IGNORECASE, last.c_str(), last.getLength(), ending.data(),
                             static_cast<int>(ending.size())) == CSTR_EQUAL;
@@ -28,7 +28,7 @@ OdSharedPtr<GmPlotCfg3> findConfiguration(const OdString& name)
     OdString path;
     if (!LocalSearch::SearchPC3File(name, path))
         return nullptr;
-    // Whether it had to be bound to another printer does not matter here: the answer names the printer that is used.
+    // Rebinding to another printer does not matter here: the answer names the printer that is used.
     bool modified = false;
     return GmPlotCfg3::read(path, modified);
 }
@@ -66,7 +66,7 @@ PrinterAnswer determine(const OdString& deviceName)
 
 bool queryPrinter(const OdString& deviceName, PrinterAnswer& answer) noexcept
 {
-    // A driver or port monitor may throw, and memory may run out: no printer is available then.
+    // A driver or port monitor may throw, and memory may run out; either way no printer is available.
     answer = answerOnThrow(PrinterAnswer(), [&deviceName] { return determine(deviceName); });
     return !answer.printerName.isEmpty();
 }

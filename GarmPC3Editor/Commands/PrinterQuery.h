@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-// The printer of a plot device.
+// The printer and settings of a plot device.
 struct PrinterAnswer
 {
     OdString printerName;           // empty when no printer could be determined
@@ -15,10 +15,10 @@ struct PrinterAnswer
     OdString canonicalModelName;
 };
 
-// Determines the printer of a device name: that of a configuration for a name that ends in ".pc3", otherwise the
-// Windows printer of that name, if it opens. True when answer holds a printer name. The previous contents of answer are
-// dropped; when the configuration was read and names no printer, its other values are still in answer.
+// Determines the printer of a device name: a configuration's printer if the name ends in ".pc3", otherwise the Windows
+// printer of that name, if it opens. Returns true if answer has a printer name. The answer's old content is discarded;
+// if the configuration was read but names no printer, the other values are still set from it.
 //
-// Uses no object of the host but its search path, so any thread may call it. False for any failure on the way, an
-// exception of a driver included.
+// Uses nothing of the host but its search path, so any thread may call it. Any failure, including an exception in a
+// driver, returns false.
 bool queryPrinter(const OdString& deviceName, PrinterAnswer& answer) noexcept;

@@ -9,12 +9,12 @@ namespace
 {
 struct Start
 {
-    HMODULE module; // a reference of the thread's own
+    HMODULE module; // the thread's own reference
     void (*work)(void* context) noexcept;
     void* context;
 };
 
-// Everything with a destructor is gone when it returns: the thread leaves without coming back.
+// Everything with a destructor is destroyed when it returns: the thread then exits without returning.
 HMODULE run(void* parameter) noexcept
 {
     const std::unique_ptr<Start> start(static_cast<Start*>(parameter));
@@ -22,15 +22,15 @@ HMODULE run(void* parameter) noexcept
     return start->module;
 }
 
-// The reference and the thread end in one call of the system: a thread that gave the reference back itself would
-// return into code that may be unloaded by then.
+// One system call releases the reference and ends the thread: a thread that released the reference itself would return
+// into code that may already be unloaded.
 DWORD WINAPI threadMain(void* parameter) noexcept
 {
     // cppcheck-suppress missingReturn ; this call does not return
     ::FreeLibraryAndExitThread(run(parameter), 0);
 }
 
-// One more reference on the library that this function is in; none when the system gives none.
+// One more reference on the library that this function is in; null if the system refuses.
 LibraryHandle referenceToThisModule() noexcept
 {
     HMODULE module = nullptr;
@@ -49,7 +49,7 @@ bool startModuleThread(void (*work)(void* context) noexcept, void* context) noex
     const KernelHandle thread(start ? ::CreateThread(nullptr, 0, &threadMain, start.get(), 0, nullptr) : nullptr);
     if (!thread)
         return false;
-    // Both are the thread's from here on.
+    // The thread owns both from here on.
     static_cast<void>(start.release());
     static_cast<void>(module.release());
     return true;
