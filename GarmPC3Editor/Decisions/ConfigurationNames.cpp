@@ -7,7 +7,7 @@ namespace
 {
 constexpr OdStringView extension = OD_T(".pc3");
 
-// A printer's name may be a network path; its separators would make folders of it.
+// A printer's name may be a network path; its separators would be taken for folders.
 OdString asFileName(const OdString& printerName)
 {
     OdString name;

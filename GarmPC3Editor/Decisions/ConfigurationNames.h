@@ -2,24 +2,24 @@
 
 #include "GarmPC3Editor/GmPlotCfg3.h"
 
-// What the editor calls a configuration, and under which name and where a changed one is kept.
+// What the editor calls a configuration, and where a changed one is saved.
 
-// The file name with extension; without a file the Windows printer's name.
+// The file name with extension, or the Windows printer's name if there is no file.
 OdString fileTitle(const OdString& path, const GmPlotCfg3& cfg);
 
-// What the name dialog is given: the configuration's own path; without one a path in the first folder of the search
-// path, named by the printer with "|", "/" and "\" replaced by "_". Empty when there is neither.
+// What the name dialog proposes: the configuration's own path, or if it has none, a path in the first folder of the
+// search path named after the printer, with "|", "/" and "\" replaced by "_". Empty if there is neither.
 OdString proposedPath(const OdString& path, const OdString& searchPath, const GmPlotCfg3& cfg);
 
-// Where a configuration of that name is written. The separator is put in whatever the folder ends in, unlike in the
-// proposal, so an empty search path gives "\name.pc3"; ".pc3" is put on whatever the name ends in.
+// Where a configuration of that name is written. Unlike in the proposal, the separator is always added, so an empty
+// search path gives "\name.pc3"; ".pc3" is always added too.
 OdString savePath(const OdString& searchPath, const OdString& name);
 
 // The proposal as the name dialog shows it.
 struct GmNameProposal
 {
     OdString path;               // ends in ".pc3", in any case of letters
-    bool extensionAdded = false; // the proposed path did not
+    bool extensionAdded = false; // because the proposed path had none
     OdString name;               // without folder and extension
 };
 GmNameProposal nameProposal(const OdString& path);

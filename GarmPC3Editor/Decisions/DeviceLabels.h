@@ -3,8 +3,8 @@
 #include "GarmPC3Editor/Decisions/GmTexts.h"
 #include "GarmPC3Editor/GmPlotCfg3.h"
 
-// What a resolution name shows a user. It is split at its last underscore unless that is its first character; a name
-// without such an underscore is all resolution.
+// The parts of a resolution name that are shown. It is split at its last underscore, unless that is its first
+// character; without one, the whole name is the resolution.
 struct GmResolutionParts
 {
     OdString resolution;
@@ -18,7 +18,7 @@ OdString colorsText(const GmResColorMemNode& color, const GmTexts& texts);
 // Whether the printer plots in one colour. The depth decides: at a depth of 32 bits the number of colours is 1 too.
 bool isMonochrome(const GmResColorMemNode& color) noexcept;
 
-// What the label of an entry in the device tree is made of.
+// What a label in the device tree is built from.
 struct GmLabelSource
 {
     const GmPlotCfg3& cfg;

@@ -29,16 +29,16 @@ enum GmDeviceEntry : std::int32_t
 bool hasDestination(const GmPlotCfg3& cfg) noexcept;
 bool hasLinesOverwrite(const GmPlotCfg3& cfg) noexcept;
 
-// All that the editor knows of a kind of entry. Its page's class is added in Dialogs/DevicePages.cpp.
+// All that the editor knows about a kind of entry. Its page's class is added in Dialogs/DevicePages.cpp.
 struct GmDeviceRow
 {
     GmDeviceEntry type;
     std::optional<GmDeviceEntry> parent; // none for the root
     UINT icon;
-    UINT dialog;                                 // of its page; 0 for a kind that leaves the frame empty
+    UINT dialog;                                 // of its page; 0 for a kind without a page
     OdString (*label)(const GmLabelSource&);     // null for a kind that is not an entry
-    bool (*isShown)(const GmPlotCfg3&) noexcept; // besides having its parent; null when that is all
-    const char* iconAssertion;                   // reported when the icon is not at the kind's place in the list
+    bool (*isShown)(const GmPlotCfg3&) noexcept; // if its parent is shown; null for always
+    const char* iconAssertion;                   // reported if the icon is not at the kind's place in the list
 };
 
 // In the order in which the entries are inserted, each as the last child of its parent.
@@ -61,7 +61,7 @@ inline constexpr GmDeviceRow deviceRows[] = {
 };
 inline constexpr std::int32_t deviceRowCount = std::size(deviceRows);
 
-// The place of a kind's row; deviceRowCount for a number that is no kind.
+// The place of a kind's row; deviceRowCount for a number that is not a kind.
 constexpr std::int32_t placeOfDeviceRow(std::int32_t type) noexcept
 {
     return static_cast<std::int32_t>(std::ranges::find(deviceRows, type, &GmDeviceRow::type) - deviceRows);
@@ -78,7 +78,7 @@ constexpr bool areDeviceRowsInOrder() noexcept
 }
 static_assert(areDeviceRowsInOrder());
 
-// The row of a kind; null for a number that is no kind.
+// The row of a kind; null for a number that is not a kind.
 inline const GmDeviceRow* deviceRow(std::int32_t type) noexcept
 {
     const std::int32_t place = placeOfDeviceRow(type);
@@ -94,7 +94,7 @@ struct GmDeviceTreeItem
     friend bool operator==(const GmDeviceTreeItem&, const GmDeviceTreeItem&) = default;
 };
 
-// The entries of a configuration in the order in which they are inserted. What the configuration does not have gets no
+// The entries of a configuration in the order in which they are inserted. A part that the configuration lacks has no
 // entry.
 std::vector<GmDeviceTreeItem> deviceTree(const GmPlotCfg3& cfg);
 

@@ -52,7 +52,7 @@ std::vector<OdString> printerNames(const std::function<bool()>& underWine)
     for (const DWORD flags : passes)
     {
         const DWORD level = underWine() ? 5 : 1;
-        // Print providers are other people's code: one that throws has nothing to add either.
+        // Print providers are third-party code: one that throws adds no printers.
         for (const InstalledPrinter& printer :
              answerOnThrow(std::vector<InstalledPrinter>(), [&] { return installedPrinters(flags, level); }))
             if (printer.name)

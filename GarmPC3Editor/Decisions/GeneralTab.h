@@ -6,7 +6,7 @@
 #include <functional>
 #include <vector>
 
-// The lines of the General tab, its list of printers and what the choice of one does.
+// The lines of the General tab, its list of printers, and what choosing one does.
 
 // A Windows printer's driver is "the system's"; others are named by family and model.
 OdString driverLine(const GmMetaNode& meta, const GmTexts& texts);
@@ -16,19 +16,19 @@ OdString driverFile(const GmMetaNode& meta);
 
 OdString versionLine(const GmMetaNode& meta, const GmTexts& texts);
 
-// Where plots go: the autospool folder, else a file, else the port of the Windows printer if it reports one. Asks the
-// spooler for the port; what a driver throws goes through.
+// Where plots go: the autospool folder, else a file, else the port of the Windows printer if it has one. Asks the
+// spooler for the port; exceptions from a driver pass through.
 OdString portLine(const GmPlotCfg3& cfg, const GmTexts& texts);
 
 // The list entry for a printer that is not installed.
 OdString notInstalledEntry(const OdString& printerName, const GmTexts& texts);
 
 // The installed printers in the spooler's order, in two passes: local printers, then connected, shared and network
-// ones. A pass that the spooler refuses, or that throws, adds nothing. Wine reports names at information level 5 only;
-// elsewhere level 1 is the one that names printers the way users know them. underWine is asked in each pass.
+// ones. A pass that fails or throws adds nothing. Wine returns names at information level 5 only; elsewhere level 1 has
+// the names that users know. underWine is called in each pass.
 std::vector<OdString> printerNames(const std::function<bool()>& underWine);
 
-// The configuration to go on with when the user has chosen another printer and newCfg (not null) was made for it. On
-// the same driver, its name compared without regard to case, the present one (not null) only takes the new printer's
-// name and keeps all edits; otherwise it is the new one.
+// The configuration to continue with after the user has chosen another printer and newCfg (not null) was created for
+// it. If both have the same driver, ignoring case, the present one (not null) gets the new printer's name and keeps all
+// edits; otherwise it is the new one.
 OdSharedPtr<GmPlotCfg3> exchangedForPrinter(const OdSharedPtr<GmPlotCfg3>& cfg, const OdSharedPtr<GmPlotCfg3>& newCfg);

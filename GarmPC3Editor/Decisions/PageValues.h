@@ -2,12 +2,12 @@
 
 #include "GarmPC3Editor/GmPlotCfg3.h"
 
-// What the property pages read from a configuration and write back. A page reads once, when it is made, and holds the
-// values; each store function returns whether a stored value really changed.
+// What the property pages read from a configuration and write back. A page reads once, when it is created, and keeps
+// the values; each store function returns whether a stored value really changed.
 
-// 1 collates, 0 does not; 0 too when the configuration has no destination.
+// 1 collates, 0 does not; also 0 if the configuration has no destination.
 int collatingChoice(const GmPlotCfg3& cfg) noexcept;
-// Rewrites the text even when the choice is the old one (quirk 10). Without a destination nothing is written.
+// Rewrites the text even if the choice is unchanged (quirk 10). Without a destination nothing is written.
 bool storeCollating(GmPlotCfg3& cfg, int choice);
 
 struct GmRasterValues
@@ -19,18 +19,19 @@ struct GmRasterValues
     friend bool operator==(const GmRasterValues&, const GmRasterValues&) = default;
 };
 GmRasterValues rasterValues(const GmPlotCfg3& cfg) noexcept;
-// Compares with what the page held, not with the configuration: quirk 62.
+// Compares with what the page has, not with the configuration: quirk 62.
 bool storeRaster(GmPlotCfg3& cfg, GmRasterValues& held, const GmRasterValues& now);
 
-// Radio choices: 0 is the first button. The store functions compare with what the page held.
+// Radio choices: 0 is the first button. The store functions compare with what the page has.
 int trueTypeChoice(const GmPlotCfg3& cfg) noexcept; // 0 as text, 1 as graphics
 bool storeTrueType(GmPlotCfg3& cfg, int& held, int now);
 
-int mergeChoice(const GmPlotCfg3& cfg) noexcept; // 0 lines overwrite, 1 lines merge; 0 when the file says neither
-// A configuration without the value is asserted ("m_dlg.cfg().m_res_color_mem.m_lines_overwrite") and left alone.
+int mergeChoice(const GmPlotCfg3& cfg) noexcept; // 0 lines overwrite, 1 lines merge; 0 if the file has neither
+// A configuration without the value fails an assertion ("m_dlg.cfg().m_res_color_mem.m_lines_overwrite") and is not
+// changed.
 bool storeMerge(GmPlotCfg3& cfg, int& held, int now);
 
-// Whose settings the custom properties of a configuration are.
+// What the custom properties of a configuration belong to.
 enum class GmDriverSettings
 {
     none,

@@ -8,7 +8,7 @@ constexpr OdChar firstPicture = 0x2400; // of NUL, followed by those of the othe
 constexpr OdChar pictureOfDelete = 0x2421;
 constexpr OdChar cutSign = 0x2026;
 
-// At most longest units; never half of a surrogate pair at the end unless the text itself has one there.
+// At most longest units; never ends in half a surrogate pair unless the text itself does.
 std::basic_string<OdChar> cut(OdStringView text, std::size_t longest)
 {
     if (text.size() <= longest)
@@ -20,7 +20,7 @@ std::basic_string<OdChar> cut(OdStringView text, std::size_t longest)
     return std::basic_string<OdChar>(text.substr(0, kept)) + cutSign;
 }
 
-// How much of a text, at most all of it, a field is given to edit.
+// How much of a text a field shows for editing.
 std::size_t editableLength(OdStringView text)
 {
     std::size_t lineBegin = 0;

@@ -74,7 +74,7 @@ OdString fullPrinterName(const OdString& name)
                             [&matches](const InstalledPrinter& printer)
                             { return printer.name && matches(OdStringView(*printer.name)); });
     };
-    // All printers are tried for the exact name first: one that merely contains it may come before it.
+    // All printers are tried for the exact name first: a name that merely contains it may come earlier.
     auto found = find([&name](OdStringView candidate) { return candidate == name.view(); });
     if (found == printers.end())
         found = find([&name](OdStringView candidate) { return candidate.find(name.view()) != candidate.npos; });
@@ -101,7 +101,7 @@ short printQuality(int index) noexcept
 
 double wholeMillimetres(short tenths) noexcept
 {
-    const int whole = tenths / 10; // what is shown has no fraction
+    const int whole = tenths / 10; // no fraction is shown
     return whole;
 }
 
