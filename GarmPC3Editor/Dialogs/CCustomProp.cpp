@@ -15,14 +15,14 @@ namespace
 {
 constexpr DWORD silently = DM_IN_BUFFER | DM_OUT_BUFFER;
 
-// What a driver throws counts as a failure: it must not end the editor with all that the user changed in it.
+// An exception in a driver counts as a failure: it must not close the editor and lose the user's changes.
 DevModeMerge merged(HWND owner, HANDLE printer, const OdString& name, std::span<const BYTE> devMode, DWORD mode)
 {
     return answerOnThrow(DevModeMerge{}, [&] { return mergeDevMode(owner, printer, name.c_str(), devMode, mode); });
 }
 
-// Keeps the whole sheet from taking input while a dialog that is not ours is open. Afterwards the sheet is active
-// again, with the focus where it was.
+// Disables the whole sheet while someone else's dialog is open. Afterwards the sheet is active again and the focus is
+// where it was.
 class DisabledSheet
 {
 public:
@@ -86,7 +86,7 @@ DevModeMerge CCustomProp::showDriverDialog(HANDLE printer, const OdString& name,
 DevModeMerge CCustomProp::showVirtualPrinterDialog(HANDLE printer, const OdString& name, std::span<const BYTE> devMode)
 {
     DevModeMerge merge = merged(m_hWnd, printer, name, devMode, silently);
-    // A driver that spoiled the block or threw: the user edits what the configuration has.
+    // If the driver damaged the block or threw, the user edits the configuration's own block.
     if (!merge.block.view())
         merge.block = DevModeBlock::copyOf(DevModeView(devMode));
     if (!merge.block)

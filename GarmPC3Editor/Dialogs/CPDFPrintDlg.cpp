@@ -33,14 +33,14 @@ CString entryText(HWND list, int index)
     if (length < 0)
         return {};
     CString text;
-    // The list says how long the text is, and then writes all of it, terminator included.
+    // The list returns the text's length and then writes all of it, including the terminator.
     const LRESULT copied = send(list, CB_GETLBTEXT, static_cast<WPARAM>(index),
                                 reinterpret_cast<LPARAM>(text.GetBuffer(static_cast<int>(length) + 1)));
     text.ReleaseBuffer(static_cast<int>(std::clamp<LRESULT>(copied, 0, length)));
     return text.Left(longest);
 }
 
-// As a picture of 24 bits: of one with an alpha channel the control would keep a copy that is never deleted.
+// As a 24-bit bitmap: the control would copy one with an alpha channel, and the copy would leak.
 BitmapHandle loadBitmap(UINT id)
 {
     return BitmapHandle(static_cast<HBITMAP>(
@@ -82,7 +82,7 @@ BOOL CPDFPrintDlg::OnInitDialog()
     fillQualities();
     SetIcon(m_icon, TRUE);
     SetIcon(m_icon, FALSE);
-    // A field that the block does not have reads as 0.
+    // A field that is missing from the block reads as 0.
     const DEVMODEW fields = DevModeView(claimedBytes(*m_devMode)).fields();
     m_quality = qualityIndex(fields.dmPrintQuality);
     const HWND hostButton = hostControl(IDC_HOST_PORTRAIT);
@@ -97,7 +97,7 @@ BOOL CPDFPrintDlg::OnInitDialog()
     m_unit = millimetres;
     UpdateData(FALSE);
     showLimits();
-    // Last: the base moves the values into the controls, and by now all of them are set.
+    // Last: the base class only copies the values into the controls, and they are set by now.
     return CDialog::OnInitDialog();
 }
 
@@ -185,7 +185,7 @@ void CPDFPrintDlg::showLimits() const
     showLimit(IDC_LENGTH_NOTE);
 }
 
-// What was said about a length is no longer true while another one is typed.
+// The note about a length is outdated once another one is typed.
 
 void CPDFPrintDlg::OnWidthTyped()
 {
@@ -199,7 +199,7 @@ void CPDFPrintDlg::OnLengthTyped()
 
 void CPDFPrintDlg::OnPaperChange()
 {
-    // With a length that is no number nothing changes: in a disabled field the user could not put it right.
+    // Nothing changes if a length is not a number: the user could not correct it in a disabled field.
     if (!UpdateData(TRUE))
         return;
     enableCustomSize(selectedPaper().view() == customPaper);
@@ -211,7 +211,7 @@ void CPDFPrintDlg::OnUnitChange()
     const int before = m_unit;
     if (!UpdateData(TRUE))
     {
-        // Nothing was converted, so the buttons go back to the unit of the texts.
+        // Nothing was converted, so the buttons go back to the fields' unit.
         CheckRadioButton(IDC_MILLIMETRES, IDC_INCHES, before == inches ? IDC_INCHES : IDC_MILLIMETRES);
         return;
     }
@@ -238,7 +238,7 @@ void CPDFPrintDlg::OnOK()
     EndDialog(IDOK);
 }
 
-// In the 16 bits that a device mode has for them, longer ones would become others.
+// A device mode has 16 bits for them: longer ones would wrap.
 bool CPDFPrintDlg::checkLengths() const
 {
     const bool widthFits = showNote(IDC_WIDTH_NOTE, m_width);
@@ -275,7 +275,7 @@ void CPDFPrintDlg::writeDevMode()
     else
     {
         const OdString paper = hostControl(IDC_HOST_PAPER) ? selectedPaper().toOdString() : OdString();
-        // A code that is not there becomes 65535.
+        // A missing code becomes 65535.
         choice.paperCode = [this, paper](const DEVMODEW& devMode)
         {
             const auto ask = [&] { return paperCodeForName(m_printerName, paper.view(), &devMode); };
@@ -285,7 +285,7 @@ void CPDFPrintDlg::writeDevMode()
     applyVirtualPrinterChoice(choice, *m_devMode);
 }
 
-// A printer that cannot be opened or whose driver refuses leaves what was written.
+// If the printer cannot be opened or its driver refuses, the block stays as written.
 void CPDFPrintDlg::completeByDriver()
 {
     const std::span<const BYTE> bytes = claimedBytes(*m_devMode);

@@ -6,8 +6,8 @@
 
 // The properties of the product family's own printers: paper, quality and orientation, edited in a device mode.
 //
-// It works together with the host's dialog from which the editor was opened: it offers that dialog's papers, and what
-// is chosen here is chosen there too. The host's dialog need not have those controls.
+// It works together with the host dialog that the editor was opened from: it offers that dialog's papers and copies the
+// choice back to it. The host's dialog need not have those controls.
 //
 // Set m_devMode and m_printerName, then run DoModal. OK writes into the device mode and has the printer's driver
 // complete it.
@@ -41,7 +41,7 @@ private:
     void showLengths(double width, double length) const;
     CString selectedPaper() const;
     bool isCustomPaper() const;
-    // Puts the limit beside a field, or says there that the length is beyond it. Returns whether it is possible.
+    // Shows the limit beside a field, or that the length exceeds it. Returns whether the length is possible.
     bool showNote(int note, double length) const;
     void showLimit(int note) const;
     void showLimits() const;
@@ -50,22 +50,22 @@ private:
     void writeDevMode();
     void completeByDriver();
 
-    // In the order of the members: what is exchanged with the controls, and what is shown.
+    // The values that are exchanged with the controls.
     int m_paper = 0;
     int m_quality = 0;
     double m_width = 0.0; // of a custom size, in the unit
     double m_length = 0.0;
     int m_orientation = 0;  // 0 portrait, 1 landscape
     int m_unit = 0;         // 0 millimetres, 1 inches
-    HICON m_icon = nullptr; // the library's
+    HICON m_icon = nullptr; // from the library
 
 public:
-    DEVMODEW* m_devMode = nullptr; // not owned; as many bytes as it claims to have
+    DEVMODEW* m_devMode = nullptr; // not owned; has as many bytes as it claims
 
 private:
     BitmapHandle m_portrait;
     BitmapHandle m_landscape;
-    HBITMAP m_previousPortrait = nullptr; // what the controls showed before, theirs
+    HBITMAP m_previousPortrait = nullptr; // the controls' own bitmaps from before
     HBITMAP m_previousLandscape = nullptr;
 
 public:

@@ -16,8 +16,8 @@ CRasterGraphics::CRasterGraphics(GmTabDevice& tab) : GmDeviceSubDlg(tab, eRaster
 
 BOOL CRasterGraphics::OnInitDialog()
 {
-    // Before the base shows the values: a slider draws its thumb where the value is in the range that it has then. A
-    // new range leaves the thumb there, and so does the same value set once more.
+    // Before the base class shows the values: a slider places its thumb by the range it has at that moment, and neither
+    // a new range nor setting the same value again moves it.
     m_ismMax.SubclassDlgItem(IDC_ISM_MAX, this);
     m_ismMax.SetRange(0, bestQuality);
     m_oleMax.SubclassDlgItem(IDC_OLE_MAX, this);

@@ -18,7 +18,7 @@ BOOL CVectorGraphics::OnInitDialog()
     return TRUE;
 }
 
-// Once: the tree's label shows what becomes of them later.
+// Once: the tree's label shows later changes.
 void CVectorGraphics::showValues() const
 {
     const GmResColorMemNode& color = cfg().m_res_color_mem;

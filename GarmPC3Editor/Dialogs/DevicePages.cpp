@@ -22,7 +22,7 @@ constexpr PageClass pageClasses[] = {
     {eMergeCtrl, &create<CMergeCtrl>},           {eCustomProp, &create<CCustomProp>},
 };
 
-// Every row with a dialog has one class, and no other row has one.
+// Each row with a dialog has one class; the others have none.
 static_assert(std::ranges::all_of(deviceRows,
                                   [](const GmDeviceRow& row) {
                                       return std::ranges::count(pageClasses, row.type, &PageClass::type) ==

@@ -9,8 +9,8 @@
 class OdString;
 struct DevModeMerge;
 
-// A new page for a kind of tree entry, created and placed in the tab's frame; null for kinds without a page and when
-// the window cannot be created.
+// A new page for a kind of tree entry, created and placed in the tab's frame; null for kinds without a page and if the
+// window cannot be created.
 std::unique_ptr<GmDeviceSubDlg> createDevicePage(std::int32_t type, GmTabDevice& tab);
 
 // Whether several copies are collated.
@@ -31,7 +31,7 @@ private:
     CComboBox m_list;
 };
 
-// The colours and the resolution of vector graphics, to look at: the driver's own dialog sets them.
+// The colours and the resolution of vector graphics, read-only: they are set in the driver's own dialog.
 class CVectorGraphics : public GmDeviceSubDlg
 {
 public:
@@ -45,7 +45,7 @@ private:
 
 // Quality of raster images and embedded objects, and what plots are to be optimised for.
 //
-// A slider cuts a value to its range, so one that a file has outside of it is changed when the page is left.
+// A slider limits a value to its range, so a value from a file outside that range changes when the page is left.
 class CRasterGraphics : public GmDeviceSubDlg
 {
 public:
@@ -82,8 +82,8 @@ private:
     int m_choice; // 0 as text, 1 as graphics
 };
 
-// Whether lines overwrite or merge with what is under them. Disabled for a configuration that cannot say so: its
-// printer was exchanged while the tree has the entry of the one before.
+// Whether lines overwrite or merge with what is under them. Disabled if the configuration has no such value: its
+// printer was changed while the tree still has the previous printer's entry.
 class CMergeCtrl : public GmDeviceSubDlg
 {
 public:
@@ -103,8 +103,8 @@ private:
     int m_choice; // 0 overwrite, 1 merge
 };
 
-// Opens the settings of the printer's driver, or for the product family's own printers the dialog that replaces
-// them. What was set goes into the configuration right away and not through the tab's commit.
+// Opens the settings of the printer's driver, or for the product family's own printers the dialog that replaces them.
+// The settings go into the configuration at once, not through the tab's commit.
 class CCustomProp : public GmDeviceSubDlg
 {
 public:

@@ -5,7 +5,7 @@
 
 namespace
 {
-// Longer texts are broken into lines. In pixels at 96 dpi.
+// Longer texts are wrapped. In pixels at 96 dpi.
 constexpr int widestTip = 400;
 
 HWND createTips(const CWnd& dialog)
@@ -30,13 +30,13 @@ void FullTextTips::setTexts(const CWnd& dialog, std::initializer_list<int> label
         CString text;
         dialog.GetDlgItemText(id, text);
         TOOLINFOW tool = {};
-        // Without the fields of version 6: with them the tooltips of the older library refuse the call.
+        // Without the fields of version 6: tooltips of the older library reject them.
         tool.cbSize = TTTOOLINFOW_V2_SIZE;
         tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
         tool.hwnd = dialog;
         tool.uId = reinterpret_cast<UINT_PTR>(::GetDlgItem(dialog, id));
         tool.lpszText = const_cast<LPWSTR>(text.GetString());
-        // Adding a tool a second time would make a second one.
+        // Adding a tool again would create a second one.
         ::SendMessageW(m_tips, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
         ::SendMessageW(m_tips, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
     }
@@ -49,6 +49,6 @@ void HelpButton::setPicture(const CWnd& dialog)
         return;
     IconHandle icon = loadIcon(IDI_HELP, ::GetSystemMetrics(SM_CXSMICON));
     ::SendMessageW(button, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon.get()));
-    // Only now: the button showed the old one until here.
+    // Only now: until here the button showed the old one.
     m_icon = std::move(icon);
 }

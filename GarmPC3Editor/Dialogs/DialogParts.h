@@ -3,8 +3,8 @@
 #include "mfc/Mfc.h"
 #include "win32/windows/SystemHandles.h"
 
-// The field of the description. A dialog selects the whole text of an edit control that gets the focus, and then one
-// key replaces it: right for a name, wrong for a text of several lines, which the user rarely wants to retype.
+// The description field. A dialog selects the whole text of an edit control that gets the focus, so the next key
+// replaces it: right for a name, wrong for a text of several lines.
 class DescriptionEdit : public CEdit
 {
 protected:
@@ -15,13 +15,13 @@ protected:
     }
 };
 
-// Tooltips with the whole text of labels, for labels that shorten what does not fit. Labels need SS_NOTIFY, or the
-// mouse does not find them.
+// Tooltips with the whole text of labels, for labels that shorten what does not fit. Labels need SS_NOTIFY to receive
+// mouse messages.
 class FullTextTips
 {
 public:
-    // Takes the texts that the labels have now; call again when they change. A dialog whose window is new gets new
-    // tooltips; the old ones went with the old window.
+    // Takes the texts that the labels have now; call again when they change. A dialog with a new window gets new
+    // tooltips; the old ones were destroyed with the old window.
     void setTexts(const CWnd& dialog, std::initializer_list<int> labels);
 
 private:
@@ -29,12 +29,12 @@ private:
     HWND m_dialog = nullptr;
 };
 
-// The picture on a dialog's Help button, when it has such a button (control 9). It belongs to this object, which
-// therefore lives as long as the dialog's object.
+// The picture on a dialog's Help button (control 9), if there is one. This object owns it and so lives as long as the
+// dialog's object.
 class HelpButton
 {
 public:
-    // Loads the picture from the current resources and puts it on the button, in place of the one before.
+    // Loads the picture from the current resources and puts it on the button, replacing the previous one.
     void setPicture(const CWnd& dialog);
 
 private:

@@ -5,8 +5,8 @@
 
 namespace
 {
-// What the window library throws, when a language library has other dialogs under our numbers, ends a window like its
-// Cancel: a host need not know such exceptions. Everything else passes through.
+// If a language library has other dialogs under our numbers, the window library throws; the window then closes as if
+// cancelled, because a host need not know such exceptions. Everything else passes through.
 template <class Window>
 bool isConfirmed(Window& window)
 {

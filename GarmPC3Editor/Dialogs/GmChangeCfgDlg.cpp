@@ -10,7 +10,7 @@ GmChangeCfgDlg::GmChangeCfgDlg(const OdString& proposedPath) : CDialog(IDD_CHANG
     const GmNameProposal proposal = nameProposal(proposedPath);
     m_path = proposal.path;
     m_extensionAdded = proposal.extensionAdded;
-    // What the field holds is the name, so it is cut only where no name of a file is as long.
+    // The field's content is the name itself, so it is cut only beyond the length of any file name.
     m_name = EditedText(proposal.name).shown();
 }
 

@@ -3,7 +3,7 @@
 #include "GarmPC3Editor/Dialogs/DialogParts.h"
 #include "mfc/Mfc.h"
 
-// Asks under which name a changed configuration is kept.
+// Asks for the name to save a changed configuration under.
 class GmChangeCfgDlg : public CDialog
 {
 public:

@@ -18,12 +18,12 @@ GmPlotCfg3& GmDeviceSubDlg::cfg() const
 
 bool GmDeviceSubDlg::createInFrame()
 {
-    // A page that has a window stays as it is.
+    // A page that already has a window stays as it is.
     if (!OD_VERIFY(!*this, "GarmPC3Editor/Dialogs/GmDeviceSubDlg"))
         return true;
     if (!Create(m_lpszTemplateName, &m_dlg))
         return false;
-    // On a tab whose background is not that of dialogs the page would stand out as a box.
+    // On a tab with another background than a dialog's the page would stand out as a box.
     ::EnableThemeDialogTexture(*this, ETDT_ENABLETAB);
     activate();
     placeInFrame();
@@ -40,7 +40,7 @@ void GmDeviceSubDlg::placeInFrame() const
     RECT own = {};
     GetClientRect(&own);
     MoveWindow(frame.left - tab.left, frame.top - tab.top, own.right, own.bottom);
-    // A new child is the last for the Tab key, after the tab's buttons; it belongs right after the tree.
+    // A new child is last in the tab order, after the tab's buttons; it belongs right after the tree.
     SetWindowPos(m_dlg.frame(), 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 

@@ -7,7 +7,7 @@
 #include "kernel/OdError.h"
 #include "resources/Resource.h"
 
-// The caption is replaced before the sheet shows.
+// The caption is replaced before it is shown.
 GmPCfgDlg::GmPCfgDlg() : CPropertySheet(L"Caption", nullptr, 0)
 {
     AddPage(&m_generalTab);
@@ -22,7 +22,7 @@ void GmPCfgDlg::setConfig(const OdSharedPtr<GmPlotCfg3>& cfg, const CString& pat
     m_cfg = cfg;
     m_path = path;
     m_initialDir = initialDir;
-    // The other flags stay: they describe the whole life of the sheet.
+    // The other flags stay: they cover the whole life of the sheet.
     m_modified = false;
     for (GmBaseTab* tab : m_tabs)
         tab->attach(*this);
@@ -75,7 +75,7 @@ BOOL GmPCfgDlg::OnInitDialog()
 {
     CPropertySheet::OnInitDialog();
     m_helpButton.setPicture(*this);
-    // Highlights only. The page is the right one already: the first when the sheet opens, the present one later.
+    // Highlights only. The right page is shown already: the first when the sheet opens, the current one later.
     ::SendMessageW(tabControl(), TCM_SETCURSEL, static_cast<WPARAM>(m_curTab), 0);
     updateCaption();
     return TRUE;
@@ -91,7 +91,7 @@ std::int32_t GmPCfgDlg::selectedTab() const
     return static_cast<std::int32_t>(::SendMessageW(tabControl(), TCM_GETCURSEL, 0, 0));
 }
 
-// The system's procedure switches the pages, so both notifications go on to it.
+// The system's procedure switches the pages, so it gets both notifications too.
 
 void GmPCfgDlg::OnTabSelChange(NMHDR* /*header*/, LRESULT* result)
 {

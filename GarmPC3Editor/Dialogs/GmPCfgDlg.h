@@ -11,34 +11,34 @@
 
 // The editor of one plotter configuration: a modal sheet with the General tab and the device tab.
 //
-// The pages write each change into the configuration when it happens, so it keeps the changes after Cancel too. The
-// sheet itself writes a file only on Save As; what has to be written after OK the caller finds out from the flags. Call
-// setConfig once between construction and DoModal. The language library must be the current place of resources.
+// The pages write each change into the configuration at once, so it keeps the changes even after Cancel. The sheet
+// itself writes a file only on Save As; the flags tell the caller what to write after OK. Call setConfig once between
+// construction and DoModal. The language library must be the current place of resources.
 class GmPCfgDlg : public CPropertySheet
 {
 public:
     GmPCfgDlg();
 
-    // cfg must not be null. path is that of its file, empty when it has none; initialDir is where Save As then starts.
+    // cfg must not be null. path is its file, or empty if it has none; Save As then starts in initialDir.
     void setConfig(const OdSharedPtr<GmPlotCfg3>& cfg, const CString& path, const CString& initialDir);
 
-    // The configuration as it is now: another printer may exchange it at any time, so ask again instead of keeping it.
+    // The configuration as it is now: choosing another printer replaces it, so ask again instead of keeping it.
     GmPlotCfg3& cfg() const noexcept { return *m_cfg; }
     const OdSharedPtr<GmPlotCfg3>& sharedCfg() const noexcept { return m_cfg; }
 
-    // Takes ownership of a configuration made for another printer (not null). A printer on the same driver gives its
-    // name to the present configuration, which keeps the user's edits; otherwise the new one takes its place.
+    // Takes ownership of a configuration created for another printer (not null). If it has the same driver, the current
+    // configuration only gets the new printer's name and keeps the user's edits; otherwise the new one replaces it.
     void changeCfg(GmPlotCfg3* newCfg);
 
-    // Asks where to and writes the configuration. A failure is reported to the user and changes nothing.
+    // Asks for a file and writes the configuration. A failure is reported to the user and changes nothing.
     void saveAs();
 
-    // File name and extension; without a file the Windows printer's name.
+    // File name and extension, or the Windows printer's name if there is no file.
     OdString fileTitle() const;
 
     void updateCaption();
 
-    // Run before the sheet is shown, and again after an exchange of the configuration.
+    // Runs before the sheet is shown, and again after the configuration is replaced.
     BOOL OnInitDialog() override;
 
 private:
@@ -75,5 +75,5 @@ private:
     HelpButton m_helpButton;
 };
 
-// The sheet that a tab's window is in. Throws OdError (eNullObjectPointer) when there is none.
+// The sheet that a tab's window is in. Throws OdError (eNullObjectPointer) if there is none.
 GmPCfgDlg& parentSheet(const CWnd& tab);

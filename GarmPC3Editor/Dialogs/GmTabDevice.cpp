@@ -52,7 +52,7 @@ BOOL GmTabDevice::OnInitDialog()
     return insertEntries() ? TRUE : FALSE;
 }
 
-// The number of a kind is the place of its icon, also when one is missing: quirk 65.
+// The number of a kind is the place of its icon, even if one is missing: quirk 65.
 void GmTabDevice::loadImages()
 {
     int width = 0;
@@ -75,7 +75,7 @@ bool GmTabDevice::insertEntries()
     std::map<GmDeviceEntry, HTREEITEM> handles;
     for (const GmDeviceTreeItem& entry : deviceTree(m_sheet->cfg()))
     {
-        // Media is complete, and opened before the rest comes.
+        // Media is complete and is expanded before the rest is added.
         if (entry.type == eGraphics)
             m_tree.Expand(handles[eMedia], TVE_EXPAND);
 
@@ -95,7 +95,7 @@ bool GmTabDevice::insertEntries()
         handles[entry.type] = item;
         refreshItem(item, false, false);
     }
-    // Makes the page of the custom properties, so that there is one when the tab shows.
+    // Creates the custom properties page, so that there is a page when the tab is shown.
     m_tree.SelectItem(handles[eCustomProp]);
     m_tree.Expand(handles[eRoot], TVE_EXPAND);
     return true;
@@ -137,7 +137,7 @@ GmDeviceSubDlg* GmTabDevice::findPage(std::int32_t type) const
 
 GmDeviceSubDlg* GmTabDevice::findOrCreatePage(std::int32_t type)
 {
-    // That a kind has no page is remembered too.
+    // That a kind has no page is stored too.
     if (const auto found = m_pages.find(type); found != m_pages.end())
         return found->second.get();
     return m_pages.emplace(type, createDevicePage(type, *this)).first->second.get();
@@ -145,12 +145,12 @@ GmDeviceSubDlg* GmTabDevice::findOrCreatePage(std::int32_t type)
 
 void GmTabDevice::commit(GmDeviceSubDlg& page, HTREEITEM item)
 {
-    // A flag that is still set is a change that was overlooked. It is handled now.
+    // A flag that is still set is a change that has not been handled yet.
     verify(!page.bModified, "bModified == false", __LINE__);
     page.UpdateData(TRUE);
     if (!page.bModified)
         return;
-    // That page informs the sheet itself.
+    // That page notifies the sheet itself.
     verify(page.eType() != eCustomProp, "dlg->eType() != eCustomProp", __LINE__);
     refreshItem(item, true, false);
     page.bModified = false;

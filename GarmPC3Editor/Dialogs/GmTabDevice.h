@@ -10,8 +10,8 @@
 
 // The editor's second tab: a tree of the device and document settings, and beside it the page of the selected entry.
 //
-// An entry's label shows the setting's value. Entries whose label changed while the sheet is open carry a check mark,
-// which is never taken away again, not even when the value is changed back.
+// An entry's label shows the setting's value. Entries whose label changed while the sheet is open have a check mark,
+// which stays even if the value is changed back.
 class GmTabDevice : public CPropertyPage, public GmBaseTab
 {
 public:
@@ -25,13 +25,13 @@ public:
 
     // What the pages need.
 
-    // Where pages are put: with its top left corner, and in the order of the Tab key right after it.
+    // Where pages are placed: at its top left corner, and right after it in the tab order.
     const CStatic& frame() const noexcept { return m_frame; }
 
-    // Takes the selected entry's page over into the configuration. Every change of a page's control comes here.
+    // Writes the selected entry's page into the configuration. Called for every change in a page's controls.
     void commitSelected();
 
-    // Shows the configuration's present values in all labels and marks those that differ from what was shown.
+    // Updates all labels to the configuration's values and marks those that change.
     void refreshAll();
 
 protected:
@@ -48,7 +48,7 @@ private:
     void refreshItem(HTREEITEM item, bool mark, bool recurse);
 
     std::int32_t typeOf(HTREEITEM item) const;
-    // The page of a kind of entry; none when it was not made yet, or the kind has none.
+    // The page of a kind of entry; null if it does not exist yet or the kind has none.
     GmDeviceSubDlg* findPage(std::int32_t type) const;
     GmDeviceSubDlg* findOrCreatePage(std::int32_t type);
     void commit(GmDeviceSubDlg& page, HTREEITEM item);
@@ -56,9 +56,9 @@ private:
     CStatic m_frame;
     CTreeCtrl m_tree;
     CImageList m_images;
-    // By kind of entry, made when the entry is first selected; null for a kind without a page.
+    // By kind of entry, created when the entry is first selected; null for a kind without a page.
     std::map<std::int32_t, std::unique_ptr<GmDeviceSubDlg>> m_pages;
-    // What the labels say, by kind of entry: they may show less of it.
+    // The full text of the labels, by kind of entry; a label may show only part of it.
     std::map<std::int32_t, OdString> m_labels;
     GmPCfgDlg* m_sheet = nullptr;
 };

@@ -8,7 +8,7 @@
 
 namespace
 {
-// Whether the system is Wine, by the registry key of its settings; what the key holds does not matter.
+// Whether the system is Wine, by the registry key of its settings, whatever the key contains.
 bool runsUnderWine() noexcept
 {
     HKEY key = nullptr;
@@ -80,7 +80,7 @@ void GmTabGeneral::showWhetherEditable() const
 BOOL GmTabGeneral::OnInitDialog()
 {
     CPropertyPage::OnInitDialog();
-    // More than by default, but nothing that the field would not show when the file is opened again.
+    // More than the default, but no more than the field shows when the file is opened again.
     m_descriptionEdit.LimitText(longestShownText);
     showDriverIcon();
     fillPrinters();
@@ -106,7 +106,7 @@ void GmTabGeneral::fillPrinters()
 
 void GmTabGeneral::selectPrinter()
 {
-    // As it is shown: up to a NUL a name might be that of another printer.
+    // The name as shown: cut at its first NUL, it might match another printer.
     const OdString name = shownLine(m_sheet->cfg().m_meta.m_win_device_name);
     if (name.isEmpty())
         return;
@@ -148,7 +148,7 @@ void GmTabGeneral::OnPrinterChange()
 
 BOOL GmTabGeneral::PreTranslateMessage(MSG* pMsg)
 {
-    // Before the description takes the key, wherever the focus is on this tab.
+    // Before the description field handles the key, wherever the focus is on this tab.
     if (pMsg->message == WM_KEYDOWN && pMsg->wParam == VK_ESCAPE)
     {
         parentDlg().EndDialog(IDCANCEL);

@@ -14,10 +14,10 @@ class GmTabGeneral : public CPropertyPage, public GmBaseTab
 public:
     GmTabGeneral();
 
-    // Whether the description was typed in since it was last shown. False without a window.
+    // Whether the description was edited since it was last shown. False without a window.
     bool isModified() override;
 
-    // Takes the texts from the sheet's configuration; the controls show them at the next UpdateData(FALSE).
+    // Reads the texts from the sheet's configuration; the controls show them at the next UpdateData(FALSE).
     void attach(GmPCfgDlg& sheet) override;
     GmPCfgDlg& parentDlg() override;
 

@@ -10,7 +10,7 @@ GmTexts languageTexts()
 
 IconHandle loadIcon(UINT id, int size)
 {
-    // Of our own rather than shared: a shared icon would keep the size and the language it was first asked for in.
+    // Our own copy, not shared: a shared icon would keep the size and language of its first request.
     return IconHandle(static_cast<HICON>(
         ::LoadImageW(AfxGetResourceHandle(), MAKEINTRESOURCEW(id), IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
 }
