@@ -2,8 +2,8 @@
 
 #include <utility>
 
-// Runs work and passes its result on; gives the answer instead when work throws (memory ran out, a driver threw).
-// The border between the model and its callers, who know failure only as a result.
+// Returns the result of work, or the answer if work throws (memory ran out, a driver threw). The border between the
+// model and its callers, who see a failure only as a result.
 template <class Answer, class Work>
 Answer answerOnThrow(Answer answer, Work&& work) noexcept
 {

@@ -6,14 +6,14 @@
 
 #include <vector>
 
-// What came of reading.
+// The result of reading.
 struct ReadReport
 {
     Fault fault;                // why it failed
-    std::vector<Fault> leftOut; // why optional blocks were left out, which is no failure
+    std::vector<Fault> leftOut; // why optional blocks were left out; not a failure
 };
 
-// A block that is being read into a node: its content, and where it is, which a report has to say.
+// A block that is being read into a node: its content, and its place, for reports.
 class BlockReader
 {
 public:
@@ -30,11 +30,11 @@ public:
     const CPBlock& block() const noexcept { return m_block; }
 
     // These record a fault and return false.
-    bool failAtKey(OdStringView key, ValueKind expected) const; // it is missing, of another kind, or no number
+    bool failAtKey(OdStringView key, ValueKind expected) const; // missing, of another kind, or not a number
     bool failAtBlock(OdStringView key) const;                   // there is no such block in this one
     bool failAtCustomItem(OdStringView name) const;
 
-    // The fault concerns a block that the configuration can do without.
+    // The fault is in a block that the configuration can do without.
     void leaveOut() const;
 
 private:
@@ -59,7 +59,7 @@ bool fill(GmResColorMemNode& node, const BlockReader& reader);
 bool fill(GmCustomNode& node, const BlockReader& reader);
 bool fill(GmPlotCfg3& configuration, const BlockReader& reader);
 
-// Fills a configuration from what a parser has read, or says why it read nothing. No printer is asked.
+// Fills a configuration from what a parser has read, or reports why it read nothing. No printer is involved.
 bool fill(GmPlotCfg3& configuration, const CPIAParser& parser, ReadReport& report);
 
 // The same without a report.

@@ -5,8 +5,8 @@
 #include <cstddef>
 #include <cstdint>
 
-// Why a configuration could not be read, bound to a printer, turned into a DEVMODE, changed by one or created. The
-// code that fails fills it in, because nobody else knows; a program that wants a sentence makes one of it.
+// Why a configuration could not be read, bound to a printer, turned into a DEVMODE, changed by one or created. The code
+// that fails fills it in, because only that code knows; a program that wants a sentence builds one from it.
 
 enum class FaultStage
 {
@@ -17,8 +17,8 @@ enum class FaultStage
     create,        // a configuration for a printer
 };
 
-// A number keeps its meaning for ever; a new fault gets the next one. The comment of each lists what else of Fault is
-// filled in.
+// A number never changes its meaning; a new fault gets the next one. Each comment lists the other members of Fault that
+// are set.
 enum class FaultCode
 {
     none = 0,
@@ -34,7 +34,7 @@ enum class FaultCode
     badSizes = 10,           // stored: they cannot be those of a DEVMODE
     badPrivateLength = 11,   // block, key, stored, digits
     printerNotOpened = 12,   // text: the printer, systemError
-    badDevMode = 13,         // bytes that are no DEVMODE
+    badDevMode = 13,         // bytes that are not a DEVMODE
     otherPrinter = 14,       // text: the stored printer
     otherSizes = 15,         // stored, given
     unlistedPaper = 16,      // paperCode
@@ -61,12 +61,12 @@ struct Fault
 
     FaultStage stage = FaultStage::read;
     FaultCode code = FaultCode::none;
-    OdString block{}; // the names of the blocks around it and its own, "/" between them: "media/size"
+    OdString block{}; // the block's path: "media/size"
     OdString key{};
     ValueKind expected = ValueKind::text;
     OdString text{};
     const char* reason = ""; // the parser's, in English
-    unsigned line = 0;       // of the file's text; 1 is the first, 0 when it is not about a line
+    unsigned line = 0;       // of the file's text; from 1; 0 if it is not about a line
     Sizes stored{};
     Sizes given{};
     std::size_t digits = 0;

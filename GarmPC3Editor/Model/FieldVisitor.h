@@ -5,9 +5,9 @@
 
 #include <variant>
 
-// The keys of a node and their values, for those who walk them all: reports, checks, tests.
+// The keys of a node and their values, for code that walks them all: reports, checks, tests.
 
-// What a missing key means and when the item is written; Fields.h has the rules.
+// What a missing key means and when the item is written; the rules are in Fields.h.
 enum class RowKind
 {
     required,
@@ -50,7 +50,7 @@ public:
     virtual ~FieldVisitor() = default;
 
     virtual void field(const Field& field) = 0;
-    // Returns whether to walk into the block; endBlock follows then.
+    // Returns whether to walk into the block; if so, endBlock follows.
     virtual bool beginBlock(const FieldBlock& block) = 0;
     virtual void endBlock() = 0;
     // The items of the custom data, whose keys are the driver's.

@@ -1,8 +1,8 @@
 #pragma once
 
-// The fields of a node as one list of rows. Read order and write order are that list, so a file written here reads
-// back equal, and a new field is one row. A row knows its key, its member, what a missing key means and when the item
-// is written; the row kinds below are all the rules there are. Each node's table is in the node's own source file.
+// The fields of a node as one list of rows. Read order and write order are that list, so a file written here reads back
+// equal, and a new field is one row. A row knows its key, its member, what a missing key means and when the item is
+// written; the row kinds below are the only rules. Each node's table is in the node's own source file.
 //
 // Reading stops at the first row that fails: the rows before it are then stored, that row and those after it are not
 // touched. Writing fails only when a nested node's does. Running out of memory passes through both as an exception on
@@ -24,7 +24,7 @@ using Digits = std::integral_constant<int, count>;
 inline constexpr Digits<-1> shortest{}; // as many as it takes to read the same double back
 inline constexpr Digits<1> oneDigit{};
 
-// How a value of each kind is read and made. The getters leave their output alone when they fail, so they may take the
+// How a value of each kind is read and created. The getters leave their output alone if they fail, so it may be the
 // member itself.
 struct IntValue
 {
@@ -59,7 +59,7 @@ struct TextValue
     static CPItem* make(OdStringView key, const Type& value) { return new CPStr(key, value); }
 };
 
-// Row: fails the node when missing; always written, an empty text too.
+// Row: fails the node when missing; always written, even an empty text.
 template <class Node, class Value>
 struct Required
 {
@@ -272,7 +272,7 @@ consteval Table<Node, Rows...> table(Rows... rows)
     return {{rows...}};
 }
 
-// The rows, by what they promise.
+// The kinds of rows.
 
 template <class Node>
 consteval Required<Node, IntValue> required(const OdChar* key, std::int32_t Node::*member)

@@ -29,7 +29,7 @@ class ItemWriter
 public:
     explicit ItemWriter(CPBlock& custom) : m_custom(custom) {}
 
-    // Takes the value over.
+    // Stores the value.
     void add(const OdString& key, CPItem* value)
     {
         const OdSharedPtr<CPItem> shared(value);
@@ -60,7 +60,7 @@ bool fill(GmCustomNode& node, const BlockReader& reader)
             return reader.failAtCustomItem(item.name());
 
         const OdString key = item.textAt(0);
-        // The second item is known by its place alone; its name is ignored (quirk 3).
+        // The second item is identified by its position alone; its name is ignored (quirk 3).
         switch (item.kindAt(1))
         {
         case CPItem::eBlock:
@@ -69,8 +69,8 @@ bool fill(GmCustomNode& node, const BlockReader& reader)
             node.m_strings[key] = item.textAt(1);
             break;
         case CPItem::eBin:
-            // What this module writes itself is upper case, so a hand-edited file becomes so too. Binaries of others
-            // may mean something else by their letters.
+            // This module writes upper case, so a hand-edited value is converted too. In other binaries the case may
+            // matter.
             node.m_binaries[key] =
                 key == storedDevMode::privateBytes ? withUpperCaseHexDigits(item.textAt(1)) : item.textAt(1);
             break;

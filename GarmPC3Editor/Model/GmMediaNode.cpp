@@ -43,7 +43,7 @@ constexpr auto mediaTable = table<GmMediaNode>(
     required(OD_T("actual_printable_bounds_ury"), &GmMediaNode::m_actual_printable_bounds_ury, shortest),
     required(OD_T("number_of_copies"), &GmMediaNode::m_number_of_copies),
     requiredBlock(OD_T("size"), &GmMediaNode::m_size),
-    // A destination that cannot be read never costs the user the paper.
+    // A destination that cannot be read must not lose the user's paper.
     droppableBlock(OD_T("destination"), &GmMediaNode::m_destination));
 } // namespace
 

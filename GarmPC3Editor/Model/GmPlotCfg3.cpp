@@ -10,7 +10,7 @@ using namespace fields;
 constexpr auto configurationTable = table<GmPlotCfg3>(
     requiredBlock(OD_T("meta"), &GmPlotCfg3::m_meta), requiredBlock(OD_T("media"), &GmPlotCfg3::m_media),
     requiredBlock(OD_T("io"), &GmPlotCfg3::m_io), requiredBlock(OD_T("res_color_mem"), &GmPlotCfg3::m_res_color_mem),
-    // Custom data that cannot be read is dropped; the configuration is good without.
+    // Custom data that cannot be read is dropped; the configuration works without it.
     droppableBlock(OD_T("custom"), &GmPlotCfg3::m_custom));
 } // namespace
 

@@ -19,8 +19,8 @@ constexpr auto resColorMemTable = table<GmResColorMemNode>(
     required(OD_T("num_undithered_colors"), &GmResColorMemNode::m_num_undithered_colors),
     required(OD_T("color_system"), &GmResColorMemNode::m_color_system),
     required(OD_T("dm_color"), &GmResColorMemNode::m_dm_color),
-    // Left out at 0 although three of them have another default: a 0 is not kept by the file,
-    // and reading it again gives the default. Files in the field are like that.
+    // Left out at 0 although three of them have another default: the file does not keep a 0, and reading it back gives
+    // the default. Existing files are like that.
     keptUnless(0, OD_T("icm_method"), &GmResColorMemNode::m_icm_method),
     keptUnless(0, OD_T("icm_intent"), &GmResColorMemNode::m_icm_intent),
     keptUnless(0, OD_T("ism_max"), &GmResColorMemNode::m_ism_max),

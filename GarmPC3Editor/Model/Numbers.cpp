@@ -34,7 +34,7 @@ bool numberFromDecimal(OdStringView text, std::int32_t& out) noexcept
     if (i == text.size() || !isDigit(text[i]))
         return false;
 
-    // Unsigned, so that any number of digits wraps; the lower 32 bits are right whatever went over the top.
+    // Unsigned, so that any number of digits wraps; the lower 32 bits are right even after an overflow.
     std::uint64_t value = 0;
     for (; i < text.size() && isDigit(text[i]); ++i)
         value = value * 10 + static_cast<unsigned>(text[i] - '0');
@@ -61,8 +61,8 @@ void bytesFromHex(OdStringView text, std::span<unsigned char> out) noexcept
 
 OdString withUpperCaseHexDigits(OdString text)
 {
-    // Nearly every text is upper case already, and to see that in a long one costs far less than to copy it. In the
-    // units' own width and without stopping, so that the compiler looks at many at once.
+    // Nearly every text is upper case already, and checking a long one costs far less than copying it. The loop stays
+    // in 16 bits and never stops early, so that the compiler can vectorise it.
     std::uint16_t anyLower = 0;
     for (const OdChar c : text.view())
         anyLower = static_cast<std::uint16_t>(anyLower | (static_cast<std::uint16_t>(c - 'a') < 6));

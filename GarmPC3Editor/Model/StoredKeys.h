@@ -2,7 +2,7 @@
 
 #include "kernel/OdText.h"
 
-// Under which keys the custom data of a configuration stores the parts of its printer's DEVMODEW.
+// The keys under which the custom data of a configuration stores the parts of its printer's DEVMODEW.
 namespace storedDevMode
 {
 // Numbers.
