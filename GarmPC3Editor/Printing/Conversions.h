@@ -5,15 +5,15 @@
 
 class CPIAParser;
 
-// Reading with a printer, converting and creating, each with the reason when it fails. What GmPlotCfg3 exports of them
-// are thin wrappers, which say nothing and let nothing through that is thrown. Here running out of memory and what a
-// driver throws pass.
+// Reading with a printer, converting and creating, each with the reason if it fails. The functions that GmPlotCfg3
+// exports are thin wrappers that report nothing and throw nothing. Here running out of memory and a driver's exceptions
+// pass through.
 
-// Fills a configuration from what a parser has read and binds it to an installed printer. modified is untouched when
-// the file or a node fails or the configuration names no driver.
+// Fills a configuration from what a parser has read and binds it to an installed printer. modified is untouched if the
+// file or a node fails or the configuration names no driver.
 bool readPlotCfg(GmPlotCfg3& configuration, const CPIAParser& parser, bool& modified, ReadReport& report);
 
-// The same for a file; null when it fails.
+// The same for a file; null if it fails.
 OdSharedPtr<GmPlotCfg3> readPlotCfg(const OdString& path, bool& modified, ReadReport& report);
 
 // Binds to an installed printer with the stored driver: to the stored printer, else to the first one, whose name is
@@ -23,8 +23,8 @@ ResolvePrinterResult resolvePrinter(GmMetaNode& meta, Fault& fault);
 // The DEVMODEW bytes of a configuration; empty when none can be built.
 OdArray<unsigned char> makeDevMode(const GmPlotCfg3& configuration, Fault& fault);
 
-// Imports the settings of a device mode. modified is set when anything changes and never cleared here. What was changed
-// before a failure stays changed. insert: the configuration is being created.
+// Imports the settings of a device mode. modified is set if anything changes and never cleared here. Changes made
+// before a failure stay. insert: the configuration is being created.
 bool importDevMode(GmPlotCfg3& configuration, const DevModeView& devMode, const OdString& printerName, bool insert,
                    bool& modified, Fault& fault);
 

@@ -1,4 +1,4 @@
-// Makes a new configuration for an installed printer out of its driver's defaults.
+// Creates a configuration for an installed printer from its driver's defaults.
 
 #include "GarmPC3Editor/Printing/Conversions.h"
 #include "GarmPC3Editor/Printing/GmPrinterInfo.h"
@@ -16,7 +16,7 @@ void describeSystemDriver(GmMetaNode& meta, const OdString& printerName)
     meta.m_win_device_name = printerName;
     meta.m_short_net_name = printerName;
     meta.m_friendly_net_name = printerName;
-    // Values of the file format: readers know a system printer's configuration by them.
+    // Values of the file format by which readers recognise a system printer's configuration.
     meta.m_driver_pathname = OD_T("gdiplot7.hdi");
     meta.m_driver_version = OD_T("not specified");
     meta.m_driver_tag_line = OD_T("Windows System Driver from Autodesk");
@@ -24,8 +24,8 @@ void describeSystemDriver(GmMetaNode& meta, const OdString& printerName)
     meta.m_driver_type = eWindowsDriver;
 }
 
-// Stores the sizes of the driver's block, and as many zero bytes as it has private ones, because importing the real
-// ones requires stored bytes of the same number. A driver without private bytes gets no configuration: quirk 35.
+// Stores the sizes of the driver's block, and one zero byte for each private byte, because importing the real ones
+// requires as many stored bytes. A driver without private bytes gets no configuration: quirk 35.
 OdSharedPtr<GmCustomNode> customDataFor(const DevModeView& devMode)
 {
     OdSharedPtr<GmCustomNode> custom(new GmCustomNode);

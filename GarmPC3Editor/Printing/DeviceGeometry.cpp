@@ -23,7 +23,7 @@ constexpr PrintQuality printQualities[] = {
     {-1, OD_T("DMRES_DRAFT")},
 };
 
-// Null for everything that is a number of dots per inch, 0 and -5 included.
+// Null for any number of dots per inch, including 0 and -5.
 const PrintQuality* qualityOf(std::int16_t value)
 {
     for (const auto& quality : printQualities)
@@ -58,7 +58,7 @@ bool GmMediaNode::setBounds(HDC dc)
     const int pixelOffsetY = GetDeviceCaps(dc, PHYSICALOFFSETY);
     const int pixelWidth = GetDeviceCaps(dc, PHYSICALWIDTH);
     const int pixelHeight = GetDeviceCaps(dc, PHYSICALHEIGHT);
-    // A driver that knows no resolution would make every length infinite.
+    // A driver that reports no resolution would make every length infinite.
     if (dpiX == 0 || dpiY == 0)
         return false;
 
@@ -109,7 +109,7 @@ bool GmResolutionNode::set(const DEVMODEW& dm, HDC dc)
     };
     const double x = quality ? dotsPerInch(dc, LOGPIXELSX) : dm.dmPrintQuality;
     assign(x, m_phys_resolution_x, m_addr_resolution_x, m_effective_resolution_x);
-    // For a quality name too, whatever the driver left there.
+    // For a quality name too, whatever the driver set there.
     assign(dm.dmYResolution, m_phys_resolution_y, m_addr_resolution_y, m_effective_resolution_y);
 
     OdString name =

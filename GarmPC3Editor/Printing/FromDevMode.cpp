@@ -19,12 +19,11 @@ Fault::Sizes sizesOf(const DevModeView& devMode)
     return {static_cast<std::int32_t>(devMode.size()), static_cast<std::int32_t>(devMode.driverExtra())};
 }
 
-// One import. Its steps run in the order of run(); what the earlier ones changed stays when a later one fails (quirk
-// 27).
+// One import. Its steps run in the order of run(); if one fails, the changes of the earlier ones stay (quirk 27).
 class Import
 {
 public:
-    // modified is set by whatever changes, and never cleared here.
+    // modified is set by any change and never cleared here.
     Import(GmPlotCfg3& cfg, const DevModeView& dm, bool insert, bool& modified, Fault& fault)
         : m_cfg(cfg), m_dm(dm), m_fields(dm.fields()), m_insert(insert), m_modified(modified), m_fault(fault)
     {
@@ -104,7 +103,7 @@ bool Import::run(const OdString& printerName)
     noteChange(m_cfg.m_res_color_mem.m_resolution.set(m_fields, dc.get()));
     importColorDepth(dc.get());
     dc.reset();
-    // A device that does not dither, or cannot say, shows every colour it has undithered. Not a change: quirk 30.
+    // A device that does not dither, or cannot tell, shows all its colours undithered. Not a change: quirk 30.
     if (!m_dm.has(DM_DITHERTYPE) || m_fields.dmDitherType == 1)
         m_cfg.m_res_color_mem.m_num_undithered_colors = m_cfg.m_res_color_mem.m_num_colors;
     importDriverName(printer);
@@ -112,7 +111,7 @@ bool Import::run(const OdString& printerName)
     return true;
 }
 
-// Only device modes of the configuration's own printer and driver can be imported; the two sizes stand for the driver.
+// Only device modes of the configuration's own printer and driver can be imported; the two sizes identify the driver.
 bool Import::fitsConfiguration(const OdString& printerName)
 {
     const OdArray<unsigned char> bytes = makeDevMode(m_cfg, m_fault);
@@ -128,7 +127,7 @@ bool Import::fitsConfiguration(const OdString& printerName)
     return true;
 }
 
-// The sizes and the private bytes are stored already, otherwise the device mode would not have fitted.
+// The sizes and private bytes are stored already, otherwise the device mode would not have matched.
 void Import::importSizes()
 {
     GmCustomNode& custom = *m_cfg.m_custom;
@@ -148,8 +147,8 @@ void Import::importPrivateBytes()
     noteChange(now != before);
 }
 
-// Sets the name, and new bounds when the name changed or there are no usable ones. Another size under the same name
-// does not bring new bounds (quirk 15).
+// Sets the name, and new bounds if the name changed or there are no usable ones. Another size under the same name does
+// not give new bounds (quirk 15).
 bool Import::importPaper(GmPrinterInfo& printer, HDC dc)
 {
     const std::optional<OdString> name = importedPaper(m_dm, printer);
@@ -193,7 +192,7 @@ bool Import::importCustomNumbers()
            importNumber(storedDevMode::ttOption, static_cast<std::uint32_t>(m_fields.dmTTOption));
 }
 
-// False when the number is to replace a stored one and there is none.
+// Returns false if the number should replace a stored one and there is none.
 bool Import::importNumber(OdStringView key, std::uint32_t value)
 {
     GmCustomNode& custom = *m_cfg.m_custom;
@@ -230,8 +229,8 @@ void Import::importColor()
 {
     GmResColorMemNode& color = m_cfg.m_res_color_mem;
     set(color.m_dm_color, m_fields.dmColor);
-    // With colour the choice of merging lines gets a meaning and its default; a choice that was made is kept. The
-    // default is not reported as a change: quirk 30.
+    // With colour, merging lines becomes meaningful and gets its default; a choice already made is kept. The default is
+    // not reported as a change: quirk 30.
     if (m_fields.dmColor == DMCOLOR_COLOR && !color.m_lines_overwrite)
         color.m_lines_overwrite = GmOptionalFlag(new bool(true));
     set(color.m_icm_method, m_fields.dmICMMethod);
@@ -262,7 +261,7 @@ void Import::importDitherAndDuplex()
 {
     set(m_cfg.m_ditherType, m_fields.dmDitherType);
     set(m_cfg.m_duplex, m_fields.dmDuplex);
-    // As they stand, flags of missing fields included. They decide later which fields toDevMode sets; they are no
+    // Unchanged, including flags of missing fields. They decide later which fields toDevMode sets; they are not a
     // setting (quirk 30).
     m_cfg.m_devModeFields = m_dm.rawFlags();
 }

@@ -9,13 +9,13 @@ namespace
 // DC_PAPERNAMES delivers slots of this many units, without a terminator when a name fills its slot.
 constexpr std::size_t paperNameLength = 64;
 
-// Codes are 16-bit, so a driver that announces more papers than that is not telling a count.
+// Codes are 16-bit, so a driver that announces more papers than that has not returned a count.
 constexpr int mostPapers = 0x10000;
 
-// Room in every list whatever was announced: a driver that announced no paper may still deliver some.
+// Room in every list whatever was announced: a driver that announced no papers may still deliver some.
 constexpr std::size_t leastPapersRoom = 32;
 
-// Of an output that is empty.
+// Empty output.
 bool assignText(OdString& out, std::optional<WideText>&& text)
 {
     if (text)
@@ -23,7 +23,7 @@ bool assignText(OdString& out, std::optional<WideText>&& text)
     return !out.isEmpty();
 }
 
-// How many of the announced entries the driver delivered, by its own answer to the fill.
+// How many of the announced entries the driver delivered, by the return value of the fill.
 std::size_t delivered(int answer, std::size_t announced)
 {
     return std::min(answer > 0 ? static_cast<std::size_t>(answer) : 0, announced);
@@ -64,7 +64,7 @@ void GmPrinterInfo::loadPapers()
     if (m_papers)
         return;
 
-    // A handle of its own: what the lists are asked with must not depend on what was done with the other one.
+    // A separate handle: the lists must not depend on what was done with the other one.
     const PrinterHandle second = openPrinter(m_printerName.c_str());
     if (!second)
         return;
@@ -76,7 +76,7 @@ void GmPrinterInfo::loadPapers()
     const std::optional<WideText> port = records.text(info->pPortName);
 
     // The printer's own block is only 2-byte aligned and may claim more bytes than were delivered, so the driver gets a
-    // checked copy, or none.
+    // checked copy or nothing.
     const DevModeBlock own = DevModeBlock::copyOf(DevModeView(records.bytesAt(info->pDevMode)));
     const DEVMODEW* const devMode = m_devMode ? m_devMode : own.get();
     const auto ask = [&](WORD capability, void* output)
@@ -95,7 +95,7 @@ void GmPrinterInfo::loadPapers()
     PaperLists lists;
     lists.count = static_cast<std::size_t>(idCount);
     lists.nameSlots = static_cast<std::size_t>(nameCount);
-    // The counts may have grown until the lists are filled, and either may be the right one.
+    // The counts may have grown before the lists are filled, and either may be right.
     const std::size_t room = 2 * std::max({lists.count, lists.nameSlots, leastPapersRoom});
     lists.ids.resize(room);
     lists.names.resize(room * paperNameLength);
@@ -125,7 +125,7 @@ bool GmPrinterInfo::hasCode(std::size_t index) const noexcept
 template <class IsWanted>
 int GmPrinterInfo::firstNamed(IsWanted isWanted)
 {
-    // The codes' count bounds the search, not the names'.
+    // The number of codes limits the search, not the number of names.
     const auto count = static_cast<std::size_t>(paperCount());
     for (std::size_t i = 0; i < count; ++i)
     {

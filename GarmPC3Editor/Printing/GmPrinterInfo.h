@@ -9,13 +9,13 @@
 #include <vector>
 
 // One installed Windows printer, opened for the life of the object: its ports, its driver, its driver's default device
-// mode and its papers. Used by one thread at a time. Failure is a false result, a null block, 0, -1 or an empty text;
-// what a driver throws goes through, and so does running out of memory.
+// mode and its papers. Used by one thread at a time. Failure is a false result, a null block, 0, -1 or an empty text; a
+// driver's exceptions and running out of memory pass through.
 class GmPrinterInfo
 {
 public:
-    // devMode, when given, is what the paper lists are asked for with; otherwise the printer's own current device mode
-    // is. It is not owned and must outlive the object, and its private bytes must follow it.
+    // The paper lists are queried with devMode if given, otherwise with the printer's current device mode. It is not
+    // owned, must outlive the object, and must be followed by its private bytes.
     explicit GmPrinterInfo(const OdString& name, const DEVMODEW* devMode = nullptr);
     GmPrinterInfo(const GmPrinterInfo&) = delete;
     GmPrinterInfo& operator=(const GmPrinterInfo&) = delete;
@@ -34,31 +34,31 @@ public:
     // The driver's name. out is emptied first; true when it is not empty afterwards.
     bool driverName(OdString& out) const;
 
-    // The driver's default device mode; null only when there is no size or the driver's fill returns 0. Check
-    // the block's view before using it: see defaultDevMode in spooler/PrinterQueries.h.
+    // The driver's default device mode; null only if there is no size or the driver's fill returns 0. Check the block's
+    // view before using it: see defaultDevMode in spooler/PrinterQueries.h.
     DevModeBlock defaultDevMode() const;
 
-    // The papers the driver offers. The first question loads the lists; once loaded they are never refreshed, and when
-    // they cannot be loaded the next question tries again.
+    // The driver's papers. The first query loads the lists; once loaded they are never refreshed, and if loading fails,
+    // the next query tries again.
     int paperCount();
 
-    // The first paper of that name without regard to case, or -1. A paper for which the driver gave no name is found
-    // by no name, not even "".
+    // The first paper with that name ignoring case, or -1. A paper without a name from the driver is never found, not
+    // even by "".
     int paperIndexByName(OdStringView name);
 
-    // The same with regard to case.
+    // The same, case-sensitive.
     int paperIndexByExactName(OdStringView name);
 
     // The first paper with that code, compared as unsigned 16-bit, or -1.
     int paperIndexById(int id);
 
-    // The paper's name, at most 64 units; empty when there is none or no such paper. Valid as long as the object.
+    // The paper's name, at most 64 units; empty if there is no name or no such paper. Valid as long as the object.
     OdStringView paperName(int index);
 
-    // The paper's code; 0 when there is no such paper, and when the driver delivered no code for it.
+    // The paper's code; 0 if there is no such paper or the driver delivered no code for it.
     WORD paperId(int index);
 
-    // Whether the driver delivered a code for the paper, be it 0.
+    // Whether the driver delivered a code for the paper, even 0.
     bool hasPaperId(int index);
 
 private:
@@ -82,5 +82,5 @@ private:
     const DEVMODEW* m_devMode;
     std::optional<PaperLists> m_papers; // none until they are loaded
     PrinterHandle m_printer;            // closed first: the lists outlive it
-    DWORD m_openError;                  // of the system; says nothing while the printer is open
+    DWORD m_openError;                  // from the system; meaningless while the printer is open
 };

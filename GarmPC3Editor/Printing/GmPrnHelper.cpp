@@ -3,8 +3,8 @@
 #include "GarmPC3Editor/GmPlotCfg3.h"
 #include "GarmPC3Editor/Printing/GmPrinterInfo.h"
 
-// The host is other people's code, so nothing that running out of memory or a driver throws gets out: such a printer
-// counts as one that cannot be opened, or that does not answer.
+// The host is third-party code, so neither std::bad_alloc nor a driver's exception gets out: the printer then counts as
+// one that cannot be opened or does not respond.
 
 GmPrnHelper::GmPrnHelper(const OdChar* printerName) noexcept
 {
@@ -36,7 +36,7 @@ bool GmPrnHelper::getPorts(OdString& ports) noexcept
     }
     catch (...)
     {
-        return false; // and ports is still empty: it is filled last
+        return false; // ports is still empty: it is filled last
     }
 }
 

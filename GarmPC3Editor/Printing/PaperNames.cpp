@@ -43,8 +43,8 @@ std::optional<OdString> importedPaper(const DevModeView& devMode, GmPrinterInfo&
     OdString name;
     if (devMode.has(DM_PAPERSIZE))
     {
-        // The system's own codes mean the same everywhere, so such a code decides, whatever the form name says. Codes
-        // above 32767 count among them: quirk 17.
+        // The system's own codes mean the same everywhere, so such a code overrides the form name. Codes above 32767
+        // count as such: quirk 17.
         if (fields.dmPaperSize < DMPAPER_USER)
         {
             const int index = printer.paperIndexById(fields.dmPaperSize);
@@ -52,7 +52,7 @@ std::optional<OdString> importedPaper(const DevModeView& devMode, GmPrinterInfo&
                 return std::nullopt;
             return OdString(printer.paperName(index));
         }
-        // A driver numbers its own papers as it likes, so even a listed code says little; a form name it knows says
+        // A driver numbers its own papers as it likes, so even a listed code means little; a form name it lists means
         // more.
         name = userPaperName(fields.dmPaperSize);
     }

@@ -8,18 +8,18 @@
 class DevModeView;
 class GmPrinterInfo;
 
-// Under which names a configuration keeps papers.
+// The names under which a configuration stores papers.
 
-// A paper that is known by its code only: "User300".
+// The name of a paper with only a code: "User300".
 OdString userPaperName(std::int16_t code);
-// The code in such a name; false, and code untouched, for another name. The letter case does not matter.
+// The code in such a name, ignoring case; returns false and leaves code untouched for any other name.
 bool userPaperCode(OdStringView name, std::int32_t& code);
 
-// The name of the paper that a driver's default device mode proposes; nothing when it proposes none. A form's name goes
-// before the code; a code that the driver does not list gives a name of the form "User300". An import of the same
-// device mode has its own rule.
+// The name of the paper in a driver's default device mode; nothing if it has none. A form name takes precedence over
+// the code; a code that the driver does not list gives a name like "User300". An import of the same device mode has its
+// own rule.
 std::optional<OdString> proposedPaper(const DevModeView& devMode, GmPrinterInfo& printer);
 
-// The name of the paper that is imported with a device mode; "" when the device mode flags no paper (quirk 18). Nothing
+// The name of the paper that is imported with a device mode; "" if the device mode flags no paper (quirk 18). Nothing
 // for a code of the system's own (below 256) that the printer does not list.
 std::optional<OdString> importedPaper(const DevModeView& devMode, GmPrinterInfo& printer);

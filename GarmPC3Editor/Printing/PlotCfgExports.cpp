@@ -1,5 +1,5 @@
-// What GmPlotCfg3 exports of reading, converting and creating. Nothing else is in this file, so that a program can link
-// the functions that these call and still get these from the module.
+// The exported functions of GmPlotCfg3 for reading, converting and creating. Nothing else is in this file, so a program
+// can link the functions that these call and still import these from the module.
 
 #include "GarmPC3Editor/GmPlotCfg3.h"
 #include "GarmPC3Editor/Model/AnswerOnThrow.h"

@@ -10,8 +10,8 @@
 
 namespace
 {
-// Two passes and never one call with all flags: a printer of this machine goes before any network connection, whatever
-// the system's order. Systems that refuse the second pass have nothing to add.
+// Two passes and never one call with all flags: a local printer comes before any network connection, whatever the
+// system's order. If the system refuses the second pass, there is nothing to add.
 constexpr DWORD passes[] = {PRINTER_ENUM_LOCAL, PRINTER_ENUM_CONNECTIONS | PRINTER_ENUM_SHARED | PRINTER_ENUM_NETWORK};
 
 bool usesDriver(const OdString& printerName, const OdString& driverName)
@@ -21,8 +21,8 @@ bool usesDriver(const OdString& printerName, const OdString& driverName)
     return printer.isOpen() && printer.driverName(found) && odEqualNoCase(found, driverName);
 }
 
-// The first installed printer with that driver. A record without a driver's name equals none, and one without a
-// printer's name could not be opened again.
+// The first installed printer with that driver. A record without a driver name matches nothing, and one without a
+// printer name could not be opened again.
 std::optional<OdString> firstPrinterWithDriver(const OdString& driverName)
 {
     for (const DWORD flags : passes)

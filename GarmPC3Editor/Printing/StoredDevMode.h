@@ -6,7 +6,7 @@
 
 #include <cstddef>
 
-// What the custom data of a configuration stores about the DEVMODEW of its printer.
+// What the custom data of a configuration stores about its printer's DEVMODEW.
 namespace storedDevMode
 {
 // Lengths of a block's two parts, in bytes.
@@ -17,7 +17,7 @@ struct Sizes
 };
 
 // False unless both sizes are stored and can be those of a block: a public part of at least smallestDevMode bytes, and
-// neither part longer than its 16-bit field can tell. The file may have been edited by anyone.
+// neither part longer than its 16-bit field allows. The file may have been edited by hand.
 bool readSizes(const GmCustomNode& custom, Sizes& out, Fault& fault);
 
 // The driver's own bytes as hexadecimal text. False unless there are exactly two characters per byte.

@@ -1,5 +1,5 @@
-// A configuration as the DEVMODEW of its printer. The driver is not asked for its own: the stored private bytes go back
-// as they are, and the public fields are rebuilt from the nodes.
+// Builds the DEVMODEW of a configuration's printer. The driver's default is not used: the stored private bytes are
+// restored as they are, and the public fields are rebuilt from the nodes.
 
 #include "GarmPC3Editor/Model/Numbers.h"
 #include "GarmPC3Editor/Printing/Conversions.h"
@@ -14,7 +14,7 @@
 
 namespace
 {
-// A 16-bit field takes the lower 16 bits of what a file may hold in 32.
+// A 16-bit field takes the lower 16 bits of the file's 32.
 constexpr short toField(std::int32_t value)
 {
     return static_cast<short>(value);
@@ -28,11 +28,11 @@ void copyText(WCHAR (&field)[capacity], OdStringView text)
     std::copy_n(text.begin(), std::min(text.size(), capacity), field);
 }
 
-// Public fields and flags that configurations keep as numbers of the custom data.
+// Public fields and flags that configurations store as numbers in the custom data.
 void putCustomNumbers(const GmCustomNode& custom, DEVMODEW& dm)
 {
     std::int32_t number = 0;
-    // Every takeover stores it. A file without it gives 0, there being nothing better.
+    // Every import stores it. A file without it gives 0, for want of anything better.
     if (custom.getNumber(storedDevMode::specVersion, number))
         dm.dmSpecVersion = static_cast<WORD>(number);
     if (custom.getNumber(storedDevMode::mediaType, number))
@@ -191,7 +191,7 @@ OdArray<unsigned char> makeDevMode(const GmPlotCfg3& cfg, Fault& fault)
         return {};
     }
 
-    // Built in a structure of our own, since the stored size may be smaller than what is written here.
+    // Built in our own structure, since the stored size may be smaller than what is written here.
     DEVMODEW dm = {};
     dm.dmSize = static_cast<WORD>(sizes.size);
     dm.dmDriverExtra = static_cast<WORD>(sizes.driverExtra);
