@@ -11,8 +11,8 @@ GarmPC3EditorApp theApp;
 
 namespace
 {
-// Run by the host when the language of the user interface has changed. It always succeeds, so that the host calls it
-// again at the next change.
+// Called by the host when the user interface language has changed. Always succeeds, so that the host calls it again at
+// the next change.
 BOOL onLanguageChanged()
 {
     try
@@ -52,7 +52,7 @@ void GarmPC3EditorApp::ReloadAppLangResourceDLL()
     const HINSTANCE old = std::exchange(m_hLangResourceDLL, library);
     AfxSetResourceHandle(library);
     _AtlBaseModule.SetResourceInstance(library);
-    // Last, when nothing leads to it any more.
+    // Last, when nothing refers to it any more.
     ::FreeLibrary(old);
 }
 

@@ -5,7 +5,7 @@
 #include "GarmPC3Editor/ThisModule.h"
 #include "kernel/OdRxWin32Module.h"
 
-// The results of the two routines do not matter here: a host that did not get our commands goes on without them.
+// The results of the two routines are ignored: without our commands the host simply continues.
 void GarmPC3EditorModule::initApp()
 {
     registerCommands();

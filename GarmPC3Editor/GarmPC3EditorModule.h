@@ -3,7 +3,7 @@
 #include "GarmPC3Editor/Export.h"
 #include "kernel/OdRxModule.h"
 
-// The module object; made concrete by OdRxWin32Module. Main thread only, but for the lock count.
+// The module object; made concrete by OdRxWin32Module. Main thread only, except for the lock count.
 class GarmPC3EditorModule : public OdRxModule
 {
 public:
@@ -13,7 +13,7 @@ public:
 
 extern "C"
 {
-    // The module object, made on the first call. Throws OdBadAlloc.
+    // The module object, created by the first call. Throws OdBadAlloc.
     GARM_PC3EDITOR_API OdRxModule* odrxCreateModuleObject();
 
     // The version of the kernel's interface that the module was built against.

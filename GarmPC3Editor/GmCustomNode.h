@@ -8,14 +8,14 @@
 
 class CPBlock;
 
-// Block "custom": the parts of a printer's DEVMODEW that have no key of their own. Items this module does not know are
-// kept and written back.
+// Block "custom": the parts of a printer's DEVMODEW that have no key of their own. Items that this module does not know
+// are kept and written back.
 //
-// Running out of memory is thrown: as a false result it would look like a bad block, and bad blocks are dropped.
+// Throws when memory runs out: returning false would look like a bad block, and bad blocks are dropped.
 class GARM_PC3EDITOR_API GmCustomNode
 {
 public:
-    // False for a block that is not of the known shape; the maps then hold what was parsed before.
+    // Returns false if the block does not have the known shape; the maps then have what was read before that.
     bool parse(const CPBlock& block);
     // Appends numbers, binaries, strings, flags, each in key order, under one running number; always true.
     bool write(CPBlock& block) const;
@@ -23,7 +23,8 @@ public:
     // Stores the decimal text of value. A missing key is added only when insert is true; otherwise the call fails and
     // nothing changes.
     bool setNumber(std::uint32_t value, OdStringView key, bool insert);
-    // False, and out untouched, when the key is missing or its text is no number (read like "%d", wrapped to 32 bits).
+    // Returns false and leaves out untouched if the key is missing or is not a number (read like "%d", wrapped to 32
+    // bits).
     bool getNumber(OdStringView key, std::int32_t& out) const;
 
     // The same for the binary item "RawPrivateDeviceData": hexadecimal text, two upper-case digits per byte.

@@ -9,7 +9,7 @@ class CPBlock;
 
 // Block "io": where the plot goes.
 //
-// Running out of memory is thrown: as a false result it would look like a missing key.
+// Throws when memory runs out: returning false would look like a missing key.
 class GARM_PC3EDITOR_API GmIoNode
 {
 public:

@@ -12,8 +12,8 @@ class CPBlock;
 // All lengths of the media family are millimetres, areas square millimetres.
 //
 // init of each class: false at the first required key that is missing; the fields before it are then stored, those
-// after it untouched. write appends to an empty block and is false only when a nested write is. Running out of memory
-// is thrown: as a false result it would look like a missing key.
+// after it untouched. write appends to an empty block and is false only when a nested write is. Both throw when memory
+// runs out: returning false would look like a missing key.
 
 // Block "media_bounds": the paper's width and height.
 class GARM_PC3EDITOR_API GmMediaBoundsNode
@@ -49,7 +49,8 @@ public:
     bool init(const CPBlock& block);
     bool write(CPBlock& block) const;
 
-    // True when the name changed (compared exactly). A null name is asserted ("name"), changes nothing and is false.
+    // True when the name changed (compared exactly). A null name fails the assertion "name", changes nothing and
+    // returns false.
     bool setName(const OdChar* name);
 
     OdString m_name;
@@ -88,8 +89,8 @@ public:
     // True when the paper geometry is unusable. A margin of zero counts as empty, NaN does not.
     bool emptyBounds() const;
 
-    // Takes the geometry from a printer's device context; true when a stored value changed. A null context, or one
-    // with 0 dots per inch, changes nothing.
+    // Imports the geometry from a printer's device context; returns true if a stored value changed. A null context, or
+    // one with 0 dots per inch, changes nothing.
     bool setBounds(HDC dc);
 
     // Exchanges x and y of the whole geometry.
@@ -104,5 +105,5 @@ public:
     double m_actual_printable_bounds_ury = 0.0;
     std::int32_t m_number_of_copies = 1;
     GmSizeNode m_size;
-    OdSharedPtr<GmDestinationNode> m_destination; // null when the file has none
+    OdSharedPtr<GmDestinationNode> m_destination; // null if the file has none
 };

@@ -8,7 +8,7 @@
 
 class CPBlock;
 
-// The driver types of which this module knows more than the number.
+// The driver types that have a meaning in this module.
 enum GmDriverType : std::int32_t
 {
     eImageFileDriver = 0,
@@ -18,7 +18,7 @@ enum GmDriverType : std::int32_t
 
 // Block "meta": which driver and model the configuration belongs to, the Windows device it is bound to, global flags.
 //
-// Running out of memory is thrown: as a false result it would look like a missing key.
+// Throws when memory runs out: returning false would look like a missing key.
 class GARM_PC3EDITOR_API GmMetaNode
 {
 public:

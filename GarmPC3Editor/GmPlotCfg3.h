@@ -12,7 +12,7 @@
 class CPBlock;
 class CPIAParser;
 
-// How a configuration that was read is bound to an installed printer.
+// How a configuration is bound to an installed printer after reading.
 enum ResolvePrinterResult
 {
     eNoPrinter = 0,    // no installed printer uses the stored driver
@@ -20,7 +20,7 @@ enum ResolvePrinterResult
     eOtherPrinter = 2, // another one does; its name was stored
 };
 
-// This header alone gives a host all that the module exports for configurations and their printers.
+// This header alone declares all that the module exports for configurations and their printers.
 //
 // One plotter configuration in memory. Failure is a false result, a null pointer or an empty array; nothing here throws
 // (running out of memory included) and nothing shows a message.
@@ -29,8 +29,8 @@ enum ResolvePrinterResult
 class GARM_PC3EDITOR_API GmPlotCfg3
 {
 public:
-    // Not defined here: what is defined only in the class is not exported, and a host that loads the module late has no
-    // table of virtual functions to build an object with.
+    // Not defined here: a function defined in the class is not exported, and a host that loads the module late has no
+    // virtual function table to build an object with.
     GmPlotCfg3();
     GmPlotCfg3(const GmPlotCfg3& other);
     GmPlotCfg3& operator=(const GmPlotCfg3& other);
@@ -43,17 +43,17 @@ public:
     // A new configuration for an installed printer, or null. It is not written anywhere.
     static OdSharedPtr<GmPlotCfg3> create(const OdString& printerName);
 
-    // False for an empty path (the disk is untouched) and when the file cannot be written.
+    // Returns false for an empty path (the disk is untouched) and if the file cannot be written.
     bool write(const OdString& path) const;
 
-    // Takes the driver's defaults over. Answers "something changed", not "succeeded".
+    // Imports the driver's defaults. Returns whether anything changed, not whether it succeeded.
     bool setToDefault();
 
     // The DEVMODEW bytes, dmSize + dmDriverExtra long; empty when none can be built.
     OdArray<unsigned char> toDevMode() const;
 
-    // Takes a device mode over. False when it does not fit this configuration or a step fails; what was changed before
-    // stays changed. modified becomes whether anything changed.
+    // Imports a device mode. Returns false if it does not match this configuration or a step fails; earlier changes
+    // stay. modified is set to whether anything changed.
     bool updateFromDevMode(const DevModeView& dm, const OdString& printerName, bool& modified);
     // For callers that have no length: dm must be followed by its private bytes, dmSize + dmDriverExtra bytes in all.
     bool updateFromDevMode(const DEVMODEW& dm, const OdString& printerName, bool& modified);
@@ -62,7 +62,7 @@ public:
     GmMediaNode m_media;
     GmIoNode m_io;
     GmResColorMemNode m_res_color_mem;
-    OdSharedPtr<GmCustomNode> m_custom; // null when the file has none
+    OdSharedPtr<GmCustomNode> m_custom; // null if the file has none
 
     // Known only after importing a device mode, and in no file: quirk 9.
     std::uint32_t m_devModeFields = 0; // its dmFields

@@ -26,9 +26,9 @@ public:
     // true when it is not empty afterwards.
     bool getPorts(OdString& ports) noexcept;
 
-    // A new default configuration, or null when memory runs out. It has nothing to do with this printer.
+    // A new default configuration, unrelated to this printer, or null if memory runs out.
     OdSharedPtr<GmPlotCfg3> getNewPlotCfg3Ptr() noexcept;
 
 private:
-    OdSharedPtr<GmPrinterInfo> m_info; // null only when it could not be made
+    OdSharedPtr<GmPrinterInfo> m_info; // null only if it could not be created
 };

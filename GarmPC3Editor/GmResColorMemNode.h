@@ -10,8 +10,8 @@
 class CPBlock;
 
 // Of both nodes: init is false at the first required key that is missing; the fields before it are then stored, those
-// after it untouched. write appends to an empty block and is always true. Running out of memory is thrown: as a false
-// result it would look like a missing key.
+// after it untouched. write appends to an empty block and is always true. Both throw when memory runs out: returning
+// false would look like a missing key.
 
 // Block "resolution", in dots per inch.
 class GARM_PC3EDITOR_API GmResolutionNode
@@ -20,8 +20,8 @@ public:
     bool init(const CPBlock& block);
     bool write(CPBlock& block) const;
 
-    // Takes the resolution from a device mode; true when a value or the name changed. A print-quality constant needs
-    // the device context; without one nothing at all changes.
+    // Imports the resolution from a device mode; returns true if a value or the name changed. A print-quality constant
+    // needs the device context; without one nothing changes.
     bool set(const DEVMODEW& dm, HDC dc);
 
     // Puts the resolution into a device mode, with the flags of what it wrote.

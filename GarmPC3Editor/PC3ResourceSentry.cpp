@@ -15,6 +15,6 @@ PC3ResourceSentry::~PC3ResourceSentry()
     AfxSetResourceHandle(m_hSavedResource);
 }
 
-// Here, not in the class: what is defined only in the class is not exported.
+// Here, not in the class: a function defined in the class is not exported.
 PC3ResourceSentry::PC3ResourceSentry(const PC3ResourceSentry& other) noexcept = default;
 PC3ResourceSentry& PC3ResourceSentry::operator=(const PC3ResourceSentry& other) noexcept = default;

@@ -3,11 +3,11 @@
 #include "GarmPC3Editor/Export.h"
 #include "win32/Win32.h"
 
-// Makes the module's language resource library the place dialogs, texts and pictures come from, for a scope: the first
-// object of every function that shows something. Main thread only.
+// For a scope, makes the module's language resource library the source of dialogs, texts and pictures: the first object
+// in every function that shows something. Main thread only.
 //
-// The end of the scope restores the handle that was current at its beginning whatever has happened since, so a copy,
-// which knows the same handle, restores it once more.
+// The end of the scope restores the handle that was current at its beginning, whatever happened since; a copy restores
+// the same handle again.
 class GARM_PC3EDITOR_API PC3ResourceSentry
 {
 public:
