@@ -14,7 +14,7 @@ namespace apps
 {
 namespace
 {
-// Of names and values of block "custom".
+// For names and values of block "custom".
 constexpr std::size_t mostShown = 64;
 
 std::string numberText(double value)
@@ -106,7 +106,7 @@ private:
 
     std::size_t m_most;
     std::string m_text;
-    std::vector<std::vector<std::string>> m_lines; // of the block that is walked through
+    std::vector<std::vector<std::string>> m_lines; // of the current block
     std::size_t m_depth = 0;
 };
 
@@ -133,7 +133,7 @@ public:
         m_blocks.back().second[key] = std::move(json);
     }
 
-    // A list: the driver's keys may be equal in different kinds.
+    // A list: the driver may use one key in several kinds.
     void customItems(GmCustomNode& custom) override
     {
         Json& list = m_blocks.back().second = Json::array();
@@ -147,7 +147,7 @@ private:
     std::vector<std::pair<std::string, Json>> m_blocks{{"", Json::object()}}; // open ones, by name
 };
 
-// A walk may change what it visits, so it goes through a copy.
+// A walk may change what it visits, so it uses a copy.
 template <class Report>
 auto walked(GmPlotCfg3 configuration, Report report)
 {

@@ -8,7 +8,7 @@
 
 namespace apps
 {
-// Keeps the order in which members were added, so that the same question gives the same text.
+// Keeps the order in which members were added, so that output is reproducible.
 using Json = nlohmann::ordered_json;
 
 inline Json jsonText(OdStringView text)
@@ -16,8 +16,8 @@ inline Json jsonText(OdStringView text)
     return odToUtf8(text);
 }
 
-// Two blanks per level, UTF-8 as it is, one line end. odToUtf8 gives valid UTF-8 only, but a text may have come another
-// way, and printing must not fail for it.
+// Two blanks per level, UTF-8 unescaped, one line end. odToUtf8 returns valid UTF-8 only, but a text may have another
+// origin, and printing it must not fail.
 inline std::string printed(const Json& json)
 {
     return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";

@@ -14,7 +14,7 @@ namespace plothost
 {
 namespace
 {
-// Every option with a value, as it is typed; used where the parsing library's own words would not help.
+// Every option with a value, as it is typed; used where the parsing library's own message would not help.
 constexpr const char* optionsWithValue[] = {"--search-path", "--language", "--module", "--settings",
                                             "--reseller",    "--out",      "--paper",  "--wait"};
 
@@ -126,7 +126,7 @@ public:
             m_behindDashes.assign(dashes + 1, arguments.end());
         const bool none = arguments.empty();
         const std::string last = none ? std::string() : arguments.back();
-        std::reverse(arguments.begin(), arguments.end()); // as the library wants it
+        std::reverse(arguments.begin(), arguments.end()); // the order that the library expects
         try
         {
             m_app.parse(std::move(arguments));
@@ -147,7 +147,7 @@ public:
         }
         catch (const CLI::ParseError& error)
         {
-            // What does not belong there explains a missing name better than the missing name does.
+            // An unexpected argument explains more than the name that is missing because of it.
             const std::vector<std::string> extra = leftOver();
             return extra.empty() ? wrongUsage(error.what()) : unexpected(extra);
         }
@@ -258,7 +258,7 @@ private:
         for (const CLI::Option* option : command(verb)->get_options())
             if (option->get_positional() && option->count() > 0 && option->results().front().empty())
                 return wrongUsage(option->get_name(true) + " is empty");
-        // What names a file cannot be empty; the rest has a meaning of its own for that.
+        // A file name cannot be empty; for the other options an empty value has a meaning.
         for (const char* name : {"--module", "--settings"})
             if (isEmptyValue(m_app, name))
                 return wrongUsage(std::string(name) + " needs a value");
@@ -325,7 +325,7 @@ private:
     std::string m_settings;
     std::string m_wait;
     std::vector<std::string> m_reseller;
-    std::vector<std::string> m_behindDashes; // what "--" makes an argument, whatever it looks like
+    std::vector<std::string> m_behindDashes; // arguments after "--", whatever they look like
     bool m_json = false;
     bool m_full = false;
     bool m_background = false;

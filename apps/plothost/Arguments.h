@@ -17,6 +17,6 @@ struct ParsedArguments
     std::string error;  // for standard error
 };
 
-// Parses a command line without the program's own name. Never throws for what is in it.
+// Parses a command line without the program's own name. Never throws because of its content.
 ParsedArguments parseArguments(const std::vector<OdString>& arguments);
 } // namespace plothost

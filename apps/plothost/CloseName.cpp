@@ -6,7 +6,7 @@ namespace plothost
 {
 namespace
 {
-// A name as long as this is a mistake of another kind; the table below is quadratic.
+// A name this long is not a typing error; the table below is quadratic.
 constexpr std::size_t longestCompared = 256;
 
 std::string folded(std::string_view text)

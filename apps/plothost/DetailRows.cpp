@@ -50,7 +50,7 @@ void addDevMode(std::vector<DetailRow>& rows, std::span<const BYTE> bytes)
 
 std::vector<DetailRow> configurationRows(const DevModeReport& report)
 {
-    // The module leaves all of it empty for a file that it cannot read.
+    // The module leaves everything empty for a file that it cannot read.
     if (report.canonicalModelName.isEmpty() && report.paperName.isEmpty() && report.printerName.isEmpty())
         return {};
     std::vector<DetailRow> rows = {

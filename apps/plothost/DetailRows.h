@@ -13,13 +13,13 @@ struct DetailRow
 {
     std::string name;
     std::string value;
-    std::string meaning; // "DMPAPER_A4"; "" when the value has no name
-    std::string flagged; // "yes" or "no"; "" for what has no flag in dmFields
+    std::string meaning; // "DMPAPER_A4"; "" if the value has no name
+    std::string flagged; // "yes" or "no"; "" if it has no flag in dmFields
 
     friend bool operator==(const DetailRow&, const DetailRow&) = default;
 };
 
-// A configuration: what the module says about it, and its DEVMODE taken apart. Nothing for one that it cannot read.
+// A configuration: the module's results for it, and its decoded DEVMODE. Empty if the module cannot read it.
 std::vector<DetailRow> configurationRows(const DevModeReport& report);
 
 // A printer: the default DEVMODE of its driver.

@@ -114,7 +114,7 @@ DevModeField decode(const Row& row, const DevModeView& view)
     DevModeField field;
     field.name = row.name;
     const bool present = row.offset + sizeOf(row.kind) <= view.size();
-    // The flag of a field that is not there means nothing.
+    // The flag of a missing field means nothing.
     if (row.flag != 0)
         field.flagged = present && (view.rawFlags() & row.flag) != 0;
     if (!present)

@@ -17,22 +17,22 @@ namespace plothost
 struct DevModeField
 {
     std::string name; // "dmOrientation"
-    // Nothing when the public part ends before or inside the field.
+    // Empty if the public part ends before or inside the field.
     std::variant<std::monostate, std::int64_t, OdString> value;
-    std::string symbol;          // "DMORIENT_PORTRAIT"; "" when the value has no name
-    std::optional<bool> flagged; // nothing for a field that has no flag in dmFields
+    std::string symbol;          // "DMORIENT_PORTRAIT"; "" if the value has no name
+    std::optional<bool> flagged; // empty for a field without a flag in dmFields
 };
 
-// A DEVMODEW taken apart. Nothing of it refers to the bytes it came from.
+// A decoded DEVMODEW. It does not refer to the bytes it came from.
 struct DecodedDevMode
 {
-    // Why the bytes are not a DEVMODEW; "" when they are. Everything else but byteCount is empty then.
+    // Why the bytes are not a DEVMODEW, or "". If set, everything but byteCount is empty.
     std::string problem;
 
     std::size_t byteCount = 0;
     std::size_t size = 0;        // of the public part
     std::size_t driverExtra = 0; // of the private part
-    std::size_t bytesBehind = 0; // bytes that belong to neither
+    std::size_t bytesBehind = 0; // bytes after both
     DWORD flags = 0;             // dmFields, unchanged
     std::vector<std::string> flagNames;
     DWORD unnamedFlags = 0;
@@ -40,6 +40,6 @@ struct DecodedDevMode
     std::vector<BYTE> privateBytes;
 };
 
-// Takes any bytes, also those that are too short, misaligned or lie about their sizes.
+// Takes any bytes, even if they are too short, misaligned or have wrong sizes.
 DecodedDevMode decodeDevMode(std::span<const BYTE> bytes);
 } // namespace plothost

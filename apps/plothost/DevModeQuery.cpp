@@ -12,7 +12,7 @@ const OdChar* const devModeCommand = OD_T("PC3GETDEVMODE");
 
 void setArguments(const OdString& deviceName)
 {
-    // A value of an earlier question must not look like an answer.
+    // A value left from an earlier call must not look like a result.
     namedValues().clear();
     namedValues().set(OD_T("deviceName"), OdResBuf::newRb(kRtString, deviceName));
     namedValues().set(OD_T("printerName"), OdResBuf::newRb(kRtString, OdString()));

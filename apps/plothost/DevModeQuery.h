@@ -11,16 +11,16 @@ namespace plothost
 {
 struct DevModeAnswer
 {
-    std::string problem; // why there is no answer at all; "" when there is one
+    std::string problem; // why there is no answer, or ""
     DevModeReport report;
 };
 
-// Asks and waits. Nothing of an earlier question is left in the named values.
+// Asks and waits. Clears the named values of earlier calls first.
 DevModeAnswer askDevMode(const OdString& deviceName);
 
 // Starts the check in the background, which posts backgroundMessage to the window. "" or why it was not started.
 std::string startBackgroundCheck(const OdString& deviceName, HWND window);
 
-// Its first parameter is 1 when a printer was determined and 0 when not.
+// Its first parameter is 1 if a printer was determined, otherwise 0.
 inline constexpr UINT backgroundMessage = 1125;
 } // namespace plothost

@@ -10,10 +10,10 @@ namespace plothost
 namespace
 {
 constexpr std::size_t nameLength = 64; // of each slot that a driver fills
-constexpr int mostPapers = 10'000;     // no driver has as many; an answer above it is a mistake
+constexpr int mostPapers = 10'000;     // no driver has as many; a larger count is an error
 constexpr std::size_t leastRoom = 64;
 
-// Printer drivers are foreign code in our process, and what they throw is no reason to fail.
+// Printer drivers are third-party code in our process; their exceptions must not make us fail.
 template <class Answer, class Ask>
 Answer askDriver(Answer none, Ask ask)
 {
@@ -33,7 +33,7 @@ SpoolerRecords settingsRecord(HANDLE printer)
                      { return ::GetPrinterW(printer, 2, buffer, size, needed); });
 }
 
-// One list of a driver's: elements of so many WCHARs, as many of them as it delivers.
+// One list from a driver: elements of that many WCHARs, as many as it delivers.
 class DriverList
 {
 public:
@@ -43,7 +43,7 @@ public:
         const int count = ::DeviceCapabilitiesW(printer.c_str(), port, capability, nullptr, nullptr);
         if (count <= 0 || count > mostPapers)
             return;
-        // There may be more of them by the time they are delivered.
+        // There may be more by the time they are delivered.
         m_units.resize(2 * std::max(static_cast<std::size_t>(count), leastRoom) * elementLength);
         const int filled = ::DeviceCapabilitiesW(printer.c_str(), port, capability, m_units.data(), nullptr);
         m_count = static_cast<std::size_t>(std::clamp(filled, 0, count));
@@ -113,8 +113,8 @@ std::vector<BYTE> driverDefaults(const OdString& printer)
 
 void resetDriverDefaults()
 {
-    // Connections are left out: their drivers keep no state here, and opening them can take long. Of the others names
-    // are enough; a level with more information asks each printer and takes three times as long.
+    // Connections are left out: their drivers keep no state here, and opening them can take long. For the others, names
+    // are enough; a level with more information queries each printer and takes three times as long.
     const auto printers =
         askDriver(std::vector<InstalledPrinter>(), [] { return installedPrinters(PRINTER_ENUM_LOCAL, 4); });
     for (const InstalledPrinter& printer : printers)

@@ -12,12 +12,12 @@ namespace
 {
 const OdChar* const editCommand = OD_T("PC3EDIT");
 
-// "paperName" is an argument too, so that it is there says nothing.
+// "paperName" is an argument too, so its presence means nothing.
 constexpr const OdChar* answersOnly[] = {OD_T("fileName"), OD_T("result"), OD_T("canonicalModelName")};
 
 void setArguments(const EditQuestion& question)
 {
-    // A value of an earlier run must not look like an answer.
+    // A value left from an earlier run must not look like a result.
     namedValues().clear();
     namedValues().set(OD_T("plotCfgName"), OdResBuf::newRb(kRtString, question.name));
     namedValues().set(OD_T("bSystemPrinter"), OdResBuf::newRb(kRtBool, question.isPrinter));

@@ -12,17 +12,17 @@ namespace plothost
 struct EditQuestion
 {
     OdString name;
-    bool isPrinter = false; // name is a Windows printer's, which gets a new configuration
+    bool isPrinter = false; // name is a Windows printer, which gets a new configuration
     OdString paperName;     // to select in a configuration; "" leaves the one it has
 };
 
 struct EditAnswer
 {
     std::string problem; // why the command could not be run, or left incomplete results; "" otherwise
-    // Nothing also when the command ended before its editor: it then leaves no value at all and does not say why.
+    // Also empty if the command ended before its editor: it then leaves no values and no reason.
     std::optional<EditReport> report;
 };
 
-// Shows the editor and waits for its end. Nothing of an earlier run is left in the named values.
+// Shows the editor and waits until it closes. Clears the named values of earlier runs first.
 EditAnswer edit(const EditQuestion& question);
 } // namespace plothost

@@ -26,7 +26,7 @@ Json jsonOf(const DevModeField& field)
     return json;
 }
 
-// Null for none, an object with "problem" for bytes that are no DEVMODEW.
+// Null for none, an object with "problem" for bytes that are not a DEVMODEW.
 Json devModeJson(const std::vector<BYTE>& bytes)
 {
     if (bytes.empty())

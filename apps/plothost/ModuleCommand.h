@@ -10,13 +10,13 @@ namespace plothost
 {
 GmServicesManagerInterface& namedValues();
 
-// Runs the command with the named values as they are. "" or, in one line of UTF-8, why it did not run to its end.
+// Runs the command with the named values as they are. Returns "" or, in one line of UTF-8, why it did not finish.
 std::string runModuleCommand(const OdChar* name);
 
-// What a command left under a name. Throws OdError_NotThatKindOfClass when there is nothing, or something else than a
-// result buffer.
+// The result that a command left under a name. Throws OdError_NotThatKindOfClass if there is none or it is not a result
+// buffer.
 OdResBufPtr namedAnswer(const OdChar* name);
 
-// The line for a command that left only some of its results.
+// The message for a command that left only some of its results.
 std::string incompleteAnswer(const OdChar* name);
 } // namespace plothost

@@ -18,16 +18,16 @@ struct PlotDevice
     friend bool operator==(const PlotDevice&, const PlotDevice&) = default;
 };
 
-// The configurations of the search path, of which a name counts once, in the first folder that has it; then the
-// printers.
+// The configurations on the search path, then the printers. A configuration's name is listed once, from the first
+// folder that has it.
 std::vector<PlotDevice> plotDevices(const ListReport& list);
 
-// The device to begin with: the first configuration, else the default printer, else the first one. Nothing when there
-// is no device.
+// The initial device: the first configuration, else the default printer, else the first one. Nothing if there is no
+// device.
 std::optional<std::size_t> deviceToBeginWith(const std::vector<PlotDevice>& devices, const ListReport& list);
 
 std::optional<std::size_t> indexOf(const std::vector<PlotDevice>& devices, const PlotDevice& device);
 
-// The configuration that the editor left under a file name or path; nothing when the list has none such.
+// The configuration that the editor saved under a file name or path; nothing if it is not in the list.
 std::optional<std::size_t> configurationNamed(const std::vector<PlotDevice>& devices, const OdString& fileName);
 } // namespace plothost

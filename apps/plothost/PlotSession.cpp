@@ -12,7 +12,7 @@ using apps::printable;
 
 namespace
 {
-// Sets a flag for the length of a call, whatever ends it.
+// Sets a flag for the duration of a call, however it ends.
 class Meanwhile
 {
 public:
@@ -84,10 +84,10 @@ void PlotSession::show(const PlotDevice& device, bool found)
         return;
     }
     const DevModeReport& report = answer.report;
-    // A printer of the system has no DEVMODE of its own here; its driver's default is what it plots with.
+    // A system printer has no DEVMODE of its own here; it plots with its driver's default.
     const std::vector<BYTE> devMode = device.isPrinter ? m_surroundings.defaults(device.name) : report.devMode;
     const OdString& printer = device.isPrinter ? device.name : report.printerName;
-    // It may have come or gone since the check.
+    // It may have been added or removed since the check.
     const bool ready = found && report.result;
     if (!ready)
         m_view.state = "Not ready: " + m_surroundings.whyNoPrinter(device.name) + ".";
@@ -130,7 +130,8 @@ std::string PlotSession::edit(const std::function<PlotControls()>& controls)
 
 void PlotSession::keepFromEditor(const PlotControls& before, const PlotControls& after, const EditAnswer& answer)
 {
-    // What the editor's dialogs chose in these controls holds; otherwise the paper that the editor left does.
+    // The editor's dialogs may have made a choice in these controls; otherwise the paper from the editor's results
+    // applies.
     m_keptPaper = after.paper;
     if (after.paper == before.paper && answer.report && !answer.report->paperName.isEmpty())
         m_keptPaper = answer.report->paperName;
@@ -148,7 +149,7 @@ void PlotSession::chooseAfterEdit(const PlotDevice& before, const EditAnswer& an
         m_view.device = indexOf(m_view.devices, before);
     if (m_view.device && m_view.devices[*m_view.device] == before)
         return;
-    // Another device: what was chosen for the one before means nothing for it.
+    // Another device: choices for the previous one do not apply.
     m_keptPaper = OdString();
     m_keptLandscape.reset();
     if (!m_view.device)

@@ -12,7 +12,7 @@
 
 namespace plothost
 {
-// The world around the Plot dialog, as far as its decisions need it.
+// What the Plot dialog's decisions need from their surroundings.
 struct PlotSurroundings
 {
     std::function<ListReport()> list;
@@ -21,15 +21,15 @@ struct PlotSurroundings
     std::function<std::string(const OdString& deviceName)> whyNoPrinter;
     std::function<std::string(const EditQuestion& question)> whyNotEdited;
     std::function<void()> resetDrivers;
-    // Starts the check of a device in the background; its answer goes to PlotSession::answer together with the
-    // question's number. "" or why it was not started.
+    // Starts the check of a device in the background; its answer goes to PlotSession::answer with the question's
+    // number. Returns "" or why it was not started.
     std::function<std::string(const OdString& deviceName, unsigned question)> startCheck;
 };
 
 // What is in the controls that the user, and the module's dialogs, may change.
 struct PlotControls
 {
-    OdString paper; // "" when none is selected
+    OdString paper; // "" if none is selected
     bool landscape = false;
 };
 
@@ -39,7 +39,7 @@ struct PlotView
     std::vector<PlotDevice> devices;
     std::optional<std::size_t> device;
     std::string state;
-    bool isKnown = false; // the rest is empty, or of an earlier device, until the chosen one has been looked at
+    bool isKnown = false; // until the chosen device was checked, the rest is empty or an earlier device's
     std::vector<OdString> papers;
     std::optional<std::size_t> paper;
     bool landscape = false;
@@ -47,7 +47,7 @@ struct PlotView
 };
 
 // What the Plot dialog decides. Its state is changed by the user's choices and by the results of the background checks;
-// after each of these functions the dialog shows the view anew.
+// after each of these functions the dialog shows the view again.
 class PlotSession
 {
 public:
@@ -55,18 +55,20 @@ public:
 
     const PlotView& view() const noexcept { return m_view; }
 
-    // Another device: nothing is known about it until its check has answered. An index outside the list is none.
+    // Another device: nothing is known about it until its check has answered. An index outside the list means no
+    // device.
     void choose(std::size_t index);
 
-    // The answer of a check. False, and nothing changes, when it belongs to an earlier question: checks end in any
-    // order, and the user may have chosen another device meanwhile.
+    // The answer of a check. Returns false and changes nothing if it belongs to an earlier question: checks end in any
+    // order, and the user may have chosen another device since.
     bool answer(unsigned question, bool found);
 
-    // Runs the editor for the chosen device with the chosen paper and looks at everything again afterwards. controls
-    // returns what is in the dialog, which the editor may change. "" or why the editor did not open, for the user.
+    // Runs the editor for the chosen device with the chosen paper and reads everything again afterwards. controls
+    // returns the dialog's content, which the editor may change. Returns "" or why the editor did not open, for the
+    // user.
     std::string edit(const std::function<PlotControls()>& controls);
 
-    // The editor is open: results wait for its end and nothing else can be chosen.
+    // The editor is open: results wait until it closes and nothing else can be chosen.
     bool isEditing() const noexcept { return m_editing; }
 
 private:

@@ -16,7 +16,7 @@ using apps::quoted;
 
 namespace
 {
-// 0 when the printer opens, otherwise the system's error.
+// 0 if the printer opens, otherwise the system's error.
 unsigned long openError(const OdString& printer)
 {
     ::SetLastError(ERROR_SUCCESS);
@@ -36,7 +36,7 @@ std::string whyNoPrinter(const OdString& printer, unsigned long error)
     return apps::whyNotOpened(printer, error) + (meant.empty() ? "" : "; did you mean '" + meant + "'?");
 }
 
-// The module failed, and the same code finds nothing wrong a moment later.
+// For when the module failed but the same code succeeds a moment later.
 std::string nowItWorks(const std::string& what)
 {
     return what + " failed for a moment; try again";

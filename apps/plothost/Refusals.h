@@ -5,11 +5,11 @@
 
 #include <string>
 
-// Why the module's answer was no, in one line of UTF-8 without line end, with what the host knows besides: its search
-// path and the names that were probably meant.
+// Why the module failed, in one line of UTF-8 without line end, including what the host knows: its search path and the
+// names that were probably meant.
 namespace plothost
 {
-// Whether the module takes a device name for a configuration's.
+// Whether the module treats a device name as a configuration.
 bool isConfigurationName(const OdString& name);
 
 // Why a configuration file was not read.
@@ -18,7 +18,7 @@ std::string whyNotShown(const OdString& path);
 // Why no configuration could be made for a printer.
 std::string whyNotCreated(const OdString& printer);
 
-// Why a device name leads to no printer.
+// Why no printer was found for a device name.
 std::string whyNoPrinterFor(const OdString& deviceName, const OdString& searchPath);
 
 // Why the editor did not open.

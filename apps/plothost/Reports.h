@@ -83,8 +83,8 @@ std::string textOf(const EditReport& report);
 std::string jsonOf(const EditReport& report);
 std::string textOf(const CommandsReport& report);
 
-// "1 (Windows system printer)"; the bare number where it has no meaning of its own.
-// "Windows system printer"; "" for any other driver type.
+// "1 (Windows system printer)"; only the number if it has no meaning. "Windows system printer"; "" for any other driver
+// type.
 std::string driverTypeName(std::int16_t driverType);
 
 std::string driverTypeText(std::int16_t driverType);

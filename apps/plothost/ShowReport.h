@@ -6,7 +6,7 @@
 
 namespace plothost
 {
-// What "show" prints: a configuration as the module holds it, every key of every block, stored in the file or not.
+// What "show" prints: a configuration as the module holds it, every key of every block, whether the file has it or not.
 struct ShowReport
 {
     enum class Binding
@@ -20,7 +20,7 @@ struct ShowReport
     OdString storedPrinter; // as the file has it
     Binding binding = Binding::none;
     const GmPlotCfg3* configuration = nullptr; // not null when printed
-    bool full = false; // the text has the names and values of block "custom" whole, as JSON always has
+    bool full = false;                         // show names and values of block "custom" in full, as JSON always does
 };
 
 std::string textOf(const ShowReport& report);

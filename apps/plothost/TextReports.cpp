@@ -14,7 +14,7 @@ namespace
 {
 using Lines = std::vector<std::vector<std::string>>;
 
-// Private bytes are dumped up to here; --out and --json give all of them.
+// At most this many private bytes are dumped; --out and --json write all of them.
 constexpr std::size_t mostDumped = 64;
 
 std::string yesNo(bool value)

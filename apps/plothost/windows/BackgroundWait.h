@@ -6,14 +6,14 @@
 
 namespace plothost
 {
-// Waits for the message of a background check, with a window of its own that receives it.
+// Waits for the message of a background check with its own window.
 class BackgroundWait
 {
 public:
-    // Null when the system could not create the window.
+    // Null if the window could not be created.
     HWND window() const noexcept { return m_window.handle(); }
 
-    // Runs the message loop until the message has come and returns its first parameter; nothing when it has not come
+    // Runs the message loop until the message arrives and returns its first parameter; nothing if it does not arrive
     // within that many milliseconds.
     std::optional<WPARAM> waitFor(UINT message, DWORD milliseconds);
 

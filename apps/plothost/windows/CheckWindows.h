@@ -8,23 +8,23 @@
 
 namespace plothost
 {
-// Where the results of background checks arrive: one hidden window for each question, so that a result shows which
-// question it belongs to. A window stays until its answer has come, also when nobody waits for it any more: were it
-// destroyed earlier, the system might give its number to the window of a later question.
+// Receives the results of background checks: one hidden window per question, so that a result is matched to its
+// question. A window stays until its answer has arrived, even if nothing waits for it any more: otherwise the system
+// might reuse its handle for a later question's window.
 class CheckWindows
 {
 public:
     using Answered = std::function<void(unsigned question, bool found)>;
 
-    // answered is called from the message loop of the thread that made this, once for each question.
+    // answered is called from the message loop of the creating thread, once per question.
     explicit CheckWindows(Answered answered) : m_answered(std::move(answered)) {}
     CheckWindows(const CheckWindows&) = delete;
     CheckWindows& operator=(const CheckWindows&) = delete;
 
-    // A window for one question; null when the system gives none.
+    // A window for one question; null if it cannot be created.
     HWND open(unsigned question);
 
-    // For a question that was not asked after all.
+    // For a question that could not be asked.
     void close(HWND window);
 
 private:

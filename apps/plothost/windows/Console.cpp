@@ -9,7 +9,7 @@ namespace plothost
 {
 namespace
 {
-// A console takes only so much at a time.
+// A console accepts only a limited amount at a time.
 constexpr std::size_t mostUnits = 8192;
 
 bool writeConsole(HANDLE handle, OdStringView text)
@@ -17,7 +17,7 @@ bool writeConsole(HANDLE handle, OdStringView text)
     while (!text.empty())
     {
         std::size_t count = std::min(text.size(), mostUnits);
-        // Both halves of a character go together.
+        // Both halves of a surrogate pair are written together.
         if (count < text.size() && count > 1 && text[count - 1] >= 0xD800 && text[count - 1] <= 0xDBFF)
             --count;
         DWORD written = 0;
@@ -82,7 +82,7 @@ ExitStatus answerNo(const std::string& why)
 
 void note(const std::string& line)
 {
-    // Nobody is left to tell when this fails.
+    // A failure here cannot be reported anywhere.
     static_cast<void>(writeError("plothost: " + line + "\n"));
 }
 

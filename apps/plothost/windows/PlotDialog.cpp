@@ -59,7 +59,7 @@ void fitColumns(HWND details)
     for (int column = 0; column < last; ++column)
     {
         ListView_SetColumnWidth(details, column, LVSCW_AUTOSIZE);
-        // The system's own answer for the title is too narrow on some systems.
+        // The width that the system returns for the title is too narrow on some systems.
         const int title = ListView_GetStringWidth(details, columnTitles[column]) + 8 * ::GetSystemMetrics(SM_CXEDGE);
         if (ListView_GetColumnWidth(details, column) < title)
             ListView_SetColumnWidth(details, column, title);
@@ -131,7 +131,7 @@ bool PlotDialog::command(WORD control, WORD notification)
 {
     if (control == IDCANCEL)
     {
-        // While the editor is open only it can be closed; it belongs to this dialog.
+        // While the editor is open, this dialog cannot be closed: it owns the editor.
         if (!m_session || !m_session->isEditing())
             ::EndDialog(m_dialog, IDCANCEL);
         return true;
@@ -145,7 +145,7 @@ bool PlotDialog::command(WORD control, WORD notification)
     return true;
 }
 
-// Nothing may be thrown through the system's window procedures.
+// Exceptions must not pass through the system's window procedures.
 void PlotDialog::guarded(const std::function<void()>& work)
 {
     try

@@ -10,18 +10,18 @@
 
 namespace plothost
 {
-// The Plot dialog: shows what a PlotSession decides, and hands it what the user does. The editor is opened from it, so
-// the dialogs of the module find their owner and the controls they expect here.
+// The Plot dialog: shows what a PlotSession decides and passes the user's actions to it. The editor is opened from it,
+// so the module's dialogs find their owner and the controls that they expect here.
 class PlotDialog
 {
 public:
-    // Of the surroundings all but startCheck, which is the dialog's own.
+    // All surroundings except startCheck, which the dialog provides.
     explicit PlotDialog(PlotSurroundings surroundings);
     PlotDialog(const PlotDialog&) = delete;
     PlotDialog& operator=(const PlotDialog&) = delete;
 
-    // Shows it until the user closes it. False with the system's error when it cannot be opened. What its handlers
-    // throw ends it and is thrown on.
+    // Shows it until the user closes it. Returns false with the system's error if it cannot be opened. An exception in
+    // a handler closes it and is rethrown.
     bool run(HINSTANCE resources, DWORD& error);
 
 private:

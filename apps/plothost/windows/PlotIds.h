@@ -2,7 +2,7 @@
 
 #include "resources/HostControls.h"
 
-// Numbers of the program's own dialog; read by the resource compiler too, so macros.
+// Numbers of the program's own dialog; macros, because the resource compiler reads them too.
 
 #define IDI_PLOTHOST 100
 #define IDD_PLOT 101

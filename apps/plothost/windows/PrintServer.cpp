@@ -6,8 +6,8 @@ namespace plothost
 {
 namespace
 {
-// Wine asks the server as soon as the client is loaded, Windows when connections are listed. What the answer is does
-// not matter here.
+// Wine contacts the server as soon as the client is loaded, Windows when connections are listed. The result does not
+// matter here.
 DWORD WINAPI listPrinters(void*) noexcept
 {
     try
@@ -16,7 +16,7 @@ DWORD WINAPI listPrinters(void*) noexcept
     }
     catch (...)
     {
-        // The list that somebody asks for later says so.
+        // A later listing reports that.
     }
     return 0;
 }
@@ -26,7 +26,7 @@ bool printServerAnswers(DWORD milliseconds)
 {
     const HANDLE thread = ::CreateThread(nullptr, 0, &listPrinters, nullptr, 0, nullptr);
     if (!thread)
-        return true; // whoever needs printers waits as long as it takes
+        return true; // code that needs printers waits as long as it takes
     const bool answered = ::WaitForSingleObject(thread, milliseconds) != WAIT_TIMEOUT;
     ::CloseHandle(thread);
     return answered;
@@ -34,9 +34,9 @@ bool printServerAnswers(DWORD milliseconds)
 
 void endWithoutPrintServer(int status) noexcept
 {
-    // The usual end notifies every library, for which it needs the lock.
+    // A normal exit notifies every library and needs the lock for that.
     ::TerminateProcess(::GetCurrentProcess(), static_cast<UINT>(status));
-    for (;;) // not reached: the system does not come back from that
+    for (;;) // not reached: that call does not return
         ::SwitchToThread();
 }
 } // namespace plothost

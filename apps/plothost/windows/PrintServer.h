@@ -4,8 +4,8 @@
 
 namespace plothost
 {
-// Brings the print spooler's client into the process and has it list the printers, for which it asks the print server.
-// False when that is not done after so many milliseconds: then a thread hangs in the client, maybe while it holds the
+// Loads the print spooler's client and makes it list the printers, for which it contacts the print server. Returns
+// false if that takes longer than that many milliseconds: then a thread hangs in the client, perhaps holding the
 // system's loader lock, and nothing that loads or unloads a library may be called any more.
 bool printServerAnswers(DWORD milliseconds);
 

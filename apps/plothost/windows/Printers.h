@@ -10,7 +10,7 @@ namespace plothost
 // The printers of this machine in the system's order, each once.
 std::vector<ListReport::Printer> installedPrinterList();
 
-// What can be plotted on: the printers, and the configurations of the search path. unreadable gets the folders that
+// The plot devices: the printers, and the configurations on the search path. unreadable receives the folders that
 // cannot be read.
 ListReport plotterList(const OdString& searchPath, std::vector<OdString>& unreadable);
 } // namespace plothost

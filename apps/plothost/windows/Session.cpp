@@ -30,7 +30,7 @@ const OdChar* const settingsName = OD_T("plothost.ini");
 const OdChar* const searchPathVariable = OD_T("PLOTHOST_SEARCH_PATH");
 const OdChar* const defaultLanguage = OD_T("en");
 
-// What the module's exported classes are bound to at their first call.
+// The module that exported classes are bound to at their first call.
 HMODULE loadedModule = nullptr;
 
 // The loaded module may have another file name than the one in the import library.
@@ -106,7 +106,7 @@ Session::Loaded Session::loadModule()
         else if (m_request.language)
             result.notes = "there are no texts in " + quoted(wanted) + "; they are in English";
 
-        // Without texts the module would ask for a click on a message box before it refuses, and nobody may be there.
+        // Without texts the module would show a message box before it refuses, and there may be no user to close it.
         if (!hasTexts && !loadLanguageLibrary(file, uiLanguage()))
         {
             result.whyNot =
@@ -127,6 +127,6 @@ Session::Loaded Session::loadModule()
 }
 } // namespace plothost
 
-// The name is the delay-load helper's, which asks it before it loads anything.
+// The name is given by the delay-load helper, which calls this before it loads anything.
 extern "C" PfnDliHook __pfnDliNotifyHook2;
 PfnDliHook __pfnDliNotifyHook2 = plothost::bindToLoadedModule;

@@ -18,15 +18,15 @@ public:
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
-    // Fills the reseller data store from the settings. False with the reason, one line of UTF-8 without line end, when
-    // the settings file cannot be read or understood; without --settings it need not be there.
+    // Fills the reseller data store from the settings. Returns false with the reason, one line of UTF-8 without line
+    // end, if the settings file cannot be read or is invalid; without --settings it need not exist.
     bool readSettings(std::string& whyNot) const;
 
-    // What came of loading the module; each text is one line of UTF-8 without line end, or empty.
+    // The result of loading the module; each text is one line of UTF-8 without line end, or empty.
     struct Loaded
     {
-        std::string whyNot = {}; // empty when the module is loaded
-        std::string notes = {};  // what the user should know although it is not a failure
+        std::string whyNot = {}; // empty if the module is loaded
+        std::string notes = {};  // a note for the user that is not a failure
     };
     Loaded loadModule();
 

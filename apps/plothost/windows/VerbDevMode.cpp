@@ -21,7 +21,7 @@ namespace
 {
 constexpr DWORD longestWait = 60'000; // milliseconds
 
-// The module looks on the search path only; a file of the caller's folder is passed on with its folder.
+// The module looks on the search path only; a file in the caller's folder is passed with its folder.
 OdString deviceNameFor(const OdString& typed)
 {
     return isConfigurationName(typed) && isRegularFile(typed) ? fullPath(typed) : typed;
@@ -70,7 +70,8 @@ ExitStatus runDevMode(const Request& request, const OdString& searchPath)
     if (!answer.problem.empty())
         return answerNo(answer.problem);
     const DevModeReport& report = answer.report;
-    // When the answer is no, a configuration that was read still has its paper and model; a program always gets JSON.
+    // Even if no printer was determined, a configuration that was read has its paper and model; programs always get
+    // JSON.
     const bool tellsSomething = report.result || !report.paperName.isEmpty() || !report.canonicalModelName.isEmpty();
     const ExitStatus printed =
         request.json ? answerYes(jsonOf(report)) : answerYes(tellsSomething ? textOf(report) : "");

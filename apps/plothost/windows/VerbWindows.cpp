@@ -15,13 +15,13 @@ ExitStatus runEdit(const Request& request, const OdString& searchPath)
 {
     EditQuestion question;
     question.isPrinter = request.isPrinter;
-    // The module looks on the search path only; a file of the caller's folder is passed on with its folder.
+    // The module looks on the search path only; a file in the caller's folder is passed with its folder.
     question.name = !request.isPrinter && isRegularFile(request.name) ? fullPath(request.name) : request.name;
     question.paperName = request.paper;
     if (request.isPrinter && !request.paper.isEmpty())
         note("a printer's new configuration starts with the driver's own paper; --paper changes nothing");
 
-    // The editor would answer as if the user had cancelled it.
+    // The editor would return as if the user had cancelled it.
     if (!canShowWindows())
         return answerNo(noDisplay);
     const EditAnswer answer = edit(question);
@@ -40,7 +40,7 @@ ExitStatus runPlot(const OdString& searchPath)
     PlotSurroundings around;
     around.list = [&searchPath]
     {
-        std::vector<OdString> unreadable; // has no configurations, and that is all the dialog shows
+        std::vector<OdString> unreadable; // an unreadable folder has no configurations in the dialog
         return plotterList(searchPath, unreadable);
     };
     around.papers = driverPapers;

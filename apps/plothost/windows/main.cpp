@@ -7,7 +7,8 @@
 
 #include <exception>
 
-// The runtime would replace names with a question mark or an asterisk by those of matching files; printers have them.
+// The runtime would expand names with a question mark or an asterisk to matching files, but printers may have such
+// names.
 extern "C" int _dowildcard;
 int _dowildcard = 0;
 
@@ -45,7 +46,7 @@ ExitStatus answer(const std::vector<OdString>& arguments)
         const bool told = writeOutput(parsed.output) && writeError(parsed.error);
         return told || parsed.status != exitYes ? parsed.status : answerNo("standard output cannot be written");
     }
-    // Everything that follows needs the print spooler, the module to begin with.
+    // Everything that follows needs the print spooler, starting with the module.
     if (const int seconds = parsed.request->wait; !printServerAnswers(static_cast<DWORD>(seconds) * 1000))
     {
         note("the print server did not answer within " + std::to_string(seconds) +
