@@ -188,7 +188,7 @@ TEST(VectorPage, onlyADepthOfOneBitIsMonochrome)
     color.m_color_depth = 1;
     color.m_num_colors = 2;
     EXPECT_TRUE(isMonochrome(color));
-    // One colour is what a depth of 32 bits gives as their number.
+    // With a depth of 32 bits the number of colours is also 1.
     color.m_color_depth = 32;
     color.m_num_colors = 1;
     EXPECT_FALSE(isMonochrome(color));

@@ -3,7 +3,7 @@
 #include "GarmPC3Editor/Decisions/GmTexts.h"
 #include "GarmPC3Editor/Model/Numbers.h"
 
-// A language in which every text is its number in square brackets: "[217]". Formats take their arguments behind it.
+// A language in which every text is its number in square brackets: "[217]". In formats the arguments follow it.
 inline GmTexts fakeTexts()
 {
     return [](UINT id)

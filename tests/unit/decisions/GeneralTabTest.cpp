@@ -91,7 +91,7 @@ TEST_F(GeneralTexts, eachOfTwoPassesAsksForWineOnce)
     room.add({.name = OD_T("A")});
     room.add({.name = OD_T("Net"), .connection = true});
     int asked = 0;
-    // Wine in the first pass only: each pass goes by its own answer.
+    // Wine in the first pass only: each pass asks again.
     printerNames([&asked] { return ++asked == 1; });
     EXPECT_EQ(asked, 2);
     std::vector<std::pair<DWORD, DWORD>> passes;

@@ -33,7 +33,7 @@ TEST(CollatingPage, theSameChoiceStillRewritesTheText)
     EXPECT_TRUE(storeCollating(cfg, 1));
     EXPECT_EQ(cfg.m_media.m_destination->m_collating_name, OD_T("Regular"));
     EXPECT_EQ(collatingChoice(cfg), 1);
-    // No selection is not the second entry.
+    // No selection must not count as the second entry.
     EXPECT_TRUE(storeCollating(cfg, -1));
     EXPECT_EQ(cfg.m_media.m_destination->m_collating_type, 0);
 }

@@ -38,7 +38,7 @@ TEST(ShownLine, isNotCutInsideACharacter)
     EXPECT_EQ(shownLine(repeated(998) + OD_T("\U0001F5A8") + repeated(5)), repeated(998) + OD_T("\u2026"));
     EXPECT_EQ(shownLine(repeated(997) + OD_T("\U0001F5A8") + repeated(5)),
               repeated(997) + OD_T("\U0001F5A8") + OD_T("\u2026"));
-    // No characters at all: halves without their other half.
+    // Not valid characters: unpaired surrogates.
     EXPECT_EQ(shownLine(repeated(2000, 0xDC00)).getLength(), 1000);
     EXPECT_EQ(shownLine(repeated(2000, 0xD800)).getLength(), 1000);
 }

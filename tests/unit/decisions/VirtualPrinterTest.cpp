@@ -252,7 +252,7 @@ TEST(VirtualPrinterChoice, staysWithinTheBlocksPublicPart)
                           {92, DM_ORIENTATION | DM_PAPERSIZE | DM_PAPERLENGTH | DM_PAPERWIDTH | DM_PRINTQUALITY}};
     for (const Case& c : cases)
     {
-        // What is not the block's is 0x55.
+        // Bytes outside the block are 0x55.
         DEVMODEW dm = {};
         std::memset(&dm, 0x55, sizeof dm);
         dm.dmSize = c.size;
