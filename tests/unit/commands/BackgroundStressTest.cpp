@@ -12,8 +12,8 @@
 #include <memory>
 #include <mutex>
 
-// Background checks on real threads beside a main thread that goes on working. What the assertions see is that every
-// check reports once and rightly; the data they share without a lock, if any, is seen by the thread sanitizer.
+// Background checks on real threads while the main thread keeps working. The assertions check that every check reports
+// once and correctly; the thread sanitizer finds data shared without a lock.
 namespace
 {
 using room::Call;
@@ -64,7 +64,7 @@ protected:
         getMainInternalInterface()->setPlotCfgSearchPath(folder.path());
     }
 
-    // How often each window was told no (0) and yes (1). Every message is the one of a check.
+    // How often each window received 0 and 1. Every message is from a check.
     std::map<HWND, std::array<int, 2>> answers() const
     {
         std::map<HWND, std::array<int, 2>> found;
@@ -84,7 +84,7 @@ protected:
 
 TEST_F(BackgroundStress, checksReportOnceWhileTheMainThreadWorks)
 {
-    // What is asked for, each by a window of its own, and what the answer is whatever happens meanwhile.
+    // The device names, each with its own window, and the result that each must have whatever happens meanwhile.
     const std::array<std::pair<const OdChar*, bool>, 6> devices = {{{OD_T("Plotter A"), true},
                                                                     {OD_T("plotter b"), true},
                                                                     {OD_T("a.pc3"), true},
@@ -101,7 +101,7 @@ TEST_F(BackgroundStress, checksReportOnceWhileTheMainThreadWorks)
         for (std::size_t i = 0; i < devices.size(); ++i)
             startBackgroundCheck(OdString(devices[i].first), windows[i]);
 
-        // The user goes on: other folders, another printer, a saved configuration, the same questions asked at once.
+        // The user carries on: other folders, another printer, a saved configuration, the same checks again at once.
         searchIn(round % 2 == 0 ? second : first);
         add(OD_T("Plotter C"));
         const OdString saved = second.at("saved.pc3");
@@ -124,7 +124,7 @@ TEST_F(BackgroundStress, checksReportOnceWhileTheMainThreadWorks)
     }
 }
 
-// Counts on the threads of the checks. They may be last seen in it when the test is over, so they share it.
+// Counts on the threads of the checks. They may still use it after the test, so they share ownership.
 class Count
 {
 public:
@@ -158,7 +158,7 @@ TEST_F(BackgroundStress, checksEndWithoutPrinterAndWindow)
         startBackgroundCheck(OdString(OD_T("Plotter B")), closed);
     held->awaitEntered();
 
-    // The user closes the sheet and takes the printer away while the driver still thinks.
+    // The user closes the sheet and deletes the printer while the driver is still busy.
     room.remove(OD_T("Plotter B"));
     room.refuse(Call::postMessage);
     held->release();

@@ -183,7 +183,7 @@ TEST_F(CommandGroupTest, withoutLanguageLibraryTheNamesAreTheFallbacks)
     EXPECT_EQ(OdRxObjectImpl<PC3GetDevModeCommand>::createObject()->localName(), OD_T("PC3GETDEVMODE"));
 }
 
-// Lets a test try the names that no command of ours has.
+// Lets a test try names that no command has.
 class OpenCommand : public PC3EditorCommand
 {
 public:
@@ -227,7 +227,7 @@ TEST_F(CommandGroupTest, emptyNameThrowsAndKeepsTheOldOne)
 class FieldReader : public PC3EditCommand
 {
 public:
-    // The fields between the group name and the library are kept cleared; the library is the last one.
+    // The fields between the group name and the library stay cleared; the library is the last one.
     bool reservedFieldsAreClear() const { return !m_reserved1 && !m_reserved2 && m_reserved3 == 0; }
 
     bool fieldsAreInOrder() const
@@ -241,7 +241,7 @@ public:
 
 TEST_F(CommandGroupTest, fieldsStandInOrderAndAreCleared)
 {
-    // Memory that is full of something else.
+    // Memory filled with other bytes.
     odrxSetAllocSource(
         [](std::size_t size) -> void*
         {

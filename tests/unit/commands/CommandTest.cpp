@@ -24,7 +24,7 @@ room::Printer plotterA()
     return printer;
 }
 
-// A configuration of "Plotter A" as a file holds it.
+// A configuration of "Plotter A" as stored in a file.
 GmPlotCfg3 boundConfiguration()
 {
     GmPlotCfg3 cfg;

@@ -14,11 +14,11 @@
 #include <set>
 #include <string>
 
-// An object that is no result value.
+// An object that is not a result value.
 OdRxObjectPtr newStranger();
 
 // A host with an empty search folder, a room with the printer "Plotter A" (driver "Acme HP-GL") and named values of its
-// own. At the end nothing of a printer may be open.
+// own. At the end no printer handle may be open.
 class CommandTest : public ::testing::Test
 {
 protected:
@@ -29,15 +29,15 @@ protected:
     // to "Plotter A" by name and can be turned into a device mode.
     OdString putConfiguration(const OdString& fileName, const std::function<void(GmPlotCfg3&)>& change = {});
 
-    // Puts a file into the search folder that is no configuration.
+    // Puts a file that is not a configuration into the search folder.
     void putDamagedFile(const OdString& fileName) { m_folder.addFile(fileName.c_str()); }
 
-    // Puts an empty folder "plots" in front of the search folder: what is saved then goes there and stands in
-    // savedFiles() by its name.
+    // Puts an empty folder "plots" in front of the search folder: files are then saved there, and savedFiles() lists
+    // them by name.
     void saveToPlots();
     std::set<std::string> savedFiles() const;
-    // Where a name put behind "plots" and a "\" leads to. Only on Windows is that inside the folder; elsewhere the
-    // "\" is part of a file's name, and nothing else is different.
+    // The path of a name after "plots" and a "\". Only on Windows is it inside the folder; elsewhere the "\" is part of
+    // the file name, and nothing else differs.
     static std::string inPlots(const std::string& fileName) { return "plots\\" + fileName; }
 
     GmServicesManagerInterface& values() { return m_interfaces->document().servicesManager(); }
@@ -47,7 +47,7 @@ protected:
     void setFlag(const OdChar* name, bool value);
     void setAddress(const OdChar* name, void* value);
 
-    // The value as it was written; a test failure and a value without content when it is missing or no OdResBuf.
+    // The value as it was written; fails the test and returns an empty value if it is missing or not an OdResBuf.
     OdResBufPtr valueOf(const OdChar* name);
     OdString textOf(const OdChar* name) { return valueOf(name)->getString(); }
 

@@ -19,7 +19,7 @@ protected:
         EXPECT_EQ(edited.path, OD_T(""));
     }
 
-    // The calls of the driver's properties that passed a device mode in and took one out.
+    // The DocumentProperties calls that passed a device mode in and got one back.
     std::vector<room::CallRecord> merges() const
     {
         std::vector<room::CallRecord> found;

@@ -21,7 +21,7 @@ protected:
         m_room.putString(m_library, 201, OD_T("Not saved."));
     }
 
-    // The user leaves the sheet with OK after changing something, and enters this name.
+    // The user changes something, leaves the sheet with OK and enters this name.
     void changeAndSaveAs(const OdChar* name)
     {
         m_editor.onSheet = [](EditorOutcome& outcome)
@@ -45,7 +45,7 @@ protected:
         return cfg ? cfg->m_meta.m_config_description : OdString(OD_T("no file"));
     }
 
-    // Runs the editor; the configuration and the path become those of the result. Whether it was saved.
+    // Runs the editor and replaces the configuration and path with the result's. Returns whether it was saved.
     bool edit()
     {
         const EditResult result = editAndSave({m_cfg, m_path});
@@ -127,7 +127,7 @@ TEST_F(EditorRunTest, theSheetsPathIsProposed)
     };
     EXPECT_TRUE(edit());
     EXPECT_EQ(m_proposal, OD_T("D:\\copies\\copy.pc3"));
-    // Only the name is the user's: it is always the first folder of the search path that is written to.
+    // The user chooses only the name: files are always written to the first folder of the search path.
     EXPECT_EQ(savedFiles(), std::set<std::string>{"a.pc3"});
 }
 
@@ -187,7 +187,7 @@ TEST_F(EditorRunTest, extensionIsPutOnWhateverNameEndsIn)
 
 TEST_F(EditorRunTest, saveInsideSheetIsNotAskedFor)
 {
-    // What was written by Save As is written once more under the name that is confirmed.
+    // A configuration already written by Save As is written again under the confirmed name.
     changeAndSaveAs(OD_T("again"));
     m_editor.onSheet = [this](EditorOutcome& outcome)
     {
@@ -318,7 +318,7 @@ TEST_F(EditorRunTest, withoutConfigurationAndPathNoNameIsProposed)
 
 TEST_F(EditorRunTest, withoutSearchPathFileWouldStandAtRoot)
 {
-    // The search path is read after the sheet, so the host may have changed it meanwhile.
+    // The search path is read after the sheet closes, so the host may have changed it meanwhile.
     changeAndSaveAs(OD_T("no/such/folder/anywhere/a"));
     m_editor.onSheet = [this](EditorOutcome& outcome)
     {

@@ -1,5 +1,5 @@
-// The end of the module, in a process of its own: what is made once for the whole process must be there already when
-// memory has run out, and other tests would have made it.
+// Unloading the module, in a process of its own: objects that are created once per process must exist before memory
+// runs out, and other tests would have created them.
 
 #include "GarmPC3Editor/Commands/CommandGroup.h"
 #include "kernel/OdEdCommandStack.h"
@@ -8,7 +8,7 @@
 
 #include <gtest/gtest.h>
 
-// A command that stayed would be called after its code is gone.
+// A command left on the stack would be called after its code is unloaded.
 TEST(EndOfModule, leavesNoCommandBehindWhateverItLacks)
 {
     const ScriptedModule module;

@@ -1,5 +1,5 @@
-// A driver that does not return: the check hangs in it on a real thread, and everything else goes on. The test decides
-// when the driver wakes up.
+// A driver that does not return: the check hangs in it on a real thread, and everything else continues. The test
+// decides when the driver returns.
 #include "GarmPC3Editor/Commands/BackgroundCheck.h"
 #include "GarmPC3Editor/Commands/EditedConfiguration.h"
 #include "GarmPC3Editor/Commands/PrinterQuery.h"
@@ -27,7 +27,7 @@ room::Printer printer(const OdChar* name, const OdChar* driver)
     return made;
 }
 
-// A host with two printers on drivers of their own, and a configuration of each: "slow.pc3" and "other.pc3".
+// A host with two printers with different drivers, and a configuration for each: "slow.pc3" and "other.pc3".
 class HangingDriverTest : public ::testing::Test
 {
 protected:
@@ -66,7 +66,7 @@ protected:
         return calls;
     }
 
-    // What the thread of the windows does meanwhile; returns, or the test hangs.
+    // What the window thread does meanwhile; the test hangs if this does not return.
     void workOnMeanwhile()
     {
         PrinterAnswer answer;
@@ -88,7 +88,7 @@ protected:
 TEST_F(HangingDriverTest, whereverItHangsCallerReturnsAndWorksOn)
 {
     const std::set<room::Call> calls = callsOfACheck();
-    // Spooler, driver and the closing of handles: all of them may hang.
+    // Spooler, driver and closing a handle: each may hang.
     ASSERT_TRUE(calls.contains(room::Call::openPrinter));
     ASSERT_TRUE(calls.contains(room::Call::getPrinterDriver));
     ASSERT_TRUE(calls.contains(room::Call::closePrinter));
@@ -119,7 +119,7 @@ TEST_F(HangingDriverTest, manyHangingChecksReportOnceEach)
     driver->awaitEntered();
     workOnMeanwhile();
 
-    // One that needs no such driver does not queue behind them.
+    // A check that does not need the driver does not wait for them.
     startBackgroundCheck(OD_T("Other.pc3"), m_window);
     m_room.awaitPosted(1);
     EXPECT_EQ(m_room.posted().front(), report(m_window, 1));
@@ -164,7 +164,7 @@ TEST_F(HangingDriverTest, theFileMayChangeWhileTheCheckHangs)
     const std::shared_ptr<room::Held> driver = m_room.hold(room::Call::getPrinterDriver, OD_T("Slow"));
     startBackgroundCheck(OD_T("Slow.pc3"), m_window);
     driver->awaitEntered();
-    // It has been read by now, and no lock on it is held.
+    // It has been read by now, and it is not locked.
     EXPECT_TRUE(createForEditing(OD_T("Other")).cfg->write(file(OD_T("Slow"))));
     driver->release();
     m_room.awaitPosted(1);

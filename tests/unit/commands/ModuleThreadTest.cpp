@@ -10,8 +10,8 @@
 
 namespace
 {
-// What one thread waits for and another one gives. The library's semaphores lose a wake-up now and then where the
-// system offers them no waiting on addresses.
+// An event that one thread waits for and another signals. The library's semaphores sometimes lose a wake-up on systems
+// without waiting on addresses.
 class Signal
 {
 public:
@@ -35,7 +35,7 @@ private:
     bool m_given = false;
 };
 
-// Static: nobody waits for the end of such a thread, so it may still touch them when the test is over.
+// Static: such a thread is never joined, so it may still use them after the test.
 Signal entered;
 Signal mayLeave;
 Signal left;
@@ -68,7 +68,7 @@ TEST(ModuleThread, startingDoesNotWaitForTheWork)
             left.give();
         },
         nullptr));
-    // Here while the work still waits for us.
+    // Reached while the work still waits for us.
     entered.await();
     mayLeave.give();
     left.await();

@@ -1,5 +1,5 @@
-// Every allocation of the host fails once while results are written. Where host and program are linked as one: in a
-// library of its own the host has an allocator that we do not reach.
+// Every allocation of the host fails once while results are written. Only where host and program are linked together: a
+// host in its own library has an allocator that we cannot replace.
 
 #include "GarmPC3Editor/Commands/NamedValues.h"
 #include "tests/support/FailingAllocation.h"
@@ -12,7 +12,7 @@ class NamedResultsOutOfMemory : public CommandTest
 };
 } // namespace
 
-// What a host gave under a name of a result is gone as well: an old value must not look like an answer.
+// A host's value under the name of a result is removed too: an old value must not look like a result.
 TEST_F(NamedResultsOutOfMemory, areWrittenAllOrNone)
 {
     NamedResults results;

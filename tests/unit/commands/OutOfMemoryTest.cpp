@@ -1,5 +1,5 @@
-// Every allocation of both commands fails once, on the caller's thread and on that of the background check: the
-// described failure, all results or none, nothing left open and no half file.
+// Every allocation of both commands fails once, on the caller's thread and in the background check: the documented
+// failure, all results or none, nothing left open and no partial file.
 
 #include "GarmPC3Editor/Commands/BackgroundCheck.h"
 #include "GarmPC3Editor/Commands/CommandGroup.h"
@@ -17,7 +17,7 @@
 
 namespace
 {
-// Long enough to need memory of its own, like most texts here.
+// Long enough to be allocated, like most texts here.
 const OdChar* const fileName = OD_T("a configuration.pc3");
 
 class CommandsOutOfMemory : public CommandTest
@@ -35,7 +35,7 @@ protected:
 
     bool hasValue(const OdString& name) { return !values().get(name).isNull(); }
 
-    // Whether all of these values are there; a test failure when only some are.
+    // Whether all of these values exist; fails the test if only some do.
     bool allOrNone(const std::vector<OdString>& names, unsigned n)
     {
         const auto there = std::ranges::count_if(names, [this](const OdString& name) { return hasValue(name); });
@@ -43,7 +43,7 @@ protected:
         return there != 0;
     }
 
-    // Executes with the n-th allocation failing; whether there was one. Nothing may be thrown.
+    // Executes with the n-th allocation failing; returns whether there was one. Must not throw.
     bool execute(OdEdCommand& command, unsigned n)
     {
         bool reached = false;
@@ -72,7 +72,7 @@ protected:
             setAddress(OD_T("hwndPost"), window);
     }
 
-    // How many answers there were of each kind, over all allocations.
+    // The number of outcomes of each kind, over all allocations.
     struct Answers
     {
         unsigned none = 0;
@@ -87,7 +87,7 @@ protected:
         {
             setArguments(deviceName);
             const bool reached = execute(*m_command, n);
-            // Of the arguments' names only printerName is a result's as well, so it is not asked here.
+            // printerName is both an argument and a result, so it is not checked here.
             const bool answered = allOrNone(
                 {OD_T("devMode"), OD_T("result"), OD_T("paperName"), OD_T("driverType"), OD_T("canonicalModelName")},
                 n);
@@ -135,7 +135,7 @@ protected:
             std::filesystem::remove(std::filesystem::path(m_folder.at(inPlots(name)).c_str()));
     }
 
-    // Edits and saves with each allocation failing once. How often the save was told to have failed.
+    // Edits and saves with each allocation failing once. Returns how often a failed save was reported.
     unsigned editFailing(const OdString& name, bool isPrinter)
     {
         unsigned told = 0;
@@ -281,7 +281,7 @@ TEST_F(EditOutOfMemory, aCancelledEditorAnswersAllOrNothing)
         if (!reached)
             break;
     }
-    EXPECT_GT(none, 40U); // fewer on Windows, where the host has an allocator of its own
+    EXPECT_GT(none, 40U); // fewer on Windows, where the host has its own allocator
 }
 
 TEST_F(CommandsOutOfMemory, startOfModuleRegistersWhatItCan)

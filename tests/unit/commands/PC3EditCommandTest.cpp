@@ -15,7 +15,7 @@ namespace
 const std::vector<OdString> resultsInOrder = {OD_T("fileName"), OD_T("paperName"), OD_T("result"),
                                               OD_T("canonicalModelName")};
 
-// A value that runs something when it is replaced.
+// A value that runs a function when it is replaced.
 class Witness : public OdRxObject
 {
 public:
@@ -50,7 +50,7 @@ protected:
         run();
     }
 
-    // All results are there, in their order and under their restypes.
+    // Checks that all results exist, in their order and with their restypes.
     void expectResults()
     {
         std::vector<OdString> written = values().names();
@@ -63,7 +63,7 @@ protected:
         EXPECT_EQ(valueOf(OD_T("canonicalModelName"))->restype(), 5005);
     }
 
-    // The user leaves the sheet with OK after changing something.
+    // The user changes something and leaves the sheet with OK.
     void changeAndConfirm(const std::optional<OdString>& name)
     {
         m_editor.onSheet = [](EditorOutcome& outcome)
@@ -74,7 +74,7 @@ protected:
         m_editor.onName = [name](const OdString&) { return name; };
     }
 
-    // Runs with these arguments and expects that nothing can be edited and nothing is answered.
+    // Runs with these arguments and expects that nothing can be edited and no result is written.
     void runWithoutAnswer(const OdString& plotCfgName, bool isPrinter, const OdString& paperName)
     {
         values().clear();
@@ -140,7 +140,7 @@ TEST_F(PC3EditCommandTest, printerGetsNewConfigurationThatPassesThroughDriver)
     OdString paper;
     m_editor.onSheet = [&paper](EditorOutcome& outcome) { paper = outcome.cfg->m_media.m_size.m_name; };
     edit(OD_T("Plotter A"), true, OD_T("A3"));
-    // The paper asked for selects in files only.
+    // The requested paper only applies to files.
     EXPECT_EQ(paper, OD_T("A4"));
     EXPECT_EQ(textOf(OD_T("paperName")), OD_T("A4"));
     EXPECT_EQ(textOf(OD_T("fileName")), OD_T("Plotter A"));
@@ -262,8 +262,8 @@ TEST_F(PC3EditCommandTest, theFlagIsWrittenFirstAndThenReplaced)
     {
         changeAndConfirm(save ? std::optional<OdString>(OD_T("b")) : std::nullopt);
         std::vector<OdString> flags;
-        // The first write replaces a value that puts another one in its own place, so that the second write finds two:
-        // it takes that one away and in doing so lets us look at what the first write left.
+        // The first write replaces a value that puts another one in its place; the second write replaces that one,
+        // which lets us see what the first write left.
         OdRxObjectPtr second = newWitness(
             [this, &flags]
             {

@@ -36,7 +36,7 @@ protected:
         EXPECT_EQ(textOf(OD_T("canonicalModelName")), OD_T(""));
     }
 
-    // Whether the values are those the host put in: the command wrote none of them.
+    // Whether the values are still the host's: the command wrote none of them.
     bool nothingWritten(const std::vector<OdString>& given) { return values().names() == given; }
 };
 

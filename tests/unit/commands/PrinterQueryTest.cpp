@@ -12,7 +12,7 @@ namespace
 class PrinterQueryTest : public CommandTest
 {
 protected:
-    // Asks with an answer that is full of something else.
+    // Asks with an answer that already has other values.
     bool ask(const OdString& deviceName)
     {
         m_answer = {OD_T("poison"), {9, 9, 9}, OD_T("poison"), 99, OD_T("poison")};
@@ -31,7 +31,7 @@ protected:
     PrinterAnswer m_answer;
 };
 
-// A configuration that belongs to no Windows printer.
+// A configuration without a Windows printer.
 std::function<void(GmPlotCfg3&)> unboundWithType(std::int32_t driverType)
 {
     return [driverType](GmPlotCfg3& cfg)
@@ -93,7 +93,7 @@ TEST_F(PrinterQueryTest, configurationAnswersEverythingOfIt)
     EXPECT_EQ(m_answer.canonicalModelName, OD_T("Canonical"));
 }
 
-// Each of these calls takes the spooler a good part of a millisecond.
+// Each of these spooler calls takes a large part of a millisecond.
 TEST_F(PrinterQueryTest, configurationQueryMakesOnlyTheseCalls)
 {
     using room::Call;
@@ -104,12 +104,12 @@ TEST_F(PrinterQueryTest, configurationQueryMakesOnlyTheseCalls)
     for (const room::CallRecord& record : m_room.calls())
         calls.emplace_back(record.call, record.fill);
     const std::vector<std::pair<Call, bool>> expected = {
-        // Is the printer still there, and does it still have the configuration's driver?
+        // Does the printer still exist, and does it still have the configuration's driver?
         {Call::openPrinter, false},
         {Call::getPrinterDriver, false},
         {Call::getPrinterDriver, true},
         {Call::closePrinter, false},
-        // The printer of the device mode, and its papers through a handle of their own: counts, then lists.
+        // The printer for the device mode, and its papers through a separate handle: counts, then lists.
         {Call::openPrinter, false},
         {Call::openPrinter, false},
         {Call::getPrinter, false},
@@ -248,7 +248,7 @@ TEST_F(PrinterQueryTest, types0And3WithDevModeReturnThePrinter)
 
 TEST_F(PrinterQueryTest, driverTypeIsTestedBeforeItIsCut)
 {
-    // 0x10003 and 0x10000 look like 3 and 0 in 16 bits; they are not when it comes to the model's name.
+    // 0x10003 and 0x10000 look like 3 and 0 in 16 bits, but the model name depends on the full number.
     for (const std::int32_t driverType : {0x10003, 0x10000, 0x28000})
     {
         putConfiguration(OD_T("wide.pc3"), unboundWithType(driverType));

@@ -5,8 +5,8 @@
 #include <functional>
 #include <optional>
 
-// The editor's windows and the sentry in front of them, as a test scripts them. Unless it says otherwise the sheet is
-// cancelled, and a name that is asked for is refused.
+// The editor's windows and their resource sentry, scripted by a test. By default the sheet is cancelled, and so is the
+// name dialog.
 class ScriptedEditor
 {
 public:
@@ -15,7 +15,7 @@ public:
     ScriptedEditor(const ScriptedEditor&) = delete;
     ScriptedEditor& operator=(const ScriptedEditor&) = delete;
 
-    // What the user does with the sheet. outcome starts as an untouched sheet that is cancelled.
+    // What the user does in the sheet. outcome starts as an unchanged sheet that is cancelled.
     std::function<void(EditorOutcome& outcome)> onSheet;
 
     // What the user enters for a proposed path.
@@ -24,6 +24,6 @@ public:
     int sheets = 0; // shown so far
     int names = 0;
 
-    // Whether the language library is the place resources come from.
+    // Whether resources come from the language library.
     static bool resourcesAreCurrent() noexcept;
 };

@@ -18,8 +18,8 @@ const OdChar* const name = OD_T("Plotter A");
 class VanishingPrinterTest : public CommandTest
 {
 protected:
-    // Does the work again and again; the n-th time the event comes right before the n-th call. Ends when the work makes
-    // fewer calls, and returns how many events there were. check sees the outcome of each, and the room must be tidy.
+    // Repeats the work; the n-th time, the event happens right before the n-th call. Ends when the work makes fewer
+    // calls, and returns the number of events. check sees each outcome, and nothing may be left open.
     template <class Work, class Check>
     int atEachCall(const std::function<void()>& event, const std::function<void()>& restore, Work work, Check check)
     {
@@ -53,7 +53,7 @@ protected:
     }
 };
 
-// Made whole or not at all.
+// Created completely or not at all.
 void expectWhole(const EditedConfiguration& edited, bool mayBeMissing)
 {
     if (!edited.cfg)
