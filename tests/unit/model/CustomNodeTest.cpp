@@ -10,7 +10,7 @@ using blocks::written;
 
 constexpr std::int32_t poison = 0x5A5A5A5A;
 
-// A sub-block as files have it.
+// A sub-block as in files.
 blocks::Item item(OdStringView key, const blocks::Item& value)
 {
     return blocks::make(OD_T("7"), {blocks::str(OD_T("name"), key), value});

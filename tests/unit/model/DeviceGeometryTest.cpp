@@ -1,4 +1,4 @@
-// What the nodes take from a printer's device context.
+// What the nodes import from a printer's device context.
 #include "GarmPC3Editor/GmMediaNode.h"
 #include "GarmPC3Editor/GmResColorMemNode.h"
 #include "tests/support/Blocks.h"
@@ -112,7 +112,7 @@ TEST_F(MediaBounds, areTakenInMillimetresWithTheMarginsOffTwice)
     EXPECT_EQ(paper.m_printable_bounds_lly, node.m_actual_printable_bounds_lly);
     EXPECT_EQ(paper.m_printable_bounds_urx, node.m_actual_printable_bounds_urx);
     EXPECT_EQ(paper.m_printable_bounds_ury, node.m_actual_printable_bounds_ury);
-    // Three margins off each way.
+    // Three margins are subtracted in each direction.
     EXPECT_NEAR(paper.m_printable_area, (4960 - 300) * mm * (7016 - 360) * mm, 1e-6);
     EXPECT_NEAR(paper.m_printable_area, 55585.84, 1e-2);
     EXPECT_NEAR(paper.m_media_bounds.m_urx, 209.9733, 1e-4);

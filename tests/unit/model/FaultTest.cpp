@@ -1,4 +1,4 @@
-// What the model says about a file that it does not read. Linked without the part that asks printers.
+// What the model reports about a file that it cannot read. Linked without the code that queries printers.
 #include "GarmPC3Editor/Model/BlockReader.h"
 #include "pia_tree/CPIAParser.h"
 #include "tests/support/Blocks.h"

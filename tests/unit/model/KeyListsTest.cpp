@@ -1,4 +1,4 @@
-// The lists of keys outside the nodes' tables: they neither lack a key nor have one that is gone.
+// The lists of keys outside the nodes' tables: none lacks a key or has an obsolete one.
 #include "GarmPC3Editor/Model/BlockReader.h"
 #include "GarmPC3Editor/Model/StoredKeys.h"
 #include "pia_tree/CPIAParser.h"
@@ -65,7 +65,7 @@ void expectKnown(const CPBlock& block, const std::string& path, const std::set<s
 TEST(KeyLists, theFuzzDictionaryHasEveryName)
 {
     std::set<std::string> names = dictionaryNames();
-    names.erase("pmzlibcodec"); // a word of the container
+    names.erase("pmzlibcodec"); // a word from the container
     names.erase("nan");         // a number
     EXPECT_EQ(names, knownNames());
 }

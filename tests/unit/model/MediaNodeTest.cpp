@@ -324,7 +324,7 @@ TEST(DestinationNode, theTextIsRewrittenWithoutAChange)
     EXPECT_EQ(node.m_collating_name, OD_T("None"));
 }
 
-// A file may hold any type; it must never become an index.
+// A file may have any type; it must never become an index.
 TEST(DestinationNode, aStrangeTypeIsKeptUntilItIsSet)
 {
     GmDestinationNode node;
@@ -399,7 +399,7 @@ TEST(MediaNode, swappingExchangesTheAxesAndKeepsTheArea)
     EXPECT_EQ(written(node), fullLines);
 }
 
-// All digits that a length has: what is read back must be the same number.
+// All digits of a length: the number must be the same when read back.
 TEST(GmMediaNode, lengthsAreWrittenWithAllTheirDigits)
 {
     GmMediaNode node;

@@ -1,5 +1,4 @@
-// What hosts that were built against the classes rely on: plain values, laid out in the order of their fields, that
-// copy as plain values do.
+// What existing hosts rely on: the classes are plain values with their fields in order, and copy as such.
 
 #include "GarmPC3Editor/GmPlotCfg3.h"
 
@@ -13,7 +12,7 @@ template <class... Nodes>
 constexpr bool arePlain = ((!std::is_polymorphic_v<Nodes> && std::is_default_constructible_v<Nodes> &&
                             std::is_copy_constructible_v<Nodes> && std::is_copy_assignable_v<Nodes>)&&...);
 
-// A class with a base, or with private fields between public ones, would not have it.
+// A class with a base, or with private fields between public ones, would not have standard layout.
 template <class... Nodes>
 constexpr bool haveStandardLayout = (std::is_standard_layout_v<Nodes> && ...);
 

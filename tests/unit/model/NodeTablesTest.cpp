@@ -13,7 +13,7 @@ namespace
 {
 using blocks::linesOf;
 
-// Gives every field a value of its own. Two fillers with other starting points share none: numbers and texts differ,
+// Gives every field a different value. Two fillers with other starting points share none: numbers and texts differ,
 // flags are opposite.
 class Filler : public FieldVisitor
 {
@@ -47,7 +47,7 @@ private:
     bool m_flag;
 };
 
-// Blocks that need not be there are absent in a fresh node.
+// Optional blocks are absent in a new node.
 template <class Node>
 void addOptionalBlocks(Node&)
 {
@@ -78,14 +78,14 @@ Node sample()
     return filled<Node>(1000, true);
 }
 
-// What a node holds that must not be touched.
+// The values of a node that must not change.
 template <class Node>
 Node poisoned()
 {
     return filled<Node>(5000, false);
 }
 
-// What a node holds, by the node's own rows: of a nested node all its values together.
+// The values of a node, by its own rows; all values of a nested node together.
 class Values : public FieldVisitor
 {
 public:
@@ -305,7 +305,7 @@ TYPED_TEST(NodeTable, aNumberThatIsNoneCountsAsMissing)
     }
 }
 
-// A required block is there but lacks its own first key.
+// A required block exists but lacks its own first key.
 TYPED_TEST(NodeTable, aRequiredBlockThatFailsCountsAsMissing)
 {
     const auto block = writtenBlock(sample<TypeParam>());

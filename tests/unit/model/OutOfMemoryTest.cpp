@@ -9,7 +9,7 @@
 
 namespace
 {
-// With everything that is optional, so that each of it is allocated.
+// With all optional parts, so that each is allocated.
 GmPlotCfg3 full()
 {
     GmPlotCfg3 configuration;
@@ -25,7 +25,7 @@ GmPlotCfg3 full()
 }
 } // namespace
 
-// A file that was read only in part would lose the user's settings with the next write: it is read whole or not.
+// A file that was read only in part would lose the user's settings at the next write: it is read whole or not at all.
 TEST(OutOfMemory, aFileIsReadWholeOrNot)
 {
     const TemporaryFolder folder;

@@ -1,4 +1,4 @@
-// Reading and writing a whole configuration, and how a read one is bound to a printer.
+// Reading and writing a whole configuration, and binding it to a printer.
 #include "GarmPC3Editor/GmPlotCfg3.h"
 #include "pia_tree/CPIAOutput.h"
 #include "pia_tree/CPIAParser.h"
@@ -12,7 +12,7 @@
 
 namespace
 {
-// Opens what is protected.
+// Exposes protected members.
 class Configuration : public GmPlotCfg3
 {
 public:
@@ -71,7 +71,7 @@ protected:
         return readBack(*treeOf(configuration), modified);
     }
 
-    // Null, and modified as it was, whatever it was.
+    // Null, with modified unchanged.
     void expectRefused(const CPBlock& root)
     {
         for (const bool before : {false, true})
@@ -82,7 +82,7 @@ protected:
         }
     }
 
-    // Read, and modified as it was.
+    // Read, with modified unchanged.
     OdSharedPtr<GmPlotCfg3> expectRead(const CPBlock& root)
     {
         OdSharedPtr<GmPlotCfg3> configuration;
@@ -394,7 +394,7 @@ std::string plainFile()
     return "PIAFILEVERSION_2.0,PC3VER1\n" + plainTextOf(*treeOf(configuration));
 }
 
-// Whether the bytes are a configuration; what is one must be writable.
+// Whether the bytes are a configuration; if so, it must be writable.
 bool isConfiguration(const std::string& bytes)
 {
     CPIAParser parser;
@@ -412,7 +412,7 @@ TEST_F(PlotCfg, everyPrefixOfAFileIsRefusedOrWhole)
 {
     const std::string file = plainFile();
     ASSERT_TRUE(isConfiguration(file));
-    // The custom block is the last one and may be missing; everything before it may not.
+    // Only the custom block, which is last, may be missing.
     const std::size_t withoutCustom = file.rfind("custom{");
     for (std::size_t size = 0; size < file.size(); ++size)
     {

@@ -8,7 +8,7 @@
 
 namespace
 {
-// Bound to the printer of the room, as it was saved once: the driver's own settings are not known yet.
+// Bound to the room's printer, as saved earlier: the driver's own settings are not known yet.
 GmPlotCfg3 bound()
 {
     GmPlotCfg3 configuration;
@@ -124,7 +124,7 @@ TEST_F(SetToDefault, aDriverThatThrowsIsAnsweredFalse)
     EXPECT_FALSE(configuration.setToDefault());
 }
 
-// A throw in the middle of the takeover must not lose a handle or a device context.
+// An exception during the import must not leak a handle or a device context.
 TEST(SetToDefaultFailures, aDriverThatThrowsLateLosesNoHandle)
 {
     for (const auto call : {room::Call::documentProperties, room::Call::deviceCapabilities, room::Call::createDC,

@@ -57,7 +57,7 @@ TEST(DecimalText, theCharactersBesideWhiteSpaceAndDigitsAreNeither)
 TEST(DecimalText, nothingBehindTheEndIsRead)
 {
     EXPECT_EQ(numberOf(OdStringView(OD_T("123"), 2)), 12);
-    // What is cut off would be a number, or make one.
+    // The part that is cut off would be or complete a number.
     for (OdStringView text : {OdStringView(OD_T(" 5"), 0), OdStringView(OD_T("-5"), 0), OdStringView(OD_T("+5"), 0),
                               OdStringView(OD_T("5"), 0), OdStringView(OD_T(" 5"), 1), OdStringView(OD_T("-5"), 1),
                               OdStringView(OD_T(" -5"), 1), OdStringView(OD_T(" +5"), 1)})
