@@ -29,7 +29,7 @@ protected:
         };
     }
 
-    // The paper's name in a new configuration; "null" when there is none.
+    // The paper's name in a new configuration; "null" if there is none.
     static OdString paperOfNew()
     {
         const auto cfg = GmPlotCfg3::create(OD_T("Plotter A"));
@@ -156,7 +156,7 @@ TEST_F(CreatePlotCfg, aDefaultThatLiesAboutItsSizesGivesNone)
 
 TEST_F(CreatePlotCfg, aDefaultWithAShortPublicPartIsUsedAsFarAsItGoes)
 {
-    // 80 bytes of public part, then the private ones: orientation and paper code are there, nothing behind them.
+    // 80 bytes of public part, then the private ones: orientation and paper code are there, nothing after them.
     std::vector<BYTE> block(84, BYTE{0x42});
     const WORD sizes[] = {0x0401, 5, 80, 4};
     std::memcpy(block.data() + offsetof(DEVMODEW, dmSpecVersion), sizes, sizeof sizes);
@@ -175,7 +175,7 @@ TEST_F(CreatePlotCfg, aDefaultWithAShortPublicPartIsUsedAsFarAsItGoes)
     EXPECT_EQ(raw, OD_T("42424242"));
 }
 
-// Nothing can be compared for a driver without private bytes, and no item is added for a zero. That is required.
+// A driver without private bytes has nothing to compare, and no item is added for a zero: quirk 35.
 TEST_F(CreatePlotCfg, aDriverWithoutPrivateBytesGivesNone)
 {
     printer.driverExtra = 0;
@@ -216,7 +216,7 @@ TEST_F(CreatePlotCfg, aDriversOwnCodeWithoutFormNameIsNamedByItsNumber)
     propose(DM_FORMNAME, 256, OD_T("ignored"));
     EXPECT_EQ(paperOfNew(), OD_T("User256"));
     propose(DM_FORMNAME, 300, OD_T("ignored"));
-    EXPECT_EQ(paperOfNew(), OD_T("User300")); // even when it is listed
+    EXPECT_EQ(paperOfNew(), OD_T("User300")); // even if it is listed
 }
 
 TEST_F(CreatePlotCfg, everyCallMayFail)
@@ -240,7 +240,7 @@ TEST_F(CreatePlotCfg, everyCallMayFail)
                 EXPECT_FALSE(cfg->toDevMode().isEmpty());
             });
         EXPECT_GT(failures, 20);
-        // At least the opening, the two questions for the default, and the openings of the takeover.
+        // At least opening the printer, two calls for the default, and opening it for the import.
         EXPECT_GE(nulls, 5);
         EXPECT_LT(nulls, failures);
     }
@@ -256,7 +256,7 @@ TEST_F(CreatePlotCfg, everyCallMayThrow)
 
 TEST(CreatePlotCfgRace, thePrinterMayGoAwayBeforeAnyCall)
 {
-    // The printer vanishes in the first call, in the second, ... until creating it gets by without.
+    // The printer vanishes in the first call, in the second, ... until creation succeeds.
     for (int n = 1;; ++n)
     {
         PrinterRoom fresh;

@@ -1,4 +1,4 @@
-// Deliberately the only header of the module: whoever includes it has the configuration and its printer.
+// Deliberately the module's only header: including it is enough for the configuration and its printer.
 #include "GarmPC3Editor/GmPlotCfg3.h"
 
 #include "tests/support/PrinterRoomTest.h"

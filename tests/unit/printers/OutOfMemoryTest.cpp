@@ -5,7 +5,7 @@
 
 #include <utility>
 
-// Running out of memory is an answer, not an exception, and leaves nothing open.
+// Running out of memory is a failed result, not an exception, and leaves nothing open.
 
 namespace
 {
@@ -22,7 +22,7 @@ protected:
 };
 } // namespace
 
-// What goes wrong while something is closed costs nothing, so a few of the failures still have a result.
+// A failure while something is closed has no effect, so some of these still have a result.
 TEST_F(PrintersOutOfMemory, aConfigurationIsMadeWholeOrNotAtAll)
 {
     const OdString name(OD_T("Plotter A"));
@@ -69,5 +69,5 @@ TEST_F(PrintersOutOfMemory, aDefaultConfigurationIsMadeOrNull)
     const unsigned failures =
         failEachAllocation([&helper] { return helper.getNewPlotCfg3Ptr(); },
                            [](const OdSharedPtr<GmPlotCfg3>& cfg, bool failed) { EXPECT_EQ(cfg.isNull(), failed); });
-    EXPECT_EQ(failures, 2U); // the object and its count
+    EXPECT_EQ(failures, 2U); // the object and its reference count
 }

@@ -51,7 +51,7 @@ TEST_F(PaperLists, papersHaveCodeAndName)
     }
 }
 
-// 0 is a code like any other when the driver delivered it, and none where the list was only cleared.
+// 0 is a code like any other if the driver delivered it, but not if the list was only cleared.
 TEST_F(PaperLists, aDeliveredCodeOfZeroIsFound)
 {
     printer.papers[1].code = 0;
@@ -176,7 +176,7 @@ TEST_F(PaperLists, anEmptyListIsLoadedToo)
 TEST_F(PaperLists, listsThatCouldNotBeLoadedAreTriedAgainWithTheNextQuestion)
 {
     GmPrinterInfo info(OD_T("P"));
-    // The calls of one loading: open, size and record, two counts. A failing fill is no failure of the loading.
+    // The calls of one loading: open, size and record, two counts. A failing fill does not fail the loading.
     for (const int failing : {1, 2, 3, 4, 5})
     {
         room.failNth(failing);

@@ -27,7 +27,7 @@ TEST_F(PrinterInfo, keepsThePrinterOpenForItsLife)
     EXPECT_EQ(room.openHandles(), 0);
 }
 
-// What a port monitor does while the printer is closed may still concern what was asked of it.
+// A port monitor may still write to earlier output while the printer is closed.
 TEST_F(PrinterInfo, theListsOutliveTheHandle)
 {
     std::optional<GmPrinterInfo> info(std::in_place, OD_T("Plotter A"));
@@ -137,7 +137,7 @@ TEST_F(PrinterInfo, aDriverThatIsNotNamedLeavesTheOutputEmpty)
     EXPECT_TRUE(fails());
     room.lies(Call::getPrinterDriver) = {};
     EXPECT_FALSE(fails());
-    room.remove(OD_T("Plotter A")); // its owner is gone, the handle is not
+    room.remove(OD_T("Plotter A")); // the printer is deleted, the handle still open
     EXPECT_TRUE(fails());
 }
 

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cstring>
 
-// Which paper the driver's default proposes, before anything is taken over.
+// The paper that the driver's default proposes, before anything is imported.
 
 namespace
 {
@@ -18,7 +18,7 @@ protected:
         room.add({.name = OD_T("P"), .papers = {{9, OD_T("A4")}, {300, OD_T("Roll")}, {0x9000, OD_T("High")}}});
     }
 
-    // The proposal of a device mode with those flags.
+    // The proposal from a device mode with those flags.
     static std::optional<OdString> proposal(DWORD fields, int code, OdStringView form, WORD size = sizeof(DEVMODEW))
     {
         DEVMODEW dm = {};

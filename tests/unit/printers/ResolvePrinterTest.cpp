@@ -135,7 +135,7 @@ TEST_F(ResolvePrinter, aLocalPassThatFailsIsFollowedByTheNetworkPass)
     room.allowNetworkPass();
     install(OD_T("Local"));
     install(OD_T("Net"), OD_T("Acme HP-GL"), true);
-    // 1: opening fails anyhow, the printer is gone. 2: the size query, 3: the enumeration of the local pass.
+    // 1: opening fails anyway, the printer is deleted. 2: the size query, 3: the enumeration of the local pass.
     for (const int failing : {2, 3})
     {
         cfg.m_meta.m_win_device_name = OD_T("Plotter A");

@@ -1,5 +1,5 @@
-// Each argument of each call to spooler, driver and GDI, also those that must stay null: with another server,
-// environment or default the system answers for another printer, and nothing else would show it.
+// Each argument of each call to spooler, driver and GDI, even those that must stay null: with another server,
+// environment or default the system would answer for another printer, and no other test would notice.
 
 #include "GarmPC3Editor/GmPlotCfg3.h"
 #include "spooler/PrinterQueries.h"
@@ -24,7 +24,7 @@ protected:
                   .driverExtra = 4});
     }
 
-    // Whatever the calls were for, this holds of all of them.
+    // This holds for every call, whatever its purpose.
     void expectUsualArguments()
     {
         std::set<Call> seen;
