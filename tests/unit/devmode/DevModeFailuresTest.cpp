@@ -1,4 +1,4 @@
-// Calls that fail, throw or find the printer gone, and memory that runs out: the answer is false or nothing, and
+// Calls that fail, throw or find the printer deleted, and memory that runs out: the result is false or empty, and
 // everything is closed.
 
 #include "tests/support/FailingAllocation.h"
@@ -41,7 +41,7 @@ protected:
         return block;
     }
 
-    // What the takeover of otherBlock leaves when nothing fails.
+    // The result of importing otherBlock if nothing fails.
     std::vector<std::string> describeOtherBlock() const
     {
         Configuration each = withoutDestination();
@@ -49,7 +49,7 @@ protected:
         return describe(each);
     }
 
-    // So that the takeover has to make everything it can make.
+    // So that the import has to create everything it can create.
     Configuration withoutDestination() const
     {
         Configuration copy = ownCopy(settled);
@@ -62,7 +62,7 @@ constexpr room::Call everyCall[] = {
     room::Call::openPrinter,        room::Call::closePrinter, room::Call::getPrinter,    room::Call::getPrinterDriver,
     room::Call::deviceCapabilities, room::Call::createDC,     room::Call::getDeviceCaps, room::Call::deleteDC};
 
-// Calls without which a takeover cannot succeed, or can do with less.
+// Calls that an import needs, or can partly do without.
 bool isNeeded(const room::CallRecord& call)
 {
     return call.call == room::Call::openPrinter || call.call == room::Call::getPrinter ||
@@ -85,7 +85,7 @@ TEST_F(DevModeFailures, everyCallOfABuildMayFail)
             EXPECT_GT(n, 8) << "open, the lists with their own handle, close";
             break;
         }
-        // Without the printer there is no block; without its papers there is one that names none.
+        // Without the printer there is no block; without its papers, a block that names none.
         EXPECT_EQ(bytes.isEmpty(), n == 1) << n;
     }
 }
@@ -117,7 +117,7 @@ TEST_F(DevModeFailures, everyCallOfATakeoverMayFail)
 
 TEST_F(DevModeFailures, aPrinterThatIsGoneWhenItsTurnComesFailsTheTakeover)
 {
-    // A code of the driver's own needs no paper list, so nothing else would fail.
+    // A driver's own code needs no paper list, so nothing else would fail.
     Block block = driversBlock();
     block.fields.dmPaperSize = 300;
     block.fields.dmFields &= ~static_cast<DWORD>(DM_FORMNAME);
@@ -132,7 +132,7 @@ TEST_F(DevModeFailures, aPrinterThatIsGoneWhenItsTurnComesFailsTheTakeover)
             break;
         if (m_room.calls().at(static_cast<std::size_t>(n) - 1).call != room::Call::openPrinter)
             continue;
-        // Opened to see whether the block fits, for the papers then, and for the takeover itself.
+        // Opened to check whether the block matches, then for the papers, and then for the import itself.
         if (++opens == 1 || opens == 3)
         {
             EXPECT_FALSE(outcome.succeeded) << n;
@@ -182,7 +182,7 @@ TEST_F(DevModeFailures, aDriverThatThrowsGivesNoBlockAndFailsTheTakeover)
     }
 }
 
-// Whatever call throws, in the middle of whatever step.
+// Any call throws, in the middle of any step.
 TEST_F(DevModeFailures, aDriverThatThrowsInAnyCallLeavesNothingOpen)
 {
     int next = 0;
@@ -287,7 +287,7 @@ TEST_F(DevModeFailures, withoutMemoryATakeoverFails)
     EXPECT_GT(refused, 20);
 }
 
-// A driver may count papers it has no name for.
+// A driver may count papers without a name.
 TEST_F(DevModeFailures, aListedCodeWithoutANameGivesAnEmptySizeName)
 {
     m_printer.paperNames = std::vector<room::Text>{OD_T("A4")};
@@ -331,7 +331,7 @@ TEST_F(DevModeFailures, aContextOfMinusOneIsNone)
     EXPECT_EQ(m_room.count(room::Call::deleteDC), 0);
 }
 
-// The context is not held while the driver is asked for its name.
+// The context is released before the driver's name is read.
 TEST_F(DevModeFailures, theContextIsDeletedBeforeTheDriverIsNamed)
 {
     int openAtDriverName = -1;

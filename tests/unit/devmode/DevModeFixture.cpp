@@ -104,7 +104,7 @@ Block DevModeTest::driversBlock()
     dm.dmSpecVersion = 0x401;
     dm.dmDriverVersion = 5;
     dm.dmSize = sizeof dm;
-    dm.dmFields = 0x1EF1F; // as real drivers have it: everything but duplex, up to the form name
+    dm.dmFields = 0x1EF1F; // as in real drivers: everything but duplex, up to the form name
     dm.dmOrientation = DMORIENT_PORTRAIT;
     dm.dmPaperSize = DMPAPER_A4;
     dm.dmPaperLength = 2970;
@@ -143,7 +143,7 @@ Configuration DevModeTest::storedConfiguration()
 Outcome DevModeTest::takeOver(Configuration& configuration, const Block& block, const OdChar* printerName, bool insert)
 {
     const std::vector<BYTE> source = block.bytes();
-    // In memory of its own and of exactly its length, so that a sanitizer sees one byte too far.
+    // In memory of exactly its length, so that a sanitizer detects an access one byte too far.
     const auto exact = std::make_unique<BYTE[]>(source.size());
     std::ranges::copy(source, exact.get());
     const DevModeView view(std::span<const BYTE>(exact.get(), source.size()));

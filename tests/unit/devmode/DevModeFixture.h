@@ -13,7 +13,7 @@
 #include <utility>
 #include <vector>
 
-// A configuration whose takeover with insertion is in reach.
+// A configuration that exposes importing with insertion.
 struct Configuration : GmPlotCfg3
 {
     using GmPlotCfg3::fromDevMode;
@@ -22,13 +22,13 @@ struct Configuration : GmPlotCfg3
 // A copy that shares nothing: plain copies share custom data, destination and flags.
 Configuration ownCopy(const Configuration& other);
 
-// Everything a configuration holds, one line per item, the members that are in no file included.
+// Everything in a configuration, one line per item, including the members that are in no file.
 std::vector<std::string> describe(const Configuration& configuration);
 
-// A DEVMODEW to hand over.
+// A DEVMODEW to import.
 struct Block
 {
-    DEVMODEW fields = {}; // its dmDriverExtra is not looked at
+    DEVMODEW fields = {}; // its dmDriverExtra is ignored
     std::vector<BYTE> privateBytes;
 
     // fields.dmSize bytes of public part (zeros behind the known fields), then the private bytes.
@@ -38,7 +38,7 @@ struct Block
     void setFormName(OdStringView text);
 };
 
-// What a takeover answered.
+// The results of an import.
 struct Outcome
 {
     bool succeeded = false;
@@ -61,10 +61,10 @@ protected:
     // The driver's block: A4, 600 dpi, version 0x401, default source 7, TrueType option 2, private bytes 01 to 07, F8.
     static Block driversBlock();
 
-    // Private bytes, a version and a paper, but never a takeover: as read from a file.
+    // Private bytes, a version and a paper, but nothing imported: as read from a file.
     static Configuration storedConfiguration();
 
-    // Hands the block over in memory of exactly its length.
+    // Imports the block from memory of exactly its length.
     static Outcome takeOver(Configuration& configuration, const Block& block, const OdChar* printerName = plotter,
                             bool insert = false);
 
@@ -73,11 +73,11 @@ protected:
 
     // Calls since the test began.
     int calls(room::Call call) const { return m_room.count(call); }
-    // How the last device context was asked for.
+    // How the last device context was created.
     room::CallRecord lastContext() const;
 
     PrinterRoom m_room;
     room::Printer& m_printer;
     Configuration cfg = storedConfiguration();
-    Configuration settled = storedConfiguration(); // has taken the driver's block over
+    Configuration settled = storedConfiguration(); // has imported the driver's block
 };

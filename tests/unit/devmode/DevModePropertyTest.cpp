@@ -1,5 +1,5 @@
-// Whatever a driver hands over and whatever a file holds: no read or write out of bounds, and blocks that keep their
-// own word about their length. The seeds are fixed, so that a failure comes again.
+// Whatever a driver returns and a file contains: no read or write out of bounds, and blocks are as long as they claim.
+// The seeds are fixed, so that failures can be reproduced.
 
 #include "tests/unit/devmode/DevModeFixture.h"
 
@@ -88,7 +88,7 @@ protected:
             else if (pick(8) == 0)
                 numbers.erase(key);
         }
-        // Mostly as many characters as the stored size asks for, or hardly any configuration would have a block.
+        // Mostly as many characters as the stored size requires, or hardly any configuration would have a block.
         std::int32_t extra = 0;
         if (any.m_custom->getNumber(OD_T("dmDriverExtra"), extra) && extra >= 0 && extra <= 70000 && pick(8) != 0)
             any.m_custom->m_binaries[OD_T("RawPrivateDeviceData")] =
@@ -126,7 +126,7 @@ TEST_F(DevModeProperties, anyBytesAreReadWithinTheirLength)
         const std::size_t length = pick(600);
         const auto bytes = std::make_unique<BYTE[]>(length);
         std::generate_n(bytes.get(), length, [this] { return static_cast<BYTE>(bits()); });
-        // Sizes that could be true, or nearly.
+        // Plausible sizes, or nearly.
         if (length >= smallestDevMode && pick(2))
         {
             const WORD size = static_cast<WORD>(pick(300));
@@ -157,7 +157,7 @@ TEST_F(DevModeProperties, anyBlockIsTakenOverOrRefused)
         Configuration each = ownCopy(settled);
         Block block = driversBlock();
         std::vector<BYTE> bytes = block.bytes();
-        // Everything but the sizes is the driver's to fill.
+        // Everything but the sizes is random.
         const std::size_t changes = 1 + pick(40);
         for (std::size_t k = 0; k < changes; ++k)
             bytes[pick(bytes.size())] = static_cast<BYTE>(bits());
@@ -198,8 +198,8 @@ TEST_F(DevModeProperties, anyConfigurationGivesABlockThatKeepsItsWordOrNone)
     EXPECT_GT(blocks, 300);
 }
 
-// A takeover settles what it does not like into a form of its own. That may take two more rounds: a resolution of 65535
-// becomes a print quality, and that loses its vertical resolution only in the next one.
+// An import normalises some values. That may take two more rounds: a resolution of 65535 becomes a print quality, which
+// loses its vertical resolution only in the next round.
 TEST_F(DevModeProperties, anyConfigurationSettles)
 {
     int settledOnes = 0;

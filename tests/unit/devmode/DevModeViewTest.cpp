@@ -9,7 +9,7 @@
 
 namespace
 {
-// A block of exactly length bytes in memory of exactly that length, so that a sanitizer sees one byte too far.
+// A block of length bytes in memory of exactly that length, so that a sanitizer detects an access one byte too far.
 struct ExactBytes
 {
     explicit ExactBytes(std::size_t count, BYTE value = 0) : length(count), bytes(new BYTE[count])
@@ -106,7 +106,7 @@ TEST(DevModeView, privateBytesFollowDmSizeAndWhatFollowsThemIsNoPart)
     EXPECT_EQ(view.privateBytes()[2], 3);
 }
 
-// The 16 bits behind the form name have no flag; they are there as soon as the part reaches behind them.
+// The 16 bits after the form name have no flag; they exist if the public part extends past them.
 TEST(DevModeView, theResolutionBehindTheFormNameIsReadWhenItIsWhole)
 {
     static_assert(offsetof(DEVMODEW, dmLogPixels) == 166);

@@ -1,4 +1,4 @@
-// A configuration takes a DEVMODEW over, field by field: what each one changes, and what counts as a change.
+// Importing a DEVMODEW into a configuration, field by field: what each one changes, and what counts as a change.
 
 #include "tests/unit/devmode/DevModeFixture.h"
 
@@ -23,7 +23,7 @@ namespace
 struct CustomNumber
 {
     const OdChar* key;
-    DWORD flag; // 0: the version, which any flag brings
+    DWORD flag; // 0: the version, which is imported with any flag
     std::function<void(DEVMODEW&, std::uint32_t)> put;
 };
 const CustomNumber customNumbers[] = {
@@ -78,7 +78,7 @@ TEST_F(FromDevModeFields, theVersionIsTakenOverOnlyWithSomeFlag)
     block.fields.dmFields = 0;
     EXPECT_TRUE(takeOver(settled, block).succeeded);
     EXPECT_EQ(settled.m_custom->m_numbers[OD_T("dmSpecVersion")], OD_T("1025"));
-    // A flag without a field is a flag too.
+    // A flag without a field counts too.
     block.fields.dmFields = 0x80000000;
     EXPECT_TRUE(takeOver(settled, block).succeeded);
     EXPECT_EQ(settled.m_custom->m_numbers[OD_T("dmSpecVersion")], OD_T("800"));
@@ -101,7 +101,7 @@ TEST_F(FromDevModeFields, aFlaggedNumberWithoutAnItemFailsAndKeepsWhatWasChanged
     }
 }
 
-// Its absence alone is noticed as a difference before the store fails.
+// Its absence alone counts as a difference before the store fails.
 TEST_F(FromDevModeFields, aMissingItemReportsAChangeBesidesTheFailure)
 {
     settled.m_custom->m_numbers.erase(OD_T("dmSpecVersion"));
@@ -141,8 +141,7 @@ TEST_F(FromDevModeFields, creationAddsFlaggedNumbersAndDoesNotCountThemAsChanges
     EXPECT_EQ(each.m_custom->m_numbers[OD_T("dmTTOption")], OD_T("2"));
 }
 
-// The stored text is only looked at while nothing has changed yet; once something has, it is replaced unseen, and that
-// it was equal or not makes no difference any more.
+// The stored text is compared only while nothing has changed yet; after a change it is replaced without comparing.
 TEST_F(FromDevModeFields, afterAChangeNumbersAreStoredWithoutComparing)
 {
     settled.m_custom->m_numbers[OD_T("dmTTOption")] = OD_T("+2");
@@ -360,7 +359,7 @@ TEST_F(FromDevModeFields, aDeviceWithoutADepthChangesNothing)
     }
 }
 
-// The number of colours follows the depth only when that changes; a file may hold any pair.
+// The number of colours follows the depth only when the depth changes; a file may have any pair.
 TEST_F(FromDevModeFields, theSameDepthLeavesTheNumberOfColours)
 {
     settled.m_res_color_mem.m_num_colors = 12345;

@@ -1,4 +1,4 @@
-// A configuration takes a DEVMODEW over: what it accepts, and what it asks of the printer.
+// Importing a DEVMODEW into a configuration: what is accepted, and what the printer is asked.
 
 #include "tests/unit/devmode/DevModeFixture.h"
 
@@ -74,7 +74,7 @@ TEST_F(FromDevMode, aBlockOfOtherSizesIsRefusedAndChangesNothing)
     }
 }
 
-// Private bytes that would fit a driver of the same total length still belong to another layout.
+// Private bytes of the same total length may still have another layout.
 TEST_F(FromDevMode, aBlockOfTheSameLengthButAnotherDivisionIsRefused)
 {
     Block block = driversBlock();
@@ -90,7 +90,7 @@ TEST_F(FromDevMode, anotherPrintersBlockIsRefusedButLetterCaseDoesNotMatter)
     EXPECT_EQ(takeOver(settled, driversBlock(), OD_T("pLOTTER a")), unchanged);
 }
 
-// The device name inside the block is no criterion: drivers leave rubbish there.
+// The device name in the block is ignored: drivers leave garbage there.
 TEST_F(FromDevMode, theDeviceNameInTheBlockDoesNotMatter)
 {
     Block block = driversBlock();
@@ -236,8 +236,8 @@ TEST_F(FromDevMode, theModelIsNamedAlsoWhenThePortsCannotBeRead)
 
 // -- Papers ----------------------------------------------------------------------------------------------------------
 
-// Which papers there are may depend on the mode, a tray for example.
-// What came before a failing step stays: here the names, which are given before the paper is looked up.
+// The papers may depend on the mode, for example on a tray. Changes before a failing step stay: here the names, which
+// are set before the paper is looked up.
 TEST_F(FromDevMode, theModelStaysNamedWhenThePaperFailsAfterwards)
 {
     Block block = driversBlock();

@@ -1,5 +1,5 @@
-// A configuration that takes its own block back has nothing to report, and the exceptions to that: states that a
-// takeover always settles into a form of its own. They are pinned here because callers see them.
+// A configuration that imports its own block reports no change, and the exceptions: states that an import always
+// normalises. They are pinned here because callers see them.
 
 #include "tests/unit/devmode/DevModeFixture.h"
 
@@ -30,7 +30,7 @@ TEST_F(NoChangeLaw, aConfigurationTakesItsOwnBlockBackWithoutAChange)
     const std::vector<std::string> before = describe(settled);
     EXPECT_EQ(takeOwnBlockBack(settled), unchanged);
     std::vector<std::string> after = describe(settled);
-    // The flags it makes itself are not always those of the driver; they are no setting.
+    // The flags in its own block are not always the driver's; they are not a setting.
     settled.m_devModeFields = driversBlock().fields.dmFields;
     EXPECT_EQ(describe(settled), before);
 }
@@ -156,7 +156,7 @@ TEST_F(NoChangeLaw, holdsForEveryPublicSizeOnceItWasTakenOver)
 
 // -- Exceptions ------------------------------------------------------------------------------------------------------
 
-// A margin of zero counts as no bounds, so they are taken anew each time.
+// A margin of zero counts as no bounds, so they are imported again each time.
 TEST_F(NoChangeLaw, aQueueWithoutMarginsReportsAChangeEveryTime)
 {
     m_printer.caps.offsetX = 0;

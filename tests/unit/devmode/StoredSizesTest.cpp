@@ -1,4 +1,4 @@
-// Sizes in a file may be anything: a block is built and read within what they say, or there is none.
+// Sizes in a file may be anything: either a block is built and read within them, or there is none.
 
 #include "GarmPC3Editor/Printing/StoredDevMode.h"
 #include "tests/unit/devmode/DevModeFixture.h"
@@ -71,7 +71,7 @@ TEST_F(StoredSizes, aPrivatePartThatItsOwnFieldCannotTellGivesNoBlock)
         store(OD_T("220"), extra);
         EXPECT_TRUE(bytesOf(cfg).empty()) << OdString(extra);
     }
-    // Also when there is just as much text.
+    // Even if the text has the matching length.
     store(OD_T("220"), OD_T("65536"));
     cfg.m_custom->m_binaries[OD_T("RawPrivateDeviceData")] = OdString(std::basic_string<OdChar>(131072, '0'));
     EXPECT_TRUE(bytesOf(cfg).empty());
@@ -97,7 +97,7 @@ TEST_F(StoredSizes, sizesThatCannotBeAreToldAndNotHandedOut)
     EXPECT_FALSE(fails(OD_T("65535"), OD_T("65535")));
 }
 
-// 32 bits of a number are kept, as for every number of the file.
+// 32 bits of a number are kept, as for every number in the file.
 TEST_F(StoredSizes, aSizeIsTakenModuloTwoToThe32)
 {
     store(OD_T("4294967516"), OD_T("4294967304"));
@@ -118,7 +118,7 @@ TEST_F(StoredSizes, everyOtherPublicPartIsFilledAsFarAsItGoesWithThePrivateBytes
         ASSERT_EQ(bytes.size(), size + 8) << size;
         EXPECT_TRUE(std::ranges::equal(std::span(bytes).last(8), privateBytes)) << size;
 
-        // But for the sizes and the flags it is the same block, cut or followed by zeros.
+        // Except for the sizes and flags it is the same block, cut off or padded with zeros.
         const std::size_t common = std::min<std::size_t>(size, 220);
         EXPECT_TRUE(std::equal(bytes.begin(), bytes.begin() + offsetof(DEVMODEW, dmSize), whole.begin()));
         EXPECT_TRUE(
@@ -196,7 +196,7 @@ TEST_F(StoredSizes, aBlockWithoutFieldsBehindItsFlagsBringsZerosAndNoNumbers)
     EXPECT_EQ(settled.m_devModeFields, 0xFFFFFFFFU) << "remembered as they stand";
 }
 
-// The private bytes follow at once; read as a whole structure they would be taken for fields.
+// The private bytes follow immediately; reading a whole structure would take them for fields.
 TEST_F(StoredSizes, privateBytesAreNeverReadAsFields)
 {
     settled.m_custom->m_numbers[OD_T("dmSize")] = OD_T("156");
@@ -225,7 +225,7 @@ TEST_F(StoredSizes, withoutADitherFieldEveryColourIsUndithered)
     EXPECT_EQ(settled.m_res_color_mem.m_num_undithered_colors, settled.m_res_color_mem.m_num_colors);
 }
 
-// The driver may read a whole structure and more, whatever the block says; it gets room for that.
+// The driver may read a whole structure and more, whatever the block's size; it gets room for that.
 TEST_F(StoredSizes, theDriverGetsRoomBehindASmallBlock)
 {
     settled.m_custom->m_numbers[OD_T("dmSize")] = OD_T("76");

@@ -1,4 +1,4 @@
-// The paper of a DEVMODEW, taken over by code or by form name.
+// The paper of a DEVMODEW, imported by code or by form name.
 
 #include "tests/unit/devmode/DevModeFixture.h"
 
@@ -153,7 +153,7 @@ TEST_F(TakeOverPaper, theSameNameKeepsTheBounds)
     EXPECT_EQ(settled.m_media.m_actual_printable_bounds_llx, 1.0);
 }
 
-// A custom size keeps its name, so nothing tells that it is another one.
+// A custom size keeps its name, so a new size is not noticed.
 TEST_F(TakeOverPaper, anotherCustomSizeUnderTheSameNameKeepsTheBounds)
 {
     EXPECT_TRUE(takeOver(settled, paper(DM_PAPERSIZE, 256, OD_T(""))).succeeded);
@@ -191,8 +191,8 @@ TEST_F(TakeOverPaper, aDeviceWithoutResolutionChangesNoBoundsAndStoresNoInfinity
     EXPECT_TRUE(std::isfinite(settled.m_media.m_size.m_media_description.m_media_bounds.m_urx));
 }
 
-// The device already speaks of the new orientation, and its bounds are swapped all the same. A takeover always did so;
-// files hold the result.
+// The device already reports the new orientation, and its bounds are still swapped. An import has always done so;
+// existing files have the result.
 TEST_F(TakeOverPaper, paperAndOrientationTogetherGiveTheDevicesBoundsSwapped)
 {
     Block block = paper(both, 8, OD_T(""));

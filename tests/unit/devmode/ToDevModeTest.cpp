@@ -1,4 +1,4 @@
-// A configuration as the DEVMODEW of its printer: what each part of it becomes.
+// Converting a configuration to its printer's DEVMODEW: what each part becomes.
 
 #include "tests/unit/devmode/DevModeFixture.h"
 
@@ -10,7 +10,7 @@ namespace
 class ToDevMode : public DevModeTest
 {
 protected:
-    // The public fields of what cfg becomes; all 0 when it becomes nothing.
+    // The public fields of cfg's DEVMODEW; all 0 if there is none.
     DEVMODEW fieldsOf(const GmPlotCfg3& configuration) const
     {
         const OdArray<unsigned char> bytes = configuration.toDevMode();
@@ -19,7 +19,7 @@ protected:
     }
 };
 
-// What the low 16 bits of a number are in a signed field.
+// The low 16 bits of a number as a signed field.
 struct Wrapped
 {
     std::int32_t number;
@@ -201,7 +201,7 @@ TEST_F(ToDevMode, aShortDeviceNameIsWhole)
     }
 }
 
-// Only the character at 30 is cleared: of a name that fills the field the last one stays behind the end.
+// Only the character at 30 is cleared: if a name fills the field, the last one stays.
 TEST_F(ToDevMode, aLongDeviceNameFillsTheFieldAroundItsEnd)
 {
     const OdString name(OD_T("1234567890123456789012345678901234567890"));
@@ -255,7 +255,7 @@ TEST_F(ToDevMode, aScaleOf100IsWrittenWithoutItsFlag)
         EXPECT_EQ(fieldsOf(cfg).dmScale, wrapped.field);
         EXPECT_EQ(fieldsOf(cfg).dmFields & DM_SCALE, DWORD{DM_SCALE});
     }
-    // What counts is the number, not what its field can hold of it.
+    // The whole number counts, not the part that fits the field.
     cfg.m_media.m_size.m_dm_scale = 65536 + 100;
     EXPECT_EQ(fieldsOf(cfg).dmScale, 100);
     EXPECT_EQ(fieldsOf(cfg).dmFields & DM_SCALE, DWORD{DM_SCALE});
@@ -316,7 +316,7 @@ TEST_F(ToDevMode, theResolutionNodeFillsItsFields)
     EXPECT_EQ(fieldsOf(cfg).dmFields & (DM_PRINTQUALITY | DM_YRESOLUTION), DWORD{DM_PRINTQUALITY | DM_YRESOLUTION});
 }
 
-// A takeover reads both fields whatever the flags say, so they are filled even when the driver is not told of them.
+// An import reads both fields whatever the flags are, so they are filled even if they are not flagged.
 TEST_F(ToDevMode, ditherAndDuplexAreAlwaysFilledAndFlaggedOnlyWhenKnownOrNotOne)
 {
     for (const std::uint32_t dither : {0U, 1U, 5U, 0x80000000U, 0xFFFFFFFFU})
