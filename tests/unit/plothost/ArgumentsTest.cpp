@@ -25,7 +25,7 @@ Request understood(const std::vector<OdString>& arguments)
     return parsed.request.value_or(Request());
 }
 
-// Wrong usage names its cause on the first line and the way to the help on the last.
+// Wrong usage reports its cause on the first line and how to get help on the last.
 std::string refused(const std::vector<OdString>& arguments)
 {
     const ParsedArguments parsed = parse(arguments);

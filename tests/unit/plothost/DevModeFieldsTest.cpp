@@ -119,7 +119,7 @@ TEST(DevModeFields, textsEndAtTheirTerminatorOrAtTheEndOfTheirSlot)
     for (WCHAR& c : devMode.dmFormName)
         c = 'x';
     devMode.dmDeviceName[0] = 'P';
-    devMode.dmDeviceName[2] = '?'; // garbage behind the terminator
+    devMode.dmDeviceName[2] = '?'; // garbage after the terminator
     devMode.dmFields = 0x10000;
     const DecodedDevMode decoded = decodeDevMode(bytesOf(devMode));
     const DevModeField device = fieldOf(decoded, "dmDeviceName");
@@ -218,7 +218,7 @@ TEST(DevModeFields, oddBlocksAreRefusedWithTheReason)
     const std::vector<BYTE> whole = bytesOf(devMode);
     for (std::size_t length = 1; length < whole.size(); ++length)
     {
-        // In a buffer of its own, so that reading past its end is seen.
+        // In its own buffer, so that reading past its end is detected.
         const std::vector<BYTE> prefix(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length));
         const DecodedDevMode decoded = decodeDevMode(prefix);
         EXPECT_NE(decoded.problem, "") << length;

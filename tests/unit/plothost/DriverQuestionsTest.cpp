@@ -34,7 +34,7 @@ protected:
         return room.add(printer);
     }
 
-    // As an editor does it: a device mode of its own goes through the driver.
+    // As an editor does: it passes its own device mode through the driver.
     static void mergeLandscape(const OdString& printerName)
     {
         const PrinterHandle printer = openPrinter(printerName.c_str());
@@ -113,7 +113,7 @@ TEST_F(DriverQuestions, afterAResetTheDriversOwnDefaultsHoldAgain)
 {
     addPlotter();
     addPlotter(OD_T("Plotter B"));
-    // What the spooler keeps for the printers does not change when a device mode sticks to the driver.
+    // The spooler's own blocks do not change when a device mode sticks to the driver.
     mergeLandscape(name);
     mergeLandscape(OD_T("Plotter B"));
     ASSERT_EQ(defaultOrientation(name), DMORIENT_LANDSCAPE);
@@ -151,7 +151,7 @@ TEST_F(DriverQuestions, toResetTheDriversOnlyTheNamesOfThePrintersAreListed)
     for (const room::CallRecord& call : room.calls())
         if (call.call == room::Call::enumPrinters)
         {
-            // Level 2 would ask every printer for all it has; with hundreds of them a user waits for that.
+            // Level 2 would query each printer for everything; with hundreds of printers that takes noticeable time.
             EXPECT_EQ(call.level, 4U);
             ++listings;
         }

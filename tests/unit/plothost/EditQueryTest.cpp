@@ -26,7 +26,7 @@ protected:
         namedValues().clear();
     }
 
-    // As the command does it: the saved flag first, then the driver type under the same name.
+    // As the command does: the saved flag first, then the driver type under the same name.
     static void answerAll(GmServicesManagerInterface& values)
     {
         values.set(OD_T("fileName"), OdResBuf::newRb(kRtString, OD_T("saved.pc3")));

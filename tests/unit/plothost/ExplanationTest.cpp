@@ -26,7 +26,7 @@ class Explanation : public PrinterRoomTest
 protected:
     Explanation() { room.add({.name = OD_T("Plotter A"), .driver = OD_T("ACME hp-gl"), .papers = {{9, OD_T("A4")}}}); }
 
-    // The reason for a file with this content; "" when it is read.
+    // The reason for a file with this content; "" if it can be read.
     std::string ofTree(const CPBlock& root) const
     {
         EXPECT_TRUE(CPIAOutput().write(root, m_path.c_str()));

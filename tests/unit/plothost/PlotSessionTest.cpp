@@ -101,7 +101,7 @@ protected:
         values.set(OD_T("canonicalModelName"), OdResBuf::newRb(kRtString, OD_T("M")));
     }
 
-    // A session whose device is answered.
+    // A session whose device has been checked.
     PlotSession ready(std::size_t device)
     {
         PlotSession session(surroundings());

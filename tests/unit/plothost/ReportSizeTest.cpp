@@ -12,7 +12,7 @@ using apps::columns;
 
 namespace
 {
-// One name is as long as this, and there are as many others.
+// The length of one name, and the number of others.
 constexpr std::size_t longest = 20'000;
 constexpr int lines = 500;
 
@@ -30,7 +30,7 @@ OdString shortName(int number)
     return OdString(odFromUtf8(std::to_string(number)));
 }
 
-// What a report may be in bytes that shows so many long names, each at most twice.
+// The allowed size in bytes of a report with that many long names, each shown at most twice.
 std::size_t bound(std::size_t longNames)
 {
     return 2 * unitsToBytes * longest * longNames + ofEachLine * (lines + 200);
@@ -115,7 +115,7 @@ TEST(ReportSize, aLongNameIsPaidForOnceInAReason)
 {
     for (const OdChar c : contents)
     {
-        // With every text that any of the sentences may show.
+        // With every text that a sentence may contain.
         Fault fault;
         fault.block = fault.key = fault.text = longName(c);
         for (int code = 0; code <= static_cast<int>(FaultCode::noPrivateBytes); ++code)

@@ -3,7 +3,7 @@
 #include "GarmPC3Editor/GmPlotCfg3.h"
 #include "tests/support/Blocks.h"
 
-// A configuration in which every key has a value that is written, and its tree as the nodes themselves write it.
+// A configuration in which every key has a value that is written, and its tree as the nodes write it.
 namespace sample
 {
 inline GmPlotCfg3 configuration()
