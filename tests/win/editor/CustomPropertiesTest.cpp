@@ -124,7 +124,7 @@ TEST_F(CustomProperties, whatWasSetIsInConfigurationAndMarked)
 
 TEST_F(CustomProperties, dialogThatWasCancelledWithOkChangesNothing)
 {
-    // As the drivers under Wine do: OK is the answer, and the block is as it was.
+    // As the drivers under Wine do: they return OK and leave the block unchanged.
     driverChanges([](DEVMODEW&) {});
     int texts = 0;
     const SentMessages watch = countingTreeTexts(texts);
@@ -184,7 +184,7 @@ TEST_F(CustomProperties, whatTakeoverChangedBeforeItFailedIsChange)
     run(
         [this](DeviceTabUser& tab)
         {
-            // Changed behind the tab, so that a refresh shows.
+            // Changed behind the tab's back, so that a refresh is visible.
             m_cfg->m_meta.m_truetype_as_text = false;
             pressButton(tab);
             EXPECT_EQ(copies(), 1);

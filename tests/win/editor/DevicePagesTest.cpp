@@ -161,8 +161,8 @@ TEST_F(DevicePages, rasterSlidersHaveTheirRangesAndShowValues)
         });
 }
 
-// A slider that is told its position before its range draws the thumb elsewhere, and setting the same position again
-// does not move it. Dragged from there, it jumps to another value.
+// A slider whose position is set before its range draws the thumb elsewhere, and setting the same position again does
+// not move it. Dragged from there, it jumps to another value.
 TEST_F(DevicePages, everyRasterValueIsDrawnWhereItBelongs)
 {
     run(
@@ -322,7 +322,7 @@ TEST_F(DevicePages, trueTypeIsWrittenByItsButtons)
             EXPECT_TRUE(m_sheet.m_modified);
             tab.click(IDC_TRUETYPE_AS_TEXT);
             EXPECT_TRUE(m_cfg->m_meta.m_truetype_as_text);
-            // The mark says that the label was another one meanwhile.
+            // The mark shows that the label was different in between.
             EXPECT_EQ(tab.markedEntries(), Types{eTrueType});
         });
 }

@@ -37,7 +37,7 @@ std::vector<DWORD> drawn(HIMAGELIST list, const std::vector<std::pair<int, UINT>
     const auto* const first = static_cast<const DWORD*>(bits);
     std::vector<DWORD> pixels(first, first + width * height);
     ::SelectObject(dc, before);
-    // The room takes the place of DeleteDC, and this context is none of its own.
+    // The room replaces DeleteDC, and this context is not one of its own.
     const auto deleteDC = reinterpret_cast<BOOL(WINAPI*)(HDC)>(
         reinterpret_cast<void*>(::GetProcAddress(::GetModuleHandleW(L"gdi32.dll"), "DeleteDC")));
     deleteDC(dc);

@@ -1,5 +1,5 @@
 // A whole session of the editor, again and again: each time another call to the spooler or the driver fails, throws, or
-// finds the printer gone. The session goes on to its end, or does not begin; the file is the old or the new one.
+// finds the printer deleted. The session runs to its end or does not start; the file is the old or the new one.
 
 #include "tests/support/operator/DeviceTabUser.h"
 #include "tests/win/editor/EditorTest.h"

@@ -46,7 +46,7 @@ protected:
         return found;
     }
 
-    // As if the list were not disabled: selects an entry and tells the tab so.
+    // As if the list were not disabled: selects an entry and notifies the tab.
     static void choose(SheetDriver& user, HWND sheet, int index)
     {
         const HWND list = user.control(sheet, IDC_PRINTERS);
@@ -167,7 +167,7 @@ TEST_F(GeneralTabTest, longTextsAreWholeInTheirTooltips)
             EXPECT_EQ(user.send(tips, TTM_GETTOOLCOUNT), 5);
             // Wider ones are broken into lines.
             EXPECT_EQ(user.send(tips, TTM_GETMAXTIPWIDTH), 400);
-            // The page is told what its tooltips do.
+            // The page receives the notifications of its tooltips.
             for (WPARAM i = 0; i < 5; ++i)
             {
                 wchar_t text[1000] = {};

@@ -216,7 +216,7 @@ TEST_F(LackingResources, withoutAnyStringEverythingIsThereWithoutTexts)
         {
             EXPECT_EQ(tab.user.text(tab.sheet), L"");
             EXPECT_EQ(tab.label(eRoot), L"Plotter A");
-            // Values stand where their words were.
+            // Values are shown in place of their texts.
             EXPECT_EQ(tab.label(eMedia), L"");
             EXPECT_EQ(tab.label(eTrueType), L" <>");
             tab.select(eCollating);

@@ -1,6 +1,6 @@
 // A whole session of the editor, again and again, each time with another allocation failing: in the command, in dialog
 // procedures, callbacks of the sheet and handlers. Nothing is thrown, nothing hangs, nothing stays; the file is the old
-// or the new one, and the command answers all or nothing.
+// or the new one, and the command writes all results or none.
 
 #include "tests/support/operator/DeviceTabUser.h"
 #include "tests/win/editor/EditorTest.h"
@@ -49,7 +49,7 @@ protected:
         unsigned allocations = 0;
         bool thrown = false;
         bool finished = false; // the user came to the end
-        bool told = false;     // and was told that it could not be saved
+        bool told = false;     // and was informed that it could not be saved
     };
 
     Session run(unsigned failAt)

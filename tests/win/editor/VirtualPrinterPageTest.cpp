@@ -63,7 +63,7 @@ TEST_F(VirtualPrinterPage, itsOwnDialogIsShownInsteadOfDrivers)
             close(tab, dialog, IDCANCEL);
             EXPECT_TRUE(::IsWindowEnabled(tab.sheet));
         });
-    // Before the dialog the driver completes the block, without one of its own; the page is the owner all the same.
+    // Before the dialog opens the driver completes the block without a window of its own; the page is still the owner.
     ASSERT_EQ(merges().size(), 1U);
     EXPECT_EQ(merges()[0].detail, silently);
     EXPECT_EQ(merges()[0].owner, page);
@@ -105,7 +105,7 @@ TEST_F(VirtualPrinterPage, okPutsTheChoiceIntoTheConfiguration)
 
 TEST_F(VirtualPrinterPage, theAnswerOfTheDialogIsNotUsed)
 {
-    // Something the silent call changes is taken over although the dialog is cancelled.
+    // Changes by the silent call are kept even though the dialog is cancelled.
     m_cfg->m_media.m_number_of_copies = 1;
     m_room.remove(L"Plotter A");
     addPlotterSettingCopies(5);

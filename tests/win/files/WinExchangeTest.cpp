@@ -29,7 +29,7 @@ protected:
         return reason ? reason : "was written";
     }
 
-    // The file as somebody has it open who lets it be read, written, renamed and deleted.
+    // The file, open in a program that allows reading, writing, renaming and deleting.
     KernelHandle openForAll() const
     {
         KernelHandle file(::CreateFileW(m_name.c_str(), GENERIC_READ,
@@ -43,7 +43,7 @@ protected:
     const OdString m_name = m_folder.at("A4.pc3");
 };
 
-// Refuses to rename, as a system does while somebody has the target open.
+// Refuses to rename, as a system does while a program has the target open.
 BOOL refuseToRename(HANDLE file, FILE_INFO_BY_HANDLE_CLASS which, void* information, DWORD size)
 {
     if (which != FileRenameInfo && static_cast<int>(which) != renameWhileOpen)
@@ -216,7 +216,7 @@ TEST_F(WinExchange, writerRetriesWhileAnotherProgramInterferes)
     EXPECT_EQ(namesIn(m_folder.path()), Names{"A4.pc3"});
 }
 
-// Wine's ReplaceFileW leaves files behind, and goes through a moment in which there is no target.
+// Wine's ReplaceFileW leaves files behind, and for a moment there is no target.
 TEST_F(WinExchange, wineAvoidsReplaceFileForOpenFiles)
 {
     putContent(m_name, "old");
@@ -258,7 +258,7 @@ TEST_F(WinExchange, newFileIsFreeWhenItHasName)
     EXPECT_GE(looked, 2);
 }
 
-// ReplaceFileW says so by an error of its own: the target has another name by then.
+// ReplaceFileW has its own error for this: the target has another name by then.
 TEST_F(WinExchange, anExchangeThatFailsHalfwayIsFinished)
 {
     putContent(m_name, "old");

@@ -4,7 +4,7 @@
 
 #include <functional>
 
-// The calls by which the file layer in GarmHost.dll changes the disk, taken over while the object lives: they can be
+// The calls by which the file layer in GarmHost.dll changes the disk, intercepted while the object lives: they can be
 // made to fail one by one, and a test can do something in the middle of a write. One object at a time.
 class WinFileCalls
 {
@@ -42,8 +42,8 @@ public:
     // Whether the file layer finds what Wine has beside Windows; without it, it does what it does on Windows.
     bool wineTools = false;
 
-    // How often the file layer waited, and what runs in place of a wait. Time goes on by what it waited, and by nothing
-    // else.
+    // How often the file layer waited, and what runs in place of a wait. Time advances by what it waited, and by
+    // nothing else.
     int waits = 0;
     std::function<void()> onWait;
 };

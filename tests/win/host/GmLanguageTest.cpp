@@ -15,8 +15,8 @@ OdString languageOf(HINSTANCE library)
     return GmString::loadString(1, OD_T("none"), library);
 }
 
-// A module as the host sees it: it asks for its library when it is told of a new language, and keeps the old one when
-// there is none.
+// A module as the host sees it: it requests its library when it is notified of a new language, and keeps the old one
+// when there is none.
 struct Listener
 {
     HINSTANCE module = nullptr;

@@ -128,7 +128,7 @@ TEST_F(CDialogTest, modelessDialogMayDeleteItselfDuringInitialisation)
         auto* dialog = new SelfDeletingDlg;
         dialog->m_onInit = [throws](auto& dlg)
         {
-            // The function object goes with the dialog.
+            // The function object is destroyed with the dialog.
             const bool alsoThrows = throws;
             dlg.CDialog::DestroyWindow();
             if (alsoThrows)

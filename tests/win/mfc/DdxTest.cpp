@@ -339,7 +339,7 @@ TEST_F(DdxTest, aControlHasOneObject)
     m_dialog.DestroyWindow();
 }
 
-// Counts what the edit control tells.
+// Counts the edit control's notifications.
 class ChangeCounter : public ScriptedDlg
 {
 public:

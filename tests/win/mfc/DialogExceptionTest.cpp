@@ -28,7 +28,7 @@ protected:
         DialogTest::TearDown();
     }
 
-    // Runs the dialog, which must end by throwing, and answers the error's text.
+    // Runs the dialog, which must end by throwing, and returns the error's text.
     static std::string errorOf(CDialog& dialog)
     {
         try

@@ -59,7 +59,7 @@ TEST_F(DialogKeysTest, tabGoesThroughControlsOfDialogInside)
     dialog.m_onInit = [&](auto& dlg)
     {
         ASSERT_TRUE(page.Create(IDD_PAGE, &dlg));
-        // Right behind the first button, where the eye finds it.
+        // Right after the first button, where users look for it.
         page.SetWindowPos(::GetDlgItem(dlg, IDC_RUN), 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     };
     dialog.m_keys = {VK_TAB, VK_TAB, VK_ESCAPE};

@@ -9,7 +9,7 @@
 
 #include <functional>
 
-// A test with dialogs of the tests' resource library, which is the current one meanwhile.
+// A test with dialogs from the tests' resource library, which is current during the test.
 class DialogTest : public WindowTest
 {
 protected:
@@ -21,8 +21,8 @@ private:
     HINSTANCE m_libraryBefore;
 };
 
-// A dialog that does what a test says: once while it is initialised, then step by step, each step from a posted message
-// and so from the innermost loop that runs.
+// A dialog scripted by a test: once while it is initialised, then step by step, each step from a posted message and so
+// from the innermost loop that runs.
 class ScriptedDlg : public CDialog
 {
 public:

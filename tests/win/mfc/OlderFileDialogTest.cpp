@@ -1,5 +1,5 @@
-// What CFileDialog hands to the older dialog, and what it makes of its answers. The two functions of the system are
-// defined here, so that it can also answer what it answers on other systems only.
+// What CFileDialog passes to the older dialog, and how it handles the results. The two system functions are defined
+// here, so that they can also return what only other systems return.
 
 #include "mfc/CFileDialog.h"
 

@@ -7,8 +7,8 @@ namespace
 class SheetKeyboardTest : public SheetTest
 {
 protected:
-    // A key posted to the focused control. The next step stands before it in the queue, so what comes of it is seen in
-    // the one after that.
+    // A key posted to the focused control. The next step is before it in the queue, so its effect is seen in the one
+    // after that.
     static ScriptedSheet::Action pressInFocus(WPARAM key)
     {
         return [key](auto& s) { s.press(::GetFocus(), key); };
@@ -92,7 +92,7 @@ TEST_F(SheetKeyboardTest, tabGoesThroughADialogInsideThePage)
     m_sheet.m_second.m_onInit = [&](auto& page)
     {
         ASSERT_TRUE(inner.Create(IDD_PAGE, &page));
-        // Last among its brothers when it was made; it belongs behind the frame that it is shown in.
+        // Last among its siblings when created; it belongs after the frame that it is shown in.
         inner.SetWindowPos(page.item(IDC_FRAME), 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
     };
     m_sheet.addStep(

@@ -265,7 +265,7 @@ TEST_F(SheetSwitchTest, setActivePageSendsNoTabNotification)
     run([](auto& s) { EXPECT_EQ(s.shownPage(), &s.m_second); });
 }
 
-// A tab that only looks selected is no page: what leaves it behind is put right by the next input.
+// A tab that only looks selected is not a page: the next input corrects it.
 TEST_F(SheetSwitchTest, selectingTheTabAloneShowsNoOtherPage)
 {
     run(

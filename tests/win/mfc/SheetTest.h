@@ -15,7 +15,7 @@ class SheetTest : public DialogTest
 // What happened, in order.
 using Events = std::vector<std::string>;
 
-// A page that records what is asked of it and replies as the test says.
+// A page that records its calls and returns what a test sets.
 class ScriptedPage : public CPropertyPage
 {
 public:
@@ -59,8 +59,8 @@ private:
     Events& m_events;
 };
 
-// A sheet that does what a test says: once while it is initialised, then step by step, each step from a posted message
-// and so from the innermost loop that runs.
+// A sheet scripted by a test: once while it is initialised, then step by step, each step from a posted message and so
+// from the innermost loop that runs.
 class ScriptedSheet : public CPropertySheet
 {
 public:

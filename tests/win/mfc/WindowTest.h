@@ -30,7 +30,7 @@ class TestWnd : public CWnd
 public:
     BOOL create(CWnd* parent = nullptr, DWORD style = WS_OVERLAPPEDWINDOW);
 
-    // Its window class, whose procedure keeps the tests' messages that reach it and returns 4711 for them.
+    // The base class. Its procedure records the tests' messages that reach it and returns 4711.
     static LPCWSTR className();
     static constexpr LRESULT classAnswer = 4711;
     static std::vector<MSG>& reachedClass();

@@ -1,4 +1,4 @@
-// What stands where the language library should be.
+// Damaged or missing files in place of the language library.
 
 #include "host/GmLanguage.h"
 #include "kernel/OdEdCommandStack.h"
@@ -37,7 +37,7 @@ protected:
 
     std::filesystem::path library() const { return m_copy.folder() / L"en" / L"GarmPC3EditorRes.dll"; }
 
-    // The module says so once and is not loaded.
+    // The module reports it once and is not loaded.
     void expectRefused() const
     {
         const MessageBoxAnswerer answerer;

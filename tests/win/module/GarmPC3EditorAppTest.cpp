@@ -129,7 +129,7 @@ TEST_F(GarmPC3EditorAppTest, reloadAsksWithoutCallback)
     EXPECT_EQ(languageRequests()[0].reserved2, nullptr);
 }
 
-// What is current at the moment the old library goes.
+// What is current when the old library is unloaded.
 HINSTANCE storedAtDetach = nullptr;
 HINSTANCE currentAtDetach = nullptr;
 HINSTANCE atlAtDetach = nullptr;

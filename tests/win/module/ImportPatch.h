@@ -2,8 +2,8 @@
 
 #include "win32/Win32.h"
 
-// Sends what a loaded library calls under an imported name to another function, until the object goes or the library
-// does. The library must outlive the object unless forget() was called.
+// Redirects a loaded library's calls of an imported function to another one, until the object is destroyed or the
+// library is unloaded. The library must outlive the object unless forget() was called.
 class ImportPatch
 {
 public:
@@ -16,7 +16,7 @@ public:
     // What the library called before.
     const void* original() const noexcept { return m_original; }
 
-    // The library will be gone: leaves its memory alone.
+    // The library will be unloaded: leaves its memory alone.
     void forget() noexcept { m_slot = nullptr; }
 
 private:

@@ -1,6 +1,6 @@
 #include <windows.h>
 
-// A library that says when it goes, to see what is still in use at that moment.
+// A library that reports when it is unloaded, to see what is still in use then.
 namespace
 {
 void (*onDetach)() = nullptr;

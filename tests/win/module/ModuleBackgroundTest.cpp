@@ -18,7 +18,7 @@ namespace
 {
 constexpr UINT printerChecked = WM_USER + 101;
 
-// A spooler that knows no printer and answers when the test lets it.
+// A spooler without printers that returns when the test lets it.
 KernelHandle opened;                // counts the checks that have come so far
 KernelHandle goOn;                  // lets them go on
 std::vector<KernelHandle> checkers; // their threads
@@ -57,7 +57,7 @@ protected:
     static void startCheck(const LoadedModule& module, const OdChar* deviceName, HWND window)
     {
         ImportPatch patch(module.library(), "OpenPrinterW", reinterpret_cast<const void*>(&openNoPrinter));
-        // A check may run, or the module be gone, when this function has returned.
+        // A check may be running, or the module unloaded, when this function has returned.
         patch.forget();
         const GarmInterfacesPtr interfaces = newGarmInterfaces();
         GmServicesManagerInterface* values = getServicesManagerInterface(interfaces.get());
@@ -179,7 +179,7 @@ TEST_F(ModuleBackground, checksHoldTheModuleUntilTheLastEnds)
         EXPECT_FALSE(::PeekMessageW(&message, m_window.handle(), printerChecked, printerChecked, PM_REMOVE))
             << "reported twice";
     };
-    // The spooler's library leaves a handle behind each time it goes, under Wine; so it stays.
+    // Under Wine the spooler's library leaks a handle each time it is unloaded, so it stays loaded.
     const LibraryHandle spooler(::LoadLibraryW(L"winspool.drv"));
     // As many threads at once as never before leave something for the next ones.
     manyChecks();

@@ -210,7 +210,7 @@ TEST_F(ModuleLibrary, uninitAppWithoutCommandsIsFine)
 
 TEST(ModuleEntry, loadingAndUnloadingTenTimesLeavesNothingBehind)
 {
-    // The spooler's library leaves a handle behind each time it goes, under Wine; so it stays.
+    // Under Wine the spooler's library leaks a handle each time it is unloaded, so it stays loaded.
     const LibraryHandle spooler(::LoadLibraryW(L"winspool.drv"));
     {
         // What the system loads for good with the first one is not ours.

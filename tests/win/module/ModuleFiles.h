@@ -13,7 +13,7 @@ std::filesystem::path builtModule();
 
 OdString textOf(const std::filesystem::path& path);
 
-// A folder with a copy of the module, whose language libraries are up to the test. It is gone at the end.
+// A folder with a copy of the module, whose language libraries the test chooses. It is deleted at the end.
 class ModuleCopy
 {
 public:

@@ -111,7 +111,7 @@ TEST_F(ModuleLanguage, aSwitchFreesTheOldLibrary)
     ASSERT_TRUE(isEnglish(module));
     const HINSTANCE english = resourceInstance(module);
     ASSERT_TRUE(setUiLanguage(L"de"));
-    // The handle of a library that is mapped as data has its lowest bits set; behind it is its memory.
+    // The handle of a library that is mapped as data has its lowest bits set; the rest is its address.
     const auto base = reinterpret_cast<const void*>(reinterpret_cast<ULONG_PTR>(english) & ~ULONG_PTR{3});
     MEMORY_BASIC_INFORMATION region = {};
     ASSERT_NE(::VirtualQuery(base, &region, sizeof region), 0U);

@@ -1,5 +1,5 @@
 // The start and the end of the module with each allocation failing in its turn: nothing is thrown out of the library's
-// entry point, and what is not loaded leaves nothing behind.
+// entry point, and a module that is not loaded leaves nothing behind.
 
 #include "kernel/OdEdCommandStack.h"
 #include "tests/support/processcounts/ProcessCounts.h"
@@ -45,7 +45,7 @@ protected:
         EXPECT_TRUE(odedRegCmds()->commands().empty()) << n;
     }
 
-    // The spooler's library leaves a handle behind each time it goes, under Wine; so it stays.
+    // Under Wine the spooler's library leaks a handle each time it is unloaded, so it stays loaded.
     const LibraryHandle m_spooler{::LoadLibraryW(L"winspool.drv")};
     const OdString m_path = textOf(builtModule());
     MessageBoxAnswerer m_answerer; // without memory the language library may be missing

@@ -31,9 +31,9 @@ std::size_t valuesOfQuery()
     EXPECT_TRUE(odedRegCmds()->executeCommand(L"_PC3GETDEVMODE", interfaces.get()));
     return values.names().size();
 }
-constexpr std::size_t allValues = 7; // the argument and six answers
+constexpr std::size_t allValues = 7; // the argument and six results
 
-// A copy in a folder of its own, with its English and German libraries.
+// A copy in its own folder, with its English and German libraries.
 class WholeCopy : public ModuleCopy
 {
 public:
@@ -90,7 +90,7 @@ TEST_F(ModuleTwice, anotherReferenceOfSystemOutlivesHostsOwn)
     }
     EXPECT_TRUE(LoadedModule::isInProcess());
     EXPECT_FALSE(hasCommands());
-    // Its library of texts is still told of the language, as long as its code is there.
+    // Its language library still follows the language as long as its code is loaded.
     EXPECT_TRUE(setUiLanguage(L"de"));
     EXPECT_TRUE(setUiLanguage(L"en"));
     reference.reset();
@@ -123,7 +123,7 @@ TEST_F(ModuleTwice, unloadingEitherRemovesTheGroupsCommands)
         LoadedModule first;
         LoadedModule second(copy.file());
         (firstGoesFirst ? first : second).unload();
-        // Both are of one group, which goes as a whole: no command is left whose code might be gone.
+        // Both are in one group, which is removed as a whole: no command is left whose code might be unloaded.
         EXPECT_TRUE(odedRegCmds()->commands().empty());
         EXPECT_EQ(languageCallbackCount(), 1U);
         EXPECT_TRUE(setUiLanguage(L"de"));
@@ -152,7 +152,7 @@ TEST_F(ModuleTwice, renamedModuleNeedsARenamedLibrary)
 
 TEST_F(ModuleTwice, fiftyTimesLeaveNothingBehind)
 {
-    // The spooler's library leaves a handle behind each time it goes, under Wine; so it stays.
+    // Under Wine the spooler's library leaks a handle each time it is unloaded, so it stays loaded.
     const LibraryHandle spooler(::LoadLibraryW(L"winspool.drv"));
     const auto once = []
     {

@@ -13,7 +13,7 @@ struct LanguageRequest
     void* reserved2;
 };
 
-// What the next requests are answered with, one after the other; null when there is no answer left.
+// The results of the next requests, in order; null when none is left.
 void setLanguageAnswers(std::vector<HINSTANCE> answers);
 
 // What came in since setLanguageAnswers.

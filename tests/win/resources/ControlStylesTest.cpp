@@ -83,7 +83,7 @@ TEST_P(ControlStyles, treeShowsItsSelectionAlways)
                  TVS_SHOWSELALWAYS | TVS_HASBUTTONS | TVS_LINESATROOT | WS_TABSTOP);
 }
 
-// Only its place matters: behind a page it must not be seen.
+// Only its place matters: it must be hidden behind a page.
 TEST_P(ControlStyles, frameOfThePagesIsInvisible)
 {
     expectStyle(IDD_DEVICE, IDC_PAGE_FRAME, L"Static", WS_VISIBLE, 0);
@@ -121,7 +121,7 @@ TEST_P(ControlStyles, valuesOfTheVectorPageTakeAText)
         expectStyle(IDD_VECTOR_GRAPHICS, label, L"Static", SS_TYPEMASK, SS_LEFT);
 }
 
-// What a person can reach says what it is: a list, an edit, a tree or a slider has its label right before it.
+// Each control that a user can reach is labelled: a list, an edit, a tree or a slider comes right after its label.
 TEST_P(ControlStyles, everyInputHasItsLabelBeforeIt)
 {
     for (const UINT id : {IDD_GENERAL, IDD_DEVICE, IDD_VECTOR_GRAPHICS, IDD_RASTER_GRAPHICS, IDD_COLLATING,
@@ -141,7 +141,7 @@ TEST_P(ControlStyles, everyInputHasItsLabelBeforeIt)
     }
 }
 
-// A picture with alpha would make the control keep a copy of its own, which nobody frees.
+// The control would copy a picture with alpha and leak the copy.
 TEST_P(ControlStyles, orientationPicturesHaveNoAlphaAndFit)
 {
     const OpenedDialog dialog(m_library.get(), IDD_VIRTUAL_PRINTER);

@@ -176,7 +176,7 @@ TEST_P(DialogLayout, marginsAreSevenUnits)
 {
     if (isAmong(pages))
     {
-        // A page has no margin of its own: its group box is the frame's edge.
+        // A page has no margin: its group box is the frame's edge.
         const RECT box = placeOf(m_dialog.controls().front());
         EXPECT_EQ(box.left, 0);
         EXPECT_EQ(box.top, 0);

@@ -27,7 +27,7 @@ TEST_P(LanguageLibrary, holdsEveryString)
     EXPECT_FALSE(stringOf(library.get(), IDS_SAVE_FAILED).empty());
 }
 
-// Otherwise the window library says it in English.
+// Otherwise the window library shows it in English.
 TEST_P(LanguageLibrary, holdsTheWindowLibrarysMessage)
 {
     static_assert(IDS_NO_NUMBER == AFX_IDP_PARSE_REAL);

@@ -94,13 +94,13 @@ TEST_P(LaterTexts, numbersAndNotesFit)
     expectFits(IDD_GENERAL, IDC_DESCRIPTION_NOTE, string(IDS_DESCRIPTION_CUT));
     for (const int note : {IDC_WIDTH_NOTE, IDC_LENGTH_NOTE})
         for (const UINT limit : {IDS_LIMIT_MILLIMETRES, IDS_LIMIT_INCHES})
-            // The length is no longer than the place for it.
+            // With the longest limit.
             expectFits(IDD_VIRTUAL_PRINTER, note, string(IDS_LENGTH_TOO_LARGE) + string(limit) + L"3276.7");
     expectFits(IDD_VIRTUAL_PRINTER, IDC_PAPER_WIDTH, L"100000.00", 8);
     expectFits(IDD_VIRTUAL_PRINTER, IDC_PAPER_LENGTH, L"100000.00", 8);
 }
 
-// The tabs' own titles stand in one row above the page.
+// The tabs' titles are in one row above the page.
 TEST_P(LaterTexts, tabTitlesFitInOneRow)
 {
     const OpenedDialog dialog(m_library.get(), IDD_GENERAL);

@@ -76,7 +76,7 @@ ChangedLibrary::Entry& ChangedLibrary::find(std::size_t directory, UINT id)
     throw std::runtime_error("there is no resource " + std::to_string(id));
 }
 
-// The later ones move up: they are searched as a sorted list.
+// The ones after it move up: they are searched as a sorted list.
 void ChangedLibrary::removeEntry(std::size_t directory, UINT id)
 {
     const std::span<Entry> all = entries(directory);

@@ -6,8 +6,8 @@
 #include <span>
 #include <vector>
 
-// A copy of a resource library from which a test takes things away; the file is gone at the end. The bytes are changed
-// by hand, because UpdateResourceW does not remove anything under Wine.
+// A copy of a resource library from which a test removes resources; the file is deleted at the end. The bytes are
+// changed by hand, because UpdateResourceW does not remove anything under Wine.
 class ChangedLibrary
 {
 public:

@@ -21,7 +21,7 @@ public:
     // Whether the n-th allocation was asked for, and so failed.
     bool reached() const noexcept;
 
-    // What the test itself takes meanwhile does not count.
+    // The test's own allocations do not count.
     class Exempt
     {
     public:

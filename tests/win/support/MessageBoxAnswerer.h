@@ -18,7 +18,7 @@ public:
         HWND owner;
     };
 
-    // Dialogs look like message boxes: a program that has some says which.
+    // Dialogs look like message boxes: a program that has dialogs must specify which.
     using IsDialog = bool (*)(HWND window);
 
     explicit MessageBoxAnswerer(IsDialog isDialog = nullptr);
