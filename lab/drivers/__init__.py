@@ -1,7 +1,7 @@
 """The module with real printer drivers: a queue for each PostScript PPD of the package openprinting-ppds.
 
-Queues are made in batches, each on a CUPS and a Wine prefix of its own, and every queue is checked by a process of its
-own: what a driver is given becomes its default for the rest of a process, and a crash counts against that queue only.
+Queues are created in batches, each with its own CUPS and Wine prefix, and each queue is checked in its own process: a
+device mode passed to a driver becomes its default for the rest of the process, and a crash affects that queue only.
 """
 
 import contextlib
@@ -19,7 +19,7 @@ from garmtools.processes import TIMED_OUT, allowed_cpus, end_server, start_serve
 
 CHECKER = WINDOWS_BIN / "driver_check.exe"
 MODULE = WINDOWS_BIN / "GarmPC3Editor.grx"
-KEPT_FAILURES = 4  # with the calls that led there; the others of one queue mostly say the same again
+KEPT_FAILURES = 4  # with the calls that led there; more failures of one queue are mostly the same
 
 
 class Model(NamedTuple):
@@ -47,8 +47,8 @@ def catalogue():
 
 
 def is_postscript(ppd):
-    """Whether the printer itself understands PostScript, as far as its PPD (bytes) says. The system's drivers make
-    PostScript for every PPD, but for a printer of another language something in between would have to translate."""
+    """Whether the printer itself understands PostScript, according to its PPD (bytes). The system's drivers produce
+    PostScript for every PPD, but for a printer with another language a filter would have to translate it."""
     filters = [words.split() for words in re.findall(rb'^\*cupsFilter2?:\s*"([^"]*)"', ppd, re.MULTILINE)]
     formats = {words[0] for words in filters if words}
     if b"application/vnd.cups-raster" in formats:
@@ -118,7 +118,7 @@ def rules_of(result):
 
 
 class Batch:
-    """Queues of some models, given with their PPDs, on a CUPS of their own, seen by a Wine prefix of its own."""
+    """Queues for some models, given with their PPDs, on their own CUPS and Wine prefix."""
 
     def __init__(self, ppds, cpu=None):
         self._ppds = ppds
@@ -137,7 +137,7 @@ class Batch:
                 except RuntimeError as error:
                     self._refused[model] = str(error)
             self.prefix = stack.enter_context(wineprefix.clone(cpu=self._cpu or allowed_cpus()[-1], cups=cups.socket))
-            # Every program would read all queues anew if no other one had the spooler loaded.
+            # If no other program had the spooler loaded, each one would read all queues again.
             log = self.folder / "holder.log"
             holder = start_server(self.prefix.command([CHECKER, "hold"]), log, self.prefix.env)
             stack.callback(end_server, holder)

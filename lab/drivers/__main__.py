@@ -2,8 +2,8 @@
 
     lab/run drivers [--jobs N] [--only TEXT]...
 
-A campaign that was ended goes on where it stopped (build/drivers.jsonl), unless the module or the checks have changed.
-With --only, for PPDs with the text in their path or name, nothing is kept, and what did not hold is printed.
+An interrupted campaign continues where it stopped (build/drivers.jsonl), unless the module or the checks have changed.
+With --only, for PPDs with the text in their path or name, nothing is kept and failures are printed.
 """
 
 import argparse

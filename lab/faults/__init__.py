@@ -1,6 +1,6 @@
-"""Sessions during which the print server or a printer goes away, step by step: for the campaign and the end-to-end tests.
+"""Sessions in which the print server or a printer disappears at each step: for the campaign and the end-to-end tests.
 
-What a Windows program of this system asks the print server for is little: the list of queues when the process loads the
+A Windows program on this system asks the print server for little: the list of queues when the process loads the
 spooler's library, and a queue's driver data when the process first uses its driver. Everything after that comes from
 what it was told then. So there are few kinds of outcome: as if nothing had happened; with the driver's built-in
 defaults, when its data could not be had, or with a part of it; no editor, when the driver does not work; and without
@@ -89,13 +89,13 @@ TWIN_MADE = _steps(f"add-printer {TWIN}|{QUEUE.name}", f"edit-printer {TWIN}", "
 
 TWIN_SESSION = [f"add-printer {TWIN}|{QUEUE.name}", "edit x.pc3", "dialog", *_editing(), "get-devmode x.pc3", "end"]
 
-# How far the session is when its printer goes decides what comes of it.
+# The outcome depends on how far the session is when its printer is deleted.
 REBOUND, NO_DRIVER, SETTINGS_TAKEN, RESET = "bound to the queue", "no driver any more", "settings taken", "reset too"
 
 
 def deletions():
-    """Where in the session the printer can be deleted, up to the question at its end: (index, what comes of it). Not
-    between "edit" and the dialog: how far the command is there nobody knows."""
+    """Where in the session the printer can be deleted, up to the query at its end: (index, outcome). Not between "edit"
+    and the dialog, where the command's progress is unknown."""
     opened = TWIN_SESSION.index("dialog")
     accepted = TWIN_SESSION.index(DRIVER_DIALOG[-1])
     reset = TWIN_SESSION.index(DEFAULTS[-1], TWIN_SESSION.index(DEFAULTS[0]))
@@ -149,8 +149,8 @@ def asking_step(steps):
 def cells(steps):
     """The whole matrix of one session: each way to lose the server, before each step."""
     asking = asking_step(steps)
-    # While the driver is waited for, nobody knows how much of its answer it has had. With a part of it the driver works
-    # with that, or refuses to work, and then nothing is opened.
+    # While waiting for the driver, it is unknown how much of the answer it has received. With a partial answer the
+    # driver works with that, or fails, and then nothing is opened.
     uncertain = (UNDISTURBED, BUILT_IN, PARTIAL, NOT_OPENED)
     for index, step in enumerate(steps):
         gone = (BUILT_IN,) if index <= asking else uncertain if step.waits else (UNDISTURBED,)
@@ -158,8 +158,8 @@ def cells(steps):
         for fault in ("stop", "kill"):
             yield Cell(f"{fault}, and start before the next step", index, {index: fault, index + 1: "start"}, back)
             yield Cell(f"{fault} for good", index, {index: fault}, gone)
-        # A driver that waits for an answer gets it when the server goes on; the step that waits for the driver cannot
-        # come before that.
+        # A driver waiting for an answer gets it when the server continues; the step that waits for the driver cannot run
+        # before that.
         if not step.waits:
             yield Cell("freeze, and go on before the next step", index, {index: "freeze", index + 1: "thaw"},
                        (UNDISTURBED,))

@@ -30,7 +30,7 @@ class Allowed(NamedTuple):
 
 
 NOTHING = Allowed(0, 0)
-# The system takes and gives back pages by the megabyte, now and then: a single sample says little, the drift a lot.
+# The system allocates and frees pages by the megabyte, now and then: one sample means little, the drift a lot.
 PAGES = Allowed(2048 * KB, 512 * KB)
 
 # What is counted, in the order of the tables. Handles and objects are whole things: not one more. The heap in use is

@@ -1,5 +1,5 @@
-"""Small mistakes in C++ sources, one at a time, that the tests ought to notice. libclang says where the expressions and
-statements are; what a change does to the meaning is the compiler's to say."""
+"""Small mistakes in C++ sources, one at a time, that the tests should catch. libclang finds the expressions and
+statements; the compiler decides whether a change has an effect."""
 
 from typing import NamedTuple
 

@@ -1,4 +1,4 @@
-"""Scripts for editordriver, which does at the editor's windows what a person does (editordriver.exe --help tells the
+"""Scripts for editordriver, which operates the editor's windows like a user (editordriver.exe --help lists the
 verbs), and its answers.
 
     script = Script().add("edit plan.pc3", "dialog", "title")
@@ -78,7 +78,7 @@ class Answers:
         return {name.split(" ", 1)[1]: values[-1] for name, values in self._values.items() if name.startswith("output ")}
 
     def tree(self, which=-1):
-        """{entry: (depth, marked, label)} of one of the questions for the tree, the last unless told otherwise."""
+        """{entry: (depth, marked, label)} of one of the questions for the tree, the last by default."""
         result = {}
         for name, number in ENTRIES.items():
             values = self._values.get(f"entry {number}")
@@ -104,7 +104,7 @@ def run(prefix, script, search=(), language="en", pictures=None, host_window=Tru
 
 
 def _attend(request, outside):
-    """Does what the script asks for, if it does; it goes on when its request is gone."""
+    """Does what the script requests, if anything; the script continues when its request is deleted."""
     if request.exists():
         outside(request.read_text(encoding="utf-8"))
         request.unlink()

@@ -88,7 +88,7 @@ class Cups:
         self._server = None
 
     def kill(self):
-        """Ends the server as a crash does: its socket stays behind, with nobody at it."""
+        """Ends the server like a crash: its socket remains, with no process listening."""
         if self._server:
             self._server.kill()
             self._server.wait()
@@ -98,7 +98,7 @@ class Cups:
         return self._server is not None
 
     def freeze(self):
-        """The server takes connections and answers nothing, until thaw()."""
+        """The server accepts connections but does not respond until thaw()."""
         self._server.send_signal(signal.SIGSTOP)
 
     def thaw(self):
@@ -129,7 +129,7 @@ class Cups:
     def _answers(self):
         if self._server.poll() is not None:
             raise RuntimeError(f"the private CUPS ended with status {self._server.returncode}:\n{self.log()}")
-        # It says so with status 0 in either case; the socket of one that was killed is still there.
+        # lpstat exits with status 0 in either case; the socket of a killed server still exists.
         return os.path.exists(self.socket) and "is running" in self._client("lpstat", "-r").stdout
 
     def _lpadmin(self, *words):
@@ -145,7 +145,7 @@ class Cups:
 
 @contextlib.contextmanager
 def private_cups(queues=QUEUES, keep_output=None):
-    """A server with the given queues, the first of them the default; gone at the end. What was printed is moved into
+    """A server with the given queues, the first of them the default; removed at the end. Printed files are moved into
     the folder keep_output, if one is given."""
     root = tempfile.mkdtemp(prefix="garm-cups-")
     os.chmod(root, 0o755)

@@ -49,9 +49,9 @@ def as_user(user):
 
 
 def start_server(command, log, env=None):
-    """Starts a foreground server in a session of its own, so that Ctrl-C reaches only us and we end it in order.
+    """Starts a foreground server in its own session, so that Ctrl-C reaches only us and we end it in order.
 
-    setpriv makes the kernel end it as well should we be killed outright. Call it from the main thread: that signal
+    setpriv makes the kernel end it too if we are killed. Call it from the main thread: that signal
     follows the thread that started the server.
     """
     guard = ["setpriv", "--pdeathsig", "TERM"] if shutil.which("setpriv") else []
@@ -73,8 +73,8 @@ def end_server(server, patience=5.0):
 
 
 def run_to_end(command, meanwhile=None, **settings):
-    """The status of a program without input, run to its end; it ends with us. meanwhile is called again and again as
-    long as it runs."""
+    """Runs a program without input and returns its status; it ends with us. meanwhile is called repeatedly while it
+    runs."""
     child = subprocess.Popen(command, stdin=subprocess.DEVNULL, **settings)
     try:
         while meanwhile and child.poll() is None:

@@ -8,7 +8,7 @@ BITMAP, ICON, DIALOG, STRING, GROUP_ICON = 2, 3, 5, 6, 14
 
 CLASSES = {0x80: "Button", 0x81: "Edit", 0x82: "Static", 0x83: "ListBox", 0x84: "ScrollBar", 0x85: "ComboBox"}
 KNOWN = {name.casefold(): name for name in CLASSES.values()}  # a class may also be named by a text, in any case
-NO_ID = 0xFFFFFFFF  # a control that nobody asks for
+NO_ID = 0xFFFFFFFF  # a control that is never looked up
 
 
 @dataclass

@@ -2,10 +2,10 @@
 
     python3 -m garmtools.resourcecheck Resource.h en=en.res de=de.res ...    (with PYTHONPATH=tools)
 
-In every language: everything that Resource.h names is there, and nothing else; no number stands for two things; format
-strings take the arguments that Resource.h notes; access keys are unique among what is on screen together, and whatever
-a person can operate has one; pictures have the sizes and colours that the editor asks for. Exit status 1 and a line for
-each complaint when something is wrong.
+In every language: everything that Resource.h names exists, and nothing else; no number is used twice; format strings
+take the arguments that Resource.h notes; access keys are unique among the controls on screen together, and each control
+that a user can operate has one; pictures have the sizes and colours that the editor asks for. Exit status 1 and a line for
+each problem if something is wrong.
 """
 
 import re
@@ -38,7 +38,7 @@ SS_NOPREFIX, BS_TYPE, BS_GROUPBOX, SS_TYPE, SS_LAST_TEXT = 0x80, 0xF, 0x7, 0x1F,
 
 
 class Names:
-    """What Resource.h says: numbers by name, and the arguments of format strings."""
+    """The content of Resource.h: numbers by name, and the arguments of format strings."""
 
     def __init__(self, text):
         self.numbers, self.arguments, self.complaints = {}, {}, []
@@ -102,7 +102,7 @@ def _doubled(library):
 
 
 def arguments_of(text):
-    """The places of a format in their order; None when something stands after a % that is no place."""
+    """The places of a format in their order; None if a % does not start a place."""
     places = ARGUMENT.findall(text)
     return None if any(place not in ("%s", "%d", "%%") for place in places) else [p for p in places if p != "%%"]
 

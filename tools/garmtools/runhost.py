@@ -17,7 +17,7 @@ from .places import BUILD, ROOT, WINDOWS_BIN, windows_path
 from .processes import TIMED_OUT, run_main, run_to_end, say
 
 HOST = WINDOWS_BIN / "plothost.exe"
-# Longer than anything the host waits for; a message box that nobody sees must not hold a script for good.
+# Longer than anything the host waits for; a message box that is not seen must not block a script for ever.
 SECONDS = 600
 # What shows windows takes as long as the person in front of it.
 WINDOWS = ("plot", "edit")
@@ -48,7 +48,7 @@ def start(prefix, arguments, seconds=SECONDS):
 
 
 def tour(prefix):
-    """Shows what the module does, on the samples: every step says what it does, and what it got follows."""
+    """Shows what the module does with the samples: each step prints its purpose and then its result."""
     failed = 0
 
     def step(why, *arguments):
@@ -84,7 +84,7 @@ def main(printers, arguments):
         else:
             cups = os.environ.get("CUPS_SERVER", wineprefix.MACHINE)
         if any(word in arguments for word in WINDOWS) or (not arguments and display):
-            # Without a display the host says so itself; windows that nobody can see would wait for good.
+            # Without a display the host reports it itself; windows that cannot be seen would wait for ever.
             prefix = stack.enter_context(wineprefix.clone(cups=cups, display=display or ":0"))
             return start(prefix, arguments, seconds=None)
         with wineprefix.clone(cups=cups) as prefix:

@@ -28,7 +28,7 @@ FONTS = "/usr/share/wine/fonts"
 # In place of a socket: whatever the machine's CUPS clients talk to by themselves.
 MACHINE = "machine"
 
-# Of fonts-ipafont-gothic, which Wine finds by itself; only it must be told when to take it.
+# From fonts-ipafont-gothic, which Wine finds by itself but must be told when to use.
 JAPANESE_FONT, JAPANESE_FILE = "IPAPGothic", "ipagp.ttf"
 
 # Wine's own hiccups, seen once in thousands of starts: worth a second try, which needs error messages switched on.
@@ -51,8 +51,8 @@ REGISTRY = rf"""WINE REGISTRY Version 2
 
 
 def environment(prefix, cups=None):
-    """What a program in this prefix is started with. Without a CUPS socket there are no printers at all: never those
-    of the machine."""
+    """The environment of a program in this prefix. Without a CUPS socket there are no printers, not even the
+    machine's."""
     env = {name: value for name, value in os.environ.items()
            if not name.startswith("WINE") and name not in ("DISPLAY", "WAYLAND_DISPLAY")}
     env.update(WINEPREFIX=str(prefix), WINESERVER=WINESERVER, WINEDEBUG="fixme-all,-winediag,-systray", WINEARCH="win64",
@@ -102,8 +102,8 @@ class Prefix:
         return limited(seconds, command) if seconds else command
 
     def run(self, arguments, seconds=120, cwd=None, env=None, meanwhile=None):
-        """Runs a program to its end and answers a CompletedProcess with text in stdout and stderr. meanwhile is what
-        we do as long as it runs, again and again."""
+        """Runs a program to its end and returns a CompletedProcess with text in stdout and stderr. meanwhile is called
+        repeatedly while it runs."""
         done = self._run_once(arguments, seconds, cwd, env, meanwhile)
         return self._run_once(arguments, seconds, cwd, env, meanwhile) if is_hiccup(done.stderr) else done
 
@@ -125,7 +125,7 @@ class Prefix:
         return Path(f"/run/user/{self._user}/wine", name)
 
     def _forget_socket(self):
-        """Wine leaves the folder behind; the next prefix at the same place on disk would trip over it."""
+        """Wine leaves the folder behind; the next prefix in the same place on disk would fail because of it."""
         with contextlib.suppress(OSError):
             folder = self._socket_folder()
             shutil.rmtree(folder, ignore_errors=True)
@@ -137,7 +137,7 @@ class Prefix:
 
 @contextlib.contextmanager
 def clone(cpu=None, cups=None, folder=None, dpi=None, display=None, user=None):
-    """A fresh copy of the template with a running server, gone at the end. Start CUPS first: Wine takes over the list
+    """A fresh copy of the template with a running server, removed at the end. Start CUPS first: Wine copies the list
     of queues when a program loads the spooler. dpi is the scale of its desktop, 96 unless given; display is an X display
     on which its windows are to be seen. user is the number of the user whose prefix it is, which root alone may choose:
     its server and its programs run as that user."""
@@ -196,7 +196,7 @@ def _fill(folder):
         done = prefix.run(["wineboot", "-i"], seconds=300)
         if done.returncode != 0 or not (folder / "drive_c/windows/system32/kernel32.dll").exists():
             raise RuntimeError(f"wineboot failed with status {done.returncode}:\n{done.stderr}")
-        # The registry is written when the last program has gone; only then may it be copied.
+        # The registry is written when the last program has ended; only then may it be copied.
         subprocess.run(limited(60, [WINESERVER, "-k"]), env=prefix.env, check=False)
         prefix.wait_for_server(60)
     finally:
@@ -206,7 +206,7 @@ def _fill(folder):
     _edit_registry(folder / "system.reg")
     _link_builtins(folder)
     _link_fonts(folder)
-    # The server's mark of its own socket would be wrong in a clone.
+    # The server's record of its own socket would be wrong in a clone.
     for name in ("wineserver", "wineserver.log"):
         (folder / name).unlink(missing_ok=True)
 
@@ -221,7 +221,7 @@ def programs(folder):
 
 
 def _end_programs(folder):
-    """Ends what still runs in a prefix whose server is gone; such programs notice it themselves, but late."""
+    """Ends programs left in a prefix whose server has ended; they notice it themselves, but late."""
     for process in programs(folder):
         with contextlib.suppress(OSError):
             os.kill(process, signal.SIGKILL)
@@ -238,8 +238,8 @@ def _edit_registry(registry):
     # Wine would start its menu builder with the first program of every clone; switched off as it is, it only prints an
     # error.
     lines = [line for line in lines if not line.startswith('"winemenubuilder"=')]
-    # The dialogs' font takes Japanese letters from another one; those that Wine names are not to be had here. Its bold
-    # cut, the font of title bars, is not known to take any.
+    # The dialogs' font takes Japanese letters from another one; those that Wine names are not available here. Its bold
+    # face, used in title bars, takes none as far as we know.
     linked = rf"{JAPANESE_FILE},{JAPANESE_FONT}\0"
     entry = '"Tahoma"=str(7):"'
     for at, line in enumerate(lines):

@@ -15,7 +15,7 @@ SCREEN = "1600x1200x24"
 
 @contextlib.contextmanager
 def private_display():
-    """The name of a display that takes connections of this machine only; gone at the end."""
+    """The name of a display that accepts connections from this machine only; removed at the end."""
     with tempfile.TemporaryDirectory(prefix="garm-display-") as folder:
         log = Path(folder) / "log"
         # The server chooses a free number and writes it once it is ready.

@@ -7,7 +7,7 @@ build_preset() {
     shift
     configure_preset "$preset" || return 1
     say "building $preset"
-    # timeout also puts the build into a process group of its own, all of which ends when we are told to.
+    # timeout also puts the build into its own process group, all of which ends when we are signalled.
     if ! run_child timeout -k 10 3600 env -C "$root" cmake --build --preset "$preset" ${1:+--target "$@"} \
         </dev/null >"$log" 2>&1; then
         show_errors "$log"

@@ -8,7 +8,7 @@ build=$root/build
 say() { printf '%s\n' "$*" >&2; }
 die() { say "$*"; exit 1; }
 
-# Two runs in one checkout would build over each other. The lock goes with the process, however it ends.
+# Two runs in one checkout would overwrite each other's build. The lock ends with the process, however it ends.
 take_lock() {
     mkdir -p "$build"
     exec 9>"$build/.lock"
@@ -16,7 +16,7 @@ take_lock() {
 }
 
 # Runs one program and waits for it. A signal to us ends the program first, and it ends what it started; bash alone
-# would sit out the program, or leave it behind. The program is given no lock to hold.
+# would wait for the program or leave it running. The program does not inherit the lock.
 child=
 run_child() {
     local status=0
