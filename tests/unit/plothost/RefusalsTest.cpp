@@ -74,8 +74,9 @@ TEST_F(Refusals, whatWorksByNowIsWorthAnotherTry)
 
 TEST_F(Refusals, aNameThatIsNearlyRightIsSuggested)
 {
-    EXPECT_EQ(noPrinter(OD_T("Plotter B")), "printer 'Plotter B' cannot be opened: there is none of that name (error "
-                                            "1801); did you mean 'Plotter A'?");
+    EXPECT_EQ(noPrinter(OD_T("Plotter B")),
+              "printer 'Plotter B' cannot be opened: there is no printer with that name (error 1801); "
+              "did you mean 'Plotter A'?");
     EXPECT_EQ(whyNotCreated(OD_T("Plotter B")), noPrinter(OD_T("Plotter B")));
     EXPECT_EQ(notEdited({OD_T("Plotter B"), true, {}}), noPrinter(OD_T("Plotter B")));
     write(sample::configuration());
@@ -88,8 +89,7 @@ TEST_F(Refusals, aNameThatIsNearlyRightIsSuggested)
 TEST_F(Refusals, aPrinterThatGivesNoConfiguration)
 {
     room.add({.name = OD_T("Plain"), .driver = OD_T("D"), .papers = {{9, OD_T("A4")}}, .driverExtra = 0});
-    const std::string why =
-        "the DEVMODE of printer 'Plain' has no private bytes, without which there is no configuration";
+    const std::string why = "the DEVMODE of printer 'Plain' has no private bytes, which a configuration needs";
     EXPECT_EQ(whyNotCreated(OD_T("Plain")), why);
     EXPECT_EQ(notEdited({OD_T("Plain"), true, {}}), why);
     EXPECT_EQ(notEdited({OD_T("Plotter A"), true, {}}),
