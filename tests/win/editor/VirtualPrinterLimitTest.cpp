@@ -72,7 +72,7 @@ TEST_F(VirtualPrinterLimit, longerWidthIsErrorBesideItsField)
             expectNotes(dialog, tooLong, limitInMillimetres);
             EXPECT_EQ(::GetFocus(), dialog.control(IDC_PAPER_WIDTH));
             EXPECT_TRUE(handedToDriver().empty());
-            // As soon as something else is typed it is no longer true.
+            // The note is outdated as soon as something else is typed.
             dialog.type(IDC_PAPER_WIDTH, L"210");
             expectNotes(dialog, limitInMillimetres, limitInMillimetres);
         });
