@@ -163,7 +163,7 @@ void Hands::typeFileName(const std::wstring& fullPath)
 {
     const HWND field = fileNameField(m_dialog);
     if (!field)
-        throw std::runtime_error("this is no Save dialog");
+        throw std::runtime_error("this is not a Save dialog");
     ::SendMessageW(usable(::GetDlgCtrlID(field)), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(fullPath.c_str()));
 }
 

@@ -367,7 +367,7 @@ BoxTexts SheetDriver::read(HWND box) const
     BoxParts parts;
     ::EnumChildWindows(box, &addPart, reinterpret_cast<LPARAM>(&parts));
     if (!parts.text)
-        throw std::runtime_error("this is no message box");
+        throw std::runtime_error("this is not a message box");
     BoxTexts texts;
     texts.caption = text(box);
     texts.text = text(parts.text);

@@ -92,7 +92,7 @@ int run(const Options& options)
     getMainInternalInterface()->setPlotCfgSearchPath(options.searchPath);
 
     if (!setUiLanguage(options.language))
-        throw std::runtime_error("'" + odToUtf8(options.language) + "' is no language");
+        throw std::runtime_error("'" + odToUtf8(options.language) + "' is not a language");
     HostedModule module;
     module.load();
     UiThread ui;
