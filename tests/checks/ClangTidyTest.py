@@ -15,11 +15,10 @@ from pathlib import Path
 
 from garmtools.places import BUILD, WINDOWS_PRESET
 from garmtools.processes import allowed_cpus, limited
-from sources import ROOT, text, tracked
+from sources import ROOT, SHIPPED, text, tracked
 from together import flags, grouped
 
 NATIVE_PRESET = "native-asan"
-SHIPPED = ("GarmPC3Editor", "pia_tree", "platform", "apps")
 CROSS_COMPILER = "x86_64-w64-mingw32-g++-posix"
 # GCC has warnings that clang does not know by name, its -Wconversion leaves out changes of sign, and it has looked for
 # shadows in every file by itself: here the headers of a neighbour would count, too.

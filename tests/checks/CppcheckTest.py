@@ -8,10 +8,9 @@ from pathlib import Path
 
 from garmtools.places import BUILD, WINDOWS_PRESET
 from garmtools.processes import allowed_cpus, limited
-from sources import ROOT
+from sources import ROOT, SHIPPED
 
 NATIVE_PRESET = "native-asan"
-SHIPPED = ("GarmPC3Editor", "pia_tree", "platform", "apps")
 COMMON = ["--enable=warning,performance,portability,style", "--inline-suppr", "--std=c++20", "--language=c++", "--quiet",
           "--error-exitcode=1", "--template={file}:{line}: {id}: {message}", "-I", ".", "-I", "platform", "-I", "apps"]
 NATIVE = ["-I", "platform/win32/native"]
