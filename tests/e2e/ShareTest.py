@@ -47,7 +47,7 @@ class HostTest(ShareCase):
         for number, path in enumerate(self.forms("new.pc3")):
             with self.subTest(path):
                 said = self.host("create", OFFICE, path).stdout
-                assert "written" in said
+                assert "was created" in said
                 assert ("share" if number < 4 else "shared") in said
                 assert b"PIAFILEVERSION" in (self.shared / "new.pc3").read_bytes()
                 (self.shared / "new.pc3").unlink()
